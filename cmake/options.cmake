@@ -1,0 +1,27 @@
+# One target carries what every translation unit of ours is compiled with. It is linked PRIVATE, so that a
+# program which links one of our libraries keeps its own warnings.
+add_library(kedrin_options INTERFACE)
+target_compile_options(kedrin_options INTERFACE -Wall -Wextra -Wshadow -Wconversion -Werror)
+target_compile_definitions(kedrin_options INTERFACE
+  QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY QT_NO_URL_CAST_FROM_STRING
+  QT_NO_FOREACH)
+
+if(KEDRIN_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+if(KEDRIN_COVERAGE)
+  add_compile_options(--coverage)
+  add_link_options(--coverage)
+endif()
+if(KEDRIN_LIBFUZZER)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
+# kedrin_library(NAME SOURCES...): a static library of one folder of the house, with that folder as its
+# include path. moc runs only where the folder asks for it.
+function(kedrin_library name)
+  add_library(${name} STATIC ${ARGN})
+  target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+  target_link_libraries(${name} PRIVATE kedrin_options)
+endfunction()

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+namespace ut {
+
+/// One regular file, open for reading at any place. Anything else under the name (a directory, a pipe, a
+/// device) counts as a file that cannot be opened, so that no name in a module folder can make a reader wait
+/// for ever. Nothing throws; the owner turns failures into its own messages.
+class CInputFile
+{
+public:
+    explicit CInputFile(const char* fileName) noexcept;
+    ~CInputFile();
+    CInputFile(const CInputFile&) = delete;
+    CInputFile& operator=(const CInputFile&) = delete;
+
+    bool isOpen() const noexcept { return m_descriptor >= 0; }
+
+    /// Length in bytes when the file was opened; 0 when it is not open.
+    std::uint64_t size() const noexcept { return m_byteCount; }
+
+    /// Reads up to `byteCount` bytes from `byteOffset` on, in one system call where the system allows.
+    /// @returns the bytes read: fewer than asked for at the end of the file or after an error
+    std::size_t readAt(std::uint64_t byteOffset, void* buffer, std::size_t byteCount) noexcept;
+
+private:
+    int m_descriptor;
+    std::uint64_t m_byteCount = 0;
+};
+
+/// No text file of a module comes near this length; a longer one is refused before any memory is taken for it.
+inline constexpr std::uint64_t maxTextFileBytes = 64u << 20;
+
+/// Reads a whole text file.
+/// @returns false when it cannot be opened, cannot be read to its end, or is longer than maxTextFileBytes
+bool read_text_file(const char* fileName, std::string& content);
+
+} // namespace ut

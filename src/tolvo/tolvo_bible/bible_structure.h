@@ -1,0 +1,67 @@
+#pragma once
+
+#include "tolvo_ref.h"
+
+#include <vector>
+
+namespace Kedrin::Tolvo {
+
+/// How many chapters each book has and how many verses each chapter (doc/formats/bible-structure.md), and with
+/// that the consecutive number of every verse. Serves a module's own numbering and the common one alike: no
+/// operation looks at the type of a reference. Books, chapters, verses and verse numbers count from 0.
+///
+/// The messages say "CBibleSructure", and ValidateChapter says "ValidateChapterID": callers know these texts.
+class CBibleStructure
+{
+public:
+    /// Reads exactly `booksCount` books; what follows them is ignored.
+    /// @throws std::ios_base::failure
+    ///     "CBibleSructure::CBibleSructure(): error opening file %s"
+    ///     "CBibleSructure::CBibleSructure(): error reading file %s": fewer numbers than the books need, a token
+    ///     that is no unsigned number, or more verses than 32 bits count
+    CBibleStructure(const char* fileName, unsigned int booksCount);
+    CBibleStructure(const CBibleStructure&) = delete;
+    CBibleStructure& operator=(const CBibleStructure&) = delete;
+
+    unsigned int booksCount() const { return static_cast<unsigned int>(m_verses.size()); }
+    /// @throws std::out_of_range  as ValidateBookID
+    unsigned int chaptersCount(unsigned int bookID) const;
+    /// @throws std::out_of_range  as ValidateChapter
+    unsigned int versesCount(unsigned int bookID, unsigned int chapter) const;
+    unsigned int totalVersesCount() const { return m_totalVerseCount; }
+
+    /// The verse number of a reference. Constant time.
+    /// @throws std::out_of_range  as ValidateRef
+    unsigned int toNum(const CRef& ref) const;
+
+    /// The reference of a verse number, of unknown type. Two binary searches. Where several books or chapters
+    /// begin at `num`, because all but the last of them are empty, it names the first of them, a place that
+    /// ValidateRef rejects; where the number lies beyond them, the last.
+    /// @throws std::out_of_range  as ValidateNum
+    CRef toRef(unsigned int num) const;
+
+    /// @throws std::out_of_range  "CBibleSructure::ValidateBookID(): bookID out of range"
+    void ValidateBookID(unsigned int bookID) const;
+    /// Validates the book first.
+    /// @throws std::out_of_range  "CBibleSructure::ValidateChapterID(): chapter out of range"
+    void ValidateChapter(unsigned int bookID, unsigned int chapter) const;
+    /// Validates book and chapter first.
+    /// @throws std::out_of_range  "CBibleSructure::ValidateRef(): verse out of range"
+    void ValidateRef(const CRef& ref) const;
+    /// @throws std::out_of_range  "CBibleSructure::ValidateNum(): verse number out of range"
+    void ValidateNum(unsigned int num) const;
+
+    /// Fills the start tables and the total from the verse counts; the constructor has done so already.
+    /// @throws std::out_of_range  the verses are too many for 32 bits
+    void CalcStartNums();
+
+private:
+    void readBooks(const char* fileName, unsigned int booksCount);
+
+    std::vector<std::vector<unsigned int>> m_verses; ///< m_verses[book][chapter]: verses in that chapter
+    unsigned int m_totalVerseCount = 0;
+    std::vector<std::vector<unsigned int>> m_startVerseNums; ///< [book][chapter]: number of its first verse
+    std::vector<unsigned int> m_bookStartVerseNums;          ///< [book]: number of its first verse
+};
+
+} // namespace Kedrin::Tolvo

@@ -1,0 +1,135 @@
+#include "tolvo_bible/bible_text.h"
+
+#include "io_failure.h"
+#include "lets_out.h"
+#include "ut_utils.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace Kedrin::Tolvo {
+
+namespace {
+
+constexpr std::size_t lengthBytes = 2; // low byte, high byte
+constexpr std::size_t maxRecordBytes = lengthBytes + 0xFFFF;
+constexpr std::size_t maxOffsetsAtOnce = 4096;
+
+std::size_t lengthAt(const char* record)
+{
+    return static_cast<unsigned char>(record[0]) + 256u * static_cast<unsigned char>(record[1]);
+}
+
+} // namespace
+
+CBibleText::CBibleText(const char* textFileName, const char* pointFileName)
+    : m_compactPoint(std::make_unique<ut::CFileVector<unsigned int>>(pointFileName)),
+      m_textStream(textFileName)
+{
+    ut::lets_out<std::ios_base::failure>("CBibleText::CBibleText()", [&] {
+        if (!m_textStream.isOpen())
+            throw ut::CIoFailure(ut::format("CBibleText::CBibleText(): error opening file %s", textFileName));
+    });
+}
+
+std::string CBibleText::operator[](int localVerseNum)
+{
+    CVerseRun run(*this, static_cast<unsigned int>(localVerseNum), 1);
+    run.next();
+    return std::string(run.text());
+}
+
+CVerseRun::CVerseRun(CBibleText& text, unsigned int firstVerseNum, unsigned int verseCount,
+                     std::size_t pieceBytes)
+    : m_text(text),
+      m_next(firstVerseNum),
+      m_left(verseCount),
+      m_pieceBytes(pieceBytes)
+{}
+
+bool CVerseRun::next()
+{
+    return ut::lets_out<std::out_of_range, std::ios_base::failure>("CBibleText::operator []()", [&] {
+        if (m_left == 0)
+            return false;
+        const std::uint64_t offset = offsetOf(m_next);
+        if (!m_text.m_failed && !holdsRecord(offset))
+            loadFollowing(m_next, offset);
+        if (!m_text.m_failed && !holdsRecord(offset))
+            loadAlone(offset);
+        if (m_text.m_failed || !holdsRecord(offset)) {
+            m_text.m_failed = true;
+            throw ut::CIoFailure("CBibleText::operator [](): I/O error");
+        }
+        m_verseNum = m_next++;
+        --m_left;
+        return true;
+    });
+}
+
+/// Where the verse's record begins. Fetches the offsets of the verses after it too, and one more, which tells
+/// where the last record ends.
+unsigned int CVerseRun::offsetOf(unsigned int verseNum)
+{
+    if (m_offsets.empty() || verseNum - m_firstOffset >= m_offsets.size()) {
+        m_offsets.resize(std::min<std::size_t>(std::size_t(m_left) + 1, maxOffsetsAtOnce));
+        m_offsets.resize(m_text.m_compactPoint->readRun(verseNum, m_offsets.size(), m_offsets.data()));
+        m_firstOffset = verseNum;
+    }
+    return m_offsets[verseNum - m_firstOffset];
+}
+
+/// Where the record of a verse ends if the next verse's follows it at once; 0 when that is not known.
+std::uint64_t CVerseRun::endOf(unsigned int verseNum) const
+{
+    const std::size_t place = verseNum - m_firstOffset;
+    if (place + 1 < m_offsets.size())
+        return m_offsets[place + 1];
+    const bool lastOfAll = std::size_t(verseNum) + 1 == m_text.m_compactPoint->size();
+    return lastOfAll ? m_text.m_textStream.size() : 0;
+}
+
+/// Whether the piece holds the record at `offset` whole; if so, m_verse is its text.
+bool CVerseRun::holdsRecord(std::uint64_t offset)
+{
+    if (offset < m_pieceOffset || offset - m_pieceOffset + lengthBytes > m_pieceCount)
+        return false;
+    const std::size_t start = static_cast<std::size_t>(offset - m_pieceOffset);
+    const std::size_t length = lengthAt(&m_piece[start]);
+    if (start + lengthBytes + length > m_pieceCount)
+        return false;
+    m_verse = std::string_view(&m_piece[start] + lengthBytes, length);
+    return true;
+}
+
+/// Loads the record of a verse and those after it that follow one another, up to a piece's size.
+void CVerseRun::loadFollowing(unsigned int verseNum, std::uint64_t offset)
+{
+    std::uint64_t end = offset;
+    for (unsigned int i = 0; i < m_left && verseNum + i - m_firstOffset < m_offsets.size(); ++i) {
+        const std::uint64_t recordEnd = endOf(verseNum + i);
+        const bool follows = recordEnd > end && recordEnd - end <= maxRecordBytes;
+        if (!follows || (i > 0 && recordEnd - offset > m_pieceBytes))
+            break;
+        end = recordEnd;
+    }
+    load(offset, end - offset);
+}
+
+void CVerseRun::loadAlone(std::uint64_t offset)
+{
+    load(offset, lengthBytes);
+    if (m_pieceCount == lengthBytes)
+        load(offset, lengthBytes + lengthAt(m_piece.data()));
+}
+
+void CVerseRun::load(std::uint64_t offset, std::uint64_t byteCount)
+{
+    const auto wanted = static_cast<std::size_t>(byteCount);
+    if (m_piece.size() < wanted)
+        m_piece.resize(wanted);
+    m_pieceOffset = offset;
+    m_pieceCount = m_text.m_textStream.readAt(offset, m_piece.data(), wanted);
+}
+
+} // namespace Kedrin::Tolvo

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "file_vector.h"
+
+#include <vector>
+
+namespace Kedrin::Tolvo {
+
+/// For each word of a module's word list, the verses that hold it (doc/formats/concordance.md). Both files stay
+/// open and on disk; a lookup reads one entry.
+class CConc
+{
+public:
+    /// Opens Conc.bin, then ConcP.bin.
+    /// @throws std::ios_base::failure  "CFileVector::CFileVector(): cannot open file %s"
+    CConc(const char* concPath, const char* concPointPath) : m_conc(concPath), m_concPoint(concPointPath) {}
+    CConc(const CConc&) = delete;
+    CConc& operator=(const CConc&) = delete;
+
+    /// Replaces `verseList` with the word's local verse numbers, as the entry stores them: neither sorted nor
+    /// freed of repetitions. A stored 0 gives 4294967295. A few reads for the whole entry.
+    /// @throws std::out_of_range
+    ///     "CConc::getVersesFor(): wordIndex out of range": `verseList` is not touched
+    ///     "CFileVector::operator [](): recordIndex out of range": the entry runs past the file; `verseList` keeps
+    ///     the verses before that. A file that ends inside a record ends the program.
+    void getVersesFor(unsigned int wordIndex, std::vector<unsigned int>& verseList);
+
+private:
+    ut::CFileVector<unsigned short> m_conc;
+    ut::CFileVector<unsigned int> m_concPoint;
+};
+
+} // namespace Kedrin::Tolvo

@@ -1,0 +1,44 @@
+#include "tolvo_bible/diff.h"
+
+#include "input_file.h"
+#include "io_failure.h"
+#include "lets_out.h"
+#include "text_reader.h"
+#include "ut_utils.h"
+
+namespace Kedrin::Tolvo {
+
+CDiff::CDiff(const char* fileName)
+{
+    ut::lets_out<std::ios_base::failure>("CDiff::CDiff()", [&] {
+        std::string content;
+        if (!ut::read_text_file(fileName, content))
+            throw ut::CIoFailure(ut::format("CDiff::CDiff(): error opening file %s", fileName));
+        ut::CNumberReader numbers(content);
+        for (;;) {
+            const auto book = numbers.nextUnsigned();
+            const auto chapter = numbers.nextUnsigned();
+            const auto verse = numbers.nextUnsigned();
+            const auto chapterDelta = numbers.nextSigned();
+            const auto verseDelta = numbers.nextSigned();
+            if (!verseDelta) // a reader that has failed once stays failed
+                return;
+            const CRefDelta toCommon(*chapterDelta, *verseDelta);
+            const CRefDelta toModule(static_cast<int>(0u - static_cast<unsigned int>(*chapterDelta)),
+                                     static_cast<int>(0u - static_cast<unsigned int>(*verseDelta)));
+            const CRef place(*book - 1, *chapter - 1, *verse - 1);
+            m_localToGlobal.emplace(place, toCommon); // of equal keys the first record stays
+            m_globalToLocal.emplace(place + toCommon, toModule);
+        }
+    });
+}
+
+CRef CDiff::convertWithMap(const CRef& ref, const Table& table) const noexcept
+{
+    for (const auto& [place, delta] : table)
+        if (place.chaptersBeginning() == ref.chaptersBeginning())
+            return ref + delta;
+    return ref;
+}
+
+} // namespace Kedrin::Tolvo

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "tolvo_ref.h"
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace Kedrin::Tolvo {
+
+/// The books of one module, in its own order: three titles each, and the book's number in the common numbering
+/// (doc/formats/book-titles.md). Local numbers are places in that order, from 0.
+class CTitles : public ITitles
+{
+public:
+    /// Title lines that are missing are empty titles.
+    /// @throws std::ios_base::failure
+    ///     "CTitles::CTitles(): error opening file %s"
+    ///     "CTitles::CTitles(): error reading file %s": no book count, or fewer global numbers than books
+    explicit CTitles(const char* fileName);
+    virtual ~CTitles() = default;
+    CTitles(const CTitles&) = delete;
+    CTitles& operator=(const CTitles&) = delete;
+
+    unsigned int booksCount() const { return static_cast<unsigned int>(m_globalBookIDs.size()); }
+
+    /// Titles by local book number.
+    /// @throws std::out_of_range  as ValidateBookID
+    std::string fullTitle(unsigned int bookID) const override;
+    std::string shortTitle(unsigned int bookID) const override;
+    std::string abbreviatedTitle(unsigned int bookID) const override;
+
+    /// The global number of a local book, as the file gives it.
+    /// @throws std::out_of_range  as ValidateBookID
+    unsigned int globalID(unsigned int localBookID) const;
+
+    /// The first local book that has this global number. Logarithmic.
+    /// @throws std::out_of_range  "CTitles::localID() called for non existing book"
+    unsigned int localID(unsigned int globalBookID) const;
+
+    bool hasBook(unsigned int globalBookID) const { return m_globalsToLocalsMap.contains(globalBookID); }
+
+    /// @throws std::out_of_range  "CTitles::ValidateBookID(): bookID out of range"
+    void ValidateBookID(unsigned int bookID) const;
+
+private:
+    void read(const char* fileName);
+
+    std::vector<unsigned int> m_globalBookIDs;                 ///< [local book]
+    std::map<unsigned int, unsigned int> m_globalsToLocalsMap; ///< global to local book number
+    std::vector<std::string> m_fullTitles;                     ///< [local book], as are the next two
+    std::vector<std::string> m_shortTitles;
+    std::vector<std::string> m_abbrTitles;
+};
+
+} // namespace Kedrin::Tolvo

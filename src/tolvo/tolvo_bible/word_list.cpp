@@ -1,0 +1,79 @@
+#include "tolvo_bible/word_list.h"
+
+#include "input_file.h"
+#include "io_failure.h"
+#include "lets_out.h"
+#include "text_reader.h"
+#include "ut_utils.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace Kedrin::Tolvo {
+
+namespace {
+
+constexpr std::size_t maxLineBytes = 40; // the CR included
+
+[[noreturn]] void throwUnopened(const char* wordListPath)
+{
+    throw ut::CIoFailure(ut::format("CWordList::CWordList(): error opening file %s", wordListPath));
+}
+
+} // namespace
+
+bool caseInsensitiveComp(const std::string& s1, const std::string& s2)
+{
+    return ut::cyr_stricmp(s1.c_str(), s2.c_str()) < 0;
+}
+
+CWordList::CWordList(const char* wordListPath, const char* /*wordPointPath*/, bool loadIntoMem)
+{
+    ut::lets_out<std::ios_base::failure>("CWordList::CWordList()", [&] {
+        if (!loadIntoMem)
+            throw std::logic_error("CWordList::CWordList(): loadIntoMem == false is not implemented yet");
+        load(wordListPath);
+    });
+}
+
+void CWordList::load(const char* wordListPath)
+{
+    std::string content;
+    if (!ut::read_text_file(wordListPath, content))
+        throwUnopened(wordListPath);
+    m_words.reserve(static_cast<std::size_t>(std::count(content.begin(), content.end(), '\n')) + 1);
+    ut::CLineReader lines(content, maxLineBytes);
+    while (lines.next())
+        m_words.push_back(lines.line());
+    m_count = static_cast<unsigned int>(m_words.size());
+    m_loaded = true;
+}
+
+void CWordList::ValidateFile(const char* wordListPath)
+{
+    ut::lets_out<std::ios_base::failure>("CWordList::ValidateFile()", [&] {
+        const ut::CInputFile file(wordListPath);
+        if (!file.isOpen() || file.size() > ut::maxTextFileBytes)
+            throwUnopened(wordListPath);
+    });
+}
+
+std::string CWordList::operator[](unsigned int wordIndex) const
+{
+    return ut::lets_out<std::out_of_range, std::ios_base::failure>("CWordList::operator []()", [&] {
+        if (wordIndex >= m_count)
+            throw std::out_of_range("CWordList::operator [](): wordIndex out of range");
+        return m_words[wordIndex];
+    });
+}
+
+int CWordList::indexOf(const std::string& word) const
+{
+    if (!m_loaded)
+        return -1;
+    const auto found = std::lower_bound(m_words.begin(), m_words.end(), word, caseInsensitiveComp);
+    const bool present = found != m_words.end() && !caseInsensitiveComp(word, *found);
+    return present ? static_cast<int>(found - m_words.begin()) : -1;
+}
+
+} // namespace Kedrin::Tolvo

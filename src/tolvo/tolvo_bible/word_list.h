@@ -1,0 +1,50 @@
+#pragma once
+
+#include "file_vector.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace Kedrin::Tolvo {
+
+/// The order of the word list: ut::cyr_stricmp of the two is negative. A strict weak order.
+bool caseInsensitiveComp(const std::string& s1, const std::string& s2);
+
+/// The distinct words of one module, sorted by caseInsensitiveComp (doc/formats/word-list.md), held in memory. A
+/// word's index, its place in the list from 0, is its key in the concordance. The order is the file's to keep; it
+/// is not checked.
+class CWordList
+{
+public:
+    /// @param wordPointPath  line offsets for a list read from disk; not opened in memory mode
+    /// @param loadIntoMem    must be true: a list read from disk is not implemented, and the refusal
+    ///                       (std::logic_error) is outside the contract, so it ends the program
+    /// A line of more than 40 bytes, its CR included, ends the list before it.
+    /// @throws std::ios_base::failure  "CWordList::CWordList(): error opening file %s"
+    CWordList(const char* wordListPath, const char* wordPointPath, bool loadIntoMem);
+    CWordList(const CWordList&) = delete;
+    CWordList& operator=(const CWordList&) = delete;
+
+    /// Throws what the constructor would throw for this file, without reading it.
+    static void ValidateFile(const char* wordListPath);
+
+    unsigned int count() const { return m_count; }
+
+    /// @throws std::out_of_range  "CWordList::operator [](): wordIndex out of range"
+    std::string operator[](unsigned int wordIndex) const;
+
+    /// The index of a word without regard to case, the first of several that differ only in case; -1 when the list
+    /// does not hold it. Logarithmic, without disk access.
+    int indexOf(const std::string& word) const;
+
+private:
+    void load(const char* wordListPath);
+
+    unsigned int m_count = 0;
+    bool m_loaded = false;
+    std::unique_ptr<ut::CFileVector<unsigned int>> m_wordPoint; ///< null: memory mode
+    std::vector<std::string> m_words;
+};
+
+} // namespace Kedrin::Tolvo
