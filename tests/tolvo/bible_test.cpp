@@ -48,7 +48,10 @@ std::string outOfRange(Operation operation)
 }
 
 /// New Testament books only, the second before the first: global 51 is local 0, global 50 local 1.
-ModuleFiles lateBooks() { return makeModule("Късни", {plainBook(51, "Марк", {2, 3}), plainBook(50, "Матей", {4})}); }
+ModuleFiles lateBooks()
+{
+    return makeModule("Късни", {plainBook(51, "Марк", {2, 3}), plainBook(50, "Матей", {4})});
+}
 
 TEST_F(Bible, TitlesGoByGlobalBookNumber)
 {
