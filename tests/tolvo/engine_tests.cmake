@@ -1,6 +1,22 @@
 # The translation, its search, the catalogue, and what comes of damaged modules.
 add_executable(tolvo_engine_tests
   bible_loading_test.cpp
+  bible_modules_test.cpp
   bible_test.cpp)
 target_link_libraries(tolvo_engine_tests PRIVATE test_support kedrin_options GTest::gtest_main)
 gtest_discover_tests(tolvo_engine_tests DISCOVERY_MODE PRE_TEST)
+
+# One header, one library: what the engine promises to other programs.
+add_executable(tolvo_third_program third_program.cpp)
+target_link_libraries(tolvo_third_program PRIVATE tolvo kedrin_options)
+add_test(NAME third_program.UsesEveryClass COMMAND tolvo_third_program)
+set(third_program_flags)
+if(KEDRIN_SANITIZE)
+  set(third_program_flags -fsanitize=address,undefined)
+elseif(KEDRIN_COVERAGE)
+  set(third_program_flags --coverage)
+endif()
+add_test(NAME third_program.LinksByAPlainCommand
+  COMMAND ${CMAKE_COMMAND} -DCXX=${CMAKE_CXX_COMPILER} -DCXX_FLAGS=${third_program_flags}
+    -DSOURCE_DIR=${CMAKE_SOURCE_DIR} -DTOLVO=$<TARGET_FILE:tolvo> -DQT_CORE=$<TARGET_FILE:Qt6::Core>
+    -DBINARY_DIR=${CMAKE_CURRENT_BINARY_DIR} -P ${CMAKE_CURRENT_SOURCE_DIR}/plain_link_test.cmake)
