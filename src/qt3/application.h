@@ -6,9 +6,9 @@
 
 namespace qt3 {
 
-/// An application that brings exceptions of its event handlers to the caller of exec(). The toolkit must not be
-/// unwound: the first exception that leaves a handler is kept and the event loops are ended with 0; those that
-/// follow until the loops have ended are dropped.
+/// An application that brings exceptions of its event handlers to the caller of exec(). The toolkit must not
+/// be unwound: the first exception that leaves a handler is kept and the event loops are ended with 0; those
+/// that follow until the loops have ended are dropped.
 ///
 ///     const int status = application.exec();
 ///     application.rethrow();

@@ -4,9 +4,10 @@
 
 namespace qt3 {
 
-/// Rich text made of paragraphs and anchors that nobody vouches for. Nothing is ever loaded: no file, image, style
-/// sheet or network resource, whatever the text names. No link is followed and nothing replaces the text but
-/// setChapter(); a click on a link, or Tab and Return, ends in anchorClickedNamed() and nowhere else.
+/// Rich text made of paragraphs and anchors that nobody vouches for. Nothing is ever loaded: no file, image,
+/// style sheet or network resource, whatever the text names. No link is followed and nothing replaces the
+/// text but setChapter(); a click on a link, or Tab and Return, ends in anchorClickedNamed() and nowhere
+/// else.
 class ChapterView : public QTextBrowser
 {
     Q_OBJECT
@@ -17,12 +18,13 @@ public:
     /// Shows a text from its top. The text that is shown already: nothing happens, the view does not scroll.
     void setChapter(const QString& html);
 
-    /// The top of paragraph `n`'s text, from 0, in the units of the vertical scroll bar; -1 when there is no such
-    /// paragraph. One `<p>...</p>` is one paragraph. The place is final only while the view is visible.
+    /// The top of paragraph `n`'s text, from 0, in the units of the vertical scroll bar; -1 when there is no
+    /// such paragraph. One `<p>...</p>` is one paragraph. The place is final only while the view is visible.
     int paragraphTop(int n) const;
 
-    /// Scrolls so that `y` is in the middle, as far as the text reaches. While the view is hidden places are not
-    /// known: the paragraph asked for last by paragraphTop() is centred when the view is shown the next time.
+    /// Scrolls so that `y` is in the middle, as far as the text reaches. While the view is hidden places are
+    /// not known: the paragraph asked for last by paragraphTop() is centred when the view is shown the next
+    /// time.
     void centreOn(int y);
 
     /// An empty stand-in for whatever is asked, so that nobody looks further.
@@ -39,6 +41,11 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    // These would replace the text behind setChapter().
+    using QTextBrowser::setHtml;
+    using QTextBrowser::setPlainText;
+    using QTextBrowser::setText;
+
     void tellAnchor();
 
     QString m_html;

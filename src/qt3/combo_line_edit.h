@@ -13,8 +13,8 @@ public:
     using QLineEdit::QLineEdit;
 
 signals:
-    /// A typed character (by key or input method) has made the text longer at its end; a selected part counts as
-    /// already gone. Not emitted for deleting, pasting, or typing inside the text.
+    /// A typed character (by key or input method) has made the text longer at its end; a selected part counts
+    /// as already gone. Not emitted for deleting, pasting, or typing inside the text.
     void extended();
 
 protected:

@@ -4,7 +4,8 @@
 
 namespace qt3 {
 
-/// A check box of fixed size that stays legible at any font: what it paints shrinks to fit, font() stays inherited.
+/// A check box of fixed size that stays legible at any font: what it paints shrinks to fit, font() stays
+/// inherited.
 class FitCheckBox : public QCheckBox
 {
     Q_OBJECT

@@ -4,10 +4,11 @@
 
 namespace qt3 {
 
-/// A list over a flat model (setModel(), owned by the caller), one row current at most. All rows have the height of
-/// the first one, so a list of any length appears at once.
+/// A list over a flat model (setModel(), owned by the caller), one row current at most. All rows have the
+/// height of the first one, so a list of any length appears at once.
 ///
-/// highlighted() follows the current row; a list that is emptied or refilled stays silent unless it has the focus.
+/// highlighted() follows the current row; a list that is emptied or refilled stays silent unless it has the
+/// focus.
 class ListBox : public QListView
 {
     Q_OBJECT
@@ -15,21 +16,21 @@ class ListBox : public QListView
 public:
     explicit ListBox(QWidget* parent = nullptr);
 
-    /// To be called after the model was reset: no row is current and nothing is emitted, unless the list has the
-    /// focus and there are rows: then row 0 becomes current, unselected, and highlighted(0) is emitted.
+    /// To be called after the model was reset: no row is current and nothing is emitted, unless the list has
+    /// the focus and there are rows: then row 0 becomes current, unselected, and highlighted(0) is emitted.
     void resetRows();
 
     /// The current row, from 0; -1 when none is current.
     int currentItem() const;
 
-    /// Makes a row current and selected and emits highlighted() when it was not current. A number that is no row is
-    /// ignored.
+    /// Makes a row current and selected and emits highlighted() when it was not current. A number that is no
+    /// row is ignored.
     void setCurrentItem(int row);
 
 signals:
-    /// A row became current: by a press of any mouse button, dragging over it, a key, setCurrentItem(); or row 0
-    /// when the focus arrives other than by mouse and no row is current. Also a press, Space or Return on the current row
-    /// while it is not selected. Never -1.
+    /// A row became current: by a press of any mouse button, dragging over it, a key, setCurrentItem(); or
+    /// row 0 when the focus arrives other than by mouse and no row is current. Also a press, Space or Return
+    /// on the current row while it is not selected. Never -1.
     void highlighted(int row);
 
 protected:

@@ -9,9 +9,9 @@ class QWidget;
 
 namespace qt3 {
 
-/// The one place through which the program's message boxes pass. Each is a modal QMessageBox with one button and
-/// returns when it is closed. Texts are shown as they are: markup in them is not interpreted, for a message may
-/// quote a path or a title that nobody vouches for.
+/// The one place through which the program's message boxes pass. Each is a modal QMessageBox with one button
+/// and returns when it is closed. Texts are shown as they are: markup in them is not interpreted, for a
+/// message may quote a path or a title that nobody vouches for.
 class MessageBox
 {
 public:

@@ -4,8 +4,8 @@
 
 namespace qt3 {
 
-/// A group box without layout whose size hint goes round its children at their fixed places: as much room to the
-/// right and below as they leave to the left and above. Never less than 100 x 50 nor than the title.
+/// A group box without layout whose size hint goes round its children at their fixed places: as much room to
+/// the right and below as they leave to the left and above. Never less than 100 x 50 nor than the title.
 class PanelBox : public QGroupBox
 {
     Q_OBJECT

@@ -5,8 +5,8 @@
 
 namespace qt3 {
 
-/// A menu of items with identifiers and check marks. A check mark is plain state: only setItemChecked() changes it,
-/// never the choice of the item, and QAction::isChecked() of an item always tells the same.
+/// A menu of items with identifiers and check marks. A check mark is plain state: only setItemChecked()
+/// changes it, never the choice of the item, and QAction::isChecked() of an item always tells the same.
 class PopupMenu : public QMenu
 {
     Q_OBJECT
@@ -27,10 +27,13 @@ public:
     void setItemChecked(int id, bool checked);
 
 signals:
-    /// The user has chosen an item, by mouse, Return or mnemonic; the menu is closed, the check mark as before.
+    /// The user has chosen an item, by mouse, Return or mnemonic; the menu is closed, the check mark as
+    /// before.
     void activatedId(int id);
 
 private:
+    using QMenu::clear; // would leave the identifiers behind
+
     struct Item
     {
         QAction* action = nullptr;

@@ -6,13 +6,13 @@
 
 namespace qt3 {
 
-/// A tab bar whose tabs keep an identifier for life. Identifiers count 0, 1, 2, ... in order of adding and are never
-/// handed out again, not even when the bar has become empty; an index is the place in the bar, from 0, and changes
-/// as tabs to the left come and go.
+/// A tab bar whose tabs keep an identifier for life. Identifiers count 0, 1, 2, ... in order of adding and
+/// are never handed out again, not even when the bar has become empty; an index is the place in the bar, from
+/// 0, and changes as tabs to the left come and go.
 ///
 /// When the current tab is removed, the one current before it becomes current again (of tabs that were never
-/// current, the one added first), and nobody is told. What the user or other code does through Qt's own indices
-/// ends in selected() as well. The focus comes by Tab only, the wheel switches no tab.
+/// current, the one added first), and nobody is told. What the user or other code does through Qt's own
+/// indices ends in selected() as well. The focus comes by Tab only, the wheel switches no tab.
 class TabBar : public QTabBar
 {
     Q_OBJECT
@@ -20,8 +20,8 @@ class TabBar : public QTabBar
 public:
     explicit TabBar(QWidget* parent = nullptr);
 
-    /// Appends a tab and gives its identifier. The first tab of an empty bar is current at once; a later one is not.
-    /// Emits nothing. `&x` in the label makes Alt+x select the tab.
+    /// Appends a tab and gives its identifier. The first tab of an empty bar is current at once; a later one
+    /// is not. Emits nothing. `&x` in the label makes Alt+x select the tab.
     int addTab(const QString& label);
 
     /// Like addTab(), before the tab at `index`; appends when there is no such index.
@@ -33,8 +33,8 @@ public:
     /// The identifier of the current tab; -1 for an empty bar.
     int currentTab() const;
 
-    /// Makes a tab current and emits selected(), before returning. Does nothing and emits nothing for the tab that
-    /// is current and for an unknown identifier.
+    /// Makes a tab current and emits selected(), before returning. Does nothing and emits nothing for the tab
+    /// that is current and for an unknown identifier.
     void setCurrentTab(int id);
 
     /// The identifier of the tab at an index; -1 when there is none.
@@ -48,8 +48,8 @@ public:
     QString label(int id) const;
 
 signals:
-    /// Another tab has become current: by setCurrentTab(), a press of the left button, Left or Right, a mnemonic,
-    /// or because the current one was disabled.
+    /// Another tab has become current: by setCurrentTab(), a press of the left button, Left or Right, a
+    /// mnemonic, or because the current one was disabled.
     void selected(int id);
 
 protected:
@@ -62,7 +62,7 @@ private:
     using QTabBar::setMovable;
     using QTabBar::setTabText;
 
-    void raise(int id);
+    void makeCurrent(int id);
     void showCurrent();
 
     int m_nextId = 0;

@@ -12,12 +12,13 @@ namespace qt3 {
 /// No bytes give an empty text.
 QString from1251(std::string_view bytes);
 
-/// Text as Windows-1251 bytes: '?' for each UTF-16 unit that has no byte, U+0000 included, so a character outside
-/// the Basic Multilingual Plane gives "??" and the result never holds a zero byte. A null text gives "".
+/// Text as Windows-1251 bytes: '?' for each UTF-16 unit that has no byte, U+0000 included, so a character
+/// outside the Basic Multilingual Plane gives "??" and the result never holds a zero byte. A null text gives
+/// "".
 std::string to1251(const QString& text);
 
-/// The text of an engine message. A message may quote a path, which consists of native bytes: the whole message is
-/// UTF-8 when it is valid UTF-8, else Windows-1251.
+/// The text of an engine message. A message may quote a path, which consists of native bytes: the whole
+/// message is UTF-8 when it is valid UTF-8, else Windows-1251.
 /// @param what  ends at its zero byte; null gives an empty text
 QString fromMessage(const char* what);
 

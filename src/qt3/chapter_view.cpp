@@ -1,0 +1,99 @@
+#include "chapter_view.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QImage>
+#include <QScrollBar>
+#include <QTextBlock>
+#include <QUrl>
+#include <QtMath>
+
+namespace qt3 {
+
+namespace {
+
+struct Anchor
+{
+    QString name;
+    QString href;
+};
+
+/// The anchor of the character at a position. The name is kept with the first character of an anchor only,
+/// the href with all of them.
+Anchor anchorOf(const QTextDocument& document, int position)
+{
+    Anchor anchor;
+    const QTextBlock block = document.findBlock(position);
+    for (auto it = block.begin(); !it.atEnd(); ++it) {
+        const QTextCharFormat format = it.fragment().charFormat();
+        const QStringList names = format.anchorNames();
+        if (!names.isEmpty() || format.anchorHref() != anchor.href)
+            anchor = {names.value(0), format.anchorHref()};
+        if (it.fragment().contains(position))
+            return anchor;
+    }
+    return {};
+}
+
+QImage transparentPixel()
+{
+    QImage image(1, 1, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    return image;
+}
+
+} // namespace
+
+ChapterView::ChapterView(QWidget* parent) : QTextBrowser(parent)
+{
+    setOpenLinks(false);
+    setOpenExternalLinks(false);
+    setUndoRedoEnabled(false);
+    connect(this, &QTextBrowser::anchorClicked, this, &ChapterView::tellAnchor);
+}
+
+void ChapterView::setChapter(const QString& html)
+{
+    if (html == m_html)
+        return;
+    m_html = html;
+    setHtml(html);
+}
+
+int ChapterView::paragraphTop(int n) const
+{
+    m_askedParagraph = n;
+    const QTextBlock block = document()->findBlockByNumber(n);
+    return block.isValid() ? qFloor(document()->documentLayout()->blockBoundingRect(block).top()) : -1;
+}
+
+void ChapterView::centreOn(int y)
+{
+    m_mustCentre = !isVisible();
+    verticalScrollBar()->setValue(y - viewport()->height() / 2); // the scroll bar keeps to its range
+}
+
+QVariant ChapterView::loadResource(int type, const QUrl&)
+{
+    // Nothing at all would make the document look for the file itself.
+    if (type == QTextDocument::ImageResource)
+        return transparentPixel();
+    return QByteArray("");
+}
+
+void ChapterView::doSetSource(const QUrl&, QTextDocument::ResourceType) {}
+
+void ChapterView::showEvent(QShowEvent* event)
+{
+    QTextBrowser::showEvent(event);
+    if (m_mustCentre)
+        centreOn(paragraphTop(m_askedParagraph));
+}
+
+void ChapterView::tellAnchor()
+{
+    // The link is selected at this moment.
+    const Anchor anchor = anchorOf(*document(), textCursor().selectionStart());
+    emit anchorClickedNamed(anchor.name, anchor.href);
+}
+
+} // namespace qt3

@@ -1,0 +1,192 @@
+#include "combo_box.h"
+
+#include "combo_line_edit.h"
+
+#include <QFocusEvent>
+#include <QListView>
+#include <QSignalBlocker>
+#include <QStringListModel>
+
+#include <algorithm>
+
+namespace qt3 {
+
+namespace {
+
+/// Wide enough for "Псалтир" and small enough for a narrow tool bar.
+constexpr int shortestContents = 7;
+
+bool isPlain(const QKeyEvent* event)
+{
+    return !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+}
+
+} // namespace
+
+ComboBox::ComboBox(QWidget* parent) : QComboBox(parent)
+{
+    setEditable(true);
+    auto* edit = new ComboLineEdit(this);
+    setLineEdit(edit);
+    setCompleter(nullptr);
+    setInsertPolicy(NoInsert);
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(shortestContents);
+
+    // Qt looks the text up on Return and when the focus leaves, and reports a choice if it is an item.
+    disconnect(edit, &QLineEdit::returnPressed, this, nullptr);
+    disconnect(edit, &QLineEdit::editingFinished, this, nullptr);
+    connect(edit, &QLineEdit::returnPressed, this, &ComboBox::confirmText);
+    connect(edit, &ComboLineEdit::extended, this, &ComboBox::complete);
+    connect(this, &QComboBox::activated, this, [this](int item) {
+        emit activatedItem(item);
+        emit activatedText(itemText(item));
+    });
+
+    m_items = new QStringListModel(edit);
+    exchangeModel(m_items);
+    if (auto* list = qobject_cast<QListView*>(view()))
+        list->setUniformItemSizes(true);
+}
+
+ComboBox::~ComboBox() { disconnect(m_modelGone); }
+
+void ComboBox::setReturn(Return what) { m_return = what; }
+
+int ComboBox::currentItem() const { return std::max(currentIndex(), 0); }
+
+void ComboBox::setCurrentItem(int item)
+{
+    if (item >= 0 && item < count())
+        setCurrentIndex(item);
+}
+
+void ComboBox::clearItems() { setItems({}); }
+
+void ComboBox::setItems(const QStringList& items)
+{
+    const QSignalBlocker boxBlocker(this);
+    const QSignalBlocker editBlocker(lineEdit());
+    m_items->setStringList(items);
+    exchangeModel(m_items);
+    lineEdit()->setText(items.value(0));
+}
+
+void ComboBox::setListModel(QAbstractItemModel* model)
+{
+    QLineEdit* edit = lineEdit();
+    const QSignalBlocker boxBlocker(this);
+    const QSignalBlocker editBlocker(edit);
+    const QString text = edit->text();
+    const int cursor = edit->cursorPosition();
+    const int selectionStart = edit->selectionStart();
+    const int selectionLength = edit->selectionLength();
+
+    if (!model)
+        m_items->setStringList({});
+    exchangeModel(model ? model : m_items);
+
+    edit->setText(text);
+    edit->setCursorPosition(cursor);
+    if (selectionStart >= 0 && selectionStart == cursor)
+        edit->setSelection(selectionStart + selectionLength, -selectionLength);
+    else if (selectionStart >= 0)
+        edit->setSelection(selectionStart, selectionLength);
+}
+
+void ComboBox::setCurrentText(const QString& text)
+{
+    const int item = findItem(text, Qt::MatchFixedString | Qt::MatchCaseSensitive);
+    if (item >= 0)
+        setCurrentItem(item);
+    else
+        lineEdit()->setText(text);
+}
+
+void ComboBox::showPopup()
+{
+    QComboBox::showPopup();
+    const QString text = currentText();
+    if (text.isEmpty() || text == itemText(currentIndex()))
+        return;
+    const int item = findItem(text, Qt::MatchStartsWith);
+    if (item < 0)
+        return;
+    const QModelIndex index = model()->index(item, modelColumn(), rootModelIndex());
+    view()->setCurrentIndex(index);
+    view()->scrollTo(index, QAbstractItemView::PositionAtTop);
+}
+
+void ComboBox::keyPressEvent(QKeyEvent* event)
+{
+    const bool isUp = event->key() == Qt::Key_Up;
+    if ((isUp || event->key() == Qt::Key_Down) && isPlain(event))
+        choose((shownItem() >= 0 ? shownItem() : currentItem()) + (isUp ? -1 : 1));
+    else
+        QComboBox::keyPressEvent(event);
+}
+
+void ComboBox::focusOutEvent(QFocusEvent* event)
+{
+    QComboBox::focusOutEvent(event);
+    const QString text = itemText(currentIndex());
+    if (m_return == Return::goesToItem && event->reason() != Qt::PopupFocusReason && currentText() != text)
+        lineEdit()->setText(text);
+}
+
+void ComboBox::choose(int item)
+{
+    if (item < 0 || item >= count())
+        return;
+    setCurrentItem(item);
+    emit activatedItem(item);
+    emit activatedText(itemText(item));
+}
+
+void ComboBox::complete()
+{
+    QLineEdit* edit = lineEdit();
+    const int typedLength = int(edit->text().size());
+    int item = findItem(edit->text(), Qt::MatchFixedString);
+    if (item < 0)
+        item = findItem(edit->text(), Qt::MatchStartsWith | Qt::MatchWrap, currentItem());
+    if (item < 0)
+        return;
+    const QString text = itemText(item);
+    edit->setText(text);
+    edit->setSelection(int(text.size()), typedLength - int(text.size()));
+}
+
+void ComboBox::confirmText()
+{
+    if (m_return == Return::givesText)
+        emit activatedText(currentText());
+    else
+        choose(shownItem());
+}
+
+void ComboBox::exchangeModel(QAbstractItemModel* model)
+{
+    disconnect(m_modelGone);
+    if (model != m_items)
+        m_modelGone = connect(model, &QObject::destroyed, this, [this] { setListModel(nullptr); });
+    setModel(model);
+    setCurrentItem(0);
+}
+
+/// The first item that matches, from `start` on; -1 when there is none.
+int ComboBox::findItem(const QString& text, Qt::MatchFlags flags, int start) const
+{
+    const QModelIndex first = model()->index(start, modelColumn(), rootModelIndex());
+    const QModelIndexList found = model()->match(first, Qt::EditRole, text, 1, flags);
+    return found.isEmpty() ? -1 : found.constFirst().row();
+}
+
+/// The item whose text is in the box, the current one before others; -1 when the text is no item.
+int ComboBox::shownItem() const
+{
+    const QString text = currentText();
+    return text == itemText(currentIndex()) ? currentIndex() : findItem(text, Qt::MatchFixedString);
+}
+
+} // namespace qt3
