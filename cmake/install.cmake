@@ -1,0 +1,10 @@
+# The program lives in a directory of its own with modules/bibles beside it; a small launcher stands on PATH.
+set(CMAKE_INSTALL_LIBDIR lib CACHE PATH "Directory that holds the program's own directory")
+include(GNUInstallDirs)
+configure_file(scripts/kedrin.in ${CMAKE_BINARY_DIR}/launcher/kedrin @ONLY)
+install(TARGETS kedrin DESTINATION ${CMAKE_INSTALL_LIBDIR}/kedrin)
+install(DIRECTORY DESTINATION ${CMAKE_INSTALL_LIBDIR}/kedrin/modules/bibles)
+install(PROGRAMS ${CMAKE_BINARY_DIR}/launcher/kedrin DESTINATION ${CMAKE_INSTALL_BINDIR})
+if(TARGET kedrin-module)
+  install(TARGETS kedrin-module DESTINATION ${CMAKE_INSTALL_BINDIR})
+endif()

@@ -1,0 +1,26 @@
+#include "application.h"
+#include "bggui.h"
+#include "ut_utils.h"
+
+#include <iostream>
+
+/// Opens the window on the modules beside the program and runs until it is closed. Only argv[0] is read; the rest is
+/// the toolkit's. An exception that nobody answered is written to standard output, and the status is 0 all the same.
+int main(int argc, char** argv)
+{
+    try {
+        ut::extract_application_dirPath(argv[0]); // the window looks for modules there
+        qt3::Application a(argc, argv);
+        BibleForm w;
+        w.show();
+        QObject::connect(&a, &QGuiApplication::lastWindowClosed, &a, &QCoreApplication::quit);
+        const int result = a.exec();
+        a.rethrow();
+        return result;
+    } catch (const std::exception& ex) {
+        std::cout << "Main exception: " << ex.what() << std::endl;
+    } catch (...) {
+        std::cout << "Main exception: UNKNOWN" << std::endl;
+    }
+    return 0;
+}

@@ -1,0 +1,168 @@
+#pragma once
+
+#include "tolvo_ref.h"
+
+#include <QMainWindow>
+
+#include <map>
+#include <string>
+#include <vector>
+
+QT_BEGIN_NAMESPACE
+class QGridLayout;
+class QGroupBox;
+class QMenu;
+class QMenuBar;
+class QToolBar;
+QT_END_NAMESPACE
+
+namespace qt3 {
+class ChapterView;
+class ComboBox;
+class FitCheckBox;
+class FitPushButton;
+class FramelessBox;
+class ListBox;
+class PanelBox;
+class PopupMenu;
+class TabBar;
+} // namespace qt3
+
+namespace Kedrin::Tolvo {
+class CBible;
+class CBibleModules;
+} // namespace Kedrin::Tolvo
+
+class HitListModel;
+class WordListModel;
+
+/// The program's one window: the chapter view with tabs of open translations above it, the search panel to its left,
+/// the location boxes in the tool bar. bggui.cpp builds it, bggui.ui.h holds what its slots do.
+///
+/// Widgets and actions belong to their toolkit parents. The form owns the catalogue and every open translation.
+/// The place being read is kept in global numbering, so that it carries over from translation to translation.
+/// An exception that a slot does not answer with a message box leaves it, and reaches main().
+class BibleForm : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    /// Builds the window and opens the first translation installed under
+    /// ut::get_application_dirPath() + "/modules/bibles".
+    /// @param name  object name; "BibleForm" when null
+    explicit BibleForm(QWidget* parent = nullptr, const char* name = nullptr,
+                       Qt::WindowFlags fl = Qt::Window);
+    ~BibleForm() override;
+
+    qt3::PanelBox* groupSearch;
+    qt3::FramelessBox* groupSearchOptions;
+    qt3::FitPushButton* btnHideSearch;
+    qt3::FitPushButton* btnSearch;
+    qt3::FitCheckBox* checkRedoSearch;
+    qt3::FitCheckBox* checkCaseSensitive;
+    qt3::FitCheckBox* checkPartialWord;
+    qt3::ComboBox* comboSearchText;
+    qt3::ListBox* listSearchResults;
+    QGroupBox* groupText;
+    qt3::ChapterView* textBrowser;
+    qt3::ComboBox* comboBook;
+    qt3::ComboBox* comboChapter;
+    qt3::ComboBox* comboVerse;
+    QMenuBar* menubar;
+    QMenu* menuFile;
+    qt3::PopupMenu* menuTranslations; ///< an item's identifier is the module's index in the catalogue
+    QMenu* menuView;
+    QMenu* menuHelp;
+    QToolBar* toolbarLocation;
+    QAction* helpAbout;
+    QAction* fileExit;
+    QAction* helpAboutQt;
+    QAction* helpWhatsThis;
+    QAction* _3_betha_demoAction; ///< dormant: in no menu, without a key
+    QAction* viewLocationToolbar;
+    QAction* viewSearchBar;
+    QAction* gotoAction;
+    QAction* viewFont;
+    QAction* viewChapterHyperLinks;
+    qt3::TabBar* tabsText = nullptr; ///< tab i belongs to the open translation i; made by init()
+
+    /// Shows the chapter of a reference with its verse marked and brought to the middle, and makes the three location
+    /// boxes agree. A global reference is converted; any other is taken as local. Does nothing without a current
+    /// translation, and nothing for good after a rendering that failed.
+    virtual void goToRef(const Kedrin::Tolvo::CRef& _ref);
+
+    // The order of the slots is their index in the meta-object.
+public slots:
+    virtual void init();
+    virtual void destroy();
+    virtual void menuTranslations_activated(int bibleIndex);
+    virtual void tabsText_selected(int tabID);
+    virtual void comboBook_activated(int bookN);
+    virtual void comboChapter_activated(int chapterN);
+    virtual void comboVerse_activated(int verseN);
+    virtual void comboSearchText_activated(const QString&);
+    virtual void checkPartialWord_toggled(bool on);
+    virtual void btnSearch_pressed();
+    virtual void listSearchResults_highlighted(int i);
+    virtual void fileExit_activated();
+    virtual void helpAbout_activated();
+    virtual void helpAboutQt_activated();
+    virtual void helpWhatsThis_activated();
+    virtual void _3_betha_demoAction_activated();
+    virtual void btnHideSearch_clicked();
+    virtual void viewLocationToolbar_toggled(bool on);
+    virtual void viewSearchBar_toggled(bool on);
+    virtual void gotoAction_activated();
+    virtual void viewFont_activated();
+    virtual void textBrowser_anchorClicked(const QString& name, const QString& href);
+    virtual void viewChapterHyperLinks_toggled(bool);
+    virtual void comboSearchText_textChanged(const QString&);
+
+protected slots:
+    /// Sets every text of the window; may be called again at any time.
+    virtual void languageChange();
+
+protected:
+    Kedrin::Tolvo::CBibleModules* m_bibleModules = nullptr;
+    std::vector<const Kedrin::Tolvo::CBible*> m_bibles; ///< open, in the order of their tabs; owned
+    std::vector<Kedrin::Tolvo::CRef> m_searchResults;   ///< global; row i of the list shows element i
+    unsigned int m_currentBibleI = 0;
+    const Kedrin::Tolvo::CBible* m_currentBible =
+        nullptr;                      ///< an element of m_bibles, or null: none is current
+    Kedrin::Tolvo::CRef m_currentRef; ///< the place shown, global; null until the first chapter
+    QString m_currentSearchText;
+    QGridLayout* BibleFormLayout;
+    QGridLayout* groupTextLayout;
+
+private:
+    void createSearchPanel(QWidget* parent);
+    void createSearchOptions();
+    void createTextGroup(QWidget* parent);
+    void createActions();
+    void createLocationToolBar();
+    void createMenus();
+    void nameControls();
+    void makeConnections();
+    void translatePanel();
+    void translateActions();
+    void translateMenus();
+
+    void loadModules(const std::string& modulesPath);
+    void openTranslation(int bibleIndex);
+    void closeTranslation(int bibleIndex);
+    void selectAfterClosing(int closedTabIndex);
+    void forget(const Kedrin::Tolvo::CBible* bible);
+    void showNoTranslation(bool none);
+    void offerWordsAndBooks();
+    void showPlace();
+    void moveBoxesTo(const Kedrin::Tolvo::CRef& localRef);
+    void render(const Kedrin::Tolvo::CRef& localRef);
+    void restoreBoxes();
+    void listHits();
+
+    std::map<int, QMenu*> m_menuBarItems; ///< by fixed identifier
+    WordListModel* m_words = nullptr;     ///< of the current translation; the list behind comboSearchText
+    HitListModel* m_hits = nullptr;       ///< over m_searchResults
+    bool m_boxesStale = false; ///< the chapter and verse boxes still count another translation's chapters
+    Kedrin::Tolvo::CRef m_shownRef; ///< the place shown, in the numbers of the translation that showed it
+};

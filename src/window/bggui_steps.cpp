@@ -1,0 +1,196 @@
+#include "bggui.h"
+
+#include "chapter_document.h"
+#include "chapter_view.h"
+#include "combo_box.h"
+#include "fit_check_box.h"
+#include "fit_push_button.h"
+#include "hit_list_model.h"
+#include "list_box.h"
+#include "message_box.h"
+#include "panel_box.h"
+#include "popup_menu.h"
+#include "tab_bar.h"
+#include "text.h"
+#include "tolvo_bible.h"
+#include "word_list_model.h"
+
+#include <QAction>
+#include <QGridLayout>
+#include <QToolBar>
+
+#include <stdexcept>
+#include <utility>
+
+using namespace Kedrin::Tolvo;
+
+// The private steps of the form's slots.
+
+void BibleForm::loadModules(const std::string& modulesPath)
+{
+    m_bibleModules = new CBibleModules(modulesPath);
+    if (m_bibleModules->count() == 0)
+        throw std::runtime_error(ut::format("No modules found under %s", modulesPath.c_str()));
+    for (unsigned int translI = 0; translI < m_bibleModules->count(); ++translI)
+        menuTranslations->insertItem(qt3::from1251(m_bibleModules->info(translI)->fullTitle()),
+                                     static_cast<int>(translI));
+    connect(menuTranslations, &qt3::PopupMenu::activatedId, this, &BibleForm::menuTranslations_activated);
+
+    tabsText = new qt3::TabBar(groupText);
+    tabsText->setObjectName(QStringLiteral("tabsText"));
+    tabsText->setAccessibleName(tr("Отворени преводи"));
+    groupTextLayout->removeWidget(textBrowser);
+    groupTextLayout->addWidget(tabsText, 0, 0);
+    groupTextLayout->addWidget(textBrowser, 1, 0);
+    connect(tabsText, &qt3::TabBar::selected, this, &BibleForm::tabsText_selected);
+    m_currentBible = nullptr;
+}
+
+void BibleForm::openTranslation(int bibleIndex)
+{
+    const auto moduleIndex = static_cast<unsigned int>(bibleIndex);
+    m_bibleModules->ValidateBible(
+        moduleIndex); // a damaged module throws here; loadBible would end the program
+    m_bibles.push_back(m_bibleModules->loadBible(moduleIndex));
+    if (tabsText->count() == 0)
+        showNoTranslation(false);
+    menuTranslations->setItemChecked(bibleIndex, true);
+    const int newTabID = tabsText->addTab(menuTranslations->text(bibleIndex));
+    tabsText->repaint();
+    tabsText->setCurrentTab(newTabID); // selects it already, unless it is the only tab
+    tabsText_selected(newTabID);
+}
+
+void BibleForm::closeTranslation(int bibleIndex)
+{
+    const QString title = menuTranslations->text(bibleIndex);
+    int tabI = 0;
+    while (tabI < tabsText->count() && tabsText->label(tabsText->idAt(tabI)) != title)
+        ++tabI;
+    const CBible* bible = m_bibles.at(static_cast<std::size_t>(tabI));
+    m_bibles.erase(m_bibles.begin() + tabI);
+    forget(bible);
+    delete bible;
+    menuTranslations->setItemChecked(bibleIndex, false);
+    if (tabI < tabsText->count()) {
+        tabsText->removeId(tabsText->idAt(tabI));
+        tabsText->repaint();
+        selectAfterClosing(tabI);
+    }
+}
+
+/// Compares an index with an identifier: a neighbour is selected only where the two happen to agree. Otherwise a
+/// closed current translation leaves none current until the user selects a tab.
+void BibleForm::selectAfterClosing(int closedTabIndex)
+{
+    if (closedTabIndex != tabsText->currentTab())
+        return;
+    if (closedTabIndex > 0 || tabsText->count() > 0) {
+        const int newTabID = tabsText->idAt(closedTabIndex > 0 ? closedTabIndex - 1 : 0);
+        tabsText->setCurrentTab(newTabID);
+        tabsText_selected(newTabID);
+    } else {
+        showNoTranslation(true);
+    }
+}
+
+/// Lets nothing refer to a translation that is about to be deleted.
+void BibleForm::forget(const CBible* bible)
+{
+    if (bible != m_currentBible)
+        return;
+    m_currentBible = nullptr;
+    comboSearchText->setListModel(nullptr);
+    delete m_words;
+    m_words = nullptr;
+}
+
+void BibleForm::showNoTranslation(bool none)
+{
+    tabsText->setVisible(!none);
+    textBrowser->setVisible(!none);
+    groupSearch->setEnabled(!none);
+    toolbarLocation->setEnabled(!none);
+}
+
+/// Puts the current translation's words behind the search box, whose text stays, and its books into the book box.
+void BibleForm::offerWordsAndBooks()
+{
+    auto* words = new WordListModel(*m_currentBible, this);
+    comboSearchText->setListModel(words);
+    delete std::exchange(m_words, words);
+
+    QStringList books;
+    for (unsigned int bookI = 0; bookI < m_currentBible->booksCount(); ++bookI)
+        books.append(qt3::from1251(m_currentBible->titles()->shortTitle(bookI)));
+    comboBook->setItems(books);
+    m_boxesStale = true;
+}
+
+/// The place being read, in the translation that has just become current; its beginning where it lacks the book.
+void BibleForm::showPlace()
+{
+    const CRef beginning(0, 0, 0);
+    if (m_currentRef.isNull())
+        return goToRef(beginning);
+    try {
+        goToRef(m_currentBible->toLocal(m_currentRef));
+    } catch (...) {
+        goToRef(beginning);
+    }
+}
+
+void BibleForm::moveBoxesTo(const CRef& localRef)
+{
+    const auto bookN = static_cast<int>(localRef.bookID());
+    if (std::exchange(m_boxesStale, false) || bookN != comboBook->currentItem()) {
+        comboBook->setCurrentItem(bookN);
+        comboBook_activated(bookN);
+    }
+    const auto chapterN = static_cast<int>(localRef.chapter());
+    if (chapterN != comboChapter->currentItem()) {
+        comboChapter->setCurrentItem(chapterN);
+        comboChapter_activated(chapterN);
+    }
+    comboVerse->setCurrentItem(static_cast<int>(localRef.verse())); // ignored past the end of the chapter
+}
+
+void BibleForm::render(const CRef& localRef)
+{
+    const bool links = viewChapterHyperLinks->isChecked();
+    textBrowser->setChapter(
+        chapterDocument(*m_currentBible, localRef.bookID(), localRef.chapter(), localRef.verse(), links));
+    const int paragraphsBefore = links ? 1 : 0;
+    textBrowser->centreOn(textBrowser->paragraphTop(paragraphsBefore + static_cast<int>(localRef.verse())));
+    m_shownRef = localRef;
+}
+
+/// Without a current translation the page stays, and the boxes go on naming its place.
+void BibleForm::restoreBoxes()
+{
+    if (m_shownRef.isNull())
+        return;
+    comboBook->setCurrentItem(static_cast<int>(m_shownRef.bookID()));
+    comboChapter->setCurrentItem(static_cast<int>(m_shownRef.chapter()));
+    comboVerse->setCurrentItem(static_cast<int>(m_shownRef.verse()));
+}
+
+/// Searches the current translation for m_currentSearchText and lists what is found.
+void BibleForm::listHits()
+{
+    try {
+        const bool wholeWord = !checkPartialWord->isChecked();
+        const bool caseSensitive = !wholeWord && checkCaseSensitive->isChecked();
+        m_hits->clear(); // rows never outlive the hits that they print
+        m_currentBible->search(qt3::to1251(m_currentSearchText), wholeWord, caseSensitive, m_searchResults);
+        if (m_searchResults.empty()) {
+            qt3::MessageBox::information(this, QStringLiteral("Резултат от търсенето"),
+                                         QStringLiteral("Текста не е намерен в текущия превод"));
+            return;
+        }
+        m_hits->show(m_searchResults, *m_currentBible);
+        listSearchResults->resetRows();
+    } catch (const std::exception& ex) {
+        qt3::MessageBox::critical(this, QStringLiteral("Search Error:"), qt3::fromMessage(ex.what()));
+    }
+}
