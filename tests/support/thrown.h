@@ -11,9 +11,11 @@ template <typename Expected, typename Body>
 std::string messageOf(Body&& body)
 {
     try {
-        body();
-    } catch (const Expected& ex) {
-        return ex.what();
+        try { // a try of its own: `Expected` may be std::exception
+            body();
+        } catch (const Expected& ex) {
+            return ex.what();
+        }
     } catch (const std::exception& ex) {
         return std::string("<another type: ") + ex.what() + ">";
     } catch (...) {

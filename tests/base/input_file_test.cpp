@@ -1,0 +1,160 @@
+#include "input_file.h"
+
+#include "allocation_watch.h"
+#include "read_watch.h"
+#include "spoiled.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <filesystem>
+#include <unistd.h>
+
+namespace {
+
+using test_support::ReadWatch;
+using test_support::TempFolder;
+
+std::string readAt(ut::CInputFile& file, std::uint64_t byteOffset, std::size_t byteCount)
+{
+    std::string buffer(byteCount, '?');
+    buffer.resize(file.readAt(byteOffset, buffer.data(), byteCount));
+    return buffer;
+}
+
+TEST(InputFile, ReadsAtAnyPlaceInAnyOrder)
+{
+    const TempFolder folder;
+    ut::CInputFile file(folder.write("f", "0123456789").c_str());
+    ASSERT_TRUE(file.isOpen());
+    EXPECT_EQ(file.size(), 10u);
+    EXPECT_EQ(readAt(file, 7, 3), "789");
+    EXPECT_EQ(readAt(file, 0, 4), "0123");
+}
+
+TEST(InputFile, GivesFewerBytesAtTheEnd)
+{
+    const TempFolder folder;
+    ut::CInputFile file(folder.write("f", "0123456789").c_str());
+    EXPECT_EQ(readAt(file, 8, 5), "89");
+    EXPECT_EQ(readAt(file, 10, 5), "");
+    EXPECT_EQ(readAt(file, 4000000000u, 5), "");
+    EXPECT_EQ(readAt(file, 3, 0), "");
+}
+
+TEST(InputFile, AnEmptyFileOpens)
+{
+    const TempFolder folder;
+    ut::CInputFile file(folder.write("f", "").c_str());
+    EXPECT_TRUE(file.isOpen());
+    EXPECT_EQ(file.size(), 0u);
+    EXPECT_EQ(readAt(file, 0, 1), "");
+}
+
+TEST(InputFile, WhatIsNoReadableFileDoesNotOpen)
+{
+    const TempFolder folder;
+    for (const auto& [defect, path] : test_support::unopenableFiles(folder)) {
+        ut::CInputFile file(path.c_str());
+        EXPECT_FALSE(file.isOpen()) << defect;
+        EXPECT_EQ(file.size(), 0u) << defect;
+        EXPECT_EQ(readAt(file, 0, 1), "") << defect;
+    }
+}
+
+TEST(InputFile, ALinkToAFileOpens)
+{
+    const TempFolder folder;
+    std::filesystem::create_symlink(folder.write("f", "abc"), folder.path() / "link");
+    EXPECT_TRUE(ut::CInputFile(folder.file("link").c_str()).isOpen());
+}
+
+TEST(InputFile, ClosesWhatItOpened)
+{
+    const TempFolder folder;
+    const std::string path = folder.write("f", "abc");
+    const int before = ::open("/dev/null", O_RDONLY);
+    ::close(before);
+    for (const auto& name : {path, folder.path().string()})
+        ut::CInputFile(name.c_str());
+    const int after = ::open("/dev/null", O_RDONLY);
+    ::close(after);
+    EXPECT_EQ(before, after);
+}
+
+TEST(InputFile, ReadsOnAfterASignal)
+{
+    const TempFolder folder;
+    ut::CInputFile file(folder.write("f", "0123456789").c_str());
+    ReadWatch watch;
+    watch.interrupt(2);
+    EXPECT_EQ(readAt(file, 2, 3), "234");
+    EXPECT_EQ(watch.reads().size(), 3u);
+}
+
+TEST(InputFile, PutsPartialReadsTogether)
+{
+    const TempFolder folder;
+    ut::CInputFile file(folder.write("f", "0123456789").c_str());
+    ReadWatch watch;
+    watch.giveAtMost(4);
+    EXPECT_EQ(readAt(file, 1, 9), "123456789");
+    EXPECT_EQ(watch.reads().size(), 3u);
+}
+
+TEST(InputFile, ABrokenDiskGivesWhatCameBefore)
+{
+    const TempFolder folder;
+    ut::CInputFile file(folder.write("f", "0123456789").c_str());
+    ReadWatch watch;
+    watch.breakDisk();
+    EXPECT_EQ(readAt(file, 0, 4), "");
+}
+
+TEST(TextFile, IsReadWhole)
+{
+    const TempFolder folder;
+    std::string content = "left over";
+    EXPECT_TRUE(ut::read_text_file(folder.write("f", std::string("a\0b\r\n", 5)).c_str(), content));
+    EXPECT_EQ(content, std::string("a\0b\r\n", 5));
+    EXPECT_TRUE(ut::read_text_file(folder.write("empty", "").c_str(), content));
+    EXPECT_EQ(content, "");
+}
+
+TEST(TextFile, CannotBeWhatIsNoReadableFile)
+{
+    const TempFolder folder;
+    std::string content;
+    for (const auto& [defect, path] : test_support::unopenableFiles(folder))
+        EXPECT_FALSE(ut::read_text_file(path.c_str(), content)) << defect;
+}
+
+TEST(TextFile, ThatCannotBeReadToItsEndIsRefused)
+{
+    const TempFolder folder;
+    const std::string path = folder.write("f", "0123456789");
+    std::string content;
+    ReadWatch watch;
+    watch.breakDisk();
+    EXPECT_FALSE(ut::read_text_file(path.c_str(), content));
+}
+
+// The files here are holes: they have the length without the bytes.
+TEST(TextFile, LongerThanTheLimitTakesNoMemory)
+{
+    const TempFolder folder;
+    const std::string path = folder.write("f", "");
+    std::string content;
+    std::filesystem::resize_file(path, ut::maxTextFileBytes + 1);
+    {
+        const test_support::AllocationWatch watch;
+        EXPECT_FALSE(ut::read_text_file(path.c_str(), content));
+        EXPECT_LT(watch.total(), 4096u);
+    }
+    std::filesystem::resize_file(path, ut::maxTextFileBytes);
+    EXPECT_TRUE(ut::read_text_file(path.c_str(), content));
+    EXPECT_EQ(content.size(), ut::maxTextFileBytes);
+}
+
+} // namespace
