@@ -3,6 +3,9 @@
 #include "text.h"
 #include "tolvo_bible.h"
 
+#include <algorithm>
+#include <ranges>
+
 int WordListModel::rowCount(const QModelIndex& parent) const
 {
     return parent.isValid() ? 0 : static_cast<int>(m_translation.wordsCount());
@@ -13,4 +16,36 @@ QVariant WordListModel::data(const QModelIndex& index, int role) const
     if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::EditRole))
         return {};
     return qt3::from1251(m_translation.getWord(static_cast<unsigned int>(index.row())));
+}
+
+QModelIndexList WordListModel::match(const QModelIndex& start, int, const QVariant& value, int,
+                                     Qt::MatchFlags flags) const
+{
+    const std::string text = qt3::to1251(value.toString());
+    const auto current = static_cast<unsigned int>(std::max(start.row(), 0));
+    const unsigned int first = firstNotBelow(text);
+    if (!beginsWith(first, text))
+        return {};
+    if ((flags & Qt::MatchTypeMask) == Qt::MatchStartsWith)
+        return {index(static_cast<int>(beginsWith(current, text) ? current : first))};
+    const bool whole = ut::cyr_stricmp(m_translation.getWord(first).c_str(), text.c_str()) == 0;
+    return whole ? QModelIndexList{index(static_cast<int>(first))} : QModelIndexList();
+}
+
+bool WordListModel::beginsWith(unsigned int wordIndex, const std::string& prefix) const
+{
+    if (wordIndex >= m_translation.wordsCount())
+        return false;
+    const std::string word = m_translation.getWord(wordIndex);
+    return ut::cyr_stricmp(word.substr(0, prefix.size()).c_str(), prefix.c_str()) == 0;
+}
+
+unsigned int WordListModel::firstNotBelow(const std::string& word) const
+{
+    const auto wordIndices = std::views::iota(0u, m_translation.wordsCount());
+    const auto isBelow = [&](unsigned int wordIndex) {
+        return Kedrin::Tolvo::caseInsensitiveComp(m_translation.getWord(wordIndex), word);
+    };
+    return static_cast<unsigned int>(std::ranges::partition_point(wordIndices, isBelow) -
+                                     wordIndices.begin());
 }
