@@ -1,0 +1,35 @@
+#pragma once
+
+#include "spoiled.h"
+#include "thrown.h"
+#include "walkers.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <set>
+
+namespace test_support {
+
+/// Spoils one small sound file in every way and lets `walk(path)` read each result: cut short at every length,
+/// every byte changed. It may refuse a file with one of `refusals` followed by the file's name; all else that
+/// comes out of the walker fails the test.
+template <typename Walk>
+void walkSpoiled(const std::string& sound, const std::set<std::string>& refusals, Walk walk)
+{
+    const TempFolder folder;
+    const std::string path = folder.file("spoiled");
+    const auto read = [&](const std::string& bytes) {
+        std::filesystem::remove(path); // file systems may sync a file that is cut and written again
+        folder.write("spoiled", bytes);
+        std::string refusal;
+        EXPECT_NO_THROW(refusal = walk(path)) << testing::PrintToString(bytes);
+        EXPECT_TRUE(refusal.empty() || (refusal.ends_with(path) &&
+                                        refusals.contains(refusal.substr(0, refusal.size() - path.size()))))
+            << refusal << " for " << testing::PrintToString(bytes);
+    };
+    forEveryCut(sound, read);
+    forEverySpoiledByte(sound, read);
+}
+
+} // namespace test_support
