@@ -2,6 +2,7 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QImage>
+#include <QMouseEvent>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QUrl>
@@ -72,15 +73,22 @@ void ChapterView::centreOn(int y)
     verticalScrollBar()->setValue(y - viewport()->height() / 2); // the scroll bar keeps to its range
 }
 
-QVariant ChapterView::loadResource(int type, const QUrl&)
+QVariant ChapterView::loadResource(int, const QUrl&)
 {
-    // Nothing at all would make the document look for the file itself.
-    if (type == QTextDocument::ImageResource)
-        return transparentPixel();
-    return QByteArray("");
+    // Nothing at all, or nothing that is an image, would make the document look for the file itself. It keeps what it
+    // got for one type and gives it out for another, so that all types get the same.
+    return transparentPixel();
 }
 
 void ChapterView::doSetSource(const QUrl&, QTextDocument::ResourceType) {}
+
+void ChapterView::mouseReleaseEvent(QMouseEvent* event)
+{
+    const QPointF scrolled(horizontalScrollBar()->value(), verticalScrollBar()->value());
+    m_clicked = document()->documentLayout()->hitTest(event->position() + scrolled, Qt::ExactHit);
+    QTextBrowser::mouseReleaseEvent(event);
+    m_clicked = nowhere;
+}
 
 void ChapterView::showEvent(QShowEvent* event)
 {
@@ -91,8 +99,10 @@ void ChapterView::showEvent(QShowEvent* event)
 
 void ChapterView::tellAnchor()
 {
-    // The link is selected at this moment.
-    const Anchor anchor = anchorOf(*document(), textCursor().selectionStart());
+    // A link that is activated by key is selected. One that is clicked need not be: beyond the middle of its last
+    // character the cursor stands behind it.
+    const int position = m_clicked != nowhere ? m_clicked : textCursor().selectionStart();
+    const Anchor anchor = anchorOf(*document(), position);
     emit anchorClickedNamed(anchor.name, anchor.href);
 }
 

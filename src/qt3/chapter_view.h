@@ -38,6 +38,7 @@ signals:
 
 protected:
     void doSetSource(const QUrl& name, QTextDocument::ResourceType type) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:
@@ -51,6 +52,9 @@ private:
     QString m_html;
     mutable int m_askedParagraph = 0; // for centreOn() while hidden
     bool m_mustCentre = false;
+
+    static constexpr int nowhere = -1;
+    int m_clicked = nowhere; // position in the text while a click is reported
 };
 
 } // namespace qt3

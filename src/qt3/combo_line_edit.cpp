@@ -5,13 +5,24 @@
 
 namespace qt3 {
 
+namespace {
+
+/// Not so Ctrl+V, which may carry a "v".
+bool isTyping(const QKeyEvent& event)
+{
+    return !(event.modifiers() & Qt::ControlModifier) && !event.text().isEmpty() &&
+           event.text().front().isPrint();
+}
+
+} // namespace
+
 void ComboLineEdit::keyPressEvent(QKeyEvent* event)
 {
     const int lengthBefore = typedLength();
     QLineEdit::keyPressEvent(event);
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         event->accept();
-    else if (!event->text().isEmpty() && event->text().front().isPrint())
+    else if (isTyping(*event))
         tellIfLongerThan(lengthBefore);
 }
 

@@ -1,0 +1,230 @@
+#include "combo_fixture.h"
+
+#include <QAbstractItemView>
+#include <QAbstractListModel>
+#include <QStringListModel>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// 60,000 words "дума 0", "дума 1", ... made when asked for; counts how often that was.
+class WordModel : public QAbstractListModel
+{
+public:
+    static constexpr int words = 60000;
+    int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : words; }
+    QVariant data(const QModelIndex& index, int role) const override
+    {
+        ++m_asked;
+        return role == Qt::DisplayRole || role == Qt::EditRole ? QVariant(u"дума %1"_s.arg(index.row()))
+                                                               : QVariant();
+    }
+    int takeAsked() { return std::exchange(m_asked, 0); }
+
+private:
+    mutable int m_asked = 0;
+};
+
+} // namespace
+
+class ComboListTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup() { m.reset(); }
+
+    void exchangeKeepsTheTextSelectionAndCursor_data();
+    void exchangeKeepsTheTextSelectionAndCursor();
+    void exchangeIsSilentAndStartsAtItemZero();
+    void exchangeOfAnEmptyTextStaysEmpty();
+    void exchangeCostsNothing();
+    void sizeHintDoesNotWalkTheList();
+    void openingALongListCostsLittle();
+    void noListLeavesTheText();
+    void destroyedListLeavesTheText();
+    void itemsAfterAListShowThemselves();
+    void listOpensAtTheTextInTheBox();
+    void callerKeepsTheList();
+    void boxMayDieBeforeOrAfterTheList();
+
+private:
+    std::unique_ptr<ComboFixture> m;
+    WordModel m_words;
+};
+
+void ComboListTest::init()
+{
+    m = std::make_unique<ComboFixture>();
+    QVERIFY(m->isShown);
+    m->box->setReturn(qt3::ComboBox::Return::givesText);
+    m->box->setItems({u"едно"_s, u"две"_s, u"три"_s});
+    m->box->setCurrentItem(2);
+    m_words.takeAsked();
+}
+
+void ComboListTest::exchangeKeepsTheTextSelectionAndCursor_data()
+{
+    QTest::addColumn<int>("anchor");
+    QTest::addColumn<int>("length");
+    QTest::addColumn<int>("cursor");
+    QTest::newRow("cursor at the start") << 0 << 0 << 0;
+    QTest::newRow("cursor inside") << 3 << 0 << 3;
+    QTest::newRow("selected forwards") << 1 << 4 << 5;
+    QTest::newRow("selected backwards") << 5 << -4 << 1;
+}
+
+void ComboListTest::exchangeKeepsTheTextSelectionAndCursor()
+{
+    QFETCH(int, anchor);
+    QFETCH(int, length);
+    QFETCH(int, cursor);
+    QLineEdit* edit = m->box->lineEdit();
+    m->box->setEditText(u"написано"_s);
+    edit->setCursorPosition(anchor);
+    if (length != 0)
+        edit->setSelection(anchor, length);
+    m->box->setListModel(&m_words);
+    QCOMPARE(m->text(), u"написано"_s);
+    QCOMPARE(edit->cursorPosition(), cursor);
+    QCOMPARE(edit->selectedText().size(), std::abs(length));
+}
+
+void ComboListTest::exchangeIsSilentAndStartsAtItemZero()
+{
+    const QSignalSpy index(m->box, &QComboBox::currentIndexChanged);
+    const QSignalSpy text(m->box, &QComboBox::editTextChanged);
+    m->box->setListModel(&m_words);
+    QCOMPARE(m->box->count(), WordModel::words);
+    QCOMPARE(m->box->currentItem(), 0);
+    QCOMPARE(m->box->currentIndex(), 0);
+    QCOMPARE(m->text(), u"три"_s);
+    m->box->setListModel(&m_words);
+    QCOMPARE(m->text(), u"три"_s);
+    QCOMPARE(index.count() + text.count(), 0);
+    QCOMPARE(m->takeTold(), QStringList());
+}
+
+void ComboListTest::exchangeOfAnEmptyTextStaysEmpty()
+{
+    m->box->setEditText({});
+    m->box->setListModel(&m_words);
+    QCOMPARE(m->text(), QString());
+    QTest::keyClick(m->box, Qt::Key_Return);
+    QCOMPARE(m->takeTold(), QStringList({u"text "_s}));
+}
+
+void ComboListTest::exchangeCostsNothing()
+{
+    m->box->setListModel(&m_words);
+    QCoreApplication::processEvents();
+    m->box->grab();
+    QVERIFY(m_words.takeAsked() < 50);
+}
+
+void ComboListTest::sizeHintDoesNotWalkTheList()
+{
+    const QSize hint = m->box->sizeHint();
+    m->box->setListModel(&m_words);
+    QCOMPARE(m->box->sizeHint(), hint);
+    m->box->minimumSizeHint();
+    m->box->setFont(QFont(m->box->font().family(), 20));
+    m->box->sizeHint();
+    QVERIFY(m_words.takeAsked() < 50);
+}
+
+void ComboListTest::openingALongListCostsLittle()
+{
+    m->box->setEditText({});
+    m->box->setListModel(&m_words);
+    m->box->showPopup();
+    QVERIFY(QTest::qWaitForWindowExposed(m->box->view()->window()));
+    const int asked = m_words.takeAsked();
+    QVERIFY2(asked < 2000, qPrintable(QString::number(asked)));
+    m->box->hidePopup();
+}
+
+void ComboListTest::noListLeavesTheText()
+{
+    m->box->setListModel(&m_words);
+    m->box->setListModel(nullptr);
+    QCOMPARE(m->box->count(), 0);
+    QCOMPARE(m->box->currentItem(), 0);
+    QCOMPARE(m->text(), u"три"_s);
+    QCOMPARE(m->takeTold(), QStringList());
+}
+
+void ComboListTest::destroyedListLeavesTheText()
+{
+    const QSignalSpy text(m->box, &QComboBox::editTextChanged);
+    auto words = std::make_unique<WordModel>();
+    m->box->setListModel(words.get());
+    m->box->showPopup();
+    m->box->hidePopup();
+    words.reset();
+    QCOMPARE(m->box->count(), 0);
+    QCOMPARE(m->box->currentItem(), 0);
+    QCOMPARE(m->text(), u"три"_s);
+    QCOMPARE(text.count(), 0);
+    m->type(u"д"_s);
+    QTest::keyClick(m->box, Qt::Key_Down);
+    m->box->setListModel(&m_words);
+    QCOMPARE(m->box->count(), WordModel::words);
+}
+
+void ComboListTest::itemsAfterAListShowThemselves()
+{
+    m->box->setListModel(&m_words);
+    m->box->setItems({u"четири"_s});
+    QCOMPARE(m->box->count(), 1);
+    QCOMPARE(m->text(), u"четири"_s);
+    m->box->setListModel(&m_words);
+    m->box->clearItems();
+    QCOMPARE(m->box->count(), 0);
+    QCOMPARE(m->text(), QString());
+}
+
+void ComboListTest::listOpensAtTheTextInTheBox()
+{
+    m->box->setListModel(&m_words);
+    m->box->setEditText(u"Дума 4321"_s);
+    m->box->showPopup();
+    QVERIFY(QTest::qWaitForWindowExposed(m->box->view()->window()));
+    QCOMPARE(m->box->view()->currentIndex().row(), 4321);
+    QTest::keyClick(m->box->view(), Qt::Key_Escape);
+    QCOMPARE(m->box->currentItem(), 0);
+    QCOMPARE(m->text(), u"Дума 4321"_s);
+    QCOMPARE(m->takeTold(), QStringList());
+}
+
+void ComboListTest::callerKeepsTheList()
+{
+    auto* owner = new QObject;
+    QPointer<QStringListModel> words = new QStringListModel({u"дума"_s}, owner);
+    m->box->setListModel(words);
+    m->box->setListModel(&m_words);
+    QVERIFY(words);
+    m->box->setListModel(words);
+    m.reset();
+    QVERIFY(words);
+    delete owner;
+}
+
+void ComboListTest::boxMayDieBeforeOrAfterTheList()
+{
+    WordModel words;
+    {
+        qt3::ComboBox box;
+        box.setListModel(&words);
+    }
+    auto* list = new WordModel;
+    qt3::ComboBox box;
+    box.setListModel(list);
+    delete list;
+    QCOMPARE(box.count(), 0);
+}
+
+QTEST_MAIN(ComboListTest)
+#include "combo_list_test.moc"

@@ -1,0 +1,195 @@
+#include "fit_check_box.h"
+#include "fit_font.h"
+#include "fit_push_button.h"
+#include "panel_box.h"
+
+#include <QGridLayout>
+#include <QImage>
+#include <QLabel>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A panel with the places of the search panel: the options at the left, a list below them.
+struct Panel : qt3::PanelBox
+{
+    explicit Panel(QWidget* parent = nullptr) : PanelBox(parent)
+    {
+        auto* options = new qt3::FramelessBox(this);
+        options->setGeometry(10, 20, 160, 90);
+        auto* list = new QWidget(this);
+        list->setGeometry(11, 125, 160, 430);
+    }
+};
+
+QImage painted(QWidget& widget)
+{
+    QImage image(widget.size(), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    widget.render(&image, {}, {}, QWidget::DrawChildren);
+    return image;
+}
+
+} // namespace
+
+class PanelTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void hintGoesRoundTheChildren();
+    void emptyPanelIsAsLargeAsItsTitle();
+    void panelKeepsItsWidthInAGrid();
+    void framelessBoxPaintsNothing();
+    void fontThatFitsStays();
+    void fontShrinksUntilTheTextFits_data();
+    void fontShrinksUntilTheTextFits();
+    void fontNeverShrinksBelowSix();
+    void checkBoxPaintsSmallerAndKeepsItsFont();
+    void pushButtonPaintsSmallerAndKeepsItsFont();
+    void paintedLabelDiffersWhenReduced();
+};
+
+void PanelTest::hintGoesRoundTheChildren()
+{
+    Panel panel;
+    QCOMPARE(panel.sizeHint(), QSize(181, 575));
+    panel.show();
+    QCOMPARE(panel.sizeHint(), QSize(181, 575));
+    QCOMPARE(panel.minimumSizeHint(), QSize());
+}
+
+void PanelTest::emptyPanelIsAsLargeAsItsTitle()
+{
+    qt3::PanelBox panel;
+    QCOMPARE(panel.sizeHint(), QSize(100, 50));
+    panel.setTitle(QString(100, u'щ'));
+    QVERIFY(panel.sizeHint().width() > panel.fontMetrics().horizontalAdvance(panel.title()));
+}
+
+void PanelTest::panelKeepsItsWidthInAGrid()
+{
+    QWidget window;
+    auto* grid = new QGridLayout(&window);
+    auto* panel = new Panel(&window);
+    panel->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
+    grid->addWidget(panel, 0, 0);
+    grid->addWidget(new QLabel(&window), 0, 1);
+    window.resize(700, 400);
+    window.show();
+    QCOMPARE(panel->width(), 181);
+    QVERIFY(panel->height() < 400);
+}
+
+void PanelTest::framelessBoxPaintsNothing()
+{
+    qt3::FramelessBox box;
+    box.setTitle(u"Заглавие"_s);
+    box.resize(100, 60);
+    QImage white(box.size(), QImage::Format_RGB32);
+    white.fill(Qt::white);
+    QCOMPARE(painted(box), white);
+
+    QGroupBox framed;
+    framed.resize(100, 60);
+    QVERIFY(painted(framed) != white);
+}
+
+void PanelTest::fontThatFitsStays()
+{
+    const QFont font(u"DejaVu Sans"_s, 12);
+    QCOMPARE(qt3::fitFont(font, u"Търси"_s, {500, 100}), font);
+}
+
+void PanelTest::fontShrinksUntilTheTextFits_data()
+{
+    QTest::addColumn<int>("pointSize");
+    QTest::addColumn<int>("pixelSize");
+    QTest::newRow("points") << 24 << -1;
+    QTest::newRow("pixels") << -1 << 32;
+}
+
+void PanelTest::fontShrinksUntilTheTextFits()
+{
+    QFETCH(int, pointSize);
+    QFETCH(int, pixelSize);
+    QFont font(u"DejaVu Sans"_s);
+    if (pointSize > 0)
+        font.setPointSize(pointSize);
+    else
+        font.setPixelSize(pixelSize);
+    const QString text = u"Актуализирай"_s;
+    const QFont fit = qt3::fitFont(font, text, {110, 24});
+    const QFontMetrics metrics(fit);
+    QVERIFY(metrics.horizontalAdvance(text) <= 110);
+    QVERIFY(metrics.height() <= 24);
+    QVERIFY(QFontInfo(fit).pixelSize() >= 6);
+    QFont larger = fit;
+    if (pointSize > 0)
+        larger.setPointSizeF(fit.pointSizeF() + 0.5);
+    else
+        larger.setPixelSize(fit.pixelSize() + 1);
+    const QSize needed = QFontMetrics(larger).size(Qt::TextSingleLine, text);
+    QVERIFY(needed.width() > 110 || needed.height() > 24);
+}
+
+void PanelTest::fontNeverShrinksBelowSix()
+{
+    QFont font(u"DejaVu Sans"_s, 12);
+    QCOMPARE(qt3::fitFont(font, u"Актуализирай"_s, {1, 1}).pointSizeF(), 6.0);
+    font.setPointSize(5);
+    QCOMPARE(qt3::fitFont(font, u"Актуализирай"_s, {1, 1}).pointSizeF(), 5.0);
+    font.setPixelSize(12);
+    QCOMPARE(qt3::fitFont(font, u"Актуализирай"_s, {1, 1}).pixelSize(), 6);
+}
+
+void PanelTest::checkBoxPaintsSmallerAndKeepsItsFont()
+{
+    QWidget parent;
+    qt3::FitCheckBox box(&parent);
+    box.setGeometry(0, 0, 110, 24);
+    box.setText(u"Актуализирай"_s);
+    parent.setFont(QFont(u"DejaVu Sans"_s, 24));
+    QCOMPARE(box.font().pointSize(), 24);
+    QVERIFY(!box.testAttribute(Qt::WA_SetFont));
+    QVERIFY(box.paintedFont().pointSizeF() < 24);
+    QVERIFY(QFontMetrics(box.paintedFont()).horizontalAdvance(box.text()) < 110);
+    painted(box);
+    QCOMPARE(box.font().pointSize(), 24);
+}
+
+void PanelTest::pushButtonPaintsSmallerAndKeepsItsFont()
+{
+    QWidget parent;
+    qt3::FitPushButton button(&parent);
+    button.setGeometry(0, 0, 50, 30);
+    button.setText(u"Търси"_s);
+    parent.setFont(QFont(u"DejaVu Sans"_s, 24));
+    QCOMPARE(button.font().pointSize(), 24);
+    QVERIFY(!button.testAttribute(Qt::WA_SetFont));
+    QVERIFY(QFontMetrics(button.paintedFont()).horizontalAdvance(button.text()) <= 42);
+    painted(button);
+    QCOMPARE(button.font().pointSize(), 24);
+}
+
+void PanelTest::paintedLabelDiffersWhenReduced()
+{
+    QFont font(u"DejaVu Sans"_s, 24);
+    QPushButton plain(u"Търси"_s);
+    qt3::FitPushButton fit;
+    fit.setText(u"Търси"_s);
+    for (QPushButton* button : {&plain, static_cast<QPushButton*>(&fit)}) {
+        button->setFont(font);
+        button->resize(50, 30);
+    }
+    QVERIFY(painted(fit) != painted(plain));
+    fit.setFont(fit.paintedFont());
+    const QImage reduced = painted(fit);
+    plain.setFont(fit.font());
+    QCOMPARE(reduced, painted(plain));
+}
+
+QTEST_MAIN(PanelTest)
+#include "panel_test.moc"
