@@ -118,11 +118,11 @@ bool inDialog(const std::function<void()>& act, const std::function<void(QWidget
 FormFixture::FormFixture()
 {
     QApplication::setDoubleClickInterval(0); // a list takes no click sooner than that after it has opened
-    ut::set_application_dirPath(m_folder.path().c_str());
+    ut::set_application_dirPath(m_folder.file("Читалня").c_str());
     qt3::MessageBox::setAnswer([this](QMessageBox& box) {
         QStringList labels;
         for (const QAbstractButton* button : box.buttons())
-            labels.append(button->text());
+            labels.append(button->text().remove(u'&'));
         m_boxes.append({box.icon(), box.windowTitle(), box.text(), labels});
     });
 }
@@ -135,7 +135,7 @@ FormFixture::~FormFixture()
 
 void FormFixture::install(const std::string& folder, const ModuleFiles& files) const
 {
-    files.write(m_folder.path() / "modules" / "bibles" / folder);
+    files.write(modulesPath() + "/" + folder);
 }
 
 void FormFixture::show() const

@@ -59,8 +59,8 @@ public:
 
     /// Puts a module into modules/bibles/<folder>.
     void install(const std::string& folder, const test_support::ModuleFiles& files) const;
-    std::string modulesPath() const { return m_folder.file("modules/bibles"); }
-    const test_support::TempFolder& folder() const { return m_folder; }
+    /// Its name has Cyrillic letters, as readers' folders do.
+    std::string modulesPath() const { return m_folder.file("Читалня/modules/bibles"); }
 
     /// Makes the window, shows it and waits until it is active.
     template <typename Form = BibleForm>
