@@ -1,0 +1,13 @@
+#include "memory_file.h"
+#include "walkers.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    constexpr std::size_t maxBytes =
+        2048; // some two hundred records, ten times what a module has; lookups are linear in them
+    if (size > maxBytes)
+        return 0;
+    const fuzz::MemoryFile file(fuzz::textOf(data, size));
+    test_support::walkDiff(file.path());
+    return 0;
+}

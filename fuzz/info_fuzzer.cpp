@@ -1,0 +1,12 @@
+#include "memory_file.h"
+#include "walkers.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    constexpr std::size_t maxBytes = 4096; // sixteen lines of the longest kind that is read
+    if (size > maxBytes)
+        return 0;
+    const fuzz::MemoryFile file(fuzz::textOf(data, size));
+    test_support::walkInfo(file.path());
+    return 0;
+}

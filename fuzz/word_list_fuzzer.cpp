@@ -1,0 +1,13 @@
+#include "memory_file.h"
+#include "walkers.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    constexpr std::size_t maxBytes =
+        8192; // two hundred lines of the longest kind that is read, thousands of short ones
+    if (size > maxBytes)
+        return 0;
+    const fuzz::MemoryFile file(fuzz::textOf(data, size));
+    test_support::walkWordList(file.path());
+    return 0;
+}
