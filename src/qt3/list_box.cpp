@@ -3,6 +3,7 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QSignalBlocker>
 
 namespace qt3 {
 
@@ -38,9 +39,10 @@ void ListBox::currentChanged(const QModelIndex& current, const QModelIndex& prev
 void ListBox::focusInEvent(QFocusEvent* event)
 {
     // Qt makes a first row current even for the mouse, before the press says which one is meant.
-    if (event->reason() == Qt::MouseFocusReason) {
-        QAbstractScrollArea::focusInEvent(event);
-        viewport()->update();
+    if (event->reason() == Qt::MouseFocusReason && currentItem() < 0 && selectionModel()) {
+        const QSignalBlocker blocker(this);
+        QListView::focusInEvent(event);
+        selectionModel()->clearCurrentIndex();
         return;
     }
     QListView::focusInEvent(event);

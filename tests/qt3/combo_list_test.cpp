@@ -1,32 +1,10 @@
 #include "combo_fixture.h"
+#include "word_model.h"
 
 #include <QAbstractItemView>
-#include <QAbstractListModel>
 #include <QStringListModel>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// 60,000 words "дума 0", "дума 1", ... made when asked for; counts how often that was.
-class WordModel : public QAbstractListModel
-{
-public:
-    static constexpr int words = 60000;
-    int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : words; }
-    QVariant data(const QModelIndex& index, int role) const override
-    {
-        ++m_asked;
-        return role == Qt::DisplayRole || role == Qt::EditRole ? QVariant(u"дума %1"_s.arg(index.row()))
-                                                               : QVariant();
-    }
-    int takeAsked() { return std::exchange(m_asked, 0); }
-
-private:
-    mutable int m_asked = 0;
-};
-
-} // namespace
 
 class ComboListTest : public QObject
 {

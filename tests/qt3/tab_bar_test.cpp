@@ -1,18 +1,14 @@
-#include "tab_bar.h"
-
-#include <QSignalSpy>
-#include <QTest>
-#include <QWheelEvent>
+#include "tab_bar_fixture.h"
 
 using namespace Qt::StringLiterals;
 
-class TabBarTest : public QObject
+class TabBarTest : public QObject, private TabBarFixture
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { start(); }
+    void cleanup() { end(); }
 
     void identifiersCountFromZeroAndAreNeverReused();
     void indicesFollowThePlaceInTheBar();
@@ -27,61 +23,12 @@ private slots:
     void removingEmitsNothing();
     void closingLeftOfTheCurrentTabMakesIndexAndIdentifierMeet();
     void emptiedBarHasNoCurrentTab();
-    void tabLeftOverIsCurrentAndAClickOnItEmitsNothing();
-    void pressOnAnotherTabEmitsBeforeTheRelease();
-    void otherButtonsSelectNothing();
-    void arrowsMoveToTheNeighbourAndDoNotWrap();
-    void clickDoesNotTakeTheFocus();
-    void wheelSwitchesNoTab();
-    void disabledTabIsSkippedAndCannotBeClicked();
     void disablingTheCurrentTabSelectsANeighbour();
     void qtsOwnIndexEndsInSelected();
     void labelStaysAsGiven();
-    void mnemonicSelects();
     void deletingTheBarEmitsNothing();
     void tabsAreAsWideAsTheirLabels();
-
-private:
-    void press(int id, Qt::MouseButton button = Qt::LeftButton)
-    {
-        QTest::mousePress(m_bar.get(), button, {}, m_bar->tabRect(m_bar->indexOf(id)).center());
-    }
-    QList<int> emitted() const
-    {
-        QList<int> ids;
-        for (const QList<QVariant>& arguments : *m_spy)
-            ids.append(arguments.at(0).toInt());
-        return ids;
-    }
-    void addThree()
-    {
-        m_bar->addTab(u"А"_s);
-        m_bar->addTab(u"Б"_s);
-        m_bar->addTab(u"В"_s);
-    }
-    void show()
-    {
-        m_bar->resize(m_bar->sizeHint());
-        m_bar->show();
-        m_bar->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(m_bar.get()));
-    }
-
-    std::unique_ptr<qt3::TabBar> m_bar;
-    std::unique_ptr<QSignalSpy> m_spy;
 };
-
-void TabBarTest::init()
-{
-    m_bar = std::make_unique<qt3::TabBar>();
-    m_spy = std::make_unique<QSignalSpy>(m_bar.get(), &qt3::TabBar::selected);
-}
-
-void TabBarTest::cleanup()
-{
-    m_bar.reset();
-    m_spy.reset();
-}
 
 void TabBarTest::identifiersCountFromZeroAndAreNeverReused()
 {
@@ -231,85 +178,6 @@ void TabBarTest::emptiedBarHasNoCurrentTab()
     QCOMPARE(emitted(), QList<int>());
 }
 
-void TabBarTest::tabLeftOverIsCurrentAndAClickOnItEmitsNothing()
-{
-    addThree();
-    m_bar->setCurrentTab(2);
-    m_bar->removeId(2);
-    m_spy->clear();
-    show();
-    press(0);
-    QCOMPARE(emitted(), QList<int>());
-    press(1);
-    QCOMPARE(emitted(), QList<int>({1}));
-}
-
-void TabBarTest::pressOnAnotherTabEmitsBeforeTheRelease()
-{
-    addThree();
-    show();
-    press(2);
-    QCOMPARE(emitted(), QList<int>({2}));
-    QTest::mouseRelease(m_bar.get(), Qt::LeftButton, {}, m_bar->tabRect(2).center());
-    QCOMPARE(emitted(), QList<int>({2}));
-}
-
-void TabBarTest::otherButtonsSelectNothing()
-{
-    addThree();
-    show();
-    press(1, Qt::RightButton);
-    press(1, Qt::MiddleButton);
-    QCOMPARE(emitted(), QList<int>());
-}
-
-void TabBarTest::arrowsMoveToTheNeighbourAndDoNotWrap()
-{
-    addThree();
-    show();
-    for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Right, Qt::Key_Right, Qt::Key_Left})
-        QTest::keyClick(m_bar.get(), key);
-    QCOMPARE(emitted(), QList<int>({1, 2, 1}));
-}
-
-void TabBarTest::clickDoesNotTakeTheFocus()
-{
-    QCOMPARE(m_bar->focusPolicy(), Qt::TabFocus);
-    addThree();
-    m_bar->setParent(nullptr);
-    show();
-    m_bar->clearFocus();
-    press(1);
-    QVERIFY(!m_bar->hasFocus());
-}
-
-void TabBarTest::wheelSwitchesNoTab()
-{
-    addThree();
-    show();
-    const QPointF centre = m_bar->rect().center();
-    QWheelEvent event(centre, m_bar->mapToGlobal(centre), {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(m_bar.get(), &event);
-    QVERIFY(!event.isAccepted());
-    QCOMPARE(m_bar->currentTab(), 0);
-}
-
-void TabBarTest::disabledTabIsSkippedAndCannotBeClicked()
-{
-    addThree();
-    m_bar->setTabEnabled(1, false);
-    show();
-    press(1);
-    QCOMPARE(emitted(), QList<int>());
-    QTest::keyClick(m_bar.get(), Qt::Key_Right);
-    QCOMPARE(emitted(), QList<int>({2}));
-    QTest::keyClick(m_bar.get(), Qt::Key_Left);
-    QCOMPARE(emitted(), QList<int>({2, 0}));
-    m_bar->setTabEnabled(1, true);
-    press(1);
-    QCOMPARE(emitted(), QList<int>({2, 0, 1}));
-}
-
 void TabBarTest::disablingTheCurrentTabSelectsANeighbour()
 {
     addThree();
@@ -331,15 +199,6 @@ void TabBarTest::labelStaysAsGiven()
     m_bar->addTab(u"Стар & &Нов"_s);
     QCOMPARE(m_bar->label(0), u"Стар & &Нов"_s);
     QCOMPARE(m_bar->tabText(0), u"Стар & &Нов"_s);
-}
-
-void TabBarTest::mnemonicSelects()
-{
-    m_bar->addTab(u"One"_s);
-    m_bar->addTab(u"&Two"_s);
-    show();
-    QTest::keyClick(m_bar.get(), Qt::Key_T, Qt::AltModifier);
-    QCOMPARE(emitted(), QList<int>({1}));
 }
 
 void TabBarTest::deletingTheBarEmitsNothing()
