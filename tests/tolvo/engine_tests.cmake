@@ -3,7 +3,9 @@ add_executable(tolvo_engine_tests
   bad_input_test.cpp
   bible_loading_test.cpp
   bible_modules_test.cpp
-  bible_test.cpp)
+  bible_search_test.cpp
+  bible_test.cpp
+  verse_run_piece_test.cpp)
 target_link_libraries(tolvo_engine_tests PRIVATE test_support kedrin_options GTest::gtest_main)
 set(tolvo_leaks_that_stay)
 if(KEDRIN_SANITIZE)

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 namespace Kedrin::Tolvo {
 
@@ -49,6 +50,17 @@ CVerseRun::CVerseRun(CBibleText& text, unsigned int firstVerseNum, unsigned int 
 
 bool CVerseRun::next()
 {
+    const std::size_t place = m_next - m_firstOffset;
+    if (m_left == 0 || m_text.m_failed || place >= m_offsets.size() || !holdsRecord(m_offsets[place]))
+        return fetchNext();
+    m_verseNum = m_next++;
+    --m_left;
+    return true;
+}
+
+/// next(), when something has to be read first.
+bool CVerseRun::fetchNext()
+{
     return ut::lets_out<std::out_of_range, std::ios_base::failure>("CBibleText::operator []()", [&] {
         if (m_left == 0)
             return false;
@@ -72,8 +84,9 @@ bool CVerseRun::next()
 unsigned int CVerseRun::offsetOf(unsigned int verseNum)
 {
     if (m_offsets.empty() || verseNum - m_firstOffset >= m_offsets.size()) {
-        m_offsets.resize(std::min<std::size_t>(std::size_t(m_left) + 1, maxOffsetsAtOnce));
-        m_offsets.resize(m_text.m_compactPoint->readRun(verseNum, m_offsets.size(), m_offsets.data()));
+        std::vector<unsigned int> offsets(std::min<std::size_t>(std::size_t(m_left) + 1, maxOffsetsAtOnce));
+        offsets.resize(m_text.m_compactPoint->readRun(verseNum, offsets.size(), offsets.data()));
+        m_offsets = std::move(offsets); // a failed read leaves what was known
         m_firstOffset = verseNum;
     }
     return m_offsets[verseNum - m_firstOffset];
@@ -129,6 +142,7 @@ void CVerseRun::load(std::uint64_t offset, std::uint64_t byteCount)
     if (m_piece.size() < wanted)
         m_piece.resize(wanted);
     m_pieceOffset = offset;
+    ++m_pieceNum;
     m_pieceCount = m_text.m_textStream.readAt(offset, m_piece.data(), wanted);
 }
 

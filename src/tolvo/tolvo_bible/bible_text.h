@@ -68,7 +68,14 @@ public:
     unsigned int verseNum() const { return m_verseNum; }
     std::string_view text() const { return m_verse; } ///< valid until next()
 
+    /// Where the bytes end that were read together with text() and follow it: those of the verses after it, when
+    /// they came with the same read.
+    const char* pieceEnd() const { return m_piece.data() + m_pieceCount; }
+    /// Counts the reads. While it stays the same, text() comes out of the same bytes at the same addresses.
+    unsigned int pieceNum() const { return m_pieceNum; }
+
 private:
+    bool fetchNext();
     unsigned int offsetOf(unsigned int verseNum);
     std::uint64_t endOf(unsigned int verseNum) const;
     bool holdsRecord(std::uint64_t offset);
@@ -88,6 +95,7 @@ private:
     std::vector<char> m_piece; ///< its first m_pieceCount bytes are the file's from m_pieceOffset on
     std::uint64_t m_pieceOffset = 0;
     std::size_t m_pieceCount = 0;
+    unsigned int m_pieceNum = 0;
 };
 
 } // namespace Kedrin::Tolvo

@@ -1,0 +1,336 @@
+// The search of one translation: which engine answers, what a hit is, what stays in the list of results.
+
+#include "module_files.h"
+#include "temp_folder.h"
+#include "thrown.h"
+#include "tolvo_bible.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace {
+
+using namespace Kedrin::Tolvo;
+using test_support::Book;
+using test_support::cp1251;
+using test_support::makeModule;
+using test_support::messageOf;
+using test_support::ModuleFiles;
+using test_support::smallModule;
+using test_support::TempFolder;
+
+using Places = std::vector<std::string>;
+
+/// "book.chapter.verse", all from 0, and the type.
+Places placesOf(const std::vector<CRef>& refs)
+{
+    Places places;
+    for (const CRef& ref : refs)
+        places.push_back(ut::format("%u.%u.%u%s", ref.bookID(), ref.chapter(), ref.verse(),
+                                    ref.isGlobal() ? "" : " not global"));
+    return places;
+}
+
+class BibleSearch : public testing::Test
+{
+protected:
+    void load(const ModuleFiles& files)
+    {
+        files.write(folder.path());
+        bible = std::make_unique<CBible>(folder.path().string());
+    }
+
+    /// A module of one book (global 4) with one chapter of these verses, in UTF-8.
+    void loadVerses(const std::vector<std::string>& verses)
+    {
+        load(makeModule("Превод", {Book{4, "Числа", {verses}}}));
+    }
+
+    Places part(const std::string& text) { return search(text, false, false); }
+    Places exactPart(const std::string& text) { return search(text, false, true); }
+    Places word(const std::string& text) { return search(text, true, false); }
+
+    /// Searches for a UTF-8 text.
+    Places search(const std::string& text, bool wholeWord, bool caseSensitive)
+    {
+        bible->search(cp1251(text), wholeWord, caseSensitive, result);
+        return placesOf(result);
+    }
+
+    TempFolder folder;
+    std::unique_ptr<CBible> bible;
+    std::vector<CRef> result = {CRef(9, 9, 9, true)}; // of a search before
+};
+
+using BibleSearchDeathTest = BibleSearch;
+
+const Places noPlaces;
+const std::string rejected = "Whole words search may be only case insensitive";
+
+TEST_F(BibleSearch, WholeWordWithCaseIsRejectedAndTheResultStays)
+{
+    load(smallModule());
+    EXPECT_EQ(messageOf<std::logic_error>([&] { bible->search("a", true, true, result); }), rejected);
+    EXPECT_EQ(placesOf(result), Places{"9.9.9"});
+    EXPECT_EQ(messageOf<std::logic_error>([&] { bible->search("", true, true, result); }), rejected);
+    EXPECT_EQ(placesOf(result), Places{"9.9.9"});
+}
+
+TEST_F(BibleSearch, RejectionIsALogicErrorOfItsOwnAndNotOutOfRange)
+{
+    load(smallModule());
+    try {
+        bible->search("a", true, true, result);
+        FAIL() << "not rejected";
+    } catch (const std::logic_error& ex) {
+        EXPECT_TRUE(typeid(ex) == typeid(std::logic_error));
+    }
+}
+
+TEST_F(BibleSearch, EveryAcceptedSearchClearsTheResult)
+{
+    load(smallModule());
+    EXPECT_EQ(part("няма"), noPlaces);
+    result.emplace_back(9, 9, 9, true);
+    EXPECT_EQ(exactPart("няма"), noPlaces);
+    result.emplace_back(9, 9, 9, true);
+    EXPECT_EQ(word("няма"), noPlaces);
+}
+
+TEST_F(BibleSearch, EmptyPartIsInEveryVerse)
+{
+    load(smallModule());
+    const Places all = {"0.0.0", "0.0.1", "0.1.0", "1.0.0"};
+    EXPECT_EQ(part(""), all);
+    EXPECT_EQ(exactPart(""), all);
+}
+
+TEST_F(BibleSearch, EmptyWordIsNoWord)
+{
+    load(smallModule());
+    EXPECT_EQ(word(""), noPlaces);
+}
+
+TEST_F(BibleSearch, EmptyWordIsFoundWhereTheListHoldsOne)
+{
+    ModuleFiles files = smallModule();
+    files.bytes["WordList.txt"] = "\r\n\xC1\xEE\xE3\r\n\xE7\xE5\xEC\xFF\r\n"; // "", "Бог", "земя"
+    load(files);
+    EXPECT_EQ(word(""), (Places{"0.0.0", "0.1.0"})); // the first entry of the concordance
+}
+
+TEST_F(BibleSearch, WordTypedInOtherCaseFindsTheSameVerses)
+{
+    loadVerses({"Словото беше у Бога", "Word and слово", "СЛОВО"});
+    EXPECT_EQ(word("слово"), (Places{"4.0.1", "4.0.2"}));
+    EXPECT_EQ(word("СЛОВО"), word("слово"));
+    EXPECT_EQ(word("сЛоВо"), word("слово"));
+    EXPECT_EQ(word("wORD"), Places{"4.0.1"});
+}
+
+TEST_F(BibleSearch, PartIsFoundInsideALongerWordAndTheWordIsNot)
+{
+    loadVerses({"Словото беше у Бога", "Бог"});
+    EXPECT_EQ(part("бог"), (Places{"4.0.0", "4.0.1"}));
+    EXPECT_EQ(word("бог"), Places{"4.0.1"});
+}
+
+TEST_F(BibleSearch, ExactPartTellsCaseAndTheOtherDoesNot)
+{
+    loadVerses({"В началото", "в Началото", "начало"});
+    EXPECT_EQ(exactPart("Начало"), Places{"4.0.1"});
+    EXPECT_EQ(exactPart("начало"), (Places{"4.0.0", "4.0.2"}));
+    EXPECT_EQ(part("НАЧАЛО"), (Places{"4.0.0", "4.0.1", "4.0.2"}));
+}
+
+TEST_F(BibleSearch, CaseOfYoIsAlwaysTold)
+{
+    loadVerses({"ёлка", "Ёлка"});
+    EXPECT_EQ(part("ёл"), Places{"4.0.0"});
+    EXPECT_EQ(part("ЁЛ"), Places{"4.0.1"});
+}
+
+TEST_F(BibleSearch, TextIsNeitherTrimmedNorSplit)
+{
+    loadVerses({"два стиха", "два  стиха", "стиха два"});
+    EXPECT_EQ(part("два стиха"), Places{"4.0.0"});
+    EXPECT_EQ(part(" два"), Places{"4.0.2"});
+    EXPECT_EQ(word("два стиха"), noPlaces);
+    EXPECT_EQ(word(" два"), noPlaces);
+    EXPECT_EQ(word("два,"), noPlaces);
+}
+
+TEST_F(BibleSearch, VerseIsFoundOnceHoweverOftenItHoldsThePart)
+{
+    loadVerses({"ааа аа а", "б"});
+    EXPECT_EQ(part("а"), Places{"4.0.0"});
+    EXPECT_EQ(exactPart("а"), Places{"4.0.0"});
+}
+
+TEST_F(BibleSearch, PartAcrossTwoVersesIsNotFound)
+{
+    loadVerses({"край", "начало"});
+    EXPECT_EQ(part("йн"), noPlaces);
+    EXPECT_EQ(part("начало"), Places{"4.0.1"});
+    EXPECT_EQ(exactPart(""), (Places{"4.0.0", "4.0.1"}));
+}
+
+// The bytes between two texts are the length of the second: 'A' and a zero byte for a verse of 65 bytes.
+TEST_F(BibleSearch, LengthBytesOfARecordAreNotText)
+{
+    loadVerses({"x", std::string(0x41, 'y'), std::string(0x4141, 'z')});
+    EXPECT_EQ(exactPart("A"), noPlaces);
+    EXPECT_EQ(part("xa"), noPlaces);
+    EXPECT_EQ(part("ay"), noPlaces);
+    EXPECT_EQ(exactPart("AAz"), noPlaces);
+}
+
+TEST_F(BibleSearch, ZeroByteEndsTextAndNeedleWhereCaseIsIgnored)
+{
+    loadVerses({std::string("a\0b", 3), "ab"});
+    bible->search("b", false, false, result);
+    EXPECT_EQ(placesOf(result), Places{"4.0.1"});
+    bible->search(std::string("a\0x", 3), false, false, result);
+    EXPECT_EQ(placesOf(result), (Places{"4.0.0", "4.0.1"}));
+    bible->search(std::string("\0x", 2), false, false, result);
+    EXPECT_EQ(result.size(), 2u); // an empty needle
+}
+
+TEST_F(BibleSearch, ZeroByteIsACharacterWhereCaseCounts)
+{
+    loadVerses({std::string("a\0b", 3), "ab"});
+    bible->search("b", false, true, result);
+    EXPECT_EQ(placesOf(result), (Places{"4.0.0", "4.0.1"}));
+    bible->search(std::string("\0b", 2), false, true, result);
+    EXPECT_EQ(placesOf(result), Places{"4.0.0"});
+}
+
+TEST_F(BibleSearch, ResultsAreGlobalReferencesInTheModulesOwnOrder)
+{
+    load(makeModule("Късни", {Book{51, "Марк", {{"аз", "ти"}, {"аз"}}}, Book{50, "Матей", {{"ти", "аз"}}}}));
+    const Places expected = {"51.0.0", "51.1.0", "50.0.1"};
+    EXPECT_EQ(part("аз"), expected);
+    EXPECT_EQ(exactPart("аз"), expected);
+    EXPECT_EQ(word("аз"), expected);
+}
+
+TEST_F(BibleSearch, ResultsFollowTheDifferencesOfNumbering)
+{
+    const Book psalms{18, "Псалми", {{"аз", "аз"}, {"аз", "аз", "аз"}, {"аз"}}};
+    load(makeModule("Превод", {psalms}, "19 2 1 1 -1"));
+    const Places expected = {"18.0.0", "18.0.1", "18.2.4294967295", "18.2.0", "18.2.1", "18.2.0"};
+    EXPECT_EQ(part("аз"), expected);
+    EXPECT_EQ(word("аз"), expected);
+}
+
+TEST_F(BibleSearch, WordGivesTheConcordanceOrderAndItsRepetitions)
+{
+    ModuleFiles files = smallModule();
+    files.bytes["Conc.bin"] = std::string("\x05\x00\x04\x00\x02\x00\x03\x00\x02\x00\x01\x00", 12);
+    files.bytes["ConcP.bin"] = std::string(12, '\0');
+    load(files);
+    EXPECT_EQ(word("бог"), (Places{"1.0.0", "0.0.1", "0.1.0", "0.0.1", "0.0.0"}));
+}
+
+TEST_F(BibleSearch, EmptyChaptersAndBooksAreCountedAsTheStructureDoes)
+{
+    // chapters of 1, 0, 2 verses; a book without verses; a book of 2 verses
+    load(makeModule("Превод", {Book{0, "Битие", {{"аз"}, {}, {"аз", "аз"}}}, Book{1, "Изход", {{}}},
+                               Book{2, "Левит", {{"аз", "аз"}}}}));
+    // the first verse after an emptiness is named by the empty place before it
+    EXPECT_EQ(part("аз"), (Places{"0.0.0", "0.1.0", "0.2.1", "1.0.0", "2.0.1"}));
+    EXPECT_EQ(word("аз"), part("аз"));
+}
+
+TEST_F(BibleSearch, VerseNumberBeyondTheModuleThrowsAndKeepsTheHitsBefore)
+{
+    ModuleFiles files = smallModule();
+    files.bytes["Conc.bin"] = std::string("\x03\x00\x01\x00\x09\x00\x02\x00", 8);
+    files.bytes["ConcP.bin"] = std::string(12, '\0');
+    load(files);
+    EXPECT_EQ(messageOf<std::out_of_range>([&] { word("бог"); }),
+              "CBibleSructure::ValidateNum(): verse number out of range");
+    EXPECT_EQ(placesOf(result), Places{"0.0.0"});
+}
+
+TEST_F(BibleSearch, VerseZeroInTheConcordanceIsBeyondTheModule)
+{
+    ModuleFiles files = smallModule();
+    files.bytes["Conc.bin"] = std::string("\x01\x00\x00\x00", 4);
+    files.bytes["ConcP.bin"] = std::string(12, '\0');
+    load(files);
+    EXPECT_EQ(messageOf<std::out_of_range>([&] { word("бог"); }),
+              "CBibleSructure::ValidateNum(): verse number out of range");
+    EXPECT_EQ(placesOf(result), noPlaces);
+}
+
+TEST_F(BibleSearch, WordThatTheConcordanceLacksThrows)
+{
+    ModuleFiles files = smallModule();
+    files.bytes["ConcP.bin"].resize(8);
+    load(files);
+    EXPECT_EQ(word("бог").size(), 2u);
+    EXPECT_EQ(messageOf<std::out_of_range>([&] { word("рече"); }),
+              "CConc::getVersesFor(): wordIndex out of range");
+    EXPECT_EQ(placesOf(result), noPlaces);
+}
+
+TEST_F(BibleSearch, EntryThatRunsPastTheConcordanceThrows)
+{
+    ModuleFiles files = smallModule();
+    files.bytes["Conc.bin"].resize(14);
+    load(files);
+    EXPECT_EQ(messageOf<std::out_of_range>([&] { word("рече"); }),
+              "CFileVector::operator [](): recordIndex out of range");
+    EXPECT_EQ(placesOf(result), noPlaces);
+}
+
+TEST_F(BibleSearch, FewerTextsThanVersesThrowsAndKeepsTheHitsBefore)
+{
+    ModuleFiles files = smallModule();
+    files.bytes["CompactPoint.bin"].resize(12);
+    load(files);
+    for (const bool caseSensitive : {false, true}) {
+        EXPECT_EQ(messageOf<std::out_of_range>([&] { search("ог", false, caseSensitive); }),
+                  "CFileVector::operator [](): recordIndex out of range");
+        EXPECT_EQ(placesOf(result), (Places{"0.0.0", "0.1.0"}));
+    }
+}
+
+TEST_F(BibleSearch, SecondSearchOfTheSameTranslationStartsAnew)
+{
+    load(smallModule());
+    EXPECT_EQ(part("рече"), part("рече"));
+    EXPECT_EQ(part("земя"), Places{"0.0.1"});
+}
+
+// Only std::logic_error may come out of a search.
+TEST_F(BibleSearchDeathTest, DamagedTextEndsTheProgram)
+{
+    ModuleFiles files = smallModule();
+    files.bytes["CompactText.bin"].resize(12);
+    load(files);
+    for (const bool caseSensitive : {false, true})
+        EXPECT_DEATH(search("а", false, caseSensitive),
+                     "CBible::search\\(\\) let out .*: CBibleText::operator \\[\\]\\(\\): I/O error");
+}
+
+TEST_F(BibleSearchDeathTest, HalfARecordInTheConcordanceEndsTheProgram)
+{
+    ModuleFiles files = smallModule();
+    files.bytes["Conc.bin"].resize(15);
+    load(files);
+    EXPECT_DEATH(word("рече"),
+                 "CConc::getVersesFor\\(\\) let out .*: CFileVector::operator \\[\\]\\(\\): IO error");
+}
+
+TEST_F(BibleSearchDeathTest, DamagedTextDoesNotMatterToAWholeWord)
+{
+    ModuleFiles files = smallModule();
+    files.bytes["CompactText.bin"].clear();
+    load(files);
+    EXPECT_EQ(word("бог"), (Places{"0.0.0", "0.1.0"}));
+}
+
+} // namespace
