@@ -3,8 +3,10 @@ add_executable(tolvo_engine_tests
   bad_input_test.cpp
   bible_loading_test.cpp
   bible_modules_test.cpp
+  bible_search_agreement_test.cpp
   bible_search_test.cpp
   bible_test.cpp
+  text_scan_test.cpp
   verse_run_piece_test.cpp)
 target_link_libraries(tolvo_engine_tests PRIVATE test_support kedrin_options GTest::gtest_main)
 set(tolvo_leaks_that_stay)
@@ -13,6 +15,15 @@ if(KEDRIN_SANITIZE)
     "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")
 endif()
 gtest_discover_tests(tolvo_engine_tests DISCOVERY_MODE PRE_TEST ${tolvo_leaks_that_stay})
+
+# The way of comparing bytes that machines without SSE2 take, on every machine.
+add_executable(tolvo_portable_scan_tests
+  text_scan_test.cpp
+  ${CMAKE_SOURCE_DIR}/src/tolvo/tolvo_bible/text_scan.cpp)
+target_compile_definitions(tolvo_portable_scan_tests PRIVATE KEDRIN_PORTABLE_SCAN)
+target_include_directories(tolvo_portable_scan_tests PRIVATE ${CMAKE_SOURCE_DIR}/src/tolvo)
+target_link_libraries(tolvo_portable_scan_tests PRIVATE base kedrin_options GTest::gtest_main)
+gtest_discover_tests(tolvo_portable_scan_tests DISCOVERY_MODE PRE_TEST TEST_PREFIX Portable.)
 
 # One header, one library: what the engine promises to other programs.
 add_executable(tolvo_third_program third_program.cpp)

@@ -109,7 +109,6 @@ private:
     void openParts(const std::string& bibleFolder, Words words);
     void searchWord(const std::string& word, std::vector<CRef>& searchResult) const;
     void searchPart(const std::string& part, bool caseSensitive, std::vector<CRef>& searchResult) const;
-    CRef globalRefOf(unsigned int localVerseNum) const;
 
     CBibleStructure* m_structure = nullptr;
     CDiff* m_diff = nullptr;

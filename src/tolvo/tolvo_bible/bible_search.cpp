@@ -4,12 +4,54 @@
 #include "tolvo_bible/bible_structure.h"
 #include "tolvo_bible/bible_text.h"
 #include "tolvo_bible/conc.h"
+#include "tolvo_bible/text_scan.h"
 #include "tolvo_bible/word_list.h"
-#include "ut_utils.h"
 
 #include <stdexcept>
 
 namespace Kedrin::Tolvo {
+
+namespace {
+
+/// Global references of verse numbers. Verses of one chapter follow each other in both numberings, so only the
+/// first one asked for in a chapter is looked up; the later ones are counted on from it.
+class CRefWalk
+{
+public:
+    CRefWalk(const CBible& bible, const CBibleStructure& structure) : m_bible(bible), m_structure(structure)
+    {}
+
+    /// @throws std::out_of_range  as CBibleStructure::toRef and CBible::toGlobal
+    CRef globalRefOf(unsigned int localVerseNum)
+    {
+        if (localVerseNum < m_firstNum || localVerseNum - m_firstNum >= m_count)
+            startAt(localVerseNum);
+        return CRef(m_first.bookID(), m_first.chapter(), m_first.verse() + (localVerseNum - m_firstNum),
+                    true);
+    }
+
+private:
+    void startAt(unsigned int localVerseNum)
+    {
+        const CRef local = m_structure.toRef(localVerseNum);
+        m_first = m_bible.toGlobal(local);
+        m_firstNum = localVerseNum;
+        m_count = 1; // of a place in an empty chapter nothing can be counted on
+        if (local.chapter() < m_structure.chaptersCount(local.bookID())) {
+            const unsigned int versesCount = m_structure.versesCount(local.bookID(), local.chapter());
+            if (local.verse() < versesCount)
+                m_count = versesCount - local.verse();
+        }
+    }
+
+    const CBible& m_bible;
+    const CBibleStructure& m_structure;
+    CRef m_first;
+    unsigned int m_firstNum = 0;
+    unsigned int m_count = 0; ///< verses from m_firstNum on that are in the same chapter
+};
+
+} // namespace
 
 void CBible::search(const std::string& searchText, bool wholeWord, bool caseSensitive,
                     std::vector<CRef>& searchResult) const
@@ -32,26 +74,21 @@ void CBible::searchWord(const std::string& word, std::vector<CRef>& searchResult
         return;
     std::vector<unsigned int> verseNums;
     m_conc->getVersesFor(static_cast<unsigned int>(wordIndex), verseNums);
+    searchResult.reserve(verseNums.size());
+    CRefWalk refs(*this, *m_structure);
     for (const unsigned int verseNum : verseNums)
-        searchResult.push_back(globalRefOf(verseNum));
+        searchResult.push_back(refs.globalRefOf(verseNum));
 }
 
 void CBible::searchPart(const std::string& part, bool caseSensitive, std::vector<CRef>& searchResult) const
 {
-    std::string verse;
+    const CTextScan scan(part, caseSensitive ? CTextScan::Case::exact : CTextScan::Case::ignored);
+    CScanAhead needle(scan, !caseSensitive);
+    CRefWalk refs(*this, *m_structure);
     CVerseRun run(*m_text, 0, m_structure->totalVersesCount());
-    while (run.next()) {
-        verse.assign(run.text());
-        const bool found = caseSensitive ? verse.find(part) != std::string::npos
-                                         : ut::cyr_stristr(verse.c_str(), part.c_str()) != nullptr;
-        if (found)
-            searchResult.push_back(globalRefOf(run.verseNum()));
-    }
-}
-
-CRef CBible::globalRefOf(unsigned int localVerseNum) const
-{
-    return toGlobal(m_structure->toRef(localVerseNum));
+    while (run.next())
+        if (needle.isIn(run.text(), run.pieceEnd(), run.pieceNum()))
+            searchResult.push_back(refs.globalRefOf(run.verseNum()));
 }
 
 } // namespace Kedrin::Tolvo

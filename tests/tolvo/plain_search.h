@@ -1,0 +1,55 @@
+#pragma once
+
+#include "tolvo_bible.h"
+
+#include <stdexcept>
+
+/// The search of a translation's text as its rule is written: one verse after another through
+/// CBibleText::operator[], each one compared by itself. Slow; every fast search must give what it gives.
+class PlainSearch
+{
+public:
+    /// The verses that the structure counts, or those before the first one that cannot be had.
+    explicit PlainSearch(const std::string& folder)
+        : m_bible(folder),
+          m_titles((folder + "/BibleTitles.txt").c_str()),
+          m_structure((folder + "/BibleStructure.csv").c_str(), m_titles.booksCount())
+    {
+        Kedrin::Tolvo::CBibleText text((folder + "/CompactText.bin").c_str(),
+                                       (folder + "/CompactPoint.bin").c_str());
+        try {
+            for (unsigned int v = 0; v < m_structure.totalVersesCount(); ++v)
+                m_verses.push_back(text[static_cast<int>(v)]);
+        } catch (const std::out_of_range&) {
+            m_complete = false;
+        }
+    }
+
+    const Kedrin::Tolvo::CBible& bible() const { return m_bible; }
+    const std::vector<std::string>& verses() const { return m_verses; }
+    /// Whether every verse that the structure counts can be had; a search of an incomplete text throws.
+    bool isComplete() const { return m_complete; }
+
+    /// Verse numbers of the hits.
+    std::vector<unsigned int> hits(const std::string& part, bool caseSensitive) const
+    {
+        std::vector<unsigned int> found;
+        for (unsigned int v = 0; v < m_verses.size(); ++v)
+            if (caseSensitive ? m_verses[v].find(part, 0) != std::string::npos
+                              : ut::cyr_stristr(m_verses[v].c_str(), part.c_str()) != nullptr)
+                found.push_back(v);
+        return found;
+    }
+
+    Kedrin::Tolvo::CRef refOf(unsigned int verseNum) const
+    {
+        return m_bible.toGlobal(m_structure.toRef(verseNum));
+    }
+
+private:
+    Kedrin::Tolvo::CBible m_bible;
+    Kedrin::Tolvo::CTitles m_titles;
+    Kedrin::Tolvo::CBibleStructure m_structure;
+    std::vector<std::string> m_verses;
+    bool m_complete = true;
+};
