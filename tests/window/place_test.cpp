@@ -1,6 +1,5 @@
 #include "chapter_view.h"
 #include "combo_box.h"
-#include "fit_check_box.h"
 #include "fit_push_button.h"
 #include "form_fixture.h"
 #include "tab_bar.h"

@@ -1,0 +1,138 @@
+#include "chapter_view.h"
+#include "combo_box.h"
+#include "fit_check_box.h"
+#include "form_fixture.h"
+#include "list_box.h"
+#include "panel_box.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QFontDialog>
+#include <QMenuBar>
+#include <QTest>
+
+using namespace window_test;
+
+namespace {
+
+void openOn(FormFixture& window)
+{
+    window.install("а", alphaModule());
+    window.open();
+}
+
+/// Opens the font dialog from the menu and answers it.
+bool inFontDialog(const FormFixture& window, const std::function<void(QFontDialog&)>& answer)
+{
+    const BibleForm& form = window.form();
+    return inDialog([&] { window.chooseInMenu(form.menuView, form.viewFont); },
+                    [&](QWidget& dialog) { answer(dynamic_cast<QFontDialog&>(dialog)); });
+}
+
+/// The application's font goes back to what it was.
+class FontKeeper
+{
+public:
+    ~FontKeeper() { QApplication::setFont(m_font); }
+
+private:
+    QFont m_font = QApplication::font();
+};
+
+} // namespace
+
+/// The font that the reader chooses.
+class FontTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void cancelledFontDialogChangesNothing();
+    void fontDialogStartsWithTheApplicationsFont();
+    void acceptedFontReachesWhatHasNoneOfItsOwn();
+    void largeFontKeepsThePanelsPlaces();
+};
+
+void FontTest::cancelledFontDialogChangesNothing()
+{
+    const FontKeeper keeper;
+    FormFixture window;
+    openOn(window);
+    const QFont before = window.form().font();
+    const QFont application = QApplication::font();
+    QVERIFY(inFontDialog(window, [](QFontDialog& dialog) {
+        dialog.setCurrentFont(QFont(QStringLiteral("DejaVu Sans"), 31));
+        dialog.reject();
+    }));
+    QCOMPARE(window.form().font(), before);
+    QCOMPARE(QApplication::font(), application);
+    QCOMPARE(window.form().textBrowser->font(), before);
+}
+
+void FontTest::fontDialogStartsWithTheApplicationsFont()
+{
+    const FontKeeper keeper;
+    FormFixture window;
+    openOn(window);
+    QFont first, second;
+    const QFont chosen(QStringLiteral("DejaVu Sans"), 18);
+    QVERIFY(inFontDialog(window, [&](QFontDialog& dialog) {
+        first = dialog.currentFont();
+        dialog.setCurrentFont(chosen);
+        dialog.accept();
+    }));
+    QVERIFY(inFontDialog(window, [&](QFontDialog& dialog) {
+        second = dialog.currentFont();
+        dialog.reject();
+    }));
+    QVERIFY(first.family() != QStringLiteral("Courier 10 Pitch"));
+    QCOMPARE(second.family(), chosen.family());
+    QCOMPARE(second.pointSize(), 18);
+}
+
+void FontTest::acceptedFontReachesWhatHasNoneOfItsOwn()
+{
+    const FontKeeper keeper;
+    FormFixture window;
+    openOn(window);
+    const BibleForm& form = window.form();
+    window.pick(form.comboVerse, 15);
+    const qreal heightBefore = form.textBrowser->document()->size().height();
+    QVERIFY(inFontDialog(window, [](QFontDialog& dialog) {
+        dialog.setCurrentFont(QFont(QStringLiteral("DejaVu Sans"), 22));
+        dialog.accept();
+    }));
+    QCoreApplication::processEvents();
+    for (const QWidget* widget :
+         {static_cast<const QWidget*>(&form), static_cast<const QWidget*>(form.textBrowser),
+          static_cast<const QWidget*>(form.groupSearch), static_cast<const QWidget*>(form.checkPartialWord),
+          static_cast<const QWidget*>(form.listSearchResults), static_cast<const QWidget*>(form.comboBook)}) {
+        QCOMPARE(widget->font().pointSize(), 22);
+        QCOMPARE(widget->font().family(), QStringLiteral("DejaVu Sans"));
+    }
+    QCOMPARE(form.menubar->font().pointSize(), 12);
+    QCOMPARE(form.menubar->font().family(), QStringLiteral("Courier 10 Pitch"));
+    QCOMPARE(QApplication::font().pointSize(), 22);
+    QVERIFY(form.textBrowser->document()->size().height() > heightBefore * 1.3);
+    QCOMPARE(window.red(), QStringLiteral("[16] Битие 1:16"));
+}
+
+void FontTest::largeFontKeepsThePanelsPlaces()
+{
+    const FontKeeper keeper;
+    FormFixture window;
+    openOn(window);
+    const BibleForm& form = window.form();
+    QVERIFY(inFontDialog(window, [](QFontDialog& dialog) {
+        dialog.setCurrentFont(QFont(QStringLiteral("DejaVu Sans"), 24));
+        dialog.accept();
+    }));
+    QCoreApplication::processEvents();
+    QVERIFY(form.groupSearch->width() >= 181); // wider only for its title
+    QCOMPARE(form.checkRedoSearch->geometry(), QRect(0, 70, 110, 24));
+    const QFontMetrics painted(form.checkRedoSearch->paintedFont());
+    QVERIFY(painted.horizontalAdvance(form.checkRedoSearch->text()) < 110);
+}
+
+QTEST_MAIN(FontTest)
+#include "font_test.moc"

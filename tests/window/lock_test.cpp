@@ -1,0 +1,145 @@
+#include "chapter_view.h"
+#include "combo_box.h"
+#include "form_fixture.h"
+
+#include <QLineEdit>
+#include <QTest>
+
+using namespace window_test;
+using test_support::makeModule;
+using test_support::ModuleFiles;
+using test_support::plainBook;
+
+namespace {
+
+/// Two chapters of five verses; the place of the last verse in the text is not told.
+ModuleFiles cutModule()
+{
+    ModuleFiles files = makeModule("Отрязан", {plainBook(0, "Битие", {5, 5})});
+    files.bytes["CompactPoint.bin"].resize(9 * 4);
+    return files;
+}
+
+/// A form whose book slot throws what is no standard exception.
+class ThrowingForm : public BibleForm
+{
+public:
+    bool throwing = false;
+    void comboBook_activated(int bookN) override
+    {
+        if (throwing)
+            throw 1;
+        BibleForm::comboBook_activated(bookN);
+    }
+};
+
+void expectErrorBox(FormFixture& window, const QString& text)
+{
+    const QList<SeenBox> boxes = window.takeBoxes();
+    QCOMPARE(boxes.size(), 1);
+    QCOMPARE(boxes.first().icon, QMessageBox::Critical);
+    QCOMPARE(boxes.first().caption, QStringLiteral("Error"));
+    QCOMPARE(boxes.first().buttons, QStringList{QStringLiteral("OK")});
+    if (!text.isNull())
+        QCOMPARE(boxes.first().text, text);
+    QVERIFY(!boxes.first().text.isEmpty());
+}
+
+/// Nothing that a reader does changes the page any more, and no second box comes.
+void expectLocked(FormFixture& window)
+{
+    const BibleForm& form = window.form();
+    const QString page = form.textBrowser->toHtml();
+    for (qt3::ComboBox* box : {form.comboVerse, form.comboChapter, form.comboBook})
+        window.pick(box, 0);
+    FormFixture::press(Qt::Key_F8);
+    window.clickTab(0);
+    QCOMPARE(form.textBrowser->toHtml(), page);
+    QVERIFY(window.takeBoxes().isEmpty());
+}
+
+} // namespace
+
+/// A rendering that failed locks the view for the rest of the run, in every window of the program: each test has a
+/// process of its own.
+class LockTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void filesThatDisagree();
+    void chapterThatTheOtherTranslationLacks();
+    void hitInABookThatTheOtherTranslationLacks();
+    void exceptionOfAnotherKind();
+    void otherWindowsAreLockedToo();
+};
+
+void LockTest::filesThatDisagree()
+{
+    FormFixture window;
+    window.install("а", cutModule());
+    const BibleForm& form = window.open();
+    QCOMPARE(window.red(), QStringLiteral("[1] Битие 1:1"));
+    const QStringList page = window.page();
+    window.pick(form.comboChapter, 1);
+    expectErrorBox(window, {});
+    QCOMPARE(window.page(), page);
+    expectLocked(window);
+}
+
+void LockTest::chapterThatTheOtherTranslationLacks()
+{
+    FormFixture window;
+    window.install("а", alphaModule());
+    window.install("б", betaModule());
+    const BibleForm& form = window.open();
+    window.pick(form.comboChapter, 29);
+    window.chooseTranslation(1);
+    expectErrorBox(window, {});
+    QCOMPARE(window.red(), QStringLiteral("[1] Битие 30:1"));
+    QCOMPARE(window.tabs(), (QStringList{QStringLiteral("Алфа"), QStringLiteral("[Бета]")}));
+    expectLocked(window);
+}
+
+void LockTest::hitInABookThatTheOtherTranslationLacks()
+{
+    FormFixture window;
+    window.install("а", alphaModule());
+    window.install("б", betaModule());
+    const BibleForm& form = window.open();
+    FormFixture::typeInto(form.comboSearchText, QStringLiteral("Рут"));
+    FormFixture::press(Qt::Key_Return);
+    QCOMPARE(window.rows().size(), 22 + 23 + 18 + 22);
+    window.chooseTranslation(1);
+    QVERIFY(window.takeBoxes().isEmpty());
+    window.clickHit(3);
+    expectErrorBox(window, QStringLiteral("CTitles::localID() called for non existing book"));
+    expectLocked(window);
+}
+
+void LockTest::exceptionOfAnotherKind()
+{
+    FormFixture window;
+    window.install("а", alphaModule());
+    auto& form = window.open<ThrowingForm>();
+    form.throwing = true;
+    form.goToRef(Kedrin::Tolvo::CRef(1, 0, 0));
+    expectErrorBox(window, QStringLiteral("Unknown error"));
+    form.throwing = false;
+    expectLocked(window);
+}
+
+void LockTest::otherWindowsAreLockedToo()
+{
+    FormFixture window;
+    window.install("а", cutModule());
+    window.pick(window.open().comboChapter, 1);
+    expectErrorBox(window, {});
+    window.closeForm();
+    const BibleForm& second = window.open();
+    QVERIFY(second.textBrowser->toPlainText().isEmpty());
+    QVERIFY(window.takeBoxes().isEmpty());
+}
+
+QTEST_MAIN(LockTest)
+#include "lock_test.moc"
