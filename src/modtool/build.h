@@ -1,0 +1,29 @@
+#pragma once
+
+#include "build_options.h"
+#include "build_report.h"
+#include "progress.h"
+#include "source_bible.h"
+
+#include <string>
+
+namespace Kedrin::ModTool {
+
+/// Reads a source: "sword:NAME" from the installed SWORD Bibles, anything else as a file of verse lines.
+/// @throws CBuildError
+SourceBible readSource(const std::string& source, CProgress& progress);
+
+/// Makes the module and puts it into its folder, and the common structure beside it. Either all of it is done, or the
+/// folder stays as it was.
+/// @param fingerprint  kept in the folder's hidden file ".source" when not empty
+/// @throws CBuildError  what prepareModule(), CModuleFolder and checkWritten() throw
+BuildReport buildModule(const SourceBible& source, const std::string& folder, const BuildOptions& options,
+                        const std::string& fingerprint, CProgress& progress);
+
+/// Writes the modules directory's BibleStructure.txt where it is missing or different.
+/// @throws CBuildError  "%s: cannot be written (%s)"
+void provideCommonStructure(const std::string& modulesDirectory);
+
+inline constexpr const char* fingerprintFileName = ".source";
+
+} // namespace Kedrin::ModTool

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+namespace Kedrin::ModTool {
+
+/// How a module is to be built. Texts are UTF-8; an empty one leaves the choice to the source.
+struct BuildOptions
+{
+    bool substitute = false;      ///< replace what Windows-1251 lacks, instead of refusing the text
+    bool refuseUnfitText = false; ///< refuse a text of which more than one letter in a hundred is lost
+    std::string fullTitle;
+    std::string shortTitle;
+    std::string abbreviatedTitle;
+    std::string versification;
+};
+
+} // namespace Kedrin::ModTool

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "diff_search.h"
+#include "text_encoder.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace Kedrin::ModTool {
+
+/// Something that happened at several places of a source.
+struct Occasions
+{
+    std::uint64_t count = 0;
+    std::string firstPlace; ///< "Gen 1:1"; "" while the count is 0
+
+    void add(const std::string& place)
+    {
+        if (count++ == 0)
+            firstPlace = place;
+    }
+};
+
+struct ReplacedKind
+{
+    char32_t from;
+    ReplacedCharacter replaced;
+    std::string firstPlace;
+};
+
+struct OmittedBook
+{
+    std::string osis;
+    std::uint64_t versesCount;
+};
+
+/// What a build did, for the user to read.
+struct BuildReport
+{
+    std::string title;  ///< UTF-8
+    std::string folder; ///< native bytes
+    std::size_t booksCount = 0;
+    std::size_t chaptersCount = 0;
+    std::size_t versesCount = 0;
+    std::size_t wordsCount = 0;
+    std::uint64_t occurrences = 0; ///< running words
+
+    std::vector<OmittedBook> omittedBooks; ///< not in the common numbering
+    Occasions emptyVerses;                 ///< kept without text, because verses follow in the chapter
+    Occasions emptyChapters;         ///< kept as one verse without text, because chapters follow in the book
+    std::uint64_t trimmedVerses = 0; ///< without text at the end of a chapter, left out
+    std::uint64_t trimmedChapters = 0; ///< without text at the end of a book, left out
+    std::uint64_t trimmedBooks = 0;    ///< without any text, left out
+    std::vector<ReplacedKind> replaced;
+
+    std::string versification;
+    bool versificationGuessed = false; ///< chosen by its verse counts
+    DiffFigures diff;
+
+    /// The report in full, lines ended by LF.
+    std::string text() const;
+};
+
+/// One kind of character in a line of a list: "U+00E6 LATIN SMALL LETTER AE".
+std::string describeCharacter(char32_t codePoint);
+
+/// "1 verse", "2 verses"
+std::string counted(std::uint64_t count, const char* singular, const char* plural);
+
+} // namespace Kedrin::ModTool

@@ -1,0 +1,215 @@
+#include "diff_search.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+constexpr unsigned int shiftedChapter = 1; ///< the only chapter index that the engine shifts
+
+/// The shifts in force for one book number.
+struct BookShifts
+{
+    Shift toGlobal; ///< of the second chapter of the global book
+    Shift toLocal;  ///< of the second chapter of the local book
+};
+
+/// What the engine makes of a place; wraps as the engine does.
+Place shifted(Place place, Shift shift)
+{
+    if (place.chapter != shiftedChapter)
+        return place;
+    return {place.chapter + static_cast<unsigned int>(shift.chapters),
+            place.verse + static_cast<unsigned int>(shift.verses)};
+}
+
+Shift between(Place from, Place to)
+{
+    return {static_cast<int>(to.chapter) - static_cast<int>(from.chapter),
+            static_cast<int>(to.verse) - static_cast<int>(from.verse)};
+}
+
+class CShiftSearch
+{
+public:
+    explicit CShiftSearch(const std::vector<VersePair>& pairs) : m_pairs(pairs)
+    {
+        for (const VersePair& pair : pairs) {
+            if (pair.local.chapter == shiftedChapter) {
+                m_affected[pair.globalBook].push_back(&pair);
+                m_toGlobal[pair.globalBook].insert(between(pair.local, pair.global));
+            }
+            if (pair.global.chapter == shiftedChapter) {
+                if (pair.local.chapter != shiftedChapter || pair.localBook != pair.globalBook)
+                    m_affected[pair.localBook].push_back(&pair);
+                m_toLocal[pair.localBook].insert(between(pair.global, pair.local));
+            }
+        }
+    }
+
+    unsigned int kept() const
+    {
+        return static_cast<unsigned int>(std::count_if(m_pairs.begin(), m_pairs.end(),
+                                                       [&](const VersePair& pair) { return keeps(pair); }));
+    }
+
+    /// One round over all book numbers; whether anything was gained.
+    bool improve()
+    {
+        bool gained = false;
+        for (const auto& [book, pairs] : m_affected)
+            gained = improveBook(book, pairs) || gained;
+        return gained;
+    }
+
+    std::vector<DiffRecord> records() const
+    {
+        std::vector<DiffRecord> all;
+        for (const auto& [book, shifts] : m_shifts) {
+            const auto records = recordsFor(book, shifts.toGlobal, shifts.toLocal);
+            all.insert(all.end(), records->begin(), records->end());
+        }
+        return all;
+    }
+
+private:
+    BookShifts shiftsOf(unsigned int book) const
+    {
+        const auto known = m_shifts.find(book);
+        return known == m_shifts.end() ? BookShifts() : known->second;
+    }
+
+    bool keeps(const VersePair& pair) const
+    {
+        return shifted(pair.local, shiftsOf(pair.globalBook).toGlobal) == pair.global &&
+               shifted(pair.global, shiftsOf(pair.localBook).toLocal) == pair.local;
+    }
+
+    bool improveBook(unsigned int book, const std::vector<const VersePair*>& pairs)
+    {
+        const auto count = [&] {
+            return std::count_if(pairs.begin(), pairs.end(),
+                                 [&](const VersePair* pair) { return keeps(*pair); });
+        };
+        BookShifts best = shiftsOf(book);
+        auto bestCount = count();
+        const auto before = bestCount;
+        for (const Shift toGlobal : candidates(m_toGlobal, book))
+            for (const Shift toLocal : candidates(m_toLocal, book)) {
+                if (!recordsFor(book, toGlobal, toLocal))
+                    continue;
+                m_shifts[book] = {toGlobal, toLocal};
+                if (const auto kept = count(); kept > bestCount) {
+                    bestCount = kept;
+                    best = {toGlobal, toLocal};
+                }
+            }
+        m_shifts[book] = best;
+        return bestCount > before;
+    }
+
+    using Candidates = std::map<unsigned int, std::set<Shift>>;
+    static std::set<Shift> candidates(const Candidates& all, unsigned int book)
+    {
+        const auto known = all.find(book);
+        std::set<Shift> shifts = known == all.end() ? std::set<Shift>() : known->second;
+        shifts.insert(Shift());
+        return shifts;
+    }
+
+    const std::vector<VersePair>& m_pairs;
+    std::map<unsigned int, std::vector<const VersePair*>> m_affected; ///< by book number, local or global
+    Candidates m_toGlobal;                                            ///< by global book number
+    Candidates m_toLocal;                                             ///< by local book number
+    std::map<unsigned int, BookShifts> m_shifts;
+};
+
+DiffRecord record(unsigned int book, int chapterIndex, int verseIndex, Shift toGlobal)
+{
+    return {book + 1, static_cast<unsigned int>(chapterIndex + 1), static_cast<unsigned int>(verseIndex + 1),
+            toGlobal.chapters, toGlobal.verses};
+}
+
+constexpr int second = static_cast<int>(shiftedChapter);
+
+/// A record whose own chapter is shifted, with the least verse that stays in range.
+DiffRecord awayRecord(unsigned int book, Shift toGlobal)
+{
+    return record(book, second, std::max(0, -toGlobal.verses), toGlobal);
+}
+
+/// A record of another chapter that leads into the second one, so that only the way back is shifted.
+DiffRecord backRecord(unsigned int book, Shift toLocal)
+{
+    return record(book, second + toLocal.chapters, std::max(0, toLocal.verses),
+                  {-toLocal.chapters, -toLocal.verses});
+}
+
+/// Both ways stay in the second chapter, so each record stands in both tables; of the entries of a table the one
+/// with the lower verse holds, of equal ones the first in the file.
+std::optional<std::vector<DiffRecord>> recordsInChapter(unsigned int book, int toGlobal, int toLocal)
+{
+    const int away = toGlobal;
+    const int back = -toLocal; // as a record says it
+    if (away == back)
+        return std::vector{awayRecord(book, {0, away})};
+    const int verse = std::max({0, -away, -back});
+    if (away > back)
+        return std::vector{record(book, second, verse, {0, away}), record(book, second, verse, {0, back})};
+    if (away < 0) // its entry for the way back lies below verse 0, which wraps to the end of the table
+        return std::vector{record(book, second, 0, {0, away}),
+                           record(book, second, std::max(1, -back), {0, back})};
+    return std::nullopt;
+}
+
+} // namespace
+
+std::optional<std::vector<DiffRecord>> recordsFor(unsigned int book, Shift toGlobal, Shift toLocal)
+{
+    if (toGlobal == Shift() && toLocal == Shift())
+        return std::vector<DiffRecord>();
+    if (toGlobal.chapters == 0 && toLocal.chapters == 0)
+        return recordsInChapter(book, toGlobal.verses, toLocal.verses);
+    if (toLocal == Shift())
+        return std::vector{awayRecord(book, toGlobal)};
+    if (toGlobal == Shift())
+        return std::vector{backRecord(book, toLocal)};
+    std::vector<DiffRecord> both;
+    if (toGlobal.chapters != 0)
+        both.push_back(awayRecord(book, toGlobal));
+    if (toLocal.chapters != 0)
+        both.push_back(backRecord(book, toLocal));
+    if (toGlobal.chapters == 0 || toLocal.chapters == 0) {
+        // The record that stays in the chapter enters both tables; a high verse keeps it behind the other one.
+        constexpr int behind = 100000;
+        const int verses = toGlobal.chapters == 0 ? toGlobal.verses : -toLocal.verses;
+        both.push_back(record(book, second, behind, {0, verses}));
+    }
+    return both;
+}
+
+std::vector<VersePair> versePairs(const std::vector<ModuleBook>& books, const CVersification& versification)
+{
+    std::vector<VersePair> pairs;
+    forEachPlace(books, [&](unsigned int book, unsigned int chapter, unsigned int verse) {
+        const Place local{chapter, verse};
+        if (const auto global = versification.toCommon(books[book], local))
+            pairs.push_back({book, local, books[book].globalID, *global});
+    });
+    return pairs;
+}
+
+std::vector<DiffRecord> chooseDiffRecords(const std::vector<VersePair>& pairs, DiffFigures& figures)
+{
+    CShiftSearch search(pairs);
+    figures.keptWithout = search.kept();
+    while (search.improve()) {
+    }
+    figures.kept = search.kept();
+    return search.records();
+}
+
+} // namespace Kedrin::ModTool

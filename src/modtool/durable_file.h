@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace Kedrin::ModTool {
+
+/// Writes a new file whole and has the disk keep it.
+/// @throws CBuildError  "%s: cannot be written (%s)"
+void writeDurably(const std::string& fileName, std::string_view content);
+
+/// Has the disk keep a folder's list of names.
+/// @throws CBuildError  "%s: cannot be written (%s)"
+void syncFolder(const std::string& folder);
+
+/// Replaces a file by another content in one step: whoever reads it sees the old or the new one. Does nothing where
+/// the content is the same.
+/// @throws CBuildError  "%s: cannot be written (%s)"
+void replaceDurably(const std::string& fileName, std::string_view content);
+
+/// The content of a small file; "" where there is none.
+std::string contentOf(const std::string& fileName);
+
+/// The folder that holds a path's last component: "." for a bare name.
+std::string folderOf(const std::string& path);
+
+} // namespace Kedrin::ModTool

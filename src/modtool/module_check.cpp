@@ -1,0 +1,116 @@
+#include "module_check.h"
+
+#include "build_error.h"
+#include "common_books.h"
+#include "cp1251.h"
+#include "escape.h"
+#include "module_layout.h"
+
+#include "text_encoder.h"
+#include "tolvo_bible.h"
+
+#include <algorithm>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+using namespace Kedrin::Tolvo;
+
+[[noreturn]] void differ(const std::string& what) { throw CBuildError(what); }
+
+void checkBooks(const std::string& folder, const ModuleData& module)
+{
+    const CTitles titles((folder + "/BibleTitles.txt").c_str());
+    if (titles.booksCount() != module.books.size())
+        differ("the number of books");
+    const CBibleStructure structure((folder + "/BibleStructure.csv").c_str(), titles.booksCount());
+    for (unsigned int book = 0; book < titles.booksCount(); ++book) {
+        const ModuleBook& wanted = module.books[book];
+        const CommonBook& common = commonBooks()[wanted.globalID];
+        if (titles.globalID(book) != wanted.globalID ||
+            titles.fullTitle(book) != ut::to_cp1251(common.fullTitle) ||
+            titles.shortTitle(book) != ut::to_cp1251(common.shortTitle) ||
+            titles.abbreviatedTitle(book) != ut::to_cp1251(common.abbreviatedTitle))
+            differ("the titles of " + wanted.osis);
+        if (structure.chaptersCount(book) != wanted.versesCount.size())
+            differ("the chapters of " + wanted.osis);
+        for (unsigned int chapter = 0; chapter < wanted.versesCount.size(); ++chapter)
+            if (structure.versesCount(book, chapter) != wanted.versesCount[chapter])
+                differ("the verses of " + wanted.osis + ' ' + std::to_string(chapter + 1));
+    }
+}
+
+void checkVerses(const std::string& folder, const ModuleData& module)
+{
+    CBibleText text((folder + "/CompactText.bin").c_str(), (folder + "/CompactPoint.bin").c_str());
+    CVerseRun run(text, 0, static_cast<unsigned int>(module.verses.size()));
+    while (run.next())
+        if (unescaped(run.text()) != module.verse(run.verseNum()))
+            differ("the text of " + placeInModule(module, run.verseNum()));
+}
+
+void checkWords(const std::string& folder, const ModuleData& module)
+{
+    const CWordList list((folder + "/WordList.txt").c_str(), (folder + "/WordPoint.bin").c_str(), true);
+    CConc concordance((folder + "/Conc.bin").c_str(), (folder + "/ConcP.bin").c_str());
+    const WordIndex& index = module.words;
+    if (list.count() != index.words.size())
+        differ("the number of words");
+    std::vector<unsigned int> verseNums;
+    for (unsigned int word = 0; word < list.count(); ++word) {
+        if (list[word] != index.words[word] || list.indexOf(index.words[word]) != static_cast<int>(word))
+            differ("the word " + toUtf8(index.words[word]));
+        concordance.getVersesFor(word, verseNums);
+        const auto begin = index.verseNums.begin() + index.firstEntry[word];
+        const auto end = index.verseNums.begin() + index.firstEntry[word + 1];
+        if (!std::equal(verseNums.begin(), verseNums.end(), begin, end))
+            differ("the verses of the word " + toUtf8(index.words[word]));
+    }
+}
+
+void checkInfo(const CBible& bible, const ModuleInfo& wanted)
+{
+    std::string copyright;
+    for (const std::string& line : wanted.copyright)
+        copyright += line + '\n';
+    const CBibleInfo& info = *bible.info();
+    if (info.fullTitle() != wanted.fullTitle || info.shortTitle() != wanted.shortTitle ||
+        info.abbreveatedTitle() != wanted.abbreviatedTitle || info.copyright() != copyright)
+        differ("the titles of the module");
+}
+
+bool isAt(const CRef& ref, unsigned int book, Place place)
+{
+    return ref.bookID() == book && ref.chapter() == place.chapter && ref.verse() == place.verse;
+}
+
+void checkPlaces(const CBible& bible, const ModuleData& module, unsigned int wanted)
+{
+    unsigned int kept = 0;
+    for (const VersePair& pair : module.places)
+        kept += isAt(bible.toGlobal(CRef(pair.localBook, pair.local.chapter, pair.local.verse, false)),
+                     pair.globalBook, pair.global) &&
+                isAt(bible.toLocal(CRef(pair.globalBook, pair.global.chapter, pair.global.verse, true)),
+                     pair.localBook, pair.local);
+    if (kept != wanted)
+        differ("the places of the verses");
+}
+
+} // namespace
+
+void checkWritten(const std::string& folder, const ModuleData& module, unsigned int kept)
+{
+    try {
+        checkBooks(folder, module);
+        checkVerses(folder, module);
+        checkWords(folder, module);
+        const CBible bible(folder);
+        checkInfo(bible, module.info);
+        checkPlaces(bible, module, kept);
+    } catch (const std::exception& ex) {
+        throw CBuildError(folder + ": the written module does not read back: " + ex.what());
+    }
+}
+
+} // namespace Kedrin::ModTool

@@ -1,0 +1,143 @@
+#include "module_folder.h"
+
+#include "build_error.h"
+#include "durable_file.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+
+namespace Kedrin::ModTool {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+[[noreturn]] void failToWrite(const std::string& name, const std::string& reason)
+{
+    throw CBuildError(name + ": cannot be written (" + reason + ')');
+}
+
+/// The path without links and without a trailing slash, so that its neighbours can be named.
+std::string plainPath(const std::string& path)
+{
+    std::error_code error;
+    fs::path plain = fs::weakly_canonical(path, error);
+    if (error)
+        failToWrite(path, error.message());
+    if (!plain.has_filename())
+        plain = plain.parent_path();
+    return plain.string();
+}
+
+void checkReplaceable(const std::string& path)
+{
+    std::error_code error;
+    const fs::file_status status = fs::status(path, error);
+    if (!fs::exists(status))
+        return;
+    if (!fs::is_directory(status))
+        throw CBuildError(path + ": is no folder");
+    if (!fs::exists(path + "/BibleTitles.txt") && !fs::is_empty(path, error))
+        throw CBuildError(path + ": is not empty and holds no module");
+}
+
+} // namespace
+
+CModuleFolder::CModuleFolder(const std::string& path) : m_path(plainPath(path)), m_parent(folderOf(m_path))
+{
+    const std::string hidden = m_parent + "/." + fs::path(m_path).filename().string();
+    m_beside = hidden + ".building";
+    m_replaced = hidden + ".replaced";
+    m_lockName = hidden + ".lock";
+    checkReplaceable(m_path);
+    std::error_code error;
+    fs::create_directories(m_parent, error);
+    if (error)
+        failToWrite(m_parent, error.message());
+    lock();
+    try {
+        removeLeftovers();
+        if (!fs::create_directory(m_beside, error))
+            failToWrite(m_beside, error.message());
+    } catch (...) {
+        ::close(m_lock);
+        throw;
+    }
+}
+
+CModuleFolder::~CModuleFolder()
+{
+    std::error_code ignored;
+    fs::remove_all(m_beside, ignored);
+    ::unlink(m_lockName.c_str()); // while it is held, so that nobody can have taken it
+    ::close(m_lock);
+}
+
+/// The holder removes the file when it is done, so a lock counts only while its file still has the name.
+void CModuleFolder::lock()
+{
+    for (;;) {
+        m_lock = ::open(m_lockName.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+        if (m_lock < 0)
+            failToWrite(m_lockName, std::strerror(errno));
+        if (::flock(m_lock, LOCK_EX | LOCK_NB) != 0) {
+            ::close(m_lock);
+            throw CFolderBusy(m_path + ": another build of this folder is running");
+        }
+        struct stat held
+        {
+        };
+        struct stat named
+        {
+        };
+        if (::fstat(m_lock, &held) == 0 && ::stat(m_lockName.c_str(), &named) == 0 &&
+            held.st_ino == named.st_ino)
+            return;
+        ::close(m_lock);
+    }
+}
+
+void CModuleFolder::removeLeftovers()
+{
+    std::error_code error;
+    if (fs::exists(m_replaced, error) && !fs::exists(m_path, error))
+        fs::rename(m_replaced, m_path, error); // interrupted in the middle of replacing
+    fs::remove_all(m_replaced, error);
+    if (!error)
+        fs::remove_all(m_beside, error);
+    if (error)
+        failToWrite(m_beside, error.message());
+}
+
+void CModuleFolder::write(std::string_view name, std::string_view content)
+{
+    writeDurably(m_beside + '/' + std::string(name), content);
+}
+
+void CModuleFolder::publish()
+{
+    syncFolder(m_beside);
+    exchange();
+    syncFolder(m_parent);
+}
+
+void CModuleFolder::exchange()
+{
+    if (::renameat2(AT_FDCWD, m_beside.c_str(), AT_FDCWD, m_path.c_str(), RENAME_EXCHANGE) == 0)
+        return; // the module of before is beside now, and goes with the destructor
+    if (errno == EINVAL && ::rename(m_path.c_str(), m_replaced.c_str()) != 0)
+        failToWrite(m_path, std::strerror(errno));
+    if (::rename(m_beside.c_str(), m_path.c_str()) != 0)
+        failToWrite(m_path, std::strerror(errno));
+    std::error_code ignored;
+    fs::remove_all(m_replaced, ignored);
+}
+
+} // namespace Kedrin::ModTool

@@ -1,0 +1,171 @@
+#include "prepare.h"
+
+#include "build_error.h"
+#include "common_books.h"
+#include "module_layout.h"
+
+#include <algorithm>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+/// Letters of Windows-1251 text.
+std::uint64_t lettersIn(std::string_view text)
+{
+    const auto isLetterByte = [](char c) {
+        const auto byte = static_cast<unsigned char>(c);
+        return (byte | 0x20u) - 'a' < 26u || byte >= 0xC0;
+    };
+    return static_cast<std::uint64_t>(std::count_if(text.begin(), text.end(), isLetterByte));
+}
+
+void refuseUnfitText(const CTextEncoder& encoder, std::string_view text)
+{
+    const std::uint64_t lost = encoder.lostLetters();
+    const std::uint64_t all = lettersIn(text) + lost;
+    if (lost * 100 > all)
+        throw CUnfitText(std::to_string(lost) + " of " + std::to_string(all) +
+                         " letters have no likeness in Windows-1251");
+}
+
+void refuseForeignCharacters(const CTextEncoder& encoder, const SourceBible& source)
+{
+    if (encoder.foreign().empty())
+        return;
+    std::string message = "the text holds characters that Windows-1251 lacks (--substitute replaces them):";
+    for (const auto& [codePoint, kind] : encoder.foreign())
+        message += "\n  " + describeCharacter(codePoint) + ", " + counted(kind.count, "time", "times") +
+                   ", first " + source.placeOf(source.verses[kind.firstPlace]);
+    throw CBuildError(message);
+}
+
+void reportReplaced(const CTextEncoder::Kinds& kinds, const SourceBible& source, BuildReport& report)
+{
+    for (const auto& [codePoint, kind] : kinds)
+        report.replaced.push_back({codePoint, kind, source.placeOf(source.verses[kind.firstPlace])});
+}
+
+/// The global number of each book of the source; the report counts what is left out.
+std::vector<std::optional<unsigned int>> globalBooks(const SourceBible& source, BuildReport& report)
+{
+    std::vector<std::uint64_t> verseCounts(source.books.size(), 0);
+    for (const SourceVerse& verse : source.verses)
+        ++verseCounts[verse.book];
+    std::vector<std::optional<unsigned int>> globals;
+    for (std::size_t book = 0; book < source.books.size(); ++book) {
+        globals.push_back(globalIDOf(source.books[book]));
+        if (!globals.back())
+            report.omittedBooks.push_back({source.books[book], verseCounts[book]});
+    }
+    if (report.omittedBooks.size() == source.books.size())
+        throw CBuildError("no book of the source is in the common numbering");
+    return globals;
+}
+
+std::string titleLine(const std::string& wanted, const std::string& offered, const char* name)
+{
+    std::string title = encodedTitle(wanted.empty() ? offered : wanted);
+    if (title.empty())
+        throw CBuildError(std::string("the ") + name + " is empty");
+    if (title.size() > maxLineBytes)
+        throw CBuildError(std::string("the ") + name + " has " + std::to_string(title.size()) + " bytes, " +
+                          std::to_string(maxLineBytes) + " are the most");
+    return title;
+}
+
+ModuleInfo moduleInfo(const SourceInfo& source, const BuildOptions& options)
+{
+    return {titleLine(options.fullTitle, source.fullTitle, "full title"),
+            titleLine(options.shortTitle, source.shortTitle, "short title"),
+            titleLine(options.abbreviatedTitle, source.abbreviatedTitle, "abbreviated title"),
+            wrappedLines(source.copyright)};
+}
+
+WordIndex indexWords(const ModuleData& module)
+{
+    CWordIndexer indexer;
+    for (unsigned int verseNum = 0; verseNum < module.verses.size(); ++verseNum)
+        indexer.add(module.verse(verseNum), verseNum);
+    if (const auto& word = indexer.longWord())
+        throw CBuildError(placeInModule(module, word->verseNum) + ": the word \"" + toUtf8(word->word) +
+                          "\" has " + std::to_string(word->word.size()) + " bytes, " +
+                          std::to_string(CWordIndexer::maxWordBytes) + " are the most");
+    return indexer.finish();
+}
+
+void chooseNumbering(ModuleData& module, const std::string& named, BuildReport& report)
+{
+    const CVersification versification =
+        named.empty() ? CVersification::bestFor(module.books) : CVersification(named);
+    report.versification = versification.name();
+    report.versificationGuessed = named.empty();
+    module.places = versePairs(module.books, versification);
+    report.diff.versesCount = static_cast<unsigned int>(module.verses.size());
+    report.diff.withoutPlace = report.diff.versesCount - static_cast<unsigned int>(module.places.size());
+    module.diff = chooseDiffRecords(module.places, report.diff);
+}
+
+void countModule(const ModuleData& module, BuildReport& report)
+{
+    report.title = toUtf8(module.info.fullTitle);
+    report.booksCount = module.books.size();
+    for (const ModuleBook& book : module.books)
+        report.chaptersCount += book.versesCount.size();
+    report.versesCount = module.verses.size();
+    report.wordsCount = module.words.words.size();
+    report.occurrences = module.words.occurrences;
+}
+
+} // namespace
+
+std::vector<std::string> wrappedLines(const std::vector<std::string>& paragraphs)
+{
+    std::vector<std::string> lines;
+    for (const std::string& paragraph : paragraphs) {
+        std::string rest = encodedTitle(paragraph);
+        while (rest.size() > maxLineBytes) {
+            const std::size_t blank = rest.rfind(' ', maxLineBytes);
+            const bool atBlank = blank != std::string::npos && blank != 0;
+            lines.push_back(rest.substr(0, atBlank ? blank : maxLineBytes));
+            rest.erase(0, atBlank ? blank + 1 : maxLineBytes);
+        }
+        lines.push_back(rest);
+    }
+    return lines;
+}
+
+ModuleData prepareModule(const SourceBible& source, const BuildOptions& options, BuildReport& report)
+{
+    ModuleData module;
+    module.info = moduleInfo(source.info, options);
+    const auto globals = globalBooks(source, report);
+
+    CTextEncoder encoder;
+    module.text.reserve(source.text.size());
+    std::vector<ModuleData::Verse> encoded(source.verses.size(), {0, 0});
+    for (std::uint32_t i = 0; i < source.verses.size(); ++i) {
+        const SourceVerse& verse = source.verses[i];
+        if (!globals[verse.book])
+            continue;
+        const std::size_t offset = module.text.size();
+        encoder.encode(source.textOf(verse), i, module.text);
+        encoded[i] = {static_cast<std::uint32_t>(offset),
+                      static_cast<std::uint32_t>(module.text.size() - offset)};
+    }
+    if (options.refuseUnfitText)
+        refuseUnfitText(encoder, module.text);
+    if (!options.substitute)
+        refuseForeignCharacters(encoder, source);
+    reportReplaced(encoder.softHyphens(), source, report);
+    reportReplaced(encoder.foreign(), source, report);
+
+    layOut(source, globals, encoded, module, report);
+    module.words = indexWords(module);
+    chooseNumbering(module, options.versification.empty() ? source.versification : options.versification,
+                    report);
+    countModule(module, report);
+    return module;
+}
+
+} // namespace Kedrin::ModTool

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Kedrin::ModTool {
+
+/// Verses and chapters count from 1 in a source. A larger number is refused: local verse numbers have 16 bits.
+inline constexpr unsigned int maxSourceNumber = 65534;
+
+/// One verse of a source.
+struct SourceVerse
+{
+    std::uint32_t book;    ///< index into SourceBible::books
+    std::uint16_t chapter; ///< from 1
+    std::uint16_t verse;   ///< from 1
+    std::uint32_t offset;  ///< its text: bytes of SourceBible::text
+    std::uint32_t byteCount;
+    std::uint32_t line; ///< line of the source file, from 1; 0 where the source has no lines
+};
+
+/// What a source says of itself, UTF-8.
+struct SourceInfo
+{
+    std::string fullTitle;
+    std::string shortTitle;
+    std::string abbreviatedTitle;
+    std::vector<std::string> copyright; ///< paragraphs of plain text
+};
+
+/// A Bible as a reader of some format gives it: valid UTF-8, otherwise as the source has it.
+struct SourceBible
+{
+    SourceInfo info;
+    std::string versification;       ///< name of the library's system; "": the source does not say
+    std::vector<std::string> books;  ///< OSIS ids, in the order of the source
+    std::string text;                ///< the texts of all verses, one after another
+    std::vector<SourceVerse> verses; ///< ascending by book, chapter and verse; no place occurs twice
+
+    std::string_view textOf(const SourceVerse& verse) const
+    {
+        return std::string_view(text).substr(verse.offset, verse.byteCount);
+    }
+
+    /// "Gen 1:1"
+    std::string placeOf(const SourceVerse& verse) const
+    {
+        return books[verse.book] + ' ' + std::to_string(verse.chapter) + ':' + std::to_string(verse.verse);
+    }
+};
+
+} // namespace Kedrin::ModTool

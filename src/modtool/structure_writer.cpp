@@ -1,0 +1,17 @@
+#include "module_files.h"
+
+namespace Kedrin::ModTool {
+
+std::string structureFile(const ModuleData& module)
+{
+    std::string content;
+    for (const ModuleBook& book : module.books) {
+        content += std::to_string(book.versesCount.size());
+        for (const unsigned int count : book.versesCount)
+            content += ' ' + std::to_string(count);
+        content += '\n';
+    }
+    return content;
+}
+
+} // namespace Kedrin::ModTool

@@ -1,0 +1,188 @@
+#include "verse_line_reader.h"
+
+#include "build_error.h"
+#include "input_file.h"
+
+#include <unicode/utf8.h>
+
+#include <algorithm>
+#include <charconv>
+#include <filesystem>
+#include <tuple>
+#include <unordered_map>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+constexpr std::uint64_t maxFileBytes = 64u << 20; // ten times the longest Bible; bounds the memory of a build
+constexpr std::size_t maxBookIdBytes = 16;
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
+std::string wholeFile(const std::string& fileName)
+{
+    ut::CInputFile file(fileName.c_str());
+    if (!file.isOpen())
+        throw CBuildError(fileName + ": cannot be opened");
+    if (file.size() > maxFileBytes)
+        throw CBuildError(fileName + ": is longer than 64 MiB");
+    std::string content(static_cast<std::size_t>(file.size()), '\0');
+    if (file.readAt(0, content.data(), content.size()) != content.size())
+        throw CBuildError(fileName + ": cannot be read");
+    return content;
+}
+
+bool isValidUtf8(std::string_view text)
+{
+    const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
+    const auto length = static_cast<std::int32_t>(text.size());
+    for (std::int32_t i = 0; i < length;) {
+        if (bytes[i] < 0x80) {
+            ++i;
+            continue;
+        }
+        UChar32 codePoint;
+        U8_NEXT(bytes, i, length, codePoint);
+        if (codePoint < 0)
+            return false;
+    }
+    return true;
+}
+
+bool isBookId(std::string_view text)
+{
+    const auto isIdByte = [](char c) {
+        return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9');
+    };
+    return !text.empty() && text.size() <= maxBookIdBytes && std::all_of(text.begin(), text.end(), isIdByte);
+}
+
+auto placeIn(const SourceVerse& verse) { return std::tuple(verse.book, verse.chapter, verse.verse); }
+
+/// A field as a message shows it: short, so that a hostile line stays a line.
+std::string quoted(std::string_view field)
+{
+    constexpr std::size_t shownBytes = 40;
+    if (field.size() <= shownBytes)
+        return '"' + std::string(field) + '"';
+    std::int32_t end = shownBytes;
+    U8_SET_CP_START(reinterpret_cast<const std::uint8_t*>(field.data()), 0, end);
+    return '"' + std::string(field.substr(0, static_cast<std::size_t>(end))) + "...\"";
+}
+
+class CParser
+{
+public:
+    explicit CParser(const std::string& fileName) : m_fileName(fileName)
+    {
+        m_bible.text = wholeFile(fileName);
+    }
+
+    SourceBible parse()
+    {
+        const std::string_view content(m_bible.text);
+        std::size_t begin = content.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
+        while (begin < content.size()) {
+            const std::size_t end = std::min(content.find('\n', begin), content.size());
+            std::string_view line = content.substr(begin, end - begin);
+            if (line.ends_with('\r'))
+                line.remove_suffix(1);
+            ++m_line;
+            if (!line.empty())
+                addLine(line);
+            begin = end + 1;
+        }
+        if (m_bible.verses.empty())
+            throw CBuildError(m_fileName + ": holds no verse");
+        sortVerses();
+        return std::move(m_bible);
+    }
+
+private:
+    [[noreturn]] void fail(const std::string& what, unsigned int line) const
+    {
+        throw CBuildError(m_fileName + ':' + std::to_string(line) + ": " + what);
+    }
+    [[noreturn]] void fail(const std::string& what) const { fail(what, m_line); }
+
+    void addLine(std::string_view line)
+    {
+        if (!isValidUtf8(line))
+            fail("not valid UTF-8");
+        const std::string_view book = field(line);
+        const std::string_view chapter = field(line);
+        const std::string_view verse = field(line);
+        if (!isBookId(book))
+            fail(quoted(book) + " is no OSIS book id");
+        m_bible.verses.push_back({bookIndex(book), number(chapter, "chapter"), number(verse, "verse"),
+                                  static_cast<std::uint32_t>(line.data() - m_bible.text.data()),
+                                  static_cast<std::uint32_t>(line.size()), m_line});
+    }
+
+    /// Cuts the first field and its tab off the line.
+    std::string_view field(std::string_view& line) const
+    {
+        const std::size_t tab = line.find('\t');
+        if (tab == std::string_view::npos)
+            fail("a line is BOOK, CHAPTER, VERSE and text with tabs between them");
+        const std::string_view first = line.substr(0, tab);
+        line.remove_prefix(tab + 1);
+        return first;
+    }
+
+    std::uint16_t number(std::string_view digits, const char* what) const
+    {
+        unsigned int value = 0;
+        const char* end = digits.data() + digits.size();
+        const auto [stop, error] = std::from_chars(digits.data(), end, value);
+        if (error != std::errc() || stop != end || value < 1 || value > maxSourceNumber)
+            fail(quoted(digits) + " is no " + what + " number from 1 to " + std::to_string(maxSourceNumber));
+        return static_cast<std::uint16_t>(value);
+    }
+
+    std::uint32_t bookIndex(std::string_view osis)
+    {
+        if (!m_bible.verses.empty() && m_bible.books[m_bible.verses.back().book] == osis)
+            return m_bible.verses.back().book;
+        const auto index = static_cast<std::uint32_t>(m_bible.books.size());
+        const auto [entry, isNew] = m_bookIndices.emplace(osis, index);
+        if (isNew)
+            m_bible.books.emplace_back(osis);
+        return entry->second;
+    }
+
+    void sortVerses()
+    {
+        auto& verses = m_bible.verses;
+        const auto before = [](const SourceVerse& a, const SourceVerse& b) {
+            return placeIn(a) < placeIn(b);
+        };
+        if (!std::is_sorted(verses.begin(), verses.end(), before))
+            std::stable_sort(verses.begin(), verses.end(), before);
+        const SourceVerse* second = nullptr; // the first line of the file that repeats another
+        for (std::size_t i = 1; i < verses.size(); ++i)
+            if (placeIn(verses[i - 1]) == placeIn(verses[i]) && (!second || verses[i].line < second->line))
+                second = &verses[i];
+        if (second)
+            fail(m_bible.placeOf(*second) + " is given twice, first in line " +
+                     std::to_string((second - 1)->line),
+                 second->line);
+    }
+
+    const std::string& m_fileName;
+    SourceBible m_bible;
+    std::unordered_map<std::string, std::uint32_t> m_bookIndices;
+    std::uint32_t m_line = 0;
+};
+
+} // namespace
+
+SourceBible readVerseLines(const std::string& fileName)
+{
+    SourceBible bible = CParser(fileName).parse();
+    bible.info.fullTitle = std::filesystem::path(fileName).stem().string();
+    bible.info.shortTitle = bible.info.abbreviatedTitle = bible.info.fullTitle;
+    return bible;
+}
+
+} // namespace Kedrin::ModTool

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "source_bible.h"
+
+#include <string>
+
+namespace Kedrin::ModTool {
+
+/// Reads a text file with a verse a line: `BOOK<TAB>CHAPTER<TAB>VERSE<TAB>text`, UTF-8 with or without a byte order
+/// mark, lines ended by LF or CR LF. BOOK is an OSIS id; books stand in the order of their first appearance, chapters
+/// and verses are sorted. Empty lines are passed over. The title is the file's name without its extension.
+/// @throws CBuildError, naming file and line:
+///     "%s: cannot be opened", "%s: is longer than 64 MiB", "%s: cannot be read", "%s: holds no verse"
+///     "%s:%u: not valid UTF-8"
+///     "%s:%u: a line is BOOK, CHAPTER, VERSE and text with tabs between them"
+///     "%s:%u: \"%s\" is no OSIS book id"
+///     "%s:%u: \"%s\" is no chapter number from 1 to 65534", the same with "verse number"
+///     "%s:%u: %s is given twice, first in line %u"
+SourceBible readVerseLines(const std::string& fileName);
+
+} // namespace Kedrin::ModTool

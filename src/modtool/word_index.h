@@ -1,0 +1,93 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace Kedrin::ModTool {
+
+/// The words of a module and the verses that hold them.
+struct WordIndex
+{
+    std::vector<std::string> words;        ///< Windows-1251, in the order of Tolvo::caseInsensitiveComp
+    std::vector<std::uint32_t> firstEntry; ///< [word], and one more: where its verses begin in `verseNums`
+    std::vector<std::uint16_t> verseNums;  ///< verse numbers from 0, ascending for each word, none twice
+    std::uint64_t occurrences = 0;         ///< running words of the text
+};
+
+/// Collects the words of a module, verse after verse. A word is a segment between Unicode word boundaries that holds
+/// a letter or a digit. Words that differ only in case, as ut::cyr_stricmp sees it, are one entry, spelt as most often
+/// in the text; of equally frequent spellings the one met first.
+class CWordIndexer
+{
+public:
+    static constexpr std::size_t maxWordBytes = 39; ///< a line of the word list has 40, its CR included
+
+    struct LongWord
+    {
+        std::string word;
+        unsigned int verseNum;
+    };
+
+    CWordIndexer();
+    ~CWordIndexer();
+
+    /// @param verse     Windows-1251, words separated by single blanks at least where blanks separate them
+    /// @param verseNum  ascending from call to call
+    void add(std::string_view verse, unsigned int verseNum);
+
+    /// The first word too long for a word list, if there is any.
+    const std::optional<LongWord>& longWord() const { return m_longWord; }
+
+    /// The index of all that was added. Call it once.
+    WordIndex finish();
+
+private:
+    struct Hash
+    {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
+    };
+    template <typename Value>
+    using Map = std::unordered_map<std::string, Value, Hash, std::equal_to<>>;
+
+    struct Spelling
+    {
+        std::string text;
+        std::uint32_t word;
+        std::uint32_t count;
+    };
+    struct Chunk ///< a text between blanks, and the words in it
+    {
+        std::uint32_t first; ///< in m_chunkSpellings
+        std::uint32_t count;
+    };
+    struct Posting
+    {
+        std::uint32_t word;
+        std::uint16_t verseNum;
+    };
+
+    void addChunk(std::string_view chunk, unsigned int verseNum);
+    Chunk segment(std::string_view chunk, unsigned int verseNum);
+    std::uint32_t spellingOf(std::string_view word);
+    std::vector<const std::string*> chosenSpellings() const;
+
+    class CBoundaries;
+    std::unique_ptr<CBoundaries> m_boundaries;
+    Map<Chunk> m_chunks;
+    std::vector<std::uint32_t> m_chunkSpellings;
+    Map<std::uint32_t> m_spellingIds;
+    std::vector<Spelling> m_spellings;      ///< in the order of their first appearance
+    Map<std::uint32_t> m_wordIds;           ///< by the folded spelling
+    std::vector<std::uint32_t> m_lastVerse; ///< [word]: the last verse that holds it, plus 1
+    std::vector<Posting> m_postings;
+    std::uint64_t m_occurrences = 0;
+    std::optional<LongWord> m_longWord;
+};
+
+} // namespace Kedrin::ModTool

@@ -1,0 +1,15 @@
+#include "module_files.h"
+
+namespace Kedrin::ModTool {
+
+FileWithPoints wordListFiles(const ModuleData& module)
+{
+    FileWithPoints files;
+    for (const std::string& word : module.words.words) {
+        appendUnsigned32(files.points, files.content.size());
+        files.content += word + "\r\n";
+    }
+    return files;
+}
+
+} // namespace Kedrin::ModTool
