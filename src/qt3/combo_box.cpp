@@ -34,7 +34,6 @@ ComboBox::ComboBox(QWidget* parent) : QComboBox(parent)
     setMinimumContentsLength(shortestContents);
 
     // Qt looks the text up on Return and when the focus leaves, and reports a choice if it is an item.
-    disconnect(edit, &QLineEdit::returnPressed, this, nullptr);
     disconnect(edit, &QLineEdit::editingFinished, this, nullptr);
     connect(edit, &QLineEdit::returnPressed, this, &ComboBox::confirmText);
     connect(edit, &ComboLineEdit::extended, this, &ComboBox::complete);

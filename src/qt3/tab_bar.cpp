@@ -10,7 +10,6 @@ TabBar::TabBar(QWidget* parent) : QTabBar(parent)
     setExpanding(false);
     setElideMode(Qt::ElideNone);
     setUsesScrollButtons(true);
-    setFocusPolicy(Qt::TabFocus);
     connect(this, &QTabBar::currentChanged, this, [this](int index) {
         if (idAt(index) >= 0)
             makeCurrent(idAt(index));

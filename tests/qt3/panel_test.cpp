@@ -46,10 +46,15 @@ private slots:
     void fontThatFitsStays();
     void fontShrinksUntilTheTextFits_data();
     void fontShrinksUntilTheTextFits();
+    void fontShrinksUntilTheTextIsLowEnough();
     void fontNeverShrinksBelowSix();
     void checkBoxPaintsSmallerAndKeepsItsFont();
     void pushButtonPaintsSmallerAndKeepsItsFont();
-    void paintedLabelDiffersWhenReduced();
+    void paintedLabelIsThatOfTheReducedFont();
+
+private:
+    template <typename Fit, typename Plain>
+    void compareWithPlain(QSize size);
 };
 
 void PanelTest::hintGoesRoundTheChildren()
@@ -135,6 +140,13 @@ void PanelTest::fontShrinksUntilTheTextFits()
     QVERIFY(needed.width() > 110 || needed.height() > 24);
 }
 
+void PanelTest::fontShrinksUntilTheTextIsLowEnough()
+{
+    const QFont fit = qt3::fitFont(QFont(u"DejaVu Sans"_s, 24), u"x"_s, {500, 20});
+    QVERIFY(QFontMetrics(fit).height() <= 20);
+    QVERIFY(fit.pointSizeF() > 6);
+}
+
 void PanelTest::fontNeverShrinksBelowSix()
 {
     QFont font(u"DejaVu Sans"_s, 12);
@@ -174,21 +186,25 @@ void PanelTest::pushButtonPaintsSmallerAndKeepsItsFont()
     QCOMPARE(button.font().pointSize(), 24);
 }
 
-void PanelTest::paintedLabelDiffersWhenReduced()
+template <typename Fit, typename Plain>
+void PanelTest::compareWithPlain(QSize size)
 {
-    QFont font(u"DejaVu Sans"_s, 24);
-    QPushButton plain(u"Търси"_s);
-    qt3::FitPushButton fit;
-    fit.setText(u"Търси"_s);
-    for (QPushButton* button : {&plain, static_cast<QPushButton*>(&fit)}) {
-        button->setFont(font);
-        button->resize(50, 30);
-    }
-    QVERIFY(painted(fit) != painted(plain));
-    fit.setFont(fit.paintedFont());
-    const QImage reduced = painted(fit);
+    const QString text = u"Актуализирай"_s;
+    Fit fit(text);
+    fit.setFont(QFont(u"DejaVu Sans"_s, 24));
+    fit.resize(size);
+    Plain plain(text);
     plain.setFont(fit.font());
-    QCOMPARE(reduced, painted(plain));
+    plain.resize(size);
+    QVERIFY(painted(fit) != painted(plain));
+    plain.setFont(fit.paintedFont());
+    QCOMPARE(painted(fit), painted(plain));
+}
+
+void PanelTest::paintedLabelIsThatOfTheReducedFont()
+{
+    compareWithPlain<qt3::FitPushButton, QPushButton>({110, 30});
+    compareWithPlain<qt3::FitCheckBox, QCheckBox>({110, 24});
 }
 
 QTEST_MAIN(PanelTest)
