@@ -38,15 +38,13 @@ public:
     explicit CShiftSearch(const std::vector<VersePair>& pairs) : m_pairs(pairs)
     {
         for (const VersePair& pair : pairs) {
-            if (pair.local.chapter == shiftedChapter) {
-                m_affected[pair.globalBook].push_back(&pair);
+            m_localBooks[pair.globalBook] = pair.localBook;
+            if (pair.local.chapter == shiftedChapter)
                 m_toGlobal[pair.globalBook].insert(between(pair.local, pair.global));
-            }
-            if (pair.global.chapter == shiftedChapter) {
-                if (pair.local.chapter != shiftedChapter || pair.localBook != pair.globalBook)
-                    m_affected[pair.localBook].push_back(&pair);
+            if (pair.global.chapter == shiftedChapter)
                 m_toLocal[pair.localBook].insert(between(pair.global, pair.local));
-            }
+            if (pair.local.chapter == shiftedChapter || pair.global.chapter == shiftedChapter)
+                m_affected.push_back(&pair);
         }
     }
 
@@ -56,12 +54,12 @@ public:
                                                        [&](const VersePair& pair) { return keeps(pair); }));
     }
 
-    /// One round over all book numbers; whether anything was gained.
+    /// One round over all books; whether anything was gained.
     bool improve()
     {
         bool gained = false;
-        for (const auto& [book, pairs] : m_affected)
-            gained = improveBook(book, pairs) || gained;
+        for (const auto& [globalBook, localBook] : m_localBooks)
+            gained = improveBook(globalBook, localBook) || gained;
         return gained;
     }
 
@@ -88,26 +86,35 @@ private:
                shifted(pair.global, shiftsOf(pair.localBook).toLocal) == pair.local;
     }
 
-    bool improveBook(unsigned int book, const std::vector<const VersePair*>& pairs)
+    bool canBeWritten(unsigned int book) const
+    {
+        const BookShifts shifts = shiftsOf(book);
+        return recordsFor(book, shifts.toGlobal, shifts.toLocal).has_value();
+    }
+
+    /// Chooses both shifts of one book together, for a verse is kept only when both are right. They belong to two
+    /// numbers, and each number's other shift to another book.
+    bool improveBook(unsigned int globalBook, unsigned int localBook)
     {
         const auto count = [&] {
-            return std::count_if(pairs.begin(), pairs.end(),
+            return std::count_if(m_affected.begin(), m_affected.end(),
                                  [&](const VersePair* pair) { return keeps(*pair); });
         };
-        BookShifts best = shiftsOf(book);
+        auto best = m_shifts;
         auto bestCount = count();
         const auto before = bestCount;
-        for (const Shift toGlobal : candidates(m_toGlobal, book))
-            for (const Shift toLocal : candidates(m_toLocal, book)) {
-                if (!recordsFor(book, toGlobal, toLocal))
+        for (const Shift toGlobal : candidates(m_toGlobal, globalBook))
+            for (const Shift toLocal : candidates(m_toLocal, localBook)) {
+                m_shifts[globalBook].toGlobal = toGlobal;
+                m_shifts[localBook].toLocal = toLocal;
+                if (!canBeWritten(globalBook) || !canBeWritten(localBook))
                     continue;
-                m_shifts[book] = {toGlobal, toLocal};
                 if (const auto kept = count(); kept > bestCount) {
                     bestCount = kept;
-                    best = {toGlobal, toLocal};
+                    best = m_shifts;
                 }
             }
-        m_shifts[book] = best;
+        m_shifts = best;
         return bestCount > before;
     }
 
@@ -121,10 +128,11 @@ private:
     }
 
     const std::vector<VersePair>& m_pairs;
-    std::map<unsigned int, std::vector<const VersePair*>> m_affected; ///< by book number, local or global
-    Candidates m_toGlobal;                                            ///< by global book number
-    Candidates m_toLocal;                                             ///< by local book number
-    std::map<unsigned int, BookShifts> m_shifts;
+    std::map<unsigned int, unsigned int> m_localBooks; ///< by global book number
+    std::vector<const VersePair*> m_affected;          ///< those that a shift can move
+    Candidates m_toGlobal;                             ///< by global book number
+    Candidates m_toLocal;                              ///< by local book number
+    std::map<unsigned int, BookShifts> m_shifts;       ///< by book number, local or global
 };
 
 DiffRecord record(unsigned int book, int chapterIndex, int verseIndex, Shift toGlobal)

@@ -23,8 +23,8 @@ std::vector<VersePair> versePairs(const std::vector<ModuleBook>& books, const CV
 /// Chooses the records of _Diff_.txt with which as many verses as possible keep their place both ways.
 ///
 /// The engine shifts only the second chapter of a book, all its verses alike, and compares a record's book number with
-/// global numbers on the way to the common numbering and with local numbers on the way back. So for each number the
-/// two shifts are chosen together, numbers one after another, until no choice keeps more verses. A choice is taken
+/// global numbers on the way to the common numbering and with local numbers on the way back. For each book the two
+/// shifts are chosen together, books one after another, until no choice keeps more verses. A choice is taken
 /// only when it keeps more; where nothing can be gained, there is no record.
 /// @param figures  its `kept` and `keptWithout` are set
 std::vector<DiffRecord> chooseDiffRecords(const std::vector<VersePair>& pairs, DiffFigures& figures);

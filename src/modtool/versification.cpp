@@ -66,8 +66,8 @@ unsigned int CVersification::agreement(const std::vector<ModuleBook>& books) con
     const System& system = asSystem(m_system);
     unsigned int count = 0;
     for (const ModuleBook& book : books) {
-        const int number = system.getBookNumberByOSISName(book.osis.c_str());
-        const auto* known = number < 0 ? nullptr : system.getBook(number);
+        const int number = system.getBookNumberByOSISName(book.osis.c_str()); // from 1, unlike getBook's
+        const auto* known = number < 1 ? nullptr : system.getBook(number - 1);
         if (!known)
             continue;
         for (unsigned int chapter = 0; chapter < book.versesCount.size(); ++chapter)
@@ -87,7 +87,9 @@ std::optional<Place> CVersification::toCommon(const ModuleBook& book, Place plac
     int chapter = static_cast<int>(place.chapter) + 1;
     int verse = static_cast<int>(place.verse) + 1;
     int lastVerse = verse;
-    if (common && m_system != common)
+    // the library must not be asked for a book that its system lacks
+    const bool known = asSystem(m_system).getBookNumberByOSISName(osis) > 0;
+    if (common && m_system != common && known)
         asSystem(m_system).translateVerse(common, &osis, &chapter, &verse, &lastVerse);
     const auto& verseCounts = commonBooks()[book.globalID].verseCounts;
     if (book.osis != osis || chapter < 1 || chapter > static_cast<int>(verseCounts.size()) || verse < 1 ||
