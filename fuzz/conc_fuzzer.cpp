@@ -1,4 +1,4 @@
-#include "memory_file.h"
+#include "input.h"
 #include "walkers.h"
 
 // The first of the two files is the index, the second holds the entries. An odd last byte of the entries is left

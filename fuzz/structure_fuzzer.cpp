@@ -1,4 +1,4 @@
-#include "memory_file.h"
+#include "input.h"
 #include "walkers.h"
 
 // The first byte, less '0', says how many books to read; the file begins after it.

@@ -1,4 +1,4 @@
-#include "memory_file.h"
+#include "input.h"
 #include "walkers.h"
 
 // Numbers and lines, which all text files of a module are read by.

@@ -1,4 +1,4 @@
-#include "memory_file.h"
+#include "input.h"
 #include "walkers.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)

@@ -4,6 +4,7 @@
 
 #include <iconv.h>
 
+#include <cstdint>
 #include <optional>
 
 namespace {
@@ -23,7 +24,7 @@ public:
     SystemTable(const SystemTable&) = delete;
     SystemTable& operator=(const SystemTable&) = delete;
 
-    bool isUsable() const { return m_descriptor != reinterpret_cast<iconv_t>(-1); }
+    bool isUsable() const { return reinterpret_cast<std::intptr_t>(m_descriptor) != -1; }
 
     std::optional<char16_t> codePointOf(char byte) const
     {

@@ -142,14 +142,16 @@ TEST(FileVector, TheReferenceIsToTheBufferedRecord)
 TEST(FileVector, WhatCannotBeOpenedIsNamed)
 {
     const TempFolder folder;
-    for (const auto& [defect, path] : test_support::unopenableFiles(folder)) {
-        const std::string text = "CFileVector::CFileVector(): cannot open file " + path;
-        EXPECT_EQ(messageOf<std::ios_base::failure>([&] { ut::CFileVector<unsigned int> v(path.c_str()); }),
-                  text)
-            << defect;
-        EXPECT_EQ(messageOf<std::ios_base::failure>([&] { ut::CFileVector<unsigned short> v(path.c_str()); }),
-                  text)
-            << defect;
+    for (const auto& bad : test_support::unopenableFiles(folder)) {
+        const std::string text = "CFileVector::CFileVector(): cannot open file " + bad.path;
+        EXPECT_EQ(
+            messageOf<std::ios_base::failure>([&] { ut::CFileVector<unsigned int> v(bad.path.c_str()); }),
+            text)
+            << bad.defect;
+        EXPECT_EQ(
+            messageOf<std::ios_base::failure>([&] { ut::CFileVector<unsigned short> v(bad.path.c_str()); }),
+            text)
+            << bad.defect;
     }
 }
 

@@ -55,11 +55,11 @@ TEST(InputFile, AnEmptyFileOpens)
 TEST(InputFile, WhatIsNoReadableFileDoesNotOpen)
 {
     const TempFolder folder;
-    for (const auto& [defect, path] : test_support::unopenableFiles(folder)) {
-        ut::CInputFile file(path.c_str());
-        EXPECT_FALSE(file.isOpen()) << defect;
-        EXPECT_EQ(file.size(), 0u) << defect;
-        EXPECT_EQ(readAt(file, 0, 1), "") << defect;
+    for (const auto& bad : test_support::unopenableFiles(folder)) {
+        ut::CInputFile file(bad.path.c_str());
+        EXPECT_FALSE(file.isOpen()) << bad.defect;
+        EXPECT_EQ(file.size(), 0u) << bad.defect;
+        EXPECT_EQ(readAt(file, 0, 1), "") << bad.defect;
     }
 }
 
@@ -126,8 +126,8 @@ TEST(TextFile, CannotBeWhatIsNoReadableFile)
 {
     const TempFolder folder;
     std::string content;
-    for (const auto& [defect, path] : test_support::unopenableFiles(folder))
-        EXPECT_FALSE(ut::read_text_file(path.c_str(), content)) << defect;
+    for (const auto& bad : test_support::unopenableFiles(folder))
+        EXPECT_FALSE(ut::read_text_file(bad.path.c_str(), content)) << bad.defect;
 }
 
 TEST(TextFile, ThatCannotBeReadToItsEndIsRefused)

@@ -4,6 +4,9 @@ namespace {
 
 using namespace std::string_literals;
 
+/// What stands for `count` missing bytes.
+std::string blanks(std::size_t count) { return std::string(count * 3, ' '); }
+
 using LogDump = LogFile;
 
 TEST_F(LogDump, HexOfTwentyBytesIsAFullLineAndAPaddedOne)
@@ -14,7 +17,7 @@ TEST_F(LogDump, HexOfTwentyBytesIsAFullLineAndAPaddedOne)
     EXPECT_EQ(written(), "\nTitle\n"
                          "30 31 32 33 34 35 36 37 38 39 41 42 43 44 45 46   0123456789ABCDEF\n"
                          "01 FF 79 7A " +
-                             std::string(12 * 3, ' ') + "  \x01\xFFyz\n");
+                             blanks(12) + "  \x01\xFFyz\n");
 }
 
 TEST_F(LogDump, HexOfSixteenBytesIsFollowedByAnEmptyLine)
@@ -37,7 +40,7 @@ TEST_F(LogDump, SpecialBytesShowAsDotsAndOtherControlsRaw)
     Log log = made(false, ILog::eachTime);
     std::string bytes = "\0\r\n\t\a\x1B\b\x7F"s;
     log.dump(bytes.data(), bytes.size(), ILog::hex, "unused", "T");
-    EXPECT_EQ(written(), "\nT\n00 0D 0A 09 07 1B 08 7F " + std::string(8 * 3, ' ') + "  .....\x1B\b\x7F\n");
+    EXPECT_EQ(written(), "\nT\n00 0D 0A 09 07 1B 08 7F " + blanks(8) + "  .....\x1B\b\x7F\n");
 }
 
 TEST_F(LogDump, TextIsTheBytesWithoutCarriageReturns)
@@ -53,7 +56,7 @@ TEST_F(LogDump, TextComesBeforeHex)
     Log log = made(false, ILog::eachTime);
     std::string bytes = "x";
     log.dump(bytes.data(), 1, ILog::hex | ILog::text, "t", "h");
-    EXPECT_EQ(written(), "\nt\nx\n\nh\n78 " + std::string(15 * 3, ' ') + "  x\n");
+    EXPECT_EQ(written(), "\nt\nx\n\nh\n78 " + blanks(15) + "  x\n");
 }
 
 TEST_F(LogDump, WithoutABitNothingIsWritten)

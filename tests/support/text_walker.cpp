@@ -73,7 +73,8 @@ void checkRun(const std::string& textPath, const std::string& pointPath,
 
 std::string plainVerse(const std::string& textBytes, const std::string& pointBytes, unsigned int verseNum)
 {
-    const std::size_t point = verseNum * 4u; // in 32 bits
+    const unsigned int wrapped = verseNum * 4u; // offsets are 32-bit numbers
+    const std::size_t point = wrapped;
     if (point >= pointBytes.size())
         return "CFileVector::operator [](): recordIndex out of range";
     if (point + 4 > pointBytes.size())

@@ -95,7 +95,7 @@ void checkTitles(const CTitles& titles)
 std::string walkStructure(const std::string& path, unsigned int booksCount)
 {
     std::unique_ptr<CBibleStructure> structure;
-    const std::string refusal =
+    std::string refusal =
         refusalOf([&] { structure = std::make_unique<CBibleStructure>(path.c_str(), booksCount); });
     if (structure != nullptr) {
         require(structure->booksCount() == booksCount, "as many books as asked for");
@@ -107,7 +107,7 @@ std::string walkStructure(const std::string& path, unsigned int booksCount)
 std::string walkTitles(const std::string& path)
 {
     std::unique_ptr<CTitles> titles;
-    const std::string refusal = refusalOf([&] { titles = std::make_unique<CTitles>(path.c_str()); });
+    std::string refusal = refusalOf([&] { titles = std::make_unique<CTitles>(path.c_str()); });
     if (titles != nullptr)
         checkTitles(*titles);
     return refusal;
@@ -116,7 +116,7 @@ std::string walkTitles(const std::string& path)
 std::string walkDiff(const std::string& path)
 {
     std::unique_ptr<CDiff> diff;
-    const std::string refusal = refusalOf([&] { diff = std::make_unique<CDiff>(path.c_str()); });
+    std::string refusal = refusalOf([&] { diff = std::make_unique<CDiff>(path.c_str()); });
     for (unsigned int book = 0; diff != nullptr && book < 80; ++book) {
         for (unsigned int chapter = 0; chapter < 3; ++chapter) {
             const CRef ref(book, chapter, 5);
@@ -135,8 +135,7 @@ std::string walkDiff(const std::string& path)
 std::string walkWordList(const std::string& path)
 {
     std::unique_ptr<CWordList> words;
-    const std::string refusal =
-        refusalOf([&] { words = std::make_unique<CWordList>(path.c_str(), "", true); });
+    std::string refusal = refusalOf([&] { words = std::make_unique<CWordList>(path.c_str(), "", true); });
     if (words == nullptr)
         return refusal;
     for (unsigned int word = 0; word < words->count(); ++word) {
@@ -155,7 +154,7 @@ std::string walkWordList(const std::string& path)
 std::string walkConc(const std::string& concPath, const std::string& concPointPath)
 {
     std::unique_ptr<CConc> conc;
-    const std::string refusal =
+    std::string refusal =
         refusalOf([&] { conc = std::make_unique<CConc>(concPath.c_str(), concPointPath.c_str()); });
     const auto words = static_cast<unsigned int>(bytesOf(concPointPath).size() / 4);
     std::vector<unsigned int> verses;

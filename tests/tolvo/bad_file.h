@@ -1,12 +1,12 @@
 #pragma once
 
+#include "memory_file.h"
 #include "spoiled.h"
 #include "thrown.h"
 #include "walkers.h"
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <set>
 
 namespace test_support {
@@ -17,11 +17,9 @@ namespace test_support {
 template <typename Walk>
 void walkSpoiled(const std::string& sound, const std::set<std::string>& refusals, Walk walk)
 {
-    const TempFolder folder;
-    const std::string path = folder.file("spoiled");
     const auto read = [&](const std::string& bytes) {
-        std::filesystem::remove(path); // file systems may sync a file that is cut and written again
-        folder.write("spoiled", bytes);
+        const MemoryFile file(bytes);
+        const std::string path = file.path();
         std::string refusal;
         EXPECT_NO_THROW(refusal = walk(path)) << testing::PrintToString(bytes);
         EXPECT_TRUE(refusal.empty() || (refusal.ends_with(path) &&

@@ -26,8 +26,9 @@ std::string summaryOf(const std::string& text) { return summaryOf(made(text)); }
 TEST(Info, WithoutAFileEveryTitleIsTheFoldersName)
 {
     const TempFolder folder;
-    for (const auto& [defect, path] : test_support::unopenableFiles(folder))
-        EXPECT_EQ(summaryOf(CBibleInfo(path.c_str(), "transl2")), "[transl2][transl2][transl2][]") << defect;
+    for (const auto& bad : test_support::unopenableFiles(folder))
+        EXPECT_EQ(summaryOf(CBibleInfo(bad.path.c_str(), "transl2")), "[transl2][transl2][transl2][]")
+            << bad.defect;
 }
 
 TEST(Info, ThreeLinesAreTheTitles)

@@ -238,10 +238,10 @@ TEST(StructureFile, WithMoreVersesThan32BitsCountIsRefused)
 TEST(StructureFile, ThatCannotBeOpenedIsNamed)
 {
     const TempFolder folder;
-    for (const auto& [defect, path] : test_support::unopenableFiles(folder))
-        EXPECT_EQ(messageOf<std::ios_base::failure>([&] { CBibleStructure(path.c_str(), 1); }),
-                  opening + path)
-            << defect;
+    for (const auto& bad : test_support::unopenableFiles(folder))
+        EXPECT_EQ(messageOf<std::ios_base::failure>([&] { CBibleStructure(bad.path.c_str(), 1); }),
+                  opening + bad.path)
+            << bad.defect;
 }
 
 TEST(StructureFile, SpoiledAnywhereItIsReadOrRefused)

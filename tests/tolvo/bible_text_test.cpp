@@ -124,8 +124,7 @@ TEST(Text, AfterAnOutOfRangeItGoesOn)
 
 TEST(Text, APointFileThatEndsInsideARecordFailsForGood)
 {
-    VerseFiles files(abc, {0});
-    files.reopenWithPointBytes(std::string(7, '\0'));
+    VerseFiles files(abc, {0}, std::string(3, '\0'));
     EXPECT_EQ(files.text[0], "abc");
     EXPECT_EQ(files.readError(1), pointError);
     EXPECT_EQ(files.readError(0), pointError);
@@ -164,13 +163,13 @@ TEST(TextFiles, EitherThatCannotBeOpenedIsNamed)
 {
     const TempFolder folder;
     const std::string sound = folder.write("sound", std::string(4, '\0'));
-    for (const auto& [defect, path] : test_support::unopenableFiles(folder)) {
-        EXPECT_EQ(messageOf<std::ios_base::failure>([&] { CBibleText(path.c_str(), sound.c_str()); }),
-                  "CBibleText::CBibleText(): error opening file " + path)
-            << defect;
-        EXPECT_EQ(messageOf<std::ios_base::failure>([&] { CBibleText(sound.c_str(), path.c_str()); }),
-                  "CFileVector::CFileVector(): cannot open file " + path)
-            << defect;
+    for (const auto& bad : test_support::unopenableFiles(folder)) {
+        EXPECT_EQ(messageOf<std::ios_base::failure>([&] { CBibleText(bad.path.c_str(), sound.c_str()); }),
+                  "CBibleText::CBibleText(): error opening file " + bad.path)
+            << bad.defect;
+        EXPECT_EQ(messageOf<std::ios_base::failure>([&] { CBibleText(sound.c_str(), bad.path.c_str()); }),
+                  "CFileVector::CFileVector(): cannot open file " + bad.path)
+            << bad.defect;
     }
 }
 

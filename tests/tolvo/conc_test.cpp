@@ -197,12 +197,12 @@ TEST(ConcFile, EitherThatCannotBeOpenedIsNamed)
 {
     const TempFolder folder;
     const std::string sound = folder.write("sound", longs({0}));
-    for (const auto& [defect, path] : test_support::unopenableFiles(folder)) {
-        const std::string text = "CFileVector::CFileVector(): cannot open file " + path;
-        EXPECT_EQ(messageOf<std::ios_base::failure>([&] { CConc(path.c_str(), sound.c_str()); }), text)
-            << defect;
-        EXPECT_EQ(messageOf<std::ios_base::failure>([&] { CConc(sound.c_str(), path.c_str()); }), text)
-            << defect;
+    for (const auto& bad : test_support::unopenableFiles(folder)) {
+        const std::string text = "CFileVector::CFileVector(): cannot open file " + bad.path;
+        EXPECT_EQ(messageOf<std::ios_base::failure>([&] { CConc(bad.path.c_str(), sound.c_str()); }), text)
+            << bad.defect;
+        EXPECT_EQ(messageOf<std::ios_base::failure>([&] { CConc(sound.c_str(), bad.path.c_str()); }), text)
+            << bad.defect;
     }
 }
 

@@ -166,10 +166,10 @@ TEST(DiffFile, NumbersAtTheirBoundsWrap)
 TEST(DiffFile, ThatCannotBeOpenedIsNamed)
 {
     const TempFolder folder;
-    for (const auto& [defect, path] : test_support::unopenableFiles(folder))
-        EXPECT_EQ(messageOf<std::ios_base::failure>([&] { CDiff diff(path.c_str()); }),
-                  "CDiff::CDiff(): error opening file " + path)
-            << defect;
+    for (const auto& bad : test_support::unopenableFiles(folder))
+        EXPECT_EQ(messageOf<std::ios_base::failure>([&] { CDiff diff(bad.path.c_str()); }),
+                  "CDiff::CDiff(): error opening file " + bad.path)
+            << bad.defect;
 }
 
 TEST(DiffFile, SpoiledAnywhereItIsRead)

@@ -192,9 +192,10 @@ TEST(TitlesFile, WithFewerGlobalNumbersThanBooksIsRefused)
 TEST(TitlesFile, ThatCannotBeOpenedIsNamed)
 {
     const TempFolder folder;
-    for (const auto& [defect, path] : test_support::unopenableFiles(folder))
-        EXPECT_EQ(messageOf<std::ios_base::failure>([&] { CTitles titles(path.c_str()); }), opening + path)
-            << defect;
+    for (const auto& bad : test_support::unopenableFiles(folder))
+        EXPECT_EQ(messageOf<std::ios_base::failure>([&] { CTitles titles(bad.path.c_str()); }),
+                  opening + bad.path)
+            << bad.defect;
 }
 
 TEST(TitlesFile, SpoiledAnywhereItIsReadOrRefused)

@@ -1,35 +1,40 @@
 #pragma once
 
-#include "temp_folder.h"
+#include "memory_file.h"
 #include "thrown.h"
 #include "tolvo_bible/bible_text.h"
 
-#include <filesystem>
 #include <ios>
-#include <optional>
 #include <stdexcept>
+#include <string>
 #include <vector>
 
 namespace test_support {
+
+/// The bytes of a pointer file: each place in four bytes, the low one first.
+inline std::string recordsOf(const std::vector<unsigned int>& places)
+{
+    std::string bytes;
+    for (const unsigned int place : places)
+        for (unsigned int shift = 0; shift < 32; shift += 8)
+            bytes.push_back(static_cast<char>(place >> shift));
+    return bytes;
+}
 
 /// The two files of a text, made of the bytes and places given, and their reader.
 class VerseFiles
 {
 public:
-    VerseFiles(const std::string& textBytes, const std::vector<unsigned int>& places)
-        : m_textPath(m_folder.write("CompactText.bin", textBytes)),
-          m_pointPath(m_folder.write("CompactPoint.bin", recordsOf(places))),
-          m_reader(std::in_place, m_textPath.c_str(), m_pointPath.c_str()),
-          text(*m_reader)
+    /// @param pointTail  bytes of the pointer file after those of the places
+    VerseFiles(const std::string& textBytes, const std::vector<unsigned int>& places,
+               const std::string& pointTail = {})
+        : m_textFile(textBytes),
+          m_pointFile(recordsOf(places) + pointTail),
+          text(m_textFile.path().c_str(), m_pointFile.path().c_str())
     {}
 
-    void reopenWithPointBytes(const std::string& bytes)
-    {
-        m_folder.write("CompactPoint.bin", bytes);
-        m_reader.emplace(m_textPath.c_str(), m_pointPath.c_str());
-    }
-    void shrinkTextTo(std::size_t byteCount) { std::filesystem::resize_file(m_textPath, byteCount); }
-    void shrinkPointTo(std::size_t byteCount) { std::filesystem::resize_file(m_pointPath, byteCount); }
+    void shrinkTextTo(std::size_t byteCount) { m_textFile.shrinkTo(byteCount); }
+    void shrinkPointTo(std::size_t byteCount) { m_pointFile.shrinkTo(byteCount); }
 
     std::string rangeError(int verse)
     {
@@ -40,23 +45,12 @@ public:
         return messageOf<std::ios_base::failure>([&] { text[verse]; });
     }
 
-    static std::string recordsOf(const std::vector<unsigned int>& places)
-    {
-        std::string bytes;
-        for (const unsigned int place : places)
-            for (unsigned int shift = 0; shift < 32; shift += 8)
-                bytes.push_back(static_cast<char>(place >> shift));
-        return bytes;
-    }
-
 private:
-    TempFolder m_folder;
-    std::string m_textPath;
-    std::string m_pointPath;
-    std::optional<Kedrin::Tolvo::CBibleText> m_reader;
+    MemoryFile m_textFile;
+    MemoryFile m_pointFile;
 
 public:
-    Kedrin::Tolvo::CBibleText& text;
+    Kedrin::Tolvo::CBibleText text;
 };
 
 } // namespace test_support

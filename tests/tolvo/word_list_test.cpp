@@ -138,12 +138,13 @@ TEST(WordListFile, TheBoundHoldsForALastLineWithoutEndToo)
 TEST(WordListFile, ThatCannotBeOpenedIsNamed)
 {
     const TempFolder folder;
-    for (const auto& [defect, path] : test_support::unopenableFiles(folder)) {
-        const std::string text = "CWordList::CWordList(): error opening file " + path;
-        EXPECT_EQ(messageOf<std::ios_base::failure>([&] { CWordList list(path.c_str(), "", true); }), text)
-            << defect;
-        EXPECT_EQ(messageOf<std::ios_base::failure>([&] { CWordList::ValidateFile(path.c_str()); }), text)
-            << defect;
+    for (const auto& bad : test_support::unopenableFiles(folder)) {
+        const std::string text = "CWordList::CWordList(): error opening file " + bad.path;
+        EXPECT_EQ(messageOf<std::ios_base::failure>([&] { CWordList list(bad.path.c_str(), "", true); }),
+                  text)
+            << bad.defect;
+        EXPECT_EQ(messageOf<std::ios_base::failure>([&] { CWordList::ValidateFile(bad.path.c_str()); }), text)
+            << bad.defect;
     }
 }
 
@@ -157,8 +158,8 @@ TEST(WordListFile, ThePointFileIsNotOpened)
 {
     const TempFolder folder;
     const std::string list = folder.write("list", "a\r\n");
-    for (const auto& [defect, path] : test_support::unopenableFiles(folder))
-        EXPECT_EQ(CWordList(list.c_str(), path.c_str(), true).count(), 1u) << defect;
+    for (const auto& bad : test_support::unopenableFiles(folder))
+        EXPECT_EQ(CWordList(list.c_str(), bad.path.c_str(), true).count(), 1u) << bad.defect;
 }
 
 TEST(WordListDeathTest, AListThatStaysOnDiskIsRefusedByEndingTheProgram)

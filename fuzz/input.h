@@ -1,38 +1,18 @@
 #pragma once
 
+#include "memory_file.h"
+
 #include <cstdint>
-#include <stdexcept>
-#include <string>
 #include <string_view>
 
-#include <sys/mman.h>
-#include <unistd.h>
-
 namespace fuzz {
+
+using test_support::MemoryFile;
 
 inline std::string_view textOf(const std::uint8_t* data, std::size_t size)
 {
     return std::string_view(reinterpret_cast<const char*>(data), size);
 }
-
-/// A file that lives in memory, with a path by which a reader opens it; gone with the object.
-class MemoryFile
-{
-public:
-    explicit MemoryFile(std::string_view bytes) : m_descriptor(::memfd_create("fuzzed", MFD_CLOEXEC))
-    {
-        if (m_descriptor < 0 || ::write(m_descriptor, bytes.data(), bytes.size()) != ssize_t(bytes.size()))
-            throw std::runtime_error("cannot make a file in memory");
-    }
-    ~MemoryFile() { ::close(m_descriptor); }
-    MemoryFile(const MemoryFile&) = delete;
-    MemoryFile& operator=(const MemoryFile&) = delete;
-
-    std::string path() const { return "/proc/self/fd/" + std::to_string(m_descriptor); }
-
-private:
-    int m_descriptor;
-};
 
 /// Two files out of one input: two bytes, low first, say how long the first file is; it follows, then the second.
 struct TwoFiles

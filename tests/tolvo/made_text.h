@@ -1,0 +1,90 @@
+#pragma once
+
+#include "verse_files.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace test_support {
+
+using Verses = std::vector<std::string>;
+
+/// A record of the text file: the length, low byte first, and the verse.
+inline std::string record(const std::string& verse)
+{
+    return std::string{static_cast<char>(verse.size()), static_cast<char>(verse.size() >> 8)} + verse;
+}
+
+/// A text file and the places of its verses, made from a seed. `Layout` says how records lie to each other.
+enum class Layout
+{
+    contiguous,
+    gaps,
+    descending,
+    shared,
+    overlapping
+};
+
+struct MadeText
+{
+    std::string bytes;
+    std::vector<unsigned int> places;
+};
+
+inline MadeText makeText(Layout layout, unsigned int verseCount, std::mt19937& random)
+{
+    const auto below = [&](unsigned int bound) { return static_cast<unsigned int>(random() % bound); };
+    MadeText made;
+    for (unsigned int verse = 0; verse < verseCount; ++verse) {
+        if (layout == Layout::gaps)
+            made.bytes += std::string(below(4), '?');
+        made.places.push_back(static_cast<unsigned int>(made.bytes.size()));
+        std::string text;
+        for (unsigned int length = below(below(5) == 0 ? 70 : 9); length > 0; --length)
+            text.push_back(static_cast<char>('a' + below(26)));
+        made.bytes += record(text);
+    }
+    if (layout == Layout::descending)
+        made.places.assign(made.places.rbegin(), made.places.rend());
+    for (unsigned int& place : made.places) {
+        if (layout == Layout::shared && below(3) == 0)
+            place = made.places[below(verseCount)];
+        if (layout == Layout::overlapping &&
+            below(3) == 0) // lengths taken from letters: most run past the end
+            place = below(static_cast<unsigned int>(made.bytes.size()));
+    }
+    return made;
+}
+
+/// A text of `count` verses "<n>" that follow each other.
+inline MadeText countingText(unsigned int count)
+{
+    MadeText made;
+    for (unsigned int verse = 0; verse < count; ++verse) {
+        made.places.push_back(static_cast<unsigned int>(made.bytes.size()));
+        made.bytes += record(std::to_string(verse));
+    }
+    return made;
+}
+
+/// Every verse of a run until it throws; the message of what it throws comes last.
+inline Verses versesOf(Kedrin::Tolvo::CBibleText& text, unsigned int first, unsigned int count,
+                       std::size_t pieceBytes)
+{
+    Verses verses;
+    Kedrin::Tolvo::CVerseRun run(text, first, count, pieceBytes);
+    try {
+        while (run.next()) {
+            EXPECT_EQ(run.verseNum(), first + verses.size());
+            verses.push_back("=" + std::string(run.text()));
+        }
+    } catch (const std::out_of_range& ex) {
+        verses.push_back(ex.what());
+    } catch (const std::ios_base::failure& ex) {
+        verses.push_back(ex.what());
+    }
+    return verses;
+}
+
+} // namespace test_support

@@ -1,0 +1,96 @@
+// Runs of verses over texts that lie in the file in every way, against a plain reading.
+
+#include "made_text.h"
+#include "walkers.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace Kedrin::Tolvo;
+using namespace test_support;
+
+Verses plainVerses(const MadeText& made, unsigned int first, unsigned int count)
+{
+    const std::string pointBytes = test_support::recordsOf(made.places);
+    Verses verses;
+    for (unsigned int verse = first; verse < first + count; ++verse) {
+        verses.push_back(plainVerse(made.bytes, pointBytes, verse));
+        if (!verses.back().starts_with('='))
+            break;
+    }
+    return verses;
+}
+
+class EveryLayout : public testing::TestWithParam<Layout>
+{
+};
+
+INSTANTIATE_TEST_SUITE_P(VerseRun, EveryLayout,
+                         testing::Values(Layout::contiguous, Layout::gaps, Layout::descending, Layout::shared,
+                                         Layout::overlapping));
+
+TEST_P(EveryLayout, GivesThePlainVersesInPiecesOfAnySize)
+{
+    for (unsigned int seed = 1; seed <= 20; ++seed) {
+        std::mt19937 random(seed);
+        const unsigned int verseCount = 1 + static_cast<unsigned int>(random() % 12);
+        const MadeText made = makeText(GetParam(), verseCount, random);
+        for (std::size_t pieceBytes = 1; pieceBytes <= 64; ++pieceBytes) {
+            VerseFiles files(made.bytes, made.places);
+            EXPECT_EQ(versesOf(files.text, 0, verseCount, pieceBytes), plainVerses(made, 0, verseCount))
+                << "seed " << seed << ", pieces of " << pieceBytes;
+        }
+    }
+}
+
+TEST_P(EveryLayout, GivesWhatSingleReadsGiveFromEveryVerseOn)
+{
+    for (unsigned int seed = 100; seed < 110; ++seed) {
+        std::mt19937 random(seed);
+        const MadeText made = makeText(GetParam(), 9, random);
+        for (unsigned int first = 0; first <= 10; ++first) {
+            VerseFiles run(made.bytes, made.places);
+            Verses single;
+            for (unsigned int verse = first; verse < first + 4; ++verse) {
+                VerseFiles files(made.bytes, made.places);
+                single.push_back(messageOf<std::exception>(
+                    [&] { single.push_back("=" + files.text[static_cast<int>(verse)]); }));
+                if (single.back() != "<nothing was thrown>")
+                    break;
+                single.pop_back();
+            }
+            EXPECT_EQ(versesOf(run.text, first, 4, 20), single) << "seed " << seed << ", from " << first;
+        }
+    }
+}
+
+TEST_P(EveryLayout, AFileCutShortFailsAtTheVerseThatIsCut)
+{
+    std::mt19937 random(7);
+    MadeText made = makeText(GetParam(), 8, random);
+    const std::string whole = made.bytes;
+    for (std::size_t length = 0; length < whole.size(); ++length) {
+        made.bytes = whole.substr(0, length);
+        for (const std::size_t pieceBytes : {std::size_t(1), std::size_t(16), CVerseRun::defaultPieceBytes}) {
+            VerseFiles files(made.bytes, made.places);
+            EXPECT_EQ(versesOf(files.text, 0, 8, pieceBytes), plainVerses(made, 0, 8)) << length;
+        }
+    }
+}
+
+// The same when the file loses its end after it was opened, so that its length is not what we took it for.
+TEST_P(EveryLayout, AFileThatShrinksUnderUsFailsAtTheVerseThatIsCut)
+{
+    std::mt19937 random(8);
+    MadeText made = makeText(GetParam(), 8, random);
+    const std::string whole = made.bytes;
+    for (std::size_t length = 0; length < whole.size(); ++length) {
+        VerseFiles files(whole, made.places);
+        files.shrinkTextTo(length);
+        made.bytes = whole.substr(0, length);
+        EXPECT_EQ(versesOf(files.text, 0, 8, 32), plainVerses(made, 0, 8)) << length;
+    }
+}
+
+} // namespace
