@@ -202,10 +202,11 @@ void BibleForm::viewSearchBar_toggled(bool on)
 {
     groupSearch->setVisible(on);
     if (on)
-        comboSearchText->setFocus();
+        comboSearchText->setFocus(Qt::ShortcutFocusReason);
 }
 
-void BibleForm::gotoAction_activated() { comboBook->setFocus(); }
+// As for every key that leads to a text: what stands there is selected, so that typing replaces it.
+void BibleForm::gotoAction_activated() { comboBook->setFocus(Qt::ShortcutFocusReason); }
 
 void BibleForm::viewFont_activated()
 {

@@ -41,6 +41,7 @@ class ActionsTest : public QObject
 
 private slots:
     void searchKeyHidesAndShowsThePanel();
+    void searchKeyLetsTypingReplaceTheText();
     void locationKeyHidesAndShowsTheToolBar();
     void menuHidesAndShowsBoth();
     void hideButtonTakesTheCheckMarkAway();
@@ -71,6 +72,18 @@ void ActionsTest::searchKeyHidesAndShowsThePanel()
     QVERIFY(form.comboSearchText->hasFocus());
     QTRY_COMPARE(form.groupText->width(), 491);
     QCOMPARE(form.groupSearch->width(), 181);
+}
+
+void ActionsTest::searchKeyLetsTypingReplaceTheText()
+{
+    FormFixture window;
+    openOn(window);
+    const BibleForm& form = window.form();
+    FormFixture::typeInto(form.comboSearchText, QStringLiteral("стар"));
+    FormFixture::press(Qt::Key_F3);
+    FormFixture::press(Qt::Key_F3);
+    FormFixture::type(QStringLiteral("нов"));
+    QCOMPARE(form.comboSearchText->currentText(), QStringLiteral("нов"));
 }
 
 void ActionsTest::locationKeyHidesAndShowsTheToolBar()

@@ -46,6 +46,7 @@ private slots:
     void chapterAndVerseAreClamped();
     void chapterAndVerseAreKeptWhereTheyExist();
     void gotoKeyFocusesTheBookBox();
+    void gotoKeyLetsTypingReplaceTheBook();
     void gotoKeyWorksWithoutMenuBar();
 };
 
@@ -216,6 +217,17 @@ void NavigationTest::gotoKeyFocusesTheBookBox()
         QVERIFY(form.comboBook->hasFocus());
     }
     QCOMPARE(window.place(), QStringLiteral("Битие 1 1"));
+}
+
+void NavigationTest::gotoKeyLetsTypingReplaceTheBook()
+{
+    FormFixture window;
+    openOn(window);
+    window.form().textBrowser->setFocus();
+    FormFixture::press(Qt::Key_F5);
+    FormFixture::type(QStringLiteral("рут"));
+    FormFixture::press(Qt::Key_Return);
+    QCOMPARE(window.place(), QStringLiteral("Рут 1 1"));
 }
 
 void NavigationTest::gotoKeyWorksWithoutMenuBar()
