@@ -96,7 +96,7 @@ void ComboBox::setListModel(QAbstractItemModel* model)
 void ComboBox::setCurrentText(const QString& text)
 {
     const int item = findItem(text, Qt::MatchFixedString | Qt::MatchCaseSensitive);
-    if (item >= 0)
+    if (item >= 0 && itemText(item) == text) // a list may find without regard to case
         setCurrentItem(item);
     else
         lineEdit()->setText(text);

@@ -6,6 +6,21 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// A list that finds its words without regard to case, whatever it is asked for.
+class CaselessModel : public WordModel
+{
+public:
+    QModelIndexList match(const QModelIndex& start, int role, const QVariant& value, int hits,
+                          Qt::MatchFlags flags) const override
+    {
+        return WordModel::match(start, role, value, hits, flags & ~Qt::MatchFlags(Qt::MatchCaseSensitive));
+    }
+};
+
+} // namespace
+
 class ComboListTest : public QObject
 {
     Q_OBJECT
@@ -25,6 +40,7 @@ private slots:
     void destroyedListLeavesTheText();
     void itemsAfterAListShowThemselves();
     void listOpensAtTheTextInTheBox();
+    void textSetKeepsItsCaseInACaselessList();
     void callerKeepsTheList();
     void boxMayDieBeforeOrAfterTheList();
 
@@ -175,6 +191,17 @@ void ComboListTest::listOpensAtTheTextInTheBox()
     QCOMPARE(m->box->currentItem(), 0);
     QCOMPARE(m->text(), u"Дума 4321"_s);
     QCOMPARE(m->takeTold(), QStringList());
+}
+
+void ComboListTest::textSetKeepsItsCaseInACaselessList()
+{
+    CaselessModel words;
+    m->box->setListModel(&words);
+    m->box->setCurrentText(u"ДУМА 77"_s);
+    QCOMPARE(m->text(), u"ДУМА 77"_s);
+    QCOMPARE(m->box->currentItem(), 0);
+    m->box->setCurrentText(u"дума 77"_s);
+    QCOMPARE(m->box->currentItem(), 77);
 }
 
 void ComboListTest::callerKeepsTheList()
