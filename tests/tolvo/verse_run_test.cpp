@@ -1,5 +1,6 @@
 #include "tolvo_bible/bible_text.h"
 
+#include "allocation_watch.h"
 #include "made_text.h"
 #include "read_watch.h"
 #include "thrown.h"
@@ -116,6 +117,17 @@ TEST(VerseRun, ManyThousandVersesKeepTheirNumbers)
         ASSERT_EQ(run.text(), std::to_string(verse));
     }
     EXPECT_FALSE(run.next());
+}
+
+// Neither a number of verses nor a length may size memory beyond what the files can hold.
+TEST(VerseRun, HugeNumbersTakeLittleMemory)
+{
+    VerseFiles files(record("abc") + "\xFF\xFF", {0, 5});
+    const test_support::AllocationWatch watch;
+    CVerseRun run(files.text, 0, 4294967295u, std::size_t(1) << 40);
+    EXPECT_TRUE(run.next());
+    EXPECT_EQ(messageOf<std::ios_base::failure>([&] { run.next(); }), textError);
+    EXPECT_LT(watch.total(), 2 * CVerseRun::defaultPieceBytes);
 }
 
 TEST(VerseRunReads, AChapterCostsTwoAndReadsNoOtherVerse)
