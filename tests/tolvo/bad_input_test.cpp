@@ -284,44 +284,4 @@ INSTANTIATE_TEST_SUITE_P(EachFile, BadInput,
                              return name;
                          });
 
-/// Loads a sound module, cuts a file short under it, and walks.
-test_support::ForkedEnd walkAfterCut(const std::string& fileName, Walk walk)
-{
-    const TempFolder folder;
-    soundModule().write(folder.path());
-    return test_support::runForked([&] {
-        const CBible bible(folder.path().string());
-        std::filesystem::resize_file(folder.path() / fileName, 1);
-        walk(bible);
-        return 0;
-    });
-}
-
-// A package manager may replace a module that is open; no read of a file cut short under us may crash.
-TEST(BadInputWhileOpen, FileCutShortUnderUsEndsTheProgramAsPromised)
-{
-    using namespace test_support;
-    const std::vector<std::pair<std::string, Walk>> cases = {{"CompactText.bin", walkVerses},
-                                                             {"CompactText.bin", walkChapters},
-                                                             {"CompactText.bin", walkScans},
-                                                             {"CompactPoint.bin", walkVerses},
-                                                             {"CompactPoint.bin", walkChapters},
-                                                             {"CompactPoint.bin", walkScans},
-                                                             {"Conc.bin", walkWords},
-                                                             {"ConcP.bin", walkWords}};
-    for (const auto& [fileName, walk] : cases) {
-        const ForkedEnd end = walkAfterCut(fileName, walk);
-        EXPECT_EQ(end.signal, SIGABRT) << fileName;
-        EXPECT_TRUE(isPromisedEnd(end.standardError.substr(0, end.standardError.find('\n'))))
-            << end.standardError;
-    }
-}
-
-TEST(BadInputWhileOpen, TextFilesAreNotNeededAfterTheLoading)
-{
-    for (const char* fileName :
-         {"BibleTitles.txt", "BibleStructure.csv", "_Diff_.txt", "WordList.txt", "_Info_.txt"})
-        EXPECT_EQ(walkAfterCut(fileName, test_support::walkAnswers).exitCode, 0) << fileName;
-}
-
 } // namespace

@@ -1,69 +1,20 @@
 // The search of one translation: which engine answers, what a hit is, what stays in the list of results.
 
-#include "module_files.h"
-#include "temp_folder.h"
+#include "bible_search_fixture.h"
 #include "thrown.h"
-#include "tolvo_bible.h"
-
-#include <gtest/gtest.h>
-
-#include <memory>
 
 namespace {
 
 using namespace Kedrin::Tolvo;
 using test_support::Book;
-using test_support::cp1251;
 using test_support::makeModule;
 using test_support::messageOf;
 using test_support::ModuleFiles;
 using test_support::smallModule;
-using test_support::TempFolder;
 
-using Places = std::vector<std::string>;
-
-/// "book.chapter.verse", all from 0, and the type.
-Places placesOf(const std::vector<CRef>& refs)
+class BibleSearch : public BibleSearchFixture
 {
-    Places places;
-    for (const CRef& ref : refs)
-        places.push_back(ut::format("%u.%u.%u%s", ref.bookID(), ref.chapter(), ref.verse(),
-                                    ref.isGlobal() ? "" : " not global"));
-    return places;
-}
-
-class BibleSearch : public testing::Test
-{
-protected:
-    void load(const ModuleFiles& files)
-    {
-        files.write(folder.path());
-        bible = std::make_unique<CBible>(folder.path().string());
-    }
-
-    /// A module of one book (global 4) with one chapter of these verses, in UTF-8.
-    void loadVerses(const std::vector<std::string>& verses)
-    {
-        load(makeModule("Превод", {Book{4, "Числа", {verses}}}));
-    }
-
-    Places part(const std::string& text) { return search(text, false, false); }
-    Places exactPart(const std::string& text) { return search(text, false, true); }
-    Places word(const std::string& text) { return search(text, true, false); }
-
-    /// Searches for a UTF-8 text.
-    Places search(const std::string& text, bool wholeWord, bool caseSensitive)
-    {
-        bible->search(cp1251(text), wholeWord, caseSensitive, result);
-        return placesOf(result);
-    }
-
-    TempFolder folder;
-    std::unique_ptr<CBible> bible;
-    std::vector<CRef> result = {CRef(9, 9, 9, true)}; // of a search before
 };
-
-using BibleSearchDeathTest = BibleSearch;
 
 const Places noPlaces;
 const std::string rejected = "Whole words search may be only case insensitive";
@@ -243,94 +194,11 @@ TEST_F(BibleSearch, EmptyChaptersAndBooksAreCountedAsTheStructureDoes)
     EXPECT_EQ(word("аз"), part("аз"));
 }
 
-TEST_F(BibleSearch, VerseNumberBeyondTheModuleThrowsAndKeepsTheHitsBefore)
-{
-    ModuleFiles files = smallModule();
-    files.bytes["Conc.bin"] = std::string("\x03\x00\x01\x00\x09\x00\x02\x00", 8);
-    files.bytes["ConcP.bin"] = std::string(12, '\0');
-    load(files);
-    EXPECT_EQ(messageOf<std::out_of_range>([&] { word("бог"); }),
-              "CBibleSructure::ValidateNum(): verse number out of range");
-    EXPECT_EQ(placesOf(result), Places{"0.0.0"});
-}
-
-TEST_F(BibleSearch, VerseZeroInTheConcordanceIsBeyondTheModule)
-{
-    ModuleFiles files = smallModule();
-    files.bytes["Conc.bin"] = std::string("\x01\x00\x00\x00", 4);
-    files.bytes["ConcP.bin"] = std::string(12, '\0');
-    load(files);
-    EXPECT_EQ(messageOf<std::out_of_range>([&] { word("бог"); }),
-              "CBibleSructure::ValidateNum(): verse number out of range");
-    EXPECT_EQ(placesOf(result), noPlaces);
-}
-
-TEST_F(BibleSearch, WordThatTheConcordanceLacksThrows)
-{
-    ModuleFiles files = smallModule();
-    files.bytes["ConcP.bin"].resize(8);
-    load(files);
-    EXPECT_EQ(word("бог").size(), 2u);
-    EXPECT_EQ(messageOf<std::out_of_range>([&] { word("рече"); }),
-              "CConc::getVersesFor(): wordIndex out of range");
-    EXPECT_EQ(placesOf(result), noPlaces);
-}
-
-TEST_F(BibleSearch, EntryThatRunsPastTheConcordanceThrows)
-{
-    ModuleFiles files = smallModule();
-    files.bytes["Conc.bin"].resize(14);
-    load(files);
-    EXPECT_EQ(messageOf<std::out_of_range>([&] { word("рече"); }),
-              "CFileVector::operator [](): recordIndex out of range");
-    EXPECT_EQ(placesOf(result), noPlaces);
-}
-
-TEST_F(BibleSearch, FewerTextsThanVersesThrowsAndKeepsTheHitsBefore)
-{
-    ModuleFiles files = smallModule();
-    files.bytes["CompactPoint.bin"].resize(12);
-    load(files);
-    for (const bool caseSensitive : {false, true}) {
-        EXPECT_EQ(messageOf<std::out_of_range>([&] { search("ог", false, caseSensitive); }),
-                  "CFileVector::operator [](): recordIndex out of range");
-        EXPECT_EQ(placesOf(result), (Places{"0.0.0", "0.1.0"}));
-    }
-}
-
 TEST_F(BibleSearch, SecondSearchOfTheSameTranslationStartsAnew)
 {
     load(smallModule());
     EXPECT_EQ(part("рече"), part("рече"));
     EXPECT_EQ(part("земя"), Places{"0.0.1"});
-}
-
-// Only std::logic_error may come out of a search.
-TEST_F(BibleSearchDeathTest, DamagedTextEndsTheProgram)
-{
-    ModuleFiles files = smallModule();
-    files.bytes["CompactText.bin"].resize(12);
-    load(files);
-    for (const bool caseSensitive : {false, true})
-        EXPECT_DEATH(search("а", false, caseSensitive),
-                     "CBible::search\\(\\) let out .*: CBibleText::operator \\[\\]\\(\\): I/O error");
-}
-
-TEST_F(BibleSearchDeathTest, HalfARecordInTheConcordanceEndsTheProgram)
-{
-    ModuleFiles files = smallModule();
-    files.bytes["Conc.bin"].resize(15);
-    load(files);
-    EXPECT_DEATH(word("рече"),
-                 "CConc::getVersesFor\\(\\) let out .*: CFileVector::operator \\[\\]\\(\\): IO error");
-}
-
-TEST_F(BibleSearchDeathTest, DamagedTextDoesNotMatterToAWholeWord)
-{
-    ModuleFiles files = smallModule();
-    files.bytes["CompactText.bin"].clear();
-    load(files);
-    EXPECT_EQ(word("бог"), (Places{"0.0.0", "0.1.0"}));
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-// A loaded translation: titles, counts, the mapping of references, verses and chapters.
+// A loaded translation: titles, counts, words, the mapping of references.
 
 #include "module_files.h"
 #include "temp_folder.h"
@@ -33,8 +33,6 @@ protected:
 private:
     std::unique_ptr<CBible> m_bible;
 };
-
-using BibleDeathTest = Bible;
 
 template <typename Operation>
 std::string outOfRange(Operation operation)
@@ -190,86 +188,6 @@ TEST_F(Bible, RoundTripGivesBackEveryVerseMappedBothWays)
     }
 }
 
-TEST_F(Bible, ReferenceOfUnknownTypeIsRefused)
-{
-    const CBible& bible = load(smallModule());
-    const std::string message = "CBible::operator [](): ref type is not known";
-    EXPECT_EQ(outOfRange([&] { bible[CRef(0, 0, 0)]; }), message);
-    EXPECT_EQ(outOfRange([&] { bible[CRef()]; }), message);
-    EXPECT_EQ(bible[CRef(0, 0, 0, false)], cp1251("Бог рече"));
-}
-
-TEST_F(Bible, LocalAndGlobalReferencesReachTheirVerse)
-{
-    const CBible& bible = load(lateBooks());
-    EXPECT_EQ(bible[CRef(1, 0, 3, false)], cp1251("Матей 1:4"));
-    EXPECT_EQ(bible[CRef(50, 0, 3, true)], cp1251("Матей 1:4"));
-    EXPECT_EQ(bible[CRef(51, 1, 2, true)], cp1251("Марк 2:3"));
-}
-
-TEST_F(Bible, VerseOutsideTheStructureThrowsTheStructuresMessages)
-{
-    const CBible& bible = load(lateBooks());
-    EXPECT_EQ(outOfRange([&] { bible[CRef(2, 0, 0, false)]; }),
-              "CBibleSructure::ValidateBookID(): bookID out of range");
-    EXPECT_EQ(outOfRange([&] { bible[CRef(0, 2, 0, false)]; }),
-              "CBibleSructure::ValidateChapterID(): chapter out of range");
-    EXPECT_EQ(outOfRange([&] { bible[CRef(0, 0, 2, false)]; }),
-              "CBibleSructure::ValidateRef(): verse out of range");
-    EXPECT_EQ(outOfRange([&] { bible[CRef(0, 0, 0, true)]; }),
-              "CTitles::localID() called for non existing book");
-}
-
-TEST_F(Bible, MoreVersesInTheStructureThanTextsThrowsTheVectorsMessage)
-{
-    ModuleFiles files = smallModule();
-    files.bytes["CompactPoint.bin"].resize(12);
-    const CBible& bible = load(files);
-    EXPECT_EQ(outOfRange([&] { bible[CRef(1, 0, 0, false)]; }),
-              "CFileVector::operator [](): recordIndex out of range");
-}
-
-TEST_F(Bible, ChapterGivesWhatItsVersesGiveOneByOne)
-{
-    const std::string longVerse(65535, 'x'); // the longest a record can be
-    test_support::Book book = plainBook(0, "Псалми", {176, 1, 40});
-    book.chapters[0][7] = std::string("a\0b", 3);
-    book.chapters[0][8].clear();
-    book.chapters[2][1] = book.chapters[2][39] = longVerse;
-    const CBible& bible = load(makeModule("Превод", {book}));
-    for (unsigned int chapter = 0; chapter < 3; ++chapter) {
-        const std::vector<std::string> verses = bible.chapterVerses(0, chapter);
-        ASSERT_EQ(verses.size(), bible.versesCount(0, chapter));
-        for (unsigned int verse = 0; verse < verses.size(); ++verse)
-            EXPECT_EQ(verses[verse], bible[CRef(0, chapter, verse, false)]);
-    }
-}
-
-TEST_F(Bible, ChapterThatDoesNotExistThrowsTheStructuresMessages)
-{
-    const CBible& bible = load(lateBooks());
-    EXPECT_EQ(outOfRange([&] { bible.chapterVerses(2, 0); }),
-              "CBibleSructure::ValidateBookID(): bookID out of range");
-    EXPECT_EQ(outOfRange([&] { bible.chapterVerses(0, 2); }),
-              "CBibleSructure::ValidateChapterID(): chapter out of range");
-}
-
-TEST_F(Bible, ChapterWithoutVersesIsEmpty)
-{
-    const CBible& bible = load(makeModule("Превод", {plainBook(0, "Битие", {1, 0, 2})}));
-    EXPECT_TRUE(bible.chapterVerses(0, 1).empty());
-    EXPECT_EQ(bible.chapterVerses(0, 2).size(), 2u);
-}
-
-TEST_F(Bible, ChapterBeyondTheTextsThrowsAsItsFirstMissingVerse)
-{
-    ModuleFiles files = smallModule();
-    files.bytes["CompactPoint.bin"].resize(4);
-    const CBible& bible = load(files);
-    EXPECT_EQ(outOfRange([&] { bible.chapterVerses(0, 0); }),
-              "CFileVector::operator [](): recordIndex out of range");
-}
-
 TEST_F(Bible, DemoOfAShortModuleTellsWhatWentWrong)
 {
     EXPECT_EQ(load(smallModule()).demoString(),
@@ -289,28 +207,6 @@ TEST_F(Bible, DemoNeedsTheVerseItNames)
     files.bytes["BibleStructure.csv"] = "2 31000 80\r\n1 14\r\n"; // 31094 verses: the last is number 31093
     EXPECT_EQ(load(files).demoString(),
               "Demo exception: CBibleSructure::ValidateNum(): verse number out of range");
-}
-
-// Only std::out_of_range may come out of a verse or a chapter. A damaged text file is no case for the caller.
-TEST_F(BibleDeathTest, DamagedTextEndsTheProgram)
-{
-    ModuleFiles files = smallModule();
-    files.bytes["CompactText.bin"].resize(12);
-    const CBible& bible = load(files);
-    EXPECT_DEATH(bible[CRef(0, 0, 1, false)],
-                 "CBible::operator \\[\\]\\(\\) let out .*: CBibleText::operator \\[\\]\\(\\): I/O error");
-    EXPECT_DEATH(bible.chapterVerses(0, 0),
-                 "CBible::chapterVerses\\(\\) let out .*: CBibleText::operator \\[\\]\\(\\): I/O error");
-    EXPECT_EQ(bible[CRef(0, 0, 0, false)], cp1251("Бог рече")); // a whole verse of the same file is read
-}
-
-TEST_F(BibleDeathTest, HalfAPointRecordEndsTheProgram)
-{
-    ModuleFiles files = smallModule();
-    files.bytes["CompactPoint.bin"].resize(6);
-    const CBible& bible = load(files);
-    EXPECT_DEATH(bible[CRef(0, 0, 1, false)], "CFileVector::operator \\[\\]\\(\\): IO error");
-    EXPECT_DEATH(bible.chapterVerses(0, 0), "CFileVector::operator \\[\\]\\(\\): IO error");
 }
 
 } // namespace

@@ -4,8 +4,11 @@ add_executable(tolvo_engine_tests
   bible_loading_test.cpp
   bible_modules_test.cpp
   bible_search_agreement_test.cpp
+  bible_search_failure_test.cpp
   bible_search_test.cpp
   bible_test.cpp
+  bible_verses_test.cpp
+  cut_while_open_test.cpp
   text_scan_test.cpp
   verse_run_piece_test.cpp)
 target_link_libraries(tolvo_engine_tests PRIVATE test_support kedrin_options GTest::gtest_main)
