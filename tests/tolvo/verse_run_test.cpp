@@ -50,6 +50,16 @@ TEST(VerseRun, AFailureLastsForTheTextAndForOtherRuns)
     EXPECT_EQ(files.rangeError(3), "CFileVector::operator [](): recordIndex out of range");
 }
 
+// What a run has read already may not be given out any more either: single reads would not give it.
+TEST(VerseRun, AFailureElsewhereEndsARunThatHasReadOn)
+{
+    VerseFiles files(record("abc") + record("def"), {0, 5, 99});
+    CVerseRun run(files.text, 0, 2);
+    EXPECT_TRUE(run.next());
+    EXPECT_EQ(files.readError(2), textError);
+    EXPECT_EQ(messageOf<std::ios_base::failure>([&] { run.next(); }), textError);
+}
+
 // The places of the verses come in blocks; after a block that could not be read none of it may be believed.
 TEST(VerseRun, AskedAgainAfterAFailureItFailsAgain)
 {
