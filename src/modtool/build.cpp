@@ -7,7 +7,6 @@
 #include "module_folder.h"
 #include "prepare.h"
 #include "sword_library.h"
-#include "verse_line_reader.h"
 
 namespace Kedrin::ModTool {
 
@@ -35,14 +34,16 @@ void writeFiles(CModuleFolder& folder, const ModuleData& module)
 
 } // namespace
 
-SourceBible readSource(const std::string& source, CProgress& progress)
+SourceBible readSource(const std::string& source, const ReadOptions& options, CProgress& progress)
 {
     if (!source.starts_with(swordPrefix))
-        return readVerseLines(source);
+        return readSourceFile(source, options);
     const CSwordLibrary library;
     const std::string name = library.resolve(source.substr(swordPrefix.size()));
-    return library.read(name,
-                        [&](std::size_t done, std::size_t total) { progress.show("reading", done, total); });
+    SourceBible bible = library.read(
+        name, [&](std::size_t done, std::size_t total) { progress.show("reading", done, total); });
+    orderBooks(bible, options.order);
+    return bible;
 }
 
 BuildReport buildModule(const SourceBible& source, const std::string& path, const BuildOptions& options,

@@ -4,14 +4,15 @@
 #include "build_report.h"
 #include "progress.h"
 #include "source_bible.h"
+#include "source_format.h"
 
 #include <string>
 
 namespace Kedrin::ModTool {
 
-/// Reads a source: "sword:NAME" from the installed SWORD Bibles, anything else as a file of verse lines.
+/// Reads a source: "sword:NAME" from the installed SWORD Bibles, anything else as a file or a folder of files.
 /// @throws CBuildError
-SourceBible readSource(const std::string& source, CProgress& progress);
+SourceBible readSource(const std::string& source, const ReadOptions& options, CProgress& progress);
 
 /// Makes the module and puts it into its folder, and the common structure beside it. Either all of it is done, or the
 /// folder stays as it was.

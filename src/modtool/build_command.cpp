@@ -2,9 +2,11 @@
 
 #include "all_sword.h"
 #include "build.h"
+#include "text_input.h"
 
 #include <CLI/CLI.hpp>
 
+#include <map>
 #include <sstream>
 
 namespace Kedrin::ModTool {
@@ -13,8 +15,10 @@ CBuildCommand::CBuildCommand(CLI::App& program)
     : m_command(
           program.add_subcommand("build", "Build a module for the reader from a Bible in another format"))
 {
-    m_command->add_option("SOURCE", m_source,
-                          "sword:NAME, an installed SWORD Bible, or a text file with a verse a line");
+    m_command->add_option(
+        "SOURCE", m_source,
+        "sword:NAME, an installed SWORD Bible; a file of OSIS, USFM, Zefania XML or verse lines; or a "
+        "folder of USFM files");
     m_command->add_option("MODULE-FOLDER", m_folder, "The module's folder, made or replaced as a whole");
     m_command->add_option("--all-sword", m_allSwordDirectory,
                           "Build every installed SWORD Bible into a folder of this directory");
@@ -25,8 +29,45 @@ CBuildCommand::CBuildCommand(CLI::App& program)
     m_command->add_option("--abbr", m_options.abbreviatedTitle, "Abbreviated title");
     m_command->add_option("--versification", m_options.versification,
                           "Versification of the source, by its SWORD name");
+    addReadingOptions();
     m_command->add_flag("-q,--quiet", m_quiet, "No progress bar and no report");
 }
+
+void CBuildCommand::addReadingOptions()
+{
+    using Formats = std::map<std::string, SourceFormat>;
+    static const Formats formats{{"osis", SourceFormat::osis},
+                                 {"usfm", SourceFormat::usfm},
+                                 {"zefania", SourceFormat::zefania},
+                                 {"verse-lines", SourceFormat::verseLines}};
+    static const std::map<std::string, BookOrder> orders{{"source", BookOrder::source},
+                                                         {"protestant", BookOrder::protestant},
+                                                         {"orthodox", BookOrder::orthodox}};
+    static const std::map<std::string, bool> titles{{"bg", false}, {"source", true}};
+    m_command->add_option("--from", m_readOptions.format, "Format of the source, where its content misleads")
+        ->transform(CLI::CheckedTransformer(formats));
+    m_command->add_option("--encoding", m_readOptions.encoding, "Encoding of the source, where it says none");
+    m_command->add_option("--book-order", m_readOptions.order, "Order of the books")
+        ->transform(CLI::CheckedTransformer(orders));
+    m_command
+        ->add_option("--titles", m_options.sourceTitles, "Titles of the books: Bulgarian or the source's")
+        ->transform(CLI::CheckedTransformer(titles));
+    m_command->add_option("--copyright", m_copyrightFile, "Text file with the copyright, a paragraph a line");
+}
+
+namespace {
+
+std::vector<std::string> paragraphsOf(const std::string& fileName)
+{
+    std::istringstream text(readText(fileName, ""));
+    std::vector<std::string> paragraphs;
+    for (std::string line; std::getline(text, line);)
+        if (!isBlank(line))
+            paragraphs.push_back(line);
+    return paragraphs;
+}
+
+} // namespace
 
 bool CBuildCommand::isChosen() const { return m_command->parsed(); }
 
@@ -38,7 +79,10 @@ std::string CBuildCommand::usageError() const
                    : "";
     const bool describesOne = !m_source.empty() || m_options.substitute || !m_options.fullTitle.empty() ||
                               !m_options.shortTitle.empty() || !m_options.abbreviatedTitle.empty() ||
-                              !m_options.versification.empty();
+                              !m_options.versification.empty() || m_options.sourceTitles ||
+                              !m_copyrightFile.empty() || !m_readOptions.encoding.empty() ||
+                              m_readOptions.format != SourceFormat::detected ||
+                              m_readOptions.order != BookOrder::source;
     return describesOne ? "--all-sword goes with no other argument than -q" : "";
 }
 
@@ -48,7 +92,11 @@ bool CBuildCommand::run(std::ostream& out, std::ostream& err, CProgress& progres
     std::ostream& report = m_quiet ? nowhere : out;
     if (!m_allSwordDirectory.empty())
         return buildAllSword(m_allSwordDirectory, report, err, progress);
-    const BuildReport result = buildModule(readSource(m_source, progress), m_folder, m_options, "", progress);
+    BuildOptions options = m_options;
+    if (!m_copyrightFile.empty())
+        options.copyright = paragraphsOf(m_copyrightFile);
+    const BuildReport result =
+        buildModule(readSource(m_source, m_readOptions, progress), m_folder, options, "", progress);
     progress.clear();
     report << result.text();
     return true;

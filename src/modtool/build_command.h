@@ -2,6 +2,7 @@
 
 #include "build_options.h"
 #include "progress.h"
+#include "source_format.h"
 
 #include <ostream>
 #include <string>
@@ -31,10 +32,14 @@ public:
     bool isQuiet() const { return m_quiet; }
 
 private:
+    void addReadingOptions();
+
     CLI::App* m_command;
     std::string m_source;
     std::string m_folder;
     std::string m_allSwordDirectory;
+    std::string m_copyrightFile;
+    ReadOptions m_readOptions;
     BuildOptions m_options;
     bool m_quiet = false;
 };

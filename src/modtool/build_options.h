@@ -1,6 +1,8 @@
 #pragma once
 
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace Kedrin::ModTool {
 
@@ -13,6 +15,8 @@ struct BuildOptions
     std::string shortTitle;
     std::string abbreviatedTitle;
     std::string versification;
+    bool sourceTitles = false; ///< call the books as the source does, where it does, instead of in Bulgarian
+    std::optional<std::vector<std::string>> copyright; ///< paragraphs instead of the source's
 };
 
 } // namespace Kedrin::ModTool

@@ -71,6 +71,7 @@ std::string BuildReport::text() const
     for (const OmittedBook& book : omittedBooks)
         report += line("left out", book.osis + ": " + counted(book.versesCount, "verse", "verses") +
                                        ", not in the common numbering");
+    report += findings.text();
     report += trimmedLine(*this);
     report += occasions("without text", emptyVerses, "verse inside a chapter", "verses inside chapters");
     report += occasions("without text", emptyChapters, "chapter inside a book, kept as one verse",

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "diff_search.h"
+#include "occasions.h"
+#include "source_findings.h"
 #include "text_encoder.h"
 
 #include <cstdint>
@@ -8,19 +10,6 @@
 #include <vector>
 
 namespace Kedrin::ModTool {
-
-/// Something that happened at several places of a source.
-struct Occasions
-{
-    std::uint64_t count = 0;
-    std::string firstPlace; ///< "Gen 1:1"; "" while the count is 0
-
-    void add(const std::string& place)
-    {
-        if (count++ == 0)
-            firstPlace = place;
-    }
-};
 
 struct ReplacedKind
 {
@@ -46,6 +35,7 @@ struct BuildReport
     std::size_t wordsCount = 0;
     std::uint64_t occurrences = 0; ///< running words
 
+    SourceFindings findings;               ///< what the reader of the source did
     std::vector<OmittedBook> omittedBooks; ///< not in the common numbering
     Occasions emptyVerses;                 ///< kept without text, because verses follow in the chapter
     Occasions emptyChapters;         ///< kept as one verse without text, because chapters follow in the book

@@ -27,11 +27,10 @@ void checkBooks(const std::string& folder, const ModuleData& module)
     const CBibleStructure structure((folder + "/BibleStructure.csv").c_str(), titles.booksCount());
     for (unsigned int book = 0; book < titles.booksCount(); ++book) {
         const ModuleBook& wanted = module.books[book];
-        const CommonBook& common = commonBooks()[wanted.globalID];
-        if (titles.globalID(book) != wanted.globalID ||
-            titles.fullTitle(book) != ut::to_cp1251(common.fullTitle) ||
-            titles.shortTitle(book) != ut::to_cp1251(common.shortTitle) ||
-            titles.abbreviatedTitle(book) != ut::to_cp1251(common.abbreviatedTitle))
+        const BookTitles& wantedTitles = module.bookTitles[book];
+        if (titles.globalID(book) != wanted.globalID || titles.fullTitle(book) != wantedTitles.fullTitle ||
+            titles.shortTitle(book) != wantedTitles.shortTitle ||
+            titles.abbreviatedTitle(book) != wantedTitles.abbreviatedTitle)
             differ("the titles of " + wanted.osis);
         if (structure.chaptersCount(book) != wanted.versesCount.size())
             differ("the chapters of " + wanted.osis);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "source_bible.h"
 #include "word_index.h"
 
 #include <cstdint>
@@ -66,8 +67,9 @@ struct ModuleData
 
     ModuleInfo info;
     std::vector<ModuleBook> books;
-    std::string text;          ///< Windows-1251, not escaped
-    std::vector<Verse> verses; ///< [verse number]
+    std::vector<BookTitles> bookTitles; ///< [book], Windows-1251, lines of at most 255 bytes
+    std::string text;                   ///< Windows-1251, not escaped
+    std::vector<Verse> verses;          ///< [verse number]
     WordIndex words;
     std::vector<VersePair> places; ///< the verses that have a place in the common numbering
     std::vector<DiffRecord> diff;

@@ -2,7 +2,9 @@
 
 #include "build_error.h"
 #include "common_books.h"
+#include "cp1251.h"
 #include "module_layout.h"
+#include "substitutes.h"
 
 #include <algorithm>
 
@@ -31,13 +33,14 @@ void refuseUnfitText(const CTextEncoder& encoder, std::string_view text)
 
 void refuseForeignCharacters(const CTextEncoder& encoder, const SourceBible& source)
 {
-    if (encoder.foreign().empty())
-        return;
-    std::string message = "the text holds characters that Windows-1251 lacks (--substitute replaces them):";
+    std::string list;
     for (const auto& [codePoint, kind] : encoder.foreign())
-        message += "\n  " + describeCharacter(codePoint) + ", " + counted(kind.count, "time", "times") +
-                   ", first " + source.placeOf(source.verses[kind.firstPlace]);
-    throw CBuildError(message);
+        if (!isReplacedAlways(codePoint))
+            list += "\n  " + describeCharacter(codePoint) + ", " + counted(kind.count, "time", "times") +
+                    ", first " + source.placeOf(source.verses[kind.firstPlace]);
+    if (!list.empty())
+        throw CBuildError("the text holds characters that Windows-1251 lacks (--substitute replaces them):" +
+                          list);
 }
 
 void reportReplaced(const CTextEncoder::Kinds& kinds, const SourceBible& source, BuildReport& report)
@@ -79,7 +82,33 @@ ModuleInfo moduleInfo(const SourceInfo& source, const BuildOptions& options)
     return {titleLine(options.fullTitle, source.fullTitle, "full title"),
             titleLine(options.shortTitle, source.shortTitle, "short title"),
             titleLine(options.abbreviatedTitle, source.abbreviatedTitle, "abbreviated title"),
-            wrappedLines(source.copyright)};
+            wrappedLines(options.copyright.value_or(source.copyright))};
+}
+
+BookTitles titlesOf(const ModuleBook& book)
+{
+    const CommonBook& common = commonBooks()[book.globalID];
+    return {ut::to_cp1251(common.fullTitle), ut::to_cp1251(common.shortTitle),
+            ut::to_cp1251(common.abbreviatedTitle)};
+}
+
+/// The titles of the module's books: Bulgarian, or the source's where it has any.
+std::vector<BookTitles> bookTitles(const SourceBible& source, const std::vector<ModuleBook>& books,
+                                   bool sourceTitles)
+{
+    std::vector<BookTitles> titles;
+    for (const ModuleBook& book : books) {
+        titles.push_back(titlesOf(book));
+        const auto found = std::find(source.books.begin(), source.books.end(), book.osis);
+        const auto index = static_cast<std::size_t>(found - source.books.begin());
+        if (!sourceTitles || index >= source.bookTitles.size())
+            continue;
+        for (const auto title :
+             {&BookTitles::fullTitle, &BookTitles::shortTitle, &BookTitles::abbreviatedTitle})
+            if (const std::string& own = source.bookTitles[index].*title; !encodedTitle(own).empty())
+                titles.back().*title = titleLine("", own, "title of a book");
+    }
+    return titles;
 }
 
 WordIndex indexWords(const ModuleData& module)
@@ -157,10 +186,12 @@ ModuleData prepareModule(const SourceBible& source, const BuildOptions& options,
         refuseUnfitText(encoder, module.text);
     if (!options.substitute)
         refuseForeignCharacters(encoder, source);
+    report.findings = source.findings;
     reportReplaced(encoder.softHyphens(), source, report);
     reportReplaced(encoder.foreign(), source, report);
 
     layOut(source, globals, encoded, module, report);
+    module.bookTitles = bookTitles(source, module.books, options.sourceTitles);
     module.words = indexWords(module);
     chooseNumbering(module, options.versification.empty() ? source.versification : options.versification,
                     report);

@@ -23,7 +23,7 @@ inline constexpr std::size_t maxLineBytes = 255;
 ///     "%s: the verse has %u bytes, 65535 are the most"
 ///     "%s: the word \"%s\" has %u bytes, 39 are the most"
 ///     "the full title has %u bytes, 255 are the most", "the full title is empty"; the same with "short title" and
-///     "abbreviated title"
+///     "abbreviated title"; "the title of a book has %u bytes, 255 are the most"
 ///     what CVersification throws
 ModuleData prepareModule(const SourceBible& source, const BuildOptions& options, BuildReport& report);
 

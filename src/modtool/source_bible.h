@@ -1,5 +1,7 @@
 #pragma once
 
+#include "source_findings.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -30,14 +32,24 @@ struct SourceInfo
     std::vector<std::string> copyright; ///< paragraphs of plain text
 };
 
+/// What a source calls a book, UTF-8; "" where it does not say.
+struct BookTitles
+{
+    std::string fullTitle;
+    std::string shortTitle;
+    std::string abbreviatedTitle;
+};
+
 /// A Bible as a reader of some format gives it: valid UTF-8, otherwise as the source has it.
 struct SourceBible
 {
     SourceInfo info;
-    std::string versification;       ///< name of the library's system; "": the source does not say
-    std::vector<std::string> books;  ///< OSIS ids, in the order of the source
-    std::string text;                ///< the texts of all verses, one after another
-    std::vector<SourceVerse> verses; ///< ascending by book, chapter and verse; no place occurs twice
+    std::string versification;          ///< name of the library's system; "": the source does not say
+    std::vector<std::string> books;     ///< OSIS ids, in the order of the source
+    std::vector<BookTitles> bookTitles; ///< [book], or empty
+    std::string text;                   ///< the texts of all verses, one after another
+    std::vector<SourceVerse> verses;    ///< ascending by book, chapter and verse; no place occurs twice
+    SourceFindings findings;            ///< what the reader did by its rules
 
     std::string_view textOf(const SourceVerse& verse) const
     {

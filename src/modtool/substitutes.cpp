@@ -91,6 +91,8 @@ std::string substituteFor(char32_t codePoint)
     return decomposed(codePoint).value_or("?");
 }
 
+bool isReplacedAlways(char32_t codePoint) { return codePoint == 0x040D || codePoint == 0x045D; }
+
 std::string characterName(char32_t codePoint)
 {
     std::array<char, 128> name{};

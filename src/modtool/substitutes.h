@@ -12,6 +12,9 @@ namespace Kedrin::ModTool {
 ///  4. "?".
 std::string substituteFor(char32_t codePoint);
 
+/// Whether the character is replaced without being asked for: ѝ and Ѝ, which Bulgarian cannot be written without.
+bool isReplacedAlways(char32_t codePoint);
+
 /// The name of a character, "LATIN SMALL LETTER AE"; "<control-0007>" and the like for those without.
 std::string characterName(char32_t codePoint);
 

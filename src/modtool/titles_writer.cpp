@@ -1,5 +1,3 @@
-#include "common_books.h"
-#include "cp1251.h"
 #include "module_files.h"
 
 namespace Kedrin::ModTool {
@@ -10,9 +8,9 @@ std::string titlesFile(const ModuleData& module)
     for (const ModuleBook& book : module.books)
         content += ' ' + std::to_string(book.globalID);
     content += '\n';
-    for (const auto title : {&CommonBook::fullTitle, &CommonBook::shortTitle, &CommonBook::abbreviatedTitle})
-        for (const ModuleBook& book : module.books)
-            content += ut::to_cp1251(commonBooks()[book.globalID].*title) + '\n';
+    for (const auto title : {&BookTitles::fullTitle, &BookTitles::shortTitle, &BookTitles::abbreviatedTitle})
+        for (const BookTitles& titles : module.bookTitles)
+            content += titles.*title + '\n';
     return content;
 }
 

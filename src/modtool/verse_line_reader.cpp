@@ -1,9 +1,7 @@
 #include "verse_line_reader.h"
 
 #include "build_error.h"
-#include "input_file.h"
-
-#include <unicode/utf8.h>
+#include "text_input.h"
 
 #include <algorithm>
 #include <charconv>
@@ -15,39 +13,7 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-constexpr std::uint64_t maxFileBytes = 64u << 20; // ten times the longest Bible; bounds the memory of a build
 constexpr std::size_t maxBookIdBytes = 16;
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-
-std::string wholeFile(const std::string& fileName)
-{
-    ut::CInputFile file(fileName.c_str());
-    if (!file.isOpen())
-        throw CBuildError(fileName + ": cannot be opened");
-    if (file.size() > maxFileBytes)
-        throw CBuildError(fileName + ": is longer than 64 MiB");
-    std::string content(static_cast<std::size_t>(file.size()), '\0');
-    if (file.readAt(0, content.data(), content.size()) != content.size())
-        throw CBuildError(fileName + ": cannot be read");
-    return content;
-}
-
-bool isValidUtf8(std::string_view text)
-{
-    const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
-    const auto length = static_cast<std::int32_t>(text.size());
-    for (std::int32_t i = 0; i < length;) {
-        if (bytes[i] < 0x80) {
-            ++i;
-            continue;
-        }
-        UChar32 codePoint;
-        U8_NEXT(bytes, i, length, codePoint);
-        if (codePoint < 0)
-            return false;
-    }
-    return true;
-}
 
 bool isBookId(std::string_view text)
 {
@@ -59,29 +25,18 @@ bool isBookId(std::string_view text)
 
 auto placeIn(const SourceVerse& verse) { return std::tuple(verse.book, verse.chapter, verse.verse); }
 
-/// A field as a message shows it: short, so that a hostile line stays a line.
-std::string quoted(std::string_view field)
-{
-    constexpr std::size_t shownBytes = 40;
-    if (field.size() <= shownBytes)
-        return '"' + std::string(field) + '"';
-    std::int32_t end = shownBytes;
-    U8_SET_CP_START(reinterpret_cast<const std::uint8_t*>(field.data()), 0, end);
-    return '"' + std::string(field.substr(0, static_cast<std::size_t>(end))) + "...\"";
-}
-
 class CParser
 {
 public:
-    explicit CParser(const std::string& fileName) : m_fileName(fileName)
+    CParser(const std::string& fileName, std::string utf8) : m_fileName(fileName)
     {
-        m_bible.text = wholeFile(fileName);
+        m_bible.text = std::move(utf8);
     }
 
     SourceBible parse()
     {
         const std::string_view content(m_bible.text);
-        std::size_t begin = content.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
+        std::size_t begin = 0;
         while (begin < content.size()) {
             const std::size_t end = std::min(content.find('\n', begin), content.size());
             std::string_view line = content.substr(begin, end - begin);
@@ -107,13 +62,11 @@ private:
 
     void addLine(std::string_view line)
     {
-        if (!isValidUtf8(line))
-            fail("not valid UTF-8");
         const std::string_view book = field(line);
         const std::string_view chapter = field(line);
         const std::string_view verse = field(line);
         if (!isBookId(book))
-            fail(quoted(book) + " is no OSIS book id");
+            fail(inQuotes(book) + " is no OSIS book id");
         m_bible.verses.push_back({bookIndex(book), number(chapter, "chapter"), number(verse, "verse"),
                                   static_cast<std::uint32_t>(line.data() - m_bible.text.data()),
                                   static_cast<std::uint32_t>(line.size()), m_line});
@@ -136,7 +89,8 @@ private:
         const char* end = digits.data() + digits.size();
         const auto [stop, error] = std::from_chars(digits.data(), end, value);
         if (error != std::errc() || stop != end || value < 1 || value > maxSourceNumber)
-            fail(quoted(digits) + " is no " + what + " number from 1 to " + std::to_string(maxSourceNumber));
+            fail(inQuotes(digits) + " is no " + what + " number from 1 to " +
+                 std::to_string(maxSourceNumber));
         return static_cast<std::uint16_t>(value);
     }
 
@@ -179,7 +133,12 @@ private:
 
 SourceBible readVerseLines(const std::string& fileName)
 {
-    SourceBible bible = CParser(fileName).parse();
+    return readVerseLines(fileName, readText(fileName, ""));
+}
+
+SourceBible readVerseLines(const std::string& fileName, std::string utf8)
+{
+    SourceBible bible = CParser(fileName, std::move(utf8)).parse();
     bible.info.fullTitle = std::filesystem::path(fileName).stem().string();
     bible.info.shortTitle = bible.info.abbreviatedTitle = bible.info.fullTitle;
     return bible;

@@ -18,4 +18,7 @@ namespace Kedrin::ModTool {
 ///     "%s:%u: %s is given twice, first in line %u"
 SourceBible readVerseLines(const std::string& fileName);
 
+/// The same for a file's content without its byte order mark.
+SourceBible readVerseLines(const std::string& fileName, std::string utf8);
+
 } // namespace Kedrin::ModTool

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "source_bible.h"
+
+#include <string>
+#include <string_view>
+
+namespace Kedrin::ModTool {
+
+/// The OSIS id of a USFM book code, in any case: "GEN" gives "Gen". A code without an OSIS id of a Bible's book
+/// ("FRT", "XXA") gives itself, "" a code that is no code: three letters and digits.
+std::string osisOfUsfm(std::string_view code);
+
+/// The OSIS id of a book number of Zefania XML: 1 to 66 in Protestant order, from 67 on the books beside them. A number
+/// without a book gives "Book" and the number.
+std::string osisOfZefania(unsigned int number);
+
+/// In which order the books of a module stand.
+enum class BookOrder
+{
+    source,     ///< as they come in the source
+    protestant, ///< the deuterocanonical books between the testaments, Paul's letters before the general ones
+    orthodox    ///< the deuterocanonical books among the others, the general letters before Paul's
+};
+
+/// Puts the books into an order; those that the common numbering lacks come last, as they came.
+void orderBooks(SourceBible& bible, BookOrder order);
+
+} // namespace Kedrin::ModTool

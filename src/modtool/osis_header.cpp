@@ -1,0 +1,89 @@
+#include "osis_header.h"
+
+#include "text_input.h"
+#include "versification.h"
+
+#include <algorithm>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+/// Calls `use` for each node inside the element that `xml` stands at, and leaves it at the element's end.
+template <typename Use>
+void forEachInside(CXmlReader& xml, Use&& use)
+{
+    if (xml.isEmpty())
+        return;
+    const int depth = xml.depth();
+    for (auto node = xml.next(); node != CXmlReader::Node::none; node = xml.next()) {
+        if (node == CXmlReader::Node::end && xml.depth() == depth)
+            return;
+        use(node);
+    }
+}
+
+} // namespace
+
+std::string elementText(CXmlReader& xml)
+{
+    std::string text;
+    forEachInside(xml, [&](CXmlReader::Node node) {
+        if (node == CXmlReader::Node::text)
+            text += xml.text();
+    });
+    return text;
+}
+
+void COsisHeader::read(CXmlReader& xml)
+{
+    forEachInside(xml, [&](CXmlReader::Node node) {
+        if (node != CXmlReader::Node::start || xml.name() != "work")
+            return;
+        const std::string id = xml.attribute("osisWork");
+        if (m_found || (!m_workId.empty() && id != m_workId && id != "Bible." + m_workId))
+            return;
+        m_found = true;
+        m_info.shortTitle = m_info.abbreviatedTitle = id;
+        readWork(xml);
+    });
+}
+
+void COsisHeader::readWork(CXmlReader& xml)
+{
+    forEachInside(xml, [&](CXmlReader::Node node) {
+        if (node != CXmlReader::Node::start)
+            return;
+        const std::string element(xml.name());
+        const std::string type = xml.attribute("type");
+        take(element, type, elementText(xml));
+    });
+}
+
+void COsisHeader::take(const std::string& element, const std::string& type, const std::string& content)
+{
+    constexpr std::string_view bible = "Bible.";
+    if (isBlank(content))
+        return;
+    if (element == "title" && type == "x-short")
+        m_info.shortTitle = content;
+    else if (element == "title" && type == "x-abbreviation")
+        m_info.abbreviatedTitle = content;
+    else if (element == "title" && m_info.fullTitle.empty())
+        m_info.fullTitle = content;
+    else if (element == "description")
+        m_info.copyright.push_back(content);
+    else if (element == "rights")
+        m_info.copyright.push_back((content.find("opyright") == std::string::npos ? "Rights: " : "") +
+                                   content);
+    else if (element == "publisher")
+        m_info.copyright.push_back("Publisher: " + content);
+    else if (element == "refSystem" && content.starts_with(bible)) {
+        const std::string system = content.substr(bible.size());
+        const std::vector<std::string> known = CVersification::names();
+        if (std::find(known.begin(), known.end(), system) != known.end())
+            m_versification = system;
+    }
+}
+
+} // namespace Kedrin::ModTool

@@ -1,0 +1,288 @@
+#include "osis_reader.h"
+
+#include "build_error.h"
+#include "osis_header.h"
+#include "text_input.h"
+#include "verse_collector.h"
+#include "xml_reader.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+template <std::size_t N>
+bool isOneOf(std::string_view name, const std::array<std::string_view, N>& names)
+{
+    return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+constexpr std::array<std::string_view, 18> blocks{
+    "p",    "l",    "lg",     "lb",     "div",    "list",   "item",    "table", "row",
+    "cell", "head", "closer", "speech", "salute", "signed", "chapter", "label", "milestone"};
+constexpr std::array<std::string_view, 3> titles{"title", "head", "speaker"};
+constexpr std::array<std::string_view, 3> figures{"figure", "caption", "index"};
+constexpr std::array<std::string_view, 9> sideMatter{"introduction",    "preface",   "glossary",
+                                                     "front",           "back",      "index",
+                                                     "acknowledgement", "coverPage", "titlePage"};
+
+/// A reference to one verse: "KJV:1John.2.3!a".
+struct Reference
+{
+    std::string_view book;
+    unsigned int chapter;
+    VerseNumber verse;
+};
+
+std::optional<Reference> parseReference(std::string_view text)
+{
+    if (const std::size_t colon = text.find(':'); colon != std::string_view::npos)
+        text.remove_prefix(colon + 1);
+    const std::size_t part = text.find('!');
+    text = text.substr(0, part);
+    const std::size_t first = text.find('.');
+    const std::size_t second = first == std::string_view::npos ? first : text.find('.', first + 1);
+    if (second == std::string_view::npos || first == 0)
+        return std::nullopt;
+    std::string_view verseText = text.substr(second + 1);
+    const auto chapter = parseVerseNumber(text.substr(first + 1, second - first - 1));
+    const auto verse = parseVerseNumber(verseText.substr(0, verseText.find('.')));
+    if (!chapter || !verse || chapter->first != chapter->last || chapter->first == 0)
+        return std::nullopt;
+    return Reference{text.substr(0, first),
+                     chapter->first,
+                     {verse->first, verse->last, verse->isPart || part != std::string_view::npos}};
+}
+
+/// The closing sign for a quotation's opening one.
+std::string closingSign(const std::string& opening)
+{
+    static constexpr std::pair<const char*, const char*> pairs[] = {{"\u201C", "\u201D"},
+                                                                    {"\u2018", "\u2019"},
+                                                                    {"\u201E", "\u201C"},
+                                                                    {"\u00AB", "\u00BB"},
+                                                                    {"\u2039", "\u203A"}};
+    for (const auto& [open, close] : pairs)
+        if (opening == open)
+            return close;
+    return opening;
+}
+
+class CReader
+{
+public:
+    CReader(const std::string& fileName, std::string_view utf8) : m_xml(fileName, utf8) {}
+
+    SourceBible read()
+    {
+        if (m_xml.next() != CXmlReader::Node::start || m_xml.name() != "osis")
+            m_xml.fail("the root element is " + inQuotes(m_xml.name()) + ", not osis");
+        for (auto node = m_xml.next(); node != CXmlReader::Node::none; node = m_xml.next()) {
+            if (node == CXmlReader::Node::text)
+                m_verses.addText(m_xml.text(), m_xml.line());
+            else if (node == CXmlReader::Node::start)
+                start();
+            else
+                end();
+        }
+        SourceBible bible = m_verses.finish();
+        if (bible.verses.empty())
+            throw CBuildError(m_xml.fileName() + ": holds no verse");
+        return bible;
+    }
+
+private:
+    void start()
+    {
+        const std::string name(m_xml.name());
+        if (name == "osisText")
+            m_workId = m_xml.attribute("osisIDWork");
+        else if (name == "header")
+            readHeader();
+        else if (name == "verse")
+            startVerse();
+        else if (name == "chapter" && m_xml.attribute("eID").empty())
+            m_verses.beginChapter();
+        else if (name == "div")
+            startDivision();
+        else if (name == "q")
+            startQuotation();
+        else if (name == "milestone")
+            m_verses.addText(m_xml.attribute("marker"), m_xml.line());
+        else if (isOneOf(name, titles))
+            startTitle(name);
+        else if (const auto reason = reasonToSkip(name))
+            skip(*reason);
+        if (isOneOf(name, blocks))
+            m_verses.addBreak();
+    }
+
+    void end()
+    {
+        const std::string_view name = m_xml.name();
+        if (isOneOf(name, blocks))
+            m_verses.addBreak();
+        if (m_xml.depth() == m_verseDepth && name == "verse") {
+            m_verses.endVerse();
+            m_verseDepth = noDepth;
+        } else if (m_xml.depth() == m_titleDepth) {
+            m_verses.endTitle();
+            m_verses.addBreak();
+            m_titleDepth = noDepth;
+        } else if (name == "q") {
+            m_verses.addText(m_quoteSigns.empty() ? "" : m_quoteSigns.back(), m_xml.line());
+            if (!m_quoteSigns.empty())
+                m_quoteSigns.pop_back();
+        }
+    }
+
+    void readHeader()
+    {
+        COsisHeader header(m_workId);
+        header.read(m_xml);
+        m_verses.info() = header.info();
+        m_verses.versification() = header.versification();
+    }
+
+    void startVerse()
+    {
+        const std::string endId = m_xml.attribute("eID");
+        if (!endId.empty()) {
+            if (m_openId.empty() || m_openId == endId)
+                m_verses.endVerse();
+            return;
+        }
+        const std::string startId = m_xml.attribute("sID");
+        std::string id = m_xml.attribute("osisID");
+        if (id.empty())
+            id = startId;
+        beginVerse(id);
+        m_openId = startId;
+        m_verseDepth = m_xml.isEmpty() ? noDepth : m_xml.depth();
+    }
+
+    /// @param id  a reference, several with blanks between them, or a range "Gen.1.1-Gen.1.3"
+    void beginVerse(const std::string& id)
+    {
+        const std::size_t begin = std::min(id.find_first_not_of(' '), id.size());
+        const std::string_view list = std::string_view(id).substr(begin);
+        const std::size_t firstEnd = std::min(list.find_first_of(" -"), list.size());
+        std::size_t lastBegin = list.find_last_of(" -");
+        auto reference = parseReference(list.substr(0, firstEnd));
+        if (!reference)
+            m_xml.fail(inQuotes(id) + " is no reference to a verse");
+        if (lastBegin != std::string_view::npos && ++lastBegin < list.size())
+            reference->verse.last = lastVerse(list.substr(lastBegin), *reference);
+        m_verses.beginBook(reference->book);
+        m_verses.beginVerse(reference->chapter, reference->verse, m_xml.line());
+    }
+
+    /// The number of the last verse of a range, as long as it stands in the chapter.
+    unsigned int lastVerse(std::string_view text, const Reference& first) const
+    {
+        const auto last = parseReference(text);
+        if (last && last->chapter == first.chapter && last->book == first.book)
+            return std::max(first.verse.first, last->verse.last);
+        const auto number = parseVerseNumber(text);
+        if (!last && !number)
+            m_xml.fail(inQuotes(text) + " is no reference to a verse");
+        return last ? maxSourceNumber : std::max(first.verse.first, number->last);
+    }
+
+    void startDivision()
+    {
+        const std::string type = m_xml.attribute("type");
+        if (type == "book") {
+            m_verses.endVerse();
+            if (const std::string id = m_xml.attribute("osisID");
+                !id.empty() && m_xml.attribute("eID").empty())
+                beginBook(id);
+        } else if (!m_xml.isEmpty() && isOneOf(type, sideMatter))
+            skip(ReaderRule::outside);
+    }
+
+    void beginBook(const std::string& id)
+    {
+        const std::size_t colon = id.find(':');
+        m_verses.beginBook(colon == std::string::npos ? id : id.substr(colon + 1));
+        m_verses.beginChapter();
+    }
+
+    void startQuotation()
+    {
+        const std::string sign = m_xml.attribute("marker");
+        const bool isMilestoneEnd = !m_xml.attribute("eID").empty();
+        if (sign.empty() && !isMilestoneEnd && m_xml.attribute("who") != "Jesus" &&
+            m_xml.attribute("type") != "block")
+            m_verses.found(ReaderRule::unmarkedQuote, m_xml.line());
+        m_verses.addText(sign, m_xml.line());
+        if (!m_xml.isEmpty())
+            m_quoteSigns.push_back(closingSign(sign));
+    }
+
+    void startTitle(const std::string& name)
+    {
+        const std::string canonical = m_xml.attribute("canonical");
+        const std::string type = m_xml.attribute("type");
+        if (m_xml.isEmpty())
+            return;
+        if (name == "title" && (canonical == "true" || (type == "psalm" && canonical.empty()))) {
+            m_verses.beginTitle();
+            m_titleDepth = m_xml.depth();
+            return;
+        }
+        const bool namesBook = name == "title" && m_verses.inBook() && type != "sub" && type != "chapter";
+        const std::string shortTitle = m_xml.attribute("short");
+        m_verses.found(ReaderRule::title, m_xml.line());
+        const std::string text = elementText(m_xml);
+        m_verses.addBreak();
+        if (!namesBook || m_verses.bookHasVerses() || !m_verses.titles().fullTitle.empty())
+            return;
+        m_verses.titles() = {text, shortTitle, shortTitle};
+    }
+
+    std::optional<ReaderRule> reasonToSkip(const std::string& name) const
+    {
+        if (m_xml.isEmpty())
+            return std::nullopt;
+        if (name == "note")
+            return ReaderRule::note;
+        const std::string type = m_xml.attribute("type");
+        const bool isSecondVariant =
+            name == "seg" && type == "x-variant" && m_xml.attribute("subType") == "x-2";
+        if (isSecondVariant || (name == "rdg" && !type.empty() && type != "primary"))
+            return ReaderRule::otherReading;
+        if (isOneOf(name, figures))
+            return ReaderRule::figure;
+        return std::nullopt;
+    }
+
+    void skip(ReaderRule reason)
+    {
+        m_verses.found(reason, m_xml.line());
+        elementText(m_xml);
+        m_verses.addGap();
+    }
+
+    static constexpr int noDepth = -1;
+
+    CXmlReader m_xml;
+    CVerseCollector m_verses;
+    std::string m_workId;
+    std::string m_openId;                  ///< sID of the verse between milestones that is open
+    std::vector<std::string> m_quoteSigns; ///< closing signs of the quotations that are open
+    int m_verseDepth = noDepth;            ///< of the verse element that is open
+    int m_titleDepth = noDepth;            ///< of the title that belongs to the text
+};
+
+} // namespace
+
+SourceBible readOsis(const std::string& fileName, std::string_view utf8)
+{
+    return CReader(fileName, utf8).read();
+}
+
+} // namespace Kedrin::ModTool

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "source_bible.h"
+
+#include <string>
+#include <string_view>
+
+namespace Kedrin::ModTool {
+
+/// Reads OSIS XML (doc/formats/osis.md): the text of the verses, whether they are written as elements or between
+/// milestones. Notes, headings, other readings and lexical marks go; added words, names, poetry and the words of
+/// Christ stay as plain text.
+/// @param utf8  the file's content, without byte order mark
+/// @throws CBuildError
+///     what CXmlReader throws
+///     "%s:%u: the root element is %s, not osis"
+///     "%s:%u: %s is no reference to a verse"
+///     "%s: holds no verse"
+SourceBible readOsis(const std::string& fileName, std::string_view utf8);
+
+} // namespace Kedrin::ModTool

@@ -1,0 +1,134 @@
+#include "source_format.h"
+
+#include "build_error.h"
+#include "osis_reader.h"
+#include "text_input.h"
+#include "usfm_reader.h"
+#include "verse_line_reader.h"
+#include "xml_reader.h"
+#include "zefania_reader.h"
+
+#include <algorithm>
+#include <filesystem>
+
+namespace Kedrin::ModTool {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string lower(std::string text)
+{
+    for (char& c : text)
+        if (c >= 'A' && c <= 'Z')
+            c = static_cast<char>(c - 'A' + 'a');
+    return text;
+}
+
+std::vector<fs::path> usfmFiles(const std::string& folder)
+{
+    std::vector<fs::path> files;
+    std::error_code error;
+    for (fs::directory_iterator file(folder, error), end; !error && file != end; file.increment(error)) {
+        const std::string extension = lower(file->path().extension().string());
+        if (extension == ".usfm" || extension == ".sfm" || extension == ".ptx")
+            files.push_back(file->path());
+    }
+    if (error)
+        throw CBuildError(folder + ": cannot be read");
+    if (files.empty())
+        throw CBuildError(folder + ": holds no USFM file (*.usfm, *.sfm, *.ptx)");
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
+bool beginsWithDigit(const fs::path& file)
+{
+    const char first = file.filename().string().front();
+    return first >= '0' && first <= '9';
+}
+
+SourceBible readUsfmFolder(const std::string& folder, const std::string& encoding)
+{
+    const std::vector<fs::path> files = usfmFiles(folder);
+    CUsfmReader reader;
+    std::uint64_t byteCount = 0;
+    for (const fs::path& file : files) {
+        const std::string content = readText(file.string(), encoding);
+        byteCount += content.size();
+        if (byteCount > maxSourceBytes)
+            throw CBuildError(folder + ": holds more than 64 MiB");
+        reader.read(file.string(), content);
+    }
+    SourceBible bible = reader.finish(folder);
+    if (!std::all_of(files.begin(), files.end(), beginsWithDigit))
+        orderBooks(bible, BookOrder::protestant);
+    return bible;
+}
+
+SourceBible readUsfmFile(const std::string& fileName, const std::string& content)
+{
+    CUsfmReader reader;
+    reader.read(fileName, content);
+    return reader.finish(fileName);
+}
+
+SourceBible readContent(const std::string& fileName, std::string content, SourceFormat format)
+{
+    switch (format == SourceFormat::detected ? detectFormat(content, fileName) : format) {
+    case SourceFormat::osis:
+        return readOsis(fileName, content);
+    case SourceFormat::zefania:
+        return readZefania(fileName, content);
+    case SourceFormat::usfm:
+        return readUsfmFile(fileName, content);
+    default:
+        return readVerseLines(fileName, std::move(content));
+    }
+}
+
+/// Where the source gives only some of its titles, the longer one stands for the shorter.
+void nameAfterFile(SourceInfo& info, const std::string& path, bool isFolder)
+{
+    const fs::path file = fs::path(path).has_filename() ? fs::path(path) : fs::path(path).parent_path();
+    if (isBlank(info.fullTitle))
+        info.fullTitle = (isFolder ? file.filename() : file.stem()).string();
+    if (isBlank(info.shortTitle))
+        info.shortTitle = info.fullTitle;
+    if (isBlank(info.abbreviatedTitle))
+        info.abbreviatedTitle = info.shortTitle;
+}
+
+} // namespace
+
+SourceFormat detectFormat(std::string_view utf8, const std::string& fileName)
+{
+    const std::size_t begin = std::min(utf8.find_first_not_of(" \t\r\n"), utf8.size());
+    const std::string_view content = utf8.substr(begin);
+    if (content.starts_with('\\'))
+        return SourceFormat::usfm;
+    if (!content.starts_with('<'))
+        return SourceFormat::verseLines;
+    const std::string root = lower(rootElement(content));
+    if (root == "osis")
+        return SourceFormat::osis;
+    if (root == "xmlbible")
+        return SourceFormat::zefania;
+    throw CBuildError(fileName + ": is XML, but neither OSIS nor Zefania (its root element is " +
+                      inQuotes(root) + ')');
+}
+
+SourceBible readSourceFile(const std::string& path, const ReadOptions& options)
+{
+    std::error_code ignored;
+    const bool isFolder = fs::is_directory(path, ignored);
+    if (isFolder && options.format != SourceFormat::detected && options.format != SourceFormat::usfm)
+        throw CBuildError(path + ": is a folder, which only USFM may be");
+    SourceBible bible = isFolder ? readUsfmFolder(path, options.encoding)
+                                 : readContent(path, readText(path, options.encoding), options.format);
+    nameAfterFile(bible.info, path, isFolder);
+    orderBooks(bible, options.order);
+    return bible;
+}
+
+} // namespace Kedrin::ModTool

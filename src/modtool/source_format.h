@@ -1,0 +1,43 @@
+#pragma once
+
+#include "book_ids.h"
+#include "source_bible.h"
+
+#include <string>
+#include <string_view>
+
+namespace Kedrin::ModTool {
+
+enum class SourceFormat
+{
+    detected, ///< by the content
+    osis,
+    usfm,
+    zefania,
+    verseLines
+};
+
+/// How a source is to be read.
+struct ReadOptions
+{
+    SourceFormat format = SourceFormat::detected;
+    std::string encoding; ///< "": as the source says; see readText()
+    BookOrder order = BookOrder::source;
+};
+
+/// What a content is: XML by its root element, USFM by a marker at its beginning, anything else verse lines.
+/// @param utf8      without byte order mark
+/// @param fileName  for the message
+/// @throws CBuildError  "%s: is XML, but neither OSIS nor Zefania (its root element is %s)"
+SourceFormat detectFormat(std::string_view utf8, const std::string& fileName);
+
+/// Reads a file of any format, or a folder of USFM files (*.usfm, *.sfm, *.ptx, in the order of their names, or in
+/// Protestant order where the names do not all begin with a number). What the source does not call itself, it is called
+/// after its file.
+/// @throws CBuildError
+///     what readText(), detectFormat() and the formats' readers throw
+///     "%s: is a folder, which only USFM may be", "%s: holds no USFM file (*.usfm, *.sfm, *.ptx)"
+///     "%s: holds more than 64 MiB"
+SourceBible readSourceFile(const std::string& path, const ReadOptions& options);
+
+} // namespace Kedrin::ModTool

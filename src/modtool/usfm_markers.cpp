@@ -1,0 +1,52 @@
+#include "usfm_markers.h"
+
+#include "usfm_tokens.h"
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+struct Row
+{
+    UsfmMarker kind;
+    std::string_view names; ///< with blanks around each
+};
+
+constexpr Row rows[] = {
+    {UsfmMarker::id, " id "},
+    {UsfmMarker::chapter, " c "},
+    {UsfmMarker::verse, " v "},
+    {UsfmMarker::field, " ide usfm h toc toca rem sts restore "},
+    {UsfmMarker::paragraph,
+     " p m po pr cls pmo pm pmc pmr pi mi nb pc ph b q qr qc qm qd lh li lf lim tr lit pb esbe "},
+    {UsfmMarker::cell, " th thr thc tc tcr tcc "},
+    {UsfmMarker::title, " mt mte ms mr s sr r sp sd qa cl "},
+    {UsfmMarker::canonicalTitle, " d "},
+    {UsfmMarker::outside, " imt is ip ipi im imi ipq imq ipr ipc iq ib ili iot io iex imte ie cd cp periph "},
+    {UsfmMarker::sidebar, " esb "},
+    {UsfmMarker::note, " f fe ef efe x ex rq fm "},
+    {UsfmMarker::secondNumber, " va vp ca "},
+    {UsfmMarker::figure, " fig pro cat "},
+    {UsfmMarker::character,
+     " add addpn bk dc nd k ord pn png qt sig sls tl wj em bd it bdit no sc sup w wg wh wa ndx "
+     "jmp rb rt qs qac lik liv litl xt ior iqt wr "},
+};
+
+} // namespace
+
+UsfmMarker classify(std::string_view name)
+{
+    const std::string_view base = baseName(name);
+    if (base.empty())
+        return UsfmMarker::unknown;
+    for (const Row& row : rows)
+        for (std::size_t found = row.names.find(base); found != std::string_view::npos;
+             found = row.names.find(base, found + 1))
+            if (row.names[found - 1] == ' ' && row.names[found + base.size()] == ' ')
+                return row.kind;
+    return UsfmMarker::unknown;
+}
+
+bool endsParagraph(UsfmMarker marker) { return marker < UsfmMarker::note && marker != UsfmMarker::cell; }
+
+} // namespace Kedrin::ModTool

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string_view>
+
+namespace Kedrin::ModTool {
+
+/// What a USFM marker means for the text of the verses.
+enum class UsfmMarker
+{
+    id,             ///< begins a book
+    chapter,        ///< \c
+    verse,          ///< \v
+    field,          ///< the rest of the line tells of the book, not of the text
+    paragraph,      ///< begins a paragraph or a line of the text
+    cell,           ///< of a table
+    title,          ///< a heading: to the next paragraph
+    canonicalTitle, ///< \d: a heading that belongs to the text
+    outside,        ///< an introduction, a remark: to the next paragraph
+    sidebar,        ///< \esb: to \esbe
+    note,           ///< to its end marker
+    secondNumber,   ///< to its end marker
+    figure,         ///< to its end marker
+    character,      ///< its text is text
+    unknown
+};
+
+/// @param name  without backslash, with its number: "q1"
+UsfmMarker classify(std::string_view name);
+
+/// Whether the marker ends the paragraph before it.
+bool endsParagraph(UsfmMarker marker);
+
+} // namespace Kedrin::ModTool

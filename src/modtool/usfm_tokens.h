@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace Kedrin::ModTool {
+
+/// A piece of a USFM text: a marker or the text up to the next one.
+struct UsfmToken
+{
+    enum class Kind
+    {
+        text,
+        marker,    ///< \p, \v, \wj, \+nd
+        endMarker, ///< \wj*, \+nd*
+        milestone, ///< \qt-s |who="Pilate"\*, taken as a whole
+        none       ///< after the last
+    };
+
+    Kind kind;
+    std::string_view name; ///< of a marker: without backslash, plus sign and star: "q1"
+    std::string_view text; ///< of a text
+    std::size_t line;      ///< from 1
+};
+
+/// Cuts a USFM text into its markers and texts. One blank or line end after a marker belongs to it.
+class CUsfmTokens
+{
+public:
+    /// @param utf8  outlives this object and the tokens
+    explicit CUsfmTokens(std::string_view utf8) : m_rest(utf8) {}
+
+    UsfmToken next();
+
+    /// The text up to the end of the line or the next marker; reads on behind it.
+    std::string_view restOfLine();
+
+    /// The text up to the next blank, line end or marker, behind blanks; reads on behind it and one blank.
+    std::string_view word();
+
+private:
+    std::string_view take(std::size_t byteCount);
+    UsfmToken marker();
+    bool takeMilestoneEnd();
+
+    std::string_view m_rest;
+    std::size_t m_line = 1;
+};
+
+/// A marker's name without its number and the -s or -e of a milestone: "q" for "q1".
+std::string_view baseName(std::string_view marker);
+
+} // namespace Kedrin::ModTool

@@ -1,0 +1,102 @@
+#pragma once
+
+#include "source_bible.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace Kedrin::ModTool {
+
+/// What a source writes for the number of a verse.
+struct VerseNumber
+{
+    unsigned int first;
+    unsigned int last; ///< equals `first` where it is one verse
+    bool isPart;       ///< 1a
+};
+
+/// Reads "3", "3a", "3-5", "3,5". Zero is a number.
+/// @returns nothing where the text is none of these, a number is larger than maxSourceNumber, or the last is smaller
+///     than the first
+std::optional<VerseNumber> parseVerseNumber(std::string_view text);
+
+/// Puts a source's verses together from what its reader meets on its way, and applies the rules that all marked-up
+/// formats share (doc/formats/source-rules.md).
+class CVerseCollector
+{
+public:
+    /// Goes on with a book; one that was not met before becomes the last.
+    void beginBook(std::string_view osis);
+
+    /// Whether a book was begun.
+    bool inBook() const { return !m_bible.books.empty(); }
+
+    /// Whether a verse of the book that was begun last was met.
+    bool bookHasVerses() const { return !m_pieces.empty() && m_pieces.back().verse.book == m_book; }
+
+    /// The titles of the book that was begun last.
+    BookTitles& titles() { return m_bible.bookTitles[m_book]; }
+
+    /// Ends what belongs to the chapter before.
+    void beginChapter();
+
+    /// Begins a verse of the book and ends the one before it.
+    void beginVerse(unsigned int chapter, const VerseNumber& number, std::size_t line);
+
+    /// Ends the verse, if there is one.
+    void endVerse();
+
+    bool inVerse() const { return m_inVerse; }
+
+    /// Text of the verse, or of the title; outside both it is counted.
+    /// @param place  where it stands, for text outside
+    void addText(std::string_view utf8, std::size_t line);
+
+    /// The end of a line, a paragraph, a cell: words do not run together over it.
+    void addBreak();
+
+    /// A note was left out here: words that stood on either side of it do not run together.
+    void addGap();
+
+    /// Between the two, text belongs before the next text, be it of this verse or of the next one.
+    void beginTitle();
+    void endTitle();
+
+    /// Counts something at the verse reached.
+    void found(ReaderRule what, std::size_t line) { m_bible.findings.add(what, place(line)); }
+
+    SourceInfo& info() { return m_bible.info; }
+    std::string& versification() { return m_bible.versification; }
+
+    /// The Bible that was collected, by the rules. Call it once.
+    SourceBible finish();
+
+private:
+    struct Piece
+    {
+        SourceVerse verse;
+        bool isPart;
+    };
+
+    std::string place(std::size_t line) const;
+    void append(std::string_view utf8);
+    void placeTitle();
+    void takeGreekBooks();
+    void mergePieces();
+    SourceVerse joined(std::size_t begin, std::size_t end);
+
+    SourceBible m_bible;
+    std::vector<Piece> m_pieces; ///< the last one is open while m_inVerse
+    std::unordered_map<std::string, std::uint32_t> m_bookIndices;
+    std::string m_title; ///< waits for text to stand before
+    std::uint32_t m_book = 0;
+    bool m_inVerse = false;
+    bool m_inTitle = false;
+    bool m_hasGap = false;
+    bool m_outsideCounted = false;
+};
+
+} // namespace Kedrin::ModTool

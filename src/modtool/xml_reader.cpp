@@ -1,0 +1,181 @@
+#include "xml_reader.h"
+
+#include "build_error.h"
+#include "text_input.h"
+
+#include <libxml/xmlreader.h>
+
+#include <algorithm>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+std::string_view view(const xmlChar* text)
+{
+    return text ? std::string_view(reinterpret_cast<const char*>(text)) : std::string_view();
+}
+
+/// What stands before a document's first element.
+struct Prolog
+{
+    std::size_t end;    ///< where the first element begins, or the text ends
+    std::size_t subset; ///< where declarations begin, or npos
+};
+
+std::size_t after(std::string_view text, std::string_view what, std::size_t begin)
+{
+    const std::size_t found = text.find(what, begin);
+    return found == std::string_view::npos ? text.size() : found + what.size();
+}
+
+/// One past the end of a document type, which begins at `begin`; `subset` is set where it has declarations.
+std::size_t documentTypeEnd(std::string_view text, std::size_t begin, std::size_t& subset)
+{
+    for (std::size_t i = begin; i < text.size(); ++i) {
+        if (text[i] == '"' || text[i] == '\'')
+            i = std::min(text.find(text[i], i + 1), text.size());
+        else if (text[i] == '[') {
+            subset = i;
+            return text.size();
+        } else if (text[i] == '>')
+            return i + 1;
+    }
+    return text.size();
+}
+
+Prolog prologOf(std::string_view text)
+{
+    Prolog prolog{0, std::string_view::npos};
+    while (true) {
+        const std::size_t tag = std::min(text.find('<', prolog.end), text.size());
+        const std::string_view rest = text.substr(tag);
+        if (rest.starts_with("<?"))
+            prolog.end = after(text, "?>", tag);
+        else if (rest.starts_with("<!--"))
+            prolog.end = after(text, "-->", tag + 4);
+        else if (rest.starts_with("<!DOCTYPE"))
+            prolog.end = documentTypeEnd(text, tag, prolog.subset);
+        else {
+            prolog.end = tag;
+            return prolog;
+        }
+    }
+}
+
+} // namespace
+
+class CXmlReader::CPrivate
+{
+public:
+    CPrivate(std::string_view utf8)
+        : m_reader(xmlReaderForMemory(utf8.data(), static_cast<int>(utf8.size()), nullptr, "UTF-8",
+                                      XML_PARSE_NONET | XML_PARSE_NOCDATA | XML_PARSE_IGNORE_ENC |
+                                          XML_PARSE_BIG_LINES))
+    {
+        if (!m_reader)
+            throw std::bad_alloc();
+        xmlTextReaderSetStructuredErrorHandler(m_reader, &CPrivate::keepError, this);
+    }
+    ~CPrivate() { xmlFreeTextReader(m_reader); }
+    CPrivate(const CPrivate&) = delete;
+    CPrivate& operator=(const CPrivate&) = delete;
+
+    xmlTextReaderPtr reader() const { return m_reader; }
+    const std::string& error() const { return m_error; }
+    std::size_t errorLine() const { return m_errorLine; }
+
+private:
+    static void keepError(void* self, xmlErrorPtr error)
+    {
+        auto* kept = static_cast<CPrivate*>(self);
+        if (error->level != XML_ERR_FATAL || !kept->m_error.empty())
+            return;
+        kept->m_error = error->message ? error->message : "unknown";
+        kept->m_error.erase(kept->m_error.find_last_not_of(" \n") + 1);
+        kept->m_errorLine = static_cast<std::size_t>(std::max(error->line, 1));
+    }
+
+    xmlTextReaderPtr m_reader;
+    std::string m_error; ///< the first that ends the reading
+    std::size_t m_errorLine = 1;
+};
+
+CXmlReader::CXmlReader(const std::string& fileName, std::string_view utf8) : m_fileName(fileName)
+{
+    if (const Prolog prolog = prologOf(utf8); prolog.subset != std::string_view::npos)
+        refuse(fileName,
+               1 + static_cast<std::size_t>(std::count(
+                       utf8.begin(), utf8.begin() + static_cast<std::ptrdiff_t>(prolog.subset), '\n')),
+               "declares entities or elements of its own, which is not allowed");
+    m_private = std::make_unique<CPrivate>(utf8);
+}
+
+CXmlReader::~CXmlReader() = default;
+
+CXmlReader::Node CXmlReader::next()
+{
+    while (true) {
+        const int result = xmlTextReaderRead(m_private->reader());
+        if (result < 0)
+            refuse(m_fileName, m_private->errorLine(), "not well-formed XML: " + m_private->error());
+        if (result == 0)
+            return Node::none;
+        switch (xmlTextReaderNodeType(m_private->reader())) {
+        case XML_READER_TYPE_ELEMENT:
+            if (depth() >= maxDepth)
+                fail("elements stand in one another more than " + std::to_string(maxDepth) + " deep");
+            return Node::start;
+        case XML_READER_TYPE_END_ELEMENT:
+            return Node::end;
+        case XML_READER_TYPE_TEXT:
+        case XML_READER_TYPE_CDATA:
+        case XML_READER_TYPE_WHITESPACE:
+        case XML_READER_TYPE_SIGNIFICANT_WHITESPACE:
+            return Node::text;
+        case XML_READER_TYPE_ENTITY_REFERENCE:
+            fail("the entity " + inQuotes(name()) + " is not known");
+        default:
+            break;
+        }
+    }
+}
+
+std::string_view CXmlReader::name() const { return view(xmlTextReaderConstLocalName(m_private->reader())); }
+
+bool CXmlReader::isEmpty() const { return xmlTextReaderIsEmptyElement(m_private->reader()) == 1; }
+
+int CXmlReader::depth() const { return xmlTextReaderDepth(m_private->reader()); }
+
+std::string CXmlReader::attribute(const char* name) const
+{
+    xmlChar* value = xmlTextReaderGetAttribute(m_private->reader(), reinterpret_cast<const xmlChar*>(name));
+    std::string text(view(value));
+    xmlFree(value);
+    return text;
+}
+
+std::string_view CXmlReader::text() const { return view(xmlTextReaderConstValue(m_private->reader())); }
+
+std::size_t CXmlReader::line() const
+{
+    const long line = xmlGetLineNo(xmlTextReaderCurrentNode(m_private->reader()));
+    return static_cast<std::size_t>(
+        line > 0 ? line : std::max(xmlTextReaderGetParserLineNumber(m_private->reader()), 1));
+}
+
+void CXmlReader::fail(const std::string& what) const { refuse(m_fileName, line(), what); }
+
+std::string rootElement(std::string_view utf8)
+{
+    const Prolog prolog = prologOf(utf8);
+    if (prolog.end >= utf8.size() || !isBlank(utf8.substr(0, utf8.find('<'))))
+        return "";
+    std::string_view name = utf8.substr(prolog.end + 1);
+    name = name.substr(0, name.find_first_of(" \t\r\n/>"));
+    if (const std::size_t colon = name.find(':'); colon != std::string_view::npos)
+        name.remove_prefix(colon + 1);
+    return std::string(name);
+}
+
+} // namespace Kedrin::ModTool

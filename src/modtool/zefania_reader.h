@@ -1,0 +1,20 @@
+#pragma once
+
+#include "source_bible.h"
+
+#include <string>
+#include <string_view>
+
+namespace Kedrin::ModTool {
+
+/// Reads Zefania XML (doc/formats/zefania.md): the text of the VERS elements, without notes, cross references,
+/// captions and lexical marks. Names of elements and attributes count in any case.
+/// @param utf8  the file's content, without byte order mark
+/// @throws CBuildError
+///     what CXmlReader throws
+///     "%s:%u: the root element is %s, not XMLBIBLE"
+///     "%s:%u: %s is no book number", the same with "chapter number" and "verse number"
+///     "%s: holds no verse"
+SourceBible readZefania(const std::string& fileName, std::string_view utf8);
+
+} // namespace Kedrin::ModTool
