@@ -36,7 +36,7 @@ ModuleFiles soundModule()
 /// A huge count in a file must not become a huge allocation: memory may grow by this much and no more.
 void limitMemory()
 {
-#if !defined(__SANITIZE_ADDRESS__) // its shadow memory alone is larger than any limit
+#if !defined(KEDRIN_SANITIZE) // its shadow memory alone is larger than any limit
     constexpr rlim_t growth = 96u << 20;
     rlim_t pages = 0;
     std::ifstream("/proc/self/statm") >> pages;

@@ -14,6 +14,7 @@ add_executable(tolvo_engine_tests
 target_link_libraries(tolvo_engine_tests PRIVATE test_support kedrin_options GTest::gtest_main)
 set(tolvo_leaks_that_stay)
 if(KEDRIN_SANITIZE)
+  target_compile_definitions(tolvo_engine_tests PRIVATE KEDRIN_SANITIZE)
   set(tolvo_leaks_that_stay PROPERTIES ENVIRONMENT
     "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")
 endif()
