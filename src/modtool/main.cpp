@@ -1,3 +1,14 @@
-#include "program.h"
+#include "query_commands.h"
+#include "query_program.h"
+#include "whole_program.h"
 
-int main(int argc, char* argv[]) { return Kedrin::ModTool::runProgram(argc, argv); }
+#include <iostream>
+
+int main(int argc, char* argv[])
+{
+    using namespace Kedrin::ModTool;
+    if (argc < 2 || !CQueryCommands::isOne(argv[1]))
+        return becomeWholeProgram(argv);
+    std::ios::sync_with_stdio(false);
+    return runQueryProgram(argc, argv, std::cout, std::cerr);
+}

@@ -1,6 +1,8 @@
 #include "program.h"
 
 #include "build_command.h"
+#include "query_commands.h"
+#include "query_program.h"
 
 #include <CLI/CLI.hpp>
 
@@ -10,21 +12,12 @@
 
 namespace Kedrin::ModTool {
 
-namespace {
-
-int refuseUsage(std::ostream& err, const std::string& what)
-{
-    err << "kedrin-module: " << what << "\nkedrin-module: try kedrin-module --help\n";
-    return exitUsage;
-}
-
-} // namespace
-
 int runProgram(int argc, const char* const* argv, std::ostream& out, std::ostream& err,
                std::ostream* terminal)
 {
-    CLI::App program("Prepares Bible modules for the reader Kedrin", "kedrin-module");
+    CLI::App program(programDescription, programName);
     CBuildCommand build(program);
+    CQueryCommands query(program);
     program.require_subcommand(1);
     try {
         program.parse(argc, argv);
@@ -34,8 +27,10 @@ int runProgram(int argc, const char* const* argv, std::ostream& out, std::ostrea
     } catch (const CLI::ParseError& error) {
         return refuseUsage(err, error.what());
     }
-    if (const std::string wrong = build.usageError(); !wrong.empty())
+    if (const std::string wrong = query.isChosen() ? query.usageError() : build.usageError(); !wrong.empty())
         return refuseUsage(err, wrong);
+    if (query.isChosen())
+        return query.run(out, err);
     CProgress progress(build.isQuiet() ? nullptr : terminal);
     try {
         return build.run(out, err, progress) ? exitDone : exitFailed;

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "module_reader.h"
+
+#include <string>
+#include <vector>
+
+namespace Kedrin::ModTool {
+
+/// Finds a book of a module by any name a user may type. Case, dots and blanks do not matter. The first rule that
+/// finds something decides:
+///
+///     1. a title of the module: full, short or abbreviated
+///     2. a common name of a book (see commonBookNames())
+///     3. the beginning of one of the module's titles
+///     4. the beginning of a common name of a book that the module has
+class CBookLookup
+{
+public:
+    /// The module outlives the lookup.
+    explicit CBookLookup(const CModuleReader& module);
+
+    /// @returns the book's local number
+    /// @throws CNotFound
+    ///     "\"%s\" may be %s": several books, by their titles in the module
+    ///     "the module has no book %s": a common name, with the book's OSIS id
+    ///     "\"%s\" is no book of the module" and, where names are alike, " (did you mean %s?)"
+    unsigned int find(const std::string& name) const;
+
+private:
+    struct Name
+    {
+        std::string key;
+        unsigned int globalID;
+        bool ofModule; ///< a title of the module
+    };
+
+    template <typename Accept>
+    std::vector<unsigned int> booksWith(Accept&& accept) const;
+    std::vector<unsigned int> booksLike(const std::string& key) const;
+    std::string listed(const std::vector<unsigned int>& globalIDs) const;
+
+    const CModuleReader& m_module;
+    std::vector<Name> m_names;
+};
+
+} // namespace Kedrin::ModTool

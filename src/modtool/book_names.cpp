@@ -1,0 +1,146 @@
+#include "book_names.h"
+
+#include "common_books.h"
+
+#include <unicode/normalizer2.h>
+#include <unicode/uchar.h>
+#include <unicode/unistr.h>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+/// Further names of each book of the common numbering, with "|" between them.
+constexpr std::array<std::string_view, commonBooksCount> furtherNames = {
+    "Genesis|Ge|Gn|1 Мойсеева|1 Моисеева|Бт",
+    "Exodus|Ex|Exo|2 Мойсеева|2 Моисеева|Исх|Исход",
+    "Leviticus|Le|Lv|3 Мойсеева|3 Моисеева|Лв",
+    "Numbers|Nu|Nm|Nb|4 Мойсеева|4 Моисеева|Числ|Чс",
+    "Deuteronomy|De|Dt|5 Мойсеева|5 Моисеева|Вт|Второзак",
+    "Joshua|Jos|Jsh|Иисус Навин|Исус Навин|ИсН|Нав|Навин",
+    "Judges|Jdg|Jg|Jdgs|Сд|Судии",
+    "Ruth|Rth|Ru|Руф|Рт",
+    "1 Samuel|1 Sa|1 Sm|1 Царства|1 Царств|1 Самуилова",
+    "2 Samuel|2 Sa|2 Sm|2 Царства|2 Царств|2 Самуилова",
+    "1 Kings|1 Ki|1 Kgs|1 Kin|3 Царства|3 Царств",
+    "2 Kings|2 Ki|2 Kgs|2 Kin|4 Царства|4 Царств",
+    "1 Chronicles|1 Ch|1 Chr|1 Chron|1 Паралипоменон|1 Пар|1 Хроники",
+    "2 Chronicles|2 Ch|2 Chr|2 Chron|2 Паралипоменон|2 Пар|2 Хроники",
+    "Ezra|Ezr|1 Ездра|1 Езд",
+    "Nehemiah|Ne|Нем|Неемии",
+    "Esther|Es|Est|Есф|Есфирь|Естира",
+    "Job|Jb|Иов|Йв",
+    "Psalms|Psalm|Psa|Pss|Pslm|Псалом|Псалтир|Псалтирь|Псалтирът|Псал",
+    "Proverbs|Pr|Prv|Притчи Соломонови|Прит|Притч",
+    "Ecclesiastes|Ec|Ecc|Qoh|Qoheleth|Екклисиаст|Екклесиаст|Еккл",
+    "Song of Songs|Song of Solomon|So|Sg|Canticles|Cant|SOS|Песен на песни|Песн|ПесП|Песня песней",
+    "Isaiah|Is|Исаия|Исайя|Исайа",
+    "Jeremiah|Je|Jr|Иеремия|Иер|Йеремия",
+    "Lamentations|La|Плач Иеремии|Плач Йеремиев|Пл",
+    "Ezekiel|Eze|Ezk|Иезекииль|Иезекиил|Иез|Йезекиил",
+    "Daniel|Da|Dn|Дн",
+    "Hosea|Ho|Осии",
+    "Joel|Jl|Йоил|Иоиль",
+    "Amos|Am",
+    "Obadiah|Ob|Авдии|Авд",
+    "Jonah|Jon|Jnh|Иона|Ион",
+    "Micah|Mi|Mc|Михея",
+    "Nahum|Na|Нм",
+    "Habakkuk|Hb|Аввакум|Авв|Ав",
+    "Zephaniah|Zep|Zp",
+    "Haggai|Hg|Аггей",
+    "Zechariah|Zec|Zc|Зах",
+    "Malachi|Ml|Мл",
+    "1 Esdras|3 Ezra",
+    "Tobit|Tb|Товия",
+    "Judith|Jth|Юдит|Иудифь",
+    "Wisdom|Wisdom of Solomon|Ws|Премъдрост Соломонова|Премъдр|ПремСол",
+    "Sirach|Ecclesiasticus|Ecclus|Премъдрост на Иисус|Иисус Сирах|Исус Сирах",
+    "Letter of Jeremiah|Epistle of Jeremiah|Let Jer|ПослИер|ПослЕр",
+    "Baruch|Ba",
+    "1 Maccabees|1 Mac|1 Ma|1 Макавеи|1 Макк",
+    "2 Maccabees|2 Mac|2 Ma|2 Макавеи|2 Макк",
+    "3 Maccabees|3 Mac|3 Ma|3 Макавеи|3 Макк",
+    "2 Esdras|4 Ezra",
+    "Matthew|Mt|Mat|Мт|Матея|Матфей|Мф|Матф",
+    "Mark|Mk|Mr|Mrk|Мк|Мр|Мар",
+    "Luke|Lk|Lu|Лк",
+    "John|Jn|Jhn|Joh|Йн|Ин|Иоан|Иоанн",
+    "Acts|Ac|Act|Acts of the Apostles|Дея|Деян|Дн Ап",
+    "James|Jm|Jam|Иаков|Иак|Яковово|Якова",
+    "1 Peter|1 Pe|1 Pt|1 Петра|1 Пт|1 Петр",
+    "2 Peter|2 Pe|2 Pt|2 Петра|2 Пт|2 Петр",
+    "1 John|1 Jn|1 Jhn|1 Joh|1 Йн|1 Иоан|1 Ин|1 Йоана",
+    "2 John|2 Jn|2 Jhn|2 Joh|2 Йн|2 Иоан|2 Ин|2 Йоана",
+    "3 John|3 Jn|3 Jhn|3 Joh|3 Йн|3 Иоан|3 Ин|3 Йоана",
+    "Jude|Jud|Jd|Иуда|Иуд|Юд",
+    "Romans|Ro|Rm|Римлянам|Рм|Към римляните",
+    "1 Corinthians|1 Co|1 Коринф|1 Коринтяните",
+    "2 Corinthians|2 Co|2 Коринф|2 Коринтяните",
+    "Galatians|Ga|Гал|Галат|Към галатяните",
+    "Ephesians|Ep|Ефес|Към ефесяните",
+    "Philippians|Php|Pp|Филип|Към филипяните",
+    "Colossians|Co|Колос|Кол|Към колосяните",
+    "1 Thessalonians|1 Th|1 Thes|1 Солуняни|1 Солунян|1 Фес",
+    "2 Thessalonians|2 Th|2 Thes|2 Солуняни|2 Солунян|2 Фес",
+    "1 Timothy|1 Ti|1 Tm|1 Тм",
+    "2 Timothy|2 Ti|2 Tm|2 Тм",
+    "Titus|Ti|Tt|Тит|Тт",
+    "Philemon|Phm|Pm|Флм|Към Филимон",
+    "Hebrews|He|Евреям|Към евреите",
+    "Revelation|Re|Rv|Revelation of John|Apocalypse|Apoc|От|Откр|Апокалипсис|Апок",
+};
+
+std::string utf8Of(std::u16string_view text)
+{
+    std::string utf8;
+    icu::UnicodeString(false, text.data(), static_cast<int32_t>(text.size())).toUTF8String(utf8);
+    return utf8;
+}
+
+/// Replaces a Roman number from I to IV that stands before a blank.
+icu::UnicodeString withDigits(const icu::UnicodeString& name)
+{
+    const int32_t blank = name.indexOf(u' ');
+    const icu::UnicodeString first = blank < 0 ? icu::UnicodeString() : name.tempSubString(0, blank);
+    constexpr std::array<std::u16string_view, 4> numbers = {u"i", u"ii", u"iii", u"iv"};
+    for (std::size_t i = 0; i < numbers.size(); ++i)
+        if (first == icu::UnicodeString(numbers[i].data(), static_cast<int32_t>(numbers[i].size())))
+            return icu::UnicodeString(static_cast<char16_t>(u'1' + i)) + name.tempSubString(blank);
+    return name;
+}
+
+} // namespace
+
+std::string nameKey(std::string_view utf8)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    icu::UnicodeString name =
+        icu::UnicodeString::fromUTF8(icu::StringPiece(utf8.data(), static_cast<int32_t>(utf8.size())));
+    if (const icu::Normalizer2* nfc = icu::Normalizer2::getNFCInstance(status); U_SUCCESS(status))
+        name = nfc->normalize(name, status);
+    name = withDigits(name.foldCase());
+    icu::UnicodeString key;
+    for (int32_t i = 0; i < name.length(); i = name.moveIndex32(i, 1))
+        if (u_isalnum(name.char32At(i)))
+            key.append(name.char32At(i));
+    std::string result;
+    key.toUTF8String(result);
+    return result;
+}
+
+std::vector<std::string> commonBookNames(unsigned int globalID)
+{
+    const CommonBook& book = commonBooks()[globalID];
+    std::vector<std::string> names = {std::string(book.osis), utf8Of(book.fullTitle), utf8Of(book.shortTitle),
+                                      utf8Of(book.abbreviatedTitle)};
+    std::string_view rest = furtherNames[globalID];
+    while (!rest.empty()) {
+        const std::size_t bar = std::min(rest.find('|'), rest.size());
+        names.emplace_back(rest.substr(0, bar));
+        rest.remove_prefix(std::min(bar + 1, rest.size()));
+    }
+    return names;
+}
+
+} // namespace Kedrin::ModTool

@@ -1,0 +1,110 @@
+#include "diff_command.h"
+
+#include "build_report.h"
+#include "plain_text.h"
+#include "verse_alignment.h"
+
+#include <CLI/CLI.hpp>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+using Tolvo::CRef;
+
+/// [verse number]
+std::vector<std::string> allTexts(const CModuleReader& module)
+{
+    std::vector<std::string> texts;
+    module.forEachVerse(0, module.structure().totalVersesCount(),
+                        [&](unsigned int, std::string_view stored) { texts.push_back(plainText(stored)); });
+    return texts;
+}
+
+class CComparison
+{
+public:
+    CComparison(const CModuleReader& first, const CModuleReader& second)
+        : m_first(first),
+          m_second(second),
+          m_firstTexts(allTexts(first)),
+          m_secondTexts(allTexts(second))
+    {}
+
+    /// @param out  null: count only
+    void compare(std::ostream* out)
+    {
+        for (const AlignedRow& row : alignAll(m_first, m_second)) {
+            const std::string* before = textOf(m_first, m_firstTexts, row.verses[0]);
+            const std::string* after = textOf(m_second, m_secondTexts, row.verses[1]);
+            if (before && after && *before == *after) {
+                ++m_same;
+                continue;
+            }
+            ++(before && after ? m_different : before ? m_onlyFirst : m_onlySecond);
+            if (out)
+                write(*out, row, before, after);
+        }
+    }
+
+    void writeCounts(std::ostream& out) const
+    {
+        out << counted(m_different, "verse differs", "verses differ") << ", " << m_onlyFirst
+            << " only in the first, " << m_onlySecond << " only in the second, " << m_same << " the same\n";
+    }
+
+    bool areSame() const { return m_different + m_onlyFirst + m_onlySecond == 0; }
+
+private:
+    static const std::string* textOf(const CModuleReader& module, const std::vector<std::string>& texts,
+                                     const std::optional<CRef>& verse)
+    {
+        return verse ? &texts[module.structure().toNum(*verse)] : nullptr;
+    }
+
+    void write(std::ostream& out, const AlignedRow& row, const std::string* before,
+               const std::string* after) const
+    {
+        const std::string first = before ? m_first.label(*row.verses[0]) : "";
+        const std::string second = after ? m_second.label(*row.verses[1]) : "";
+        out << first << (before && after && first != second ? " | " : "") << (first != second ? second : "")
+            << '\n';
+        if (before)
+            out << "- " << *before << '\n';
+        if (after)
+            out << "+ " << *after << '\n';
+    }
+
+    const CModuleReader& m_first;
+    const CModuleReader& m_second;
+    std::vector<std::string> m_firstTexts;
+    std::vector<std::string> m_secondTexts;
+    std::uint64_t m_same = 0;
+    std::uint64_t m_different = 0;
+    std::uint64_t m_onlyFirst = 0;
+    std::uint64_t m_onlySecond = 0;
+};
+
+} // namespace
+
+CDiffCommand::CDiffCommand(CLI::App& program)
+    : m_command(program.add_subcommand("diff", "Show the verses in which two modules differ"))
+{
+    m_command->add_option("MODULE", m_first, "The first module's folder")->required();
+    m_command->add_option("OTHER", m_second, "The second module's folder")->required();
+    m_command->add_flag("--count", m_count, "Only how many differ");
+}
+
+bool CDiffCommand::isChosen() const { return m_command->parsed(); }
+
+int CDiffCommand::run(std::ostream& out) const
+{
+    const CModuleReader first(m_first);
+    const CModuleReader second(m_second);
+    CComparison comparison(first, second);
+    comparison.compare(m_count ? nullptr : &out);
+    comparison.writeCounts(out);
+    return comparison.areSame() ? queryDone : queryNothing;
+}
+
+} // namespace Kedrin::ModTool

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "module_reader.h"
+
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace Kedrin::ModTool {
+
+/// A book of a module. Texts are UTF-8.
+struct BookFacts
+{
+    std::string osis;
+    std::string title; ///< the short one
+    std::string abbreviation;
+    unsigned int chaptersCount;
+    unsigned int versesCount;
+};
+
+/// What a module says of itself and what it holds. Texts are UTF-8, one line each.
+struct ModuleFacts
+{
+    std::string folder;
+    std::string fullTitle;
+    std::string shortTitle;
+    std::string abbreviatedTitle;
+    std::vector<std::string> copyright; ///< lines
+    std::vector<BookFacts> books;
+    unsigned int chaptersCount = 0;
+    unsigned int versesCount = 0;
+    unsigned int emptyVersesCount = 0;
+    unsigned int wordsCount = 0;
+    std::vector<std::pair<std::string, std::uint64_t>> files; ///< names and bytes, as far as they are there
+    std::uint64_t byteCount = 0;                              ///< of these files together
+
+    unsigned int movedCount = 0;   ///< verses that the engine gives another number in the common numbering
+    unsigned int outsideCount = 0; ///< verses that come to a place which the common numbering does not have
+    unsigned int keptCount = 0;    ///< verses from whose place in the common numbering the engine leads back
+};
+
+/// Walks through the whole module.
+/// @throws CModuleError
+ModuleFacts moduleFacts(const std::string& folder);
+
+/// The lines of a module's copyright, UTF-8.
+std::vector<std::string> copyrightLines(const Tolvo::CBibleInfo& info);
+
+} // namespace Kedrin::ModTool

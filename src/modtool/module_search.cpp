@@ -1,0 +1,58 @@
+#include "module_search.h"
+
+#include "module_words.h"
+#include "plain_text.h"
+#include "tolvo_bible/text_scan.h"
+
+namespace Kedrin::ModTool {
+
+using namespace Kedrin::Tolvo;
+
+namespace {
+
+std::vector<unsigned int> versesWithWord(const CModuleReader& module, const std::string& word)
+{
+    const CModuleWords words(module.folder());
+    const int index = words.list().indexOf(word);
+    if (index < 0)
+        return {};
+    std::vector<unsigned int> verseNums = words.versesOf(static_cast<unsigned int>(index));
+    const unsigned int count = module.structure().totalVersesCount();
+    for (const unsigned int verseNum : verseNums)
+        if (verseNum >= count)
+            throw CModuleError(module.folder() + ": the word \"" + plainText(word) +
+                               "\" is said to be in verse " + std::to_string(verseNum + 1) + " of " +
+                               std::to_string(count));
+    return verseNums;
+}
+
+std::vector<unsigned int> versesWithPart(const CModuleReader& module, const std::string& part, bool byCase)
+{
+    const CTextScan scan(part, byCase ? CTextScan::Case::exact : CTextScan::Case::ignored);
+    std::vector<unsigned int> verseNums;
+    module.forEachVerse(0, module.structure().totalVersesCount(),
+                        [&](unsigned int verseNum, std::string_view text) {
+                            if (!byCase)
+                                text = text.substr(0, text.find('\0'));
+                            const char* end = text.data() + text.size();
+                            if (scan.needleSize() == 0 || scan.find(text.data(), end) != end)
+                                verseNums.push_back(verseNum);
+                        });
+    return verseNums;
+}
+
+} // namespace
+
+std::vector<CRef> searchModule(const CModuleReader& module, const std::string& text, SearchMode mode)
+{
+    const std::vector<unsigned int> verseNums =
+        mode == SearchMode::wholeWord ? versesWithWord(module, text)
+                                      : versesWithPart(module, text, mode == SearchMode::partByCase);
+    const std::vector<CRef> places = verseNums.empty() ? std::vector<CRef>() : module.places();
+    std::vector<CRef> hits;
+    for (const unsigned int verseNum : verseNums)
+        hits.push_back(places[verseNum]);
+    return hits;
+}
+
+} // namespace Kedrin::ModTool

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "module_reader.h"
+
+#include <string>
+#include <vector>
+
+namespace Kedrin::ModTool {
+
+enum class SearchMode
+{
+    part,       ///< anywhere in the text, without regard to case
+    partByCase, ///< anywhere, in just this case
+    wholeWord   ///< one word of the module's list, without regard to case
+};
+
+/// The local references of the verses that hold a text: the verses that Tolvo::CBible::search finds, in its order.
+/// CBible gives common references only, from which not every module's differences lead back, and it ends the program
+/// where a file is damaged; this is the same search over the same readers without either.
+/// @param text  Windows-1251
+/// @throws CModuleError  "%s: the word \"%s\" is said to be in verse %u of %u" and what the readers throw
+std::vector<Tolvo::CRef> searchModule(const CModuleReader& module, const std::string& text, SearchMode mode);
+
+} // namespace Kedrin::ModTool

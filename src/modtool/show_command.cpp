@@ -1,0 +1,88 @@
+#include "show_command.h"
+
+#include "plain_text.h"
+#include "query_arguments.h"
+#include "text_columns.h"
+#include "verse_alignment.h"
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+using Tolvo::CRef;
+
+void showOne(const CModuleReader& module, const VerseRange& range, std::ostream& out)
+{
+    const unsigned int first =
+        module.structure().toNum(CRef(range.book, range.firstChapter, range.firstVerse));
+    const unsigned int last = module.structure().toNum(CRef(range.book, range.lastChapter, range.lastVerse));
+    const std::string book = module.bookLabel(range.book);
+    const unsigned int bookFirst = module.firstVerseNum(range.book);
+    const std::vector<CRef> places = module.placesOfBook(range.book);
+    module.forEachVerse(first, last - first + 1, [&](unsigned int verseNum, std::string_view stored) {
+        const CRef& place = places[verseNum - bookFirst];
+        out << book << ' ' << place.chapter() + 1 << ':' << place.verse() + 1 << "  " << plainText(stored)
+            << '\n';
+    });
+}
+
+std::string cell(const CModuleReader& module, const std::optional<CRef>& verse)
+{
+    return verse ? module.label(*verse) + "  " + module.text(*verse) : "-";
+}
+
+void showSideBySide(const std::vector<const CModuleReader*>& modules, const VerseRange& range,
+                    unsigned int width, std::ostream& out)
+{
+    const CTextColumns columns(modules.size(), width);
+    std::vector<std::string> cells;
+    for (const CModuleReader* module : modules)
+        cells.push_back(plainText(module->info().fullTitle()));
+    columns.writeRow(out, cells);
+    columns.writeRule(out);
+    for (const AlignedRow& row : alignRange(modules, range)) {
+        for (std::size_t i = 0; i < modules.size(); ++i)
+            cells[i] = cell(*modules[i], row.verses[i]);
+        columns.writeRow(out, cells);
+    }
+}
+
+} // namespace
+
+CShowCommand::CShowCommand(CLI::App& program)
+    : m_command(program.add_subcommand("show", "Show verses of a module, or of several side by side"))
+{
+    m_command->add_option("MODULE", m_module, "The module's folder")->required();
+    m_command->add_option("REFERENCE", m_reference, "Book, chapter or verses: John 3:16, Gen 1:1-5, Ps 119")
+        ->required();
+    m_command
+        ->add_option("--with", m_others, "A further module to show beside it; may be given several times")
+        ->type_name("MODULE")
+        ->allow_extra_args(false);
+    m_command->add_option("--width", m_width, "Columns of text in all, for several modules")
+        ->check(CLI::Range(20, 1000));
+}
+
+bool CShowCommand::isChosen() const { return m_command->parsed(); }
+
+int CShowCommand::run(std::ostream& out) const
+{
+    const CModuleReader module(m_module);
+    const VerseRange range = parseReference(joined(m_reference), module);
+    if (m_others.empty()) {
+        showOne(module, range, out);
+        return queryDone;
+    }
+    std::vector<std::unique_ptr<CModuleReader>> others;
+    std::vector<const CModuleReader*> modules = {&module};
+    for (const std::string& folder : m_others)
+        modules.push_back(others.emplace_back(std::make_unique<CModuleReader>(folder)).get());
+    showSideBySide(modules, range, m_width != 0 ? m_width : terminalWidth(out, defaultWidth), out);
+    return queryDone;
+}
+
+} // namespace Kedrin::ModTool

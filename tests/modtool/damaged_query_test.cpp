@@ -1,0 +1,163 @@
+#include "query_fixture.h"
+
+#include "module_search.h"
+#include "tolvo_bible.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+using namespace query_test;
+using namespace Kedrin;
+using test_support::ModuleFiles;
+
+namespace {
+
+/// A sound module with one thing spoiled.
+class Damaged : public testing::Test
+{
+protected:
+    std::string spoiled(const std::function<void(std::map<std::string, std::string>&)>& spoil) const
+    {
+        ModuleFiles files = test_support::smallModule();
+        spoil(files.bytes);
+        return m_modules.add("m", files);
+    }
+
+    Modules m_modules;
+};
+
+const std::vector<std::vector<std::string>> allCommands = {{"show", "", "Gen"},
+                                                           {"search", "", "Бог"},
+                                                           {"search", "", "Бог", "--whole-word"},
+                                                           {"info", ""},
+                                                           {"words", "", "--counts"}};
+
+} // namespace
+
+TEST_F(Damaged, NoFolder)
+{
+    for (std::vector<std::string> command : allCommands) {
+        command[1] = "/nowhere";
+        const Result result = run(command);
+        EXPECT_EQ(result.code, 3);
+        EXPECT_EQ(result.err,
+                  command[0] == "words"
+                      ? "kedrin-module: /nowhere: the words cannot be read: CWordList::CWordList(): error "
+                        "opening file /nowhere/WordList.txt\n"
+                      : "kedrin-module: /nowhere: is no module folder\n");
+    }
+}
+
+TEST_F(Damaged, MissingFileIsNamed)
+{
+    const std::string path = spoiled([](auto& bytes) { bytes.erase("_Diff_.txt"); });
+    EXPECT_EQ(run({"show", path, "Gen 1"}),
+              (Result{3, "",
+                      "kedrin-module: " + path +
+                          ": the module cannot be read: CDiff::CDiff(): error opening file " + path +
+                          "/_Diff_.txt\n"}));
+}
+
+TEST_F(Damaged, TextThatIsCutShort)
+{
+    const std::string path = spoiled([](auto& bytes) { bytes["CompactText.bin"].resize(20); });
+    const std::string message =
+        "kedrin-module: " + path + ": the verses cannot be read: CBibleText::operator [](): I/O error\n";
+    EXPECT_EQ(run({"show", path, "Gen 2"}), (Result{3, "", message}));
+    EXPECT_EQ(run({"search", path, "Бог"}), (Result{3, "", message}));
+    EXPECT_EQ(run({"info", path}), (Result{3, "", message}));
+    EXPECT_EQ(run({"diff", path, path}), (Result{3, "", message}));
+    EXPECT_EQ(run({"show", path, "Gen 1:1"}).code, 0);
+}
+
+TEST_F(Damaged, MoreVersesThanPlaces)
+{
+    const std::string path = spoiled([](auto& bytes) { bytes["BibleStructure.csv"] = "1 4000000000 1 1"; });
+    EXPECT_EQ(
+        run({"show", path, "Gen"}),
+        (Result{3, "",
+                "kedrin-module: " + path +
+                    ": BibleStructure.csv counts 4000000001 verses, CompactPoint.bin has places for 4\n"}));
+}
+
+TEST_F(Damaged, BookThatTheCommonNumberingLacks)
+{
+    const std::string path = spoiled([](auto& bytes) { bytes["BibleTitles.txt"].replace(0, 5, "2 0 77"); });
+    EXPECT_EQ(run({"info", path}).err,
+              "kedrin-module: " + path + ": book 2 has the common number 77, 76 is the last\n");
+}
+
+TEST_F(Damaged, ConcordanceThatEndsInsideARecord)
+{
+    const std::string path = spoiled([](auto& bytes) { bytes["Conc.bin"].pop_back(); });
+    EXPECT_EQ(run({"search", path, "рече", "--whole-word"}),
+              (Result{3, "", "kedrin-module: " + path + "/Conc.bin: ends inside a record\n"}));
+    EXPECT_EQ(run({"words", path}).code, 3);
+}
+
+TEST_F(Damaged, ConcordanceThatEndsBetweenRecords)
+{
+    const std::string path = spoiled([](auto& bytes) { bytes["Conc.bin"].resize(14); });
+    EXPECT_EQ(
+        run({"search", path, "рече", "--whole-word"}).err,
+        "kedrin-module: " + path +
+            ": the verses of the word рече cannot be read: CFileVector::operator [](): recordIndex out of "
+            "range\n");
+}
+
+TEST_F(Damaged, WordInAVerseThatIsNot)
+{
+    const std::string path = spoiled([](auto& bytes) { bytes["Conc.bin"][2] = '\x09'; });
+    EXPECT_EQ(run({"search", path, "бог", "--whole-word"}).err,
+              "kedrin-module: " + path + ": the word \"бог\" is said to be in verse 9 of 4\n");
+}
+
+TEST_F(Damaged, EveryFileCutAtEveryLengthEndsWithAnAnswerOrAnError)
+{
+    const ModuleFiles whole = test_support::smallModule();
+    const std::string path = m_modules.add("m", whole);
+    for (const auto& [name, content] : whole.bytes) {
+        for (std::size_t length = 0; length < content.size(); ++length) {
+            std::filesystem::resize_file(path + '/' + name, length);
+            for (const std::size_t i : {0, 2, 3}) { // between them these read all files whole
+                std::vector<std::string> command = allCommands[i];
+                command[1] = path;
+                const Result result = run(command);
+                EXPECT_TRUE(result.code == 0 || result.code == 1 || result.code == 3)
+                    << name << ' ' << length;
+                EXPECT_EQ(result.code == 3, result.err.starts_with("kedrin-module: " + path))
+                    << name << ' ' << length << ' ' << command[0] << ' ' << result.err;
+            }
+            m_modules.add("m", {{{name, content}}});
+        }
+    }
+}
+
+/// Both searches find the same verses, in the same order, for every text of one and two letters of the module.
+TEST(Search, AgreesWithTheEngine)
+{
+    using namespace ModTool;
+    const Modules modules;
+    const std::string path = modules.add("bg", bulgarianModule());
+    const Tolvo::CBible engine(path);
+    const CModuleReader module(path);
+    const std::string letters = test_support::cp1251("абгдежинорстюяБГИ <>;:.").append(1, '\0');
+    std::vector<std::string> texts = {"", test_support::cp1251("господ"), test_support::cp1251("деня")};
+    for (const char a : letters)
+        for (const char b : letters)
+            texts.push_back(std::string{a, b});
+    for (const std::string& text : texts)
+        for (const SearchMode mode : {SearchMode::part, SearchMode::partByCase, SearchMode::wholeWord}) {
+            std::vector<Tolvo::CRef> expected;
+            engine.search(text, mode == SearchMode::wholeWord, mode == SearchMode::partByCase, expected);
+            const std::vector<Tolvo::CRef> hits = searchModule(module, text, mode);
+            ASSERT_EQ(hits.size(), expected.size()) << text;
+            for (std::size_t i = 0; i < hits.size(); ++i) {
+                const CommonPlace place = module.commonPlace(hits[i]);
+                EXPECT_EQ(place.book, expected[i].bookID());
+                EXPECT_EQ(static_cast<unsigned int>(place.chapter), expected[i].chapter());
+                EXPECT_EQ(static_cast<unsigned int>(place.verse), expected[i].verse());
+            }
+        }
+}
