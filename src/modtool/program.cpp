@@ -1,6 +1,7 @@
 #include "program.h"
 
 #include "build_command.h"
+#include "check_command.h"
 #include "query_commands.h"
 #include "query_program.h"
 
@@ -17,6 +18,7 @@ int runProgram(int argc, const char* const* argv, std::ostream& out, std::ostrea
 {
     CLI::App program(programDescription, programName);
     CBuildCommand build(program);
+    CCheckCommand check(program);
     CQueryCommands query(program);
     program.require_subcommand(1);
     try {
@@ -27,12 +29,17 @@ int runProgram(int argc, const char* const* argv, std::ostream& out, std::ostrea
     } catch (const CLI::ParseError& error) {
         return refuseUsage(err, error.what());
     }
-    if (const std::string wrong = query.isChosen() ? query.usageError() : build.usageError(); !wrong.empty())
+    const std::string wrong = query.isChosen()   ? query.usageError()
+                              : check.isChosen() ? check.usageError()
+                                                 : build.usageError();
+    if (!wrong.empty())
         return refuseUsage(err, wrong);
     if (query.isChosen())
         return query.run(out, err);
-    CProgress progress(build.isQuiet() ? nullptr : terminal);
+    CProgress progress(build.isQuiet() || check.isQuiet() ? nullptr : terminal);
     try {
+        if (check.isChosen())
+            return check.run(out, err, progress);
         return build.run(out, err, progress) ? exitDone : exitFailed;
     } catch (const std::exception& ex) {
         progress.clear();

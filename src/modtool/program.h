@@ -7,9 +7,10 @@ namespace Kedrin::ModTool {
 /// Exit codes of kedrin-module.
 enum ExitCode
 {
-    exitDone = 0,   ///< all went well
-    exitFailed = 1, ///< the source was refused, or something could not be read or written
-    exitUsage = 2   ///< the arguments make no sense
+    exitDone = 0,     ///< all went well
+    exitFailed = 1,   ///< the source was refused or something could not be read or written; `check`: defects
+    exitUsage = 2,    ///< the arguments make no sense
+    exitUnchecked = 3 ///< `check`: something could not be checked
 };
 
 inline constexpr const char* programName = "kedrin-module";

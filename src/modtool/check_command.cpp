@@ -1,0 +1,92 @@
+#include "check_command.h"
+
+#include "program.h"
+#include "tolvo_bible/folder_name.h"
+
+#include <CLI/CLI.hpp>
+
+#include <filesystem>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+constexpr std::size_t defaultMaxPlaces = 5;
+constexpr std::size_t mostMaxPlaces = 1000;
+
+} // namespace
+
+CCheckCommand::CCheckCommand(CLI::App& program)
+    : m_command(program.add_subcommand("check", "Check a module, or all modules of a modules directory")),
+      m_maxPlaces(defaultMaxPlaces)
+{
+    m_command->add_option("MODULE", m_path, "A module's folder, or a folder of modules");
+    m_command->add_flag("--list", m_list, "List the checks; nothing is checked");
+    m_command->add_flag("--json", m_json, "Report as JSON");
+    m_command->add_flag("--strict", m_strict, "Warnings count as defects");
+    m_command->add_option("--places", m_maxPlaces, "How many places of each finding to name (5)")
+        ->check(CLI::Range(std::size_t(0), mostMaxPlaces));
+    m_command->add_flag("-q,--quiet", m_quiet, "No progress bar and no report: the exit code tells");
+}
+
+bool CCheckCommand::isChosen() const { return m_command->parsed(); }
+
+std::string CCheckCommand::usageError() const
+{
+    return m_list == m_path.empty() ? "" : "check needs MODULE or --list, not both";
+}
+
+int CCheckCommand::run(std::ostream& out, std::ostream& err, CProgress& progress) const
+{
+    if (m_list) {
+        out << listOfChecks();
+        return exitDone;
+    }
+    const CheckReport report = check(progress);
+    progress.clear();
+    if (!m_quiet)
+        out << (m_json ? report.json() : report.text());
+    for (const std::string& message : report.unchecked)
+        err << "kedrin-module: " << message << '\n';
+    if (!report.unchecked.empty())
+        return exitUnchecked;
+    const bool isSound =
+        report.count(Severity::error) == 0 && (!m_strict || report.count(Severity::warning) == 0);
+    return isSound ? exitDone : exitFailed;
+}
+
+CheckReport CCheckCommand::check(CProgress& progress) const
+{
+    CheckReport report;
+    std::string path = m_path;
+    while (path.size() > 1 && path.ends_with('/'))
+        path.pop_back();
+    if (isModule(path)) {
+        checkModuleInto(path, report);
+        return report;
+    }
+    std::vector<std::string> folders;
+    for (const std::string& name : Tolvo::sub_folders(path))
+        folders.push_back(path + '/' + name);
+    if (folders.empty()) {
+        report.unchecked.push_back(shownPath(path) + ": is neither a module nor a folder of modules");
+        return report;
+    }
+    report.directory = {path, checkDirectory(path, folders, m_maxPlaces)};
+    for (std::size_t i = 0; i < folders.size(); ++i) {
+        progress.show("checking", i, folders.size());
+        checkModuleInto(folders[i], report);
+    }
+    return report;
+}
+
+void CCheckCommand::checkModuleInto(const std::string& folder, CheckReport& report) const
+{
+    try {
+        report.modules.push_back(checkModule(folder, m_maxPlaces));
+    } catch (const CCheckError& error) {
+        report.unchecked.push_back(error.what());
+    }
+}
+
+} // namespace Kedrin::ModTool
