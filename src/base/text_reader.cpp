@@ -1,7 +1,5 @@
 #include "text_reader.h"
 
-#include "ut_utils.h"
-
 #include <charconv>
 
 namespace ut {
@@ -24,7 +22,11 @@ bool CLineReader::next()
     return true;
 }
 
-std::string CLineReader::line() const { return chomp(std::string(m_line).c_str()); }
+std::string CLineReader::line() const
+{
+    const std::string_view line = m_line.substr(0, m_line.find('\0'));
+    return std::string(line.ends_with('\r') ? line.substr(0, line.size() - 1) : line);
+}
 
 template <typename Number>
 std::optional<Number> CNumberReader::next()
