@@ -33,7 +33,8 @@ public:
         for (std::size_t i = 0; i < ut::cp1251HighHalf.size(); ++i)
             if (ut::cp1251HighHalf[i] < limit)
                 m_bytes[ut::cp1251HighHalf[i]] = static_cast<char>(0x80 + i);
-        for (const char32_t space : {0x09, 0x0A, 0x0B, 0x0C, 0x0D, 0x20, 0x85, 0xA0, 0x2028, 0x2029})
+        for (const char32_t space :
+             {0x09u, 0x0Au, 0x0Bu, 0x0Cu, 0x0Du, 0x20u, 0x85u, 0xA0u, 0x2028u, 0x2029u})
             if (space < limit)
                 m_bytes[space] = static_cast<char>(blankMark);
         m_bytes[softHyphen] = 0;

@@ -182,6 +182,8 @@ private:
         const auto number = parseVerseNumber(word);
         if (!number || number->first == 0 || number->first != number->last)
             refuse(m_fileName, m_line, inQuotes(word) + " is no chapter number");
+        if (m_chapter == 0)
+            refuse(m_fileName, m_line, "a chapter before any \\id");
         m_chapter = number->first;
         m_verses.beginChapter();
     }

@@ -21,7 +21,7 @@ public:
     /// Reads one file; its books follow those of the files before.
     /// @param utf8  the file's content, without byte order mark
     /// @throws CBuildError
-    ///     "%s:%u: a verse before any \\id"
+    ///     "%s:%u: a verse before any \\id", the same with "chapter"
     ///     "%s:%u: %s is no book code", the same with "chapter number" and "verse number"
     void read(const std::string& fileName, std::string_view utf8);
 

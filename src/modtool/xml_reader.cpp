@@ -134,7 +134,9 @@ CXmlReader::Node CXmlReader::next()
         case XML_READER_TYPE_SIGNIFICANT_WHITESPACE:
             return Node::text;
         case XML_READER_TYPE_ENTITY_REFERENCE:
-            fail("the entity " + inQuotes(name()) + " is not known");
+            refuse(m_fileName, // such a node has no line of its own
+                   static_cast<std::size_t>(xmlTextReaderGetParserLineNumber(m_private->reader())),
+                   "the entity " + inQuotes(name()) + " is not known");
         default:
             break;
         }

@@ -1,0 +1,100 @@
+#include "zefania_reader.h"
+
+#include "build_error.h"
+#include "source_text.h"
+
+#include <gtest/gtest.h>
+
+using namespace Kedrin::ModTool;
+using test_support::linesOf;
+using test_support::messageOf;
+
+namespace {
+
+SourceBible read(const std::string& content)
+{
+    return readZefania("f.xml", "<XMLBIBLE biblename='Name'>" + content + "</XMLBIBLE>");
+}
+
+SourceBible chapter(const std::string& verses)
+{
+    return read("<BIBLEBOOK bnumber='1' bname='Genesis' bsname='Gen'><CHAPTER cnumber='1'>" + verses +
+                "</CHAPTER></BIBLEBOOK>");
+}
+
+std::string errorIn(const std::string& content)
+{
+    return messageOf<CBuildError>([&] { read(content); });
+}
+
+} // namespace
+
+TEST(ZefaniaReader, VersesOfBooksByNumber)
+{
+    EXPECT_EQ(
+        linesOf(read(
+            "<BIBLEBOOK bnumber='66'><CHAPTER cnumber='2'><VERS vnumber='1'>a</VERS></CHAPTER></BIBLEBOOK>"
+            "<BIBLEBOOK bnumber='69'><CHAPTER cnumber='1'><VERS vnumber='2'>b</VERS></CHAPTER></BIBLEBOOK>"
+            "<BIBLEBOOK bnumber='99'><CHAPTER cnumber='1'><VERS vnumber='1'>c</VERS></CHAPTER></BIBLEBOOK>")),
+        "Rev 2:1 a\nTob 1:2 b\nBook99 1:1 c\n");
+}
+
+TEST(ZefaniaReader, LexicalMarksAndStylesArePlainText)
+{
+    EXPECT_EQ(
+        linesOf(chapter(
+            "<VERS vnumber='1'>In <gr str='1'>the</gr><BR art='x-nl'/><STYLE css='x'>be</STYLE>gin</VERS>")),
+        "Gen 1:1 In the begin\n");
+}
+
+TEST(ZefaniaReader, NotesReferencesAndCaptionsAreLeftOutAndCounted)
+{
+    const SourceBible bible =
+        chapter("<CAPTION vref='1'>Head</CAPTION><PROLOG>P</PROLOG><REMARK>R</REMARK>"
+                "<VERS vnumber='1'>one<DIV><NOTE>n</NOTE></DIV>two<XREF>x</XREF></VERS>");
+    EXPECT_EQ(linesOf(bible), "Gen 1:1 one two\n");
+    EXPECT_EQ(bible.findings.text(), "left out      2 notes, first Gen 1:1\n"
+                                     "left out      2 titles, first in line 1\n"
+                                     "left out      1 text outside the verses, first in line 1\n");
+}
+
+TEST(ZefaniaReader, RangesAndVerseZero)
+{
+    const SourceBible bible = chapter("<VERS vnumber='0'>T</VERS><VERS vnumber='1' enumber='2'>a</VERS>"
+                                      "<VERS vnumber='3-4'>b</VERS><VERS vnumber='5'/>");
+    EXPECT_EQ(linesOf(bible), "Gen 1:1 T a\nGen 1:3 b\nGen 1:5\n");
+    EXPECT_EQ(bible.findings.text(),
+              "joined        2 ranges of verses, their text at the first, first Gen 1:1\n"
+              "joined        1 verse 0, put before the next verse, first Gen 1:0\n");
+}
+
+TEST(ZefaniaReader, NamesInSmallLettersAreTheSame)
+{
+    EXPECT_EQ(linesOf(readZefania(
+                  "f.xml", "<xmlbible><biblebook bnumber='1'><chapter cnumber='1'>"
+                           "<vers vnumber='1'>a<note>n</note></vers></chapter></biblebook></xmlbible>")),
+              "Gen 1:1 a\n");
+}
+
+TEST(ZefaniaReader, TitlesAndCopyright)
+{
+    const SourceBible bible =
+        read("<INFORMATION><title>Other</title><identifier>Id</identifier><rights>Free</rights>"
+             "</INFORMATION><BIBLEBOOK bnumber='1' bname='Genesis' bsname='Gen'>"
+             "<CHAPTER cnumber='1'><VERS vnumber='1'>a</VERS></CHAPTER></BIBLEBOOK>");
+    EXPECT_EQ(bible.info.fullTitle, "Name");
+    EXPECT_EQ(bible.info.shortTitle, "Id");
+    EXPECT_EQ(bible.info.copyright, std::vector<std::string>{"Rights: Free"});
+    EXPECT_EQ(bible.bookTitles[0].fullTitle, "Genesis");
+    EXPECT_EQ(bible.bookTitles[0].abbreviatedTitle, "Gen");
+}
+
+TEST(ZefaniaReader, RefusesNumbersThatAreNone)
+{
+    EXPECT_EQ(errorIn("<BIBLEBOOK bnumber='x'/>"), "f.xml:1: \"x\" is no book number");
+    EXPECT_EQ(errorIn("<BIBLEBOOK bnumber='1'><CHAPTER cnumber='70000'/></BIBLEBOOK>"),
+              "f.xml:1: \"70000\" is no chapter number");
+    EXPECT_EQ(errorIn("<BIBLEBOOK bnumber='1'><CHAPTER cnumber='1'><VERS>a</VERS></CHAPTER></BIBLEBOOK>"),
+              "f.xml:1: \"\" is no verse number");
+    EXPECT_EQ(errorIn(""), "f.xml: holds no verse");
+}
