@@ -1,0 +1,9 @@
+#!/usr/bin/env bash
+# all_on_x.sh PROGRAM...: the window's tests once more, on a real X server.
+export QT_QPA_PLATFORM=xcb
+status=0
+for program in "$@"; do
+    echo "== ${program##*/}"
+    "$program" -silent || status=1
+done
+exit $status

@@ -1,0 +1,152 @@
+# Sourced by the scripts that drive the real program on a bare X server: no window manager, one screen of 710x680 or
+# more. Another process cannot be asked for its widgets, so what is compared is the picture of the page.
+
+page_region=440x480+216+128   # inside the chapter view of a window of 700x670 at 0,0
+deadline=150                  # polls of a tenth of a second
+
+# A keyboard with Cyrillic letters and no others: xdotool would otherwise redefine keys while the program reads them.
+setxkbmap -layout bg -variant phonetic
+
+fail() {
+    import -window root "$pictures/failed.png" || true
+    echo "FAILED: $*" >&2
+    exit 1
+}
+
+# start PROGRAM: starts it in the background, waits for its window and gives it the keyboard.
+start() {
+    "$1" &
+    pid=$!
+    trap 'kill $pid 2>/dev/null || true' EXIT
+    window=$(timeout 60 xdotool search --all --sync --onlyvisible --pid "$pid" --name 'Kedrin за Linux' | head -n 1)
+    [ -n "$window" ] || fail "no window"
+    xdotool windowfocus "$window"
+    last=
+    moved start
+}
+
+page() { import -window root -crop "$page_region" +repage rgb:- | cksum; }
+
+# becomes_other NAME POLLS: whether the page becomes another one than before and rests; kept as NAME.png.
+becomes_other() {
+    local current previous=none i
+    for ((i = 0; i < $2; ++i)); do
+        current=$(page)
+        if [ "$current" != "$last" ] && [ "$current" = "$previous" ]; then
+            last=$current
+            import -window root "$pictures/$1.png"
+            return 0
+        fi
+        previous=$current
+        sleep 0.1
+    done
+    return 1
+}
+
+moved() { becomes_other "$1" "$deadline" || fail "$1: the page did not change"; }
+
+# enter TEXT NAME: types into the box that has the keyboard and waits for the page. Toolkit programs now and then lose
+# a key that is not pressed on a real keyboard (4 in 100 words, a bare line edit too), so it is typed again then.
+enter() {
+    local attempt
+    for attempt in 1 2 3 4; do
+        text "$1"
+        key Return
+        becomes_other "$2" 40 && return
+        key Tab shift+Tab # selects what the box holds
+    done
+    fail "$2: the page did not change"
+}
+
+# search TEXT X Y NAME: searches from the box that has the keyboard, clicks a row, and waits for the page.
+search() {
+    local attempt
+    for attempt in 1 2 3 4; do
+        text "$1"
+        key Return
+        click "$2" "$3"
+        becomes_other "$4" 40 && return
+        key F3 F3
+    done
+    fail "$4: the page did not change"
+}
+
+# back_to SUM NAME: the page becomes again the one whose sum was kept.
+back_to() {
+    local i
+    for ((i = 0; i < deadline; ++i)); do
+        last=$(page)
+        if [ "$last" = "$1" ]; then
+            import -window root "$pictures/$2.png"
+            return
+        fi
+        sleep 0.1
+    done
+    fail "$2: the page is not the one that it was"
+}
+
+key() { xdotool key --delay 30 "$@"; }
+text() { xdotool type --delay 30 "$1"; }
+click() { xdotool mousemove "$1" "$2" click 1; }
+
+# menu RIGHT N: chooses the N-th item of the menu RIGHT steps from the first.
+menu() {
+    local step first=$(($1 == 0 ? 0 : 1)) # a menu reached by Right has its first item highlighted
+    click 25 12
+    for ((step = 0; step < $1; ++step)); do key Right; done
+    for ((step = first; step < $2; ++step)); do key Down; done
+    key Return
+}
+
+# click_link N: clicks the N-th link (from 1) of the first row of links, found by its underline.
+click_link() {
+    local spot
+    spot=$(import -window root -crop "$page_region" +repage -depth 8 txt:- | awk -F'[,:() ]+' -v wanted="$1" '
+        $1 ~ /^[0-9]+$/ && $3 < 60 && $4 < 60 && $5 > 180 { blue[$2 "," $1] = 1; ++count[$2] }
+        END {
+            for (y = 0; y < 480 && count[y] < 12; ++y) continue     # the first row with an underline in it
+            best = y; for (r = y; r < y + 25; ++r) if (count[r] > count[best]) best = r
+            start = -1; n = 0
+            for (x = 0; x <= 440; ++x) {
+                on = blue[best "," x]
+                if (on && start < 0) start = x
+                if (!on && start >= 0) { if (++n == wanted) { print int((start + x) / 2), best - 4; exit } start = -1 }
+            }
+        }')
+    [ -n "$spot" ] || fail "no link $1 on the page"
+    click $((216 + ${spot% *})) $((128 + ${spot#* }))
+}
+
+error_boxes() { xdotool search --all --onlyvisible --pid "$pid" --name '^Грешка$' 2>/dev/null || true; }
+
+# answer_box NAME: waits for the error box, keeps its picture and closes it by Return.
+answer_box() {
+    local box i
+    for ((i = 0; i < deadline; ++i)); do
+        box=$(error_boxes | tail -n 1)
+        [ -z "$box" ] || break
+        sleep 0.1
+    done
+    [ -n "$box" ] || fail "$1: no box"
+    import -window root "$pictures/$1.png"
+    kill -0 "$pid" || fail "$1: the program did not wait for the box"
+    for ((i = 0; i < deadline; ++i)); do # the box takes the keyboard when it has drawn itself
+        [ -n "$(error_boxes)" ] || return 0
+        xdotool windowfocus "$box" key Return 2>/dev/null || true
+        sleep 0.1
+    done
+    fail "$1: the box stays"
+}
+
+# ends STATUS: the program ends by itself with this status.
+ends() {
+    local i status=0
+    for ((i = 0; i < deadline; ++i)); do
+        kill -0 "$pid" 2>/dev/null || break
+        sleep 0.1
+    done
+    kill -0 "$pid" 2>/dev/null && fail "the program goes on"
+    wait "$pid" || status=$?
+    trap - EXIT
+    [ "$status" -eq "$1" ] || fail "status $status instead of $1"
+}
