@@ -66,6 +66,7 @@ private slots:
     void damagedModuleChangesNothing_data();
     void damagedModuleChangesNothing();
     void repairedModuleOpens();
+    void failedSwitchNamesItselfOnItsButton();
 };
 
 void StartTest::firstModuleIsOpenAtItsBeginning()
@@ -278,6 +279,19 @@ void StartTest::repairedModuleOpens()
     window.chooseTranslation(1);
     QVERIFY(window.takeBoxes().isEmpty());
     QCOMPARE(window.tabs(), (QStringList{QStringLiteral("Алфа"), QStringLiteral("[Бета]")}));
+}
+
+void StartTest::failedSwitchNamesItselfOnItsButton()
+{
+    FormFixture window;
+    window.install("а", alphaModule());
+    window.open().tabsText_selected(7);
+    const QList<SeenBox> boxes = window.takeBoxes();
+    QCOMPARE(boxes.size(), 1);
+    QCOMPARE(boxes.first().icon, QMessageBox::Critical);
+    QCOMPARE(boxes.first().caption, QStringLiteral("Грешка"));
+    QVERIFY(!boxes.first().text.isEmpty());
+    QCOMPARE(boxes.first().buttons, QStringList{QStringLiteral("Грешка при превключване на модулите.")});
 }
 
 QTEST_MAIN(StartTest)
