@@ -54,7 +54,7 @@ CBookLookup::CBookLookup(const CModuleReader& module) : m_module(module)
     for (unsigned int book = 0; book < titles.booksCount(); ++book)
         for (const std::string& title :
              {titles.fullTitle(book), titles.shortTitle(book), titles.abbreviatedTitle(book)})
-            add(plainText(title), titles.globalID(book), true);
+            add(plainLine(title), titles.globalID(book), true);
     for (unsigned int globalID = 0; globalID < commonBooksCount; ++globalID)
         for (const std::string& name : commonBookNames(globalID))
             add(name, globalID, false);
@@ -121,7 +121,7 @@ std::string CBookLookup::listed(const std::vector<unsigned int>& globalIDs) cons
             text += i + 1 == globalIDs.size() ? " or " : ", ";
         std::string title;
         if (titles.hasBook(globalID))
-            title = plainText(titles.shortTitle(titles.localID(globalID)));
+            title = plainLine(titles.shortTitle(titles.localID(globalID)));
         text += title.empty() ? std::string(commonBooks()[globalID].osis) : title;
     }
     return text;

@@ -15,7 +15,8 @@ struct BuildOptions
     std::string shortTitle;
     std::string abbreviatedTitle;
     std::string versification;
-    bool sourceTitles = false; ///< call the books as the source does, where it does, instead of in Bulgarian
+    /// Call the books as the source does, where it does, instead of in Bulgarian; unsaid: only if the source is an export
+    std::optional<bool> sourceTitles;
     std::optional<std::vector<std::string>> copyright; ///< paragraphs instead of the source's
 };
 

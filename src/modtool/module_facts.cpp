@@ -37,8 +37,8 @@ void countBooks(const CModuleReader& module, ModuleFacts& facts)
     for (unsigned int book = 0; book < titles.booksCount(); ++book) {
         BookFacts& known = facts.books.emplace_back();
         known.osis = commonBooks()[titles.globalID(book)].osis;
-        known.title = plainText(titles.shortTitle(book));
-        known.abbreviation = plainText(titles.abbreviatedTitle(book));
+        known.title = plainLine(titles.shortTitle(book));
+        known.abbreviation = plainLine(titles.abbreviatedTitle(book));
         known.chaptersCount = module.structure().chaptersCount(book);
         known.versesCount = 0;
         for (unsigned int chapter = 0; chapter < known.chaptersCount; ++chapter)
@@ -68,7 +68,7 @@ std::vector<std::string> copyrightLines(const Tolvo::CBibleInfo& info)
     const std::string copyright = info.copyright();
     for (std::size_t begin = 0; begin < copyright.size();) {
         const std::size_t end = copyright.find('\n', begin);
-        lines.push_back(plainText(copyright.substr(begin, end - begin)));
+        lines.push_back(plainLine(copyright.substr(begin, end - begin)));
         begin = end + 1;
     }
     return lines;
@@ -79,9 +79,9 @@ ModuleFacts moduleFacts(const std::string& folder)
     const CModuleReader module(folder);
     ModuleFacts facts;
     facts.folder = module.folder();
-    facts.fullTitle = plainText(module.info().fullTitle());
-    facts.shortTitle = plainText(module.info().shortTitle());
-    facts.abbreviatedTitle = plainText(module.info().abbreveatedTitle());
+    facts.fullTitle = plainLine(module.info().fullTitle());
+    facts.shortTitle = plainLine(module.info().shortTitle());
+    facts.abbreviatedTitle = plainLine(module.info().abbreveatedTitle());
     facts.copyright = copyrightLines(module.info());
     countBooks(module, facts);
     module.forEachVerse(0, facts.versesCount,

@@ -117,9 +117,9 @@ bool CModuleReader::keepsPlace(const CRef& local) const
 
 std::string CModuleReader::bookLabel(unsigned int localBook) const
 {
-    std::string label = plainText(m_titles->abbreviatedTitle(localBook));
+    std::string label = plainLine(m_titles->abbreviatedTitle(localBook));
     if (label.empty())
-        label = plainText(m_titles->shortTitle(localBook));
+        label = plainLine(m_titles->shortTitle(localBook));
     return label.empty() ? std::string(commonBooks()[m_titles->globalID(localBook)].osis) : label;
 }
 

@@ -20,7 +20,7 @@ std::vector<unsigned int> versesWithWord(const CModuleReader& module, const std:
     const unsigned int count = module.structure().totalVersesCount();
     for (const unsigned int verseNum : verseNums)
         if (verseNum >= count)
-            throw CModuleError(module.folder() + ": the word \"" + plainText(word) +
+            throw CModuleError(module.folder() + ": the word \"" + plainLine(word) +
                                "\" is said to be in verse " + std::to_string(verseNum + 1) + " of " +
                                std::to_string(count));
     return verseNums;

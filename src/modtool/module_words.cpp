@@ -37,7 +37,7 @@ std::vector<unsigned int> CModuleWords::versesOf(unsigned int wordIndex) const
     try {
         m_concordance->getVersesFor(wordIndex, verseNums);
     } catch (const std::exception& ex) {
-        throw CModuleError(m_folder + ": the verses of the word " + plainText((*m_list)[wordIndex]) +
+        throw CModuleError(m_folder + ": the verses of the word " + plainLine((*m_list)[wordIndex]) +
                            " cannot be read: " + ex.what());
     }
     return verseNums;

@@ -63,6 +63,14 @@ void COsisHeader::readWork(CXmlReader& xml)
 void COsisHeader::take(const std::string& element, const std::string& type, const std::string& content)
 {
     constexpr std::string_view bible = "Bible.";
+    if (element == "description" && type == "x-copyright") {
+        m_info.copyright.push_back(content);
+        return;
+    }
+    if (element == "description" && type == "x-differences") {
+        m_info.differences = content;
+        return;
+    }
     if (isBlank(content))
         return;
     if (element == "title" && type == "x-short")

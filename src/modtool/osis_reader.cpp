@@ -236,12 +236,17 @@ private:
         }
         const bool namesBook = name == "title" && m_verses.inBook() && type != "sub" && type != "chapter";
         const std::string shortTitle = m_xml.attribute("short");
-        m_verses.found(ReaderRule::title, m_xml.line());
+        const std::string abbreviation = m_xml.attribute("n");
+        const bool isExported = type == "x-module"; // one of the titles that export writes
+        if (!isExported)
+            m_verses.found(ReaderRule::title, m_xml.line());
         const std::string text = elementText(m_xml);
         m_verses.addBreak();
         if (!namesBook || m_verses.bookHasVerses() || !m_verses.titles().fullTitle.empty())
             return;
-        m_verses.titles() = {text, shortTitle, shortTitle};
+        m_verses.titles() = {text, shortTitle, abbreviation.empty() ? shortTitle : abbreviation};
+        if (isExported)
+            m_verses.info().keepsTitles = true;
     }
 
     std::optional<ReaderRule> reasonToSkip(const std::string& name) const

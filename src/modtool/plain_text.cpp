@@ -121,6 +121,14 @@ std::pair<char32_t, std::size_t> entityAt(std::string_view text)
 
 } // namespace
 
+std::string plainLine(std::string_view stored)
+{
+    CLine line;
+    for (const char c : stored.substr(0, stored.find('\0')))
+        line.append(ut::from_cp1251(c));
+    return line.take();
+}
+
 std::string plainText(std::string_view stored)
 {
     stored = stored.substr(0, stored.find('\0'));

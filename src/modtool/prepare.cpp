@@ -3,6 +3,7 @@
 #include "build_error.h"
 #include "common_books.h"
 #include "cp1251.h"
+#include "given_differences.h"
 #include "module_layout.h"
 #include "substitutes.h"
 
@@ -123,7 +124,9 @@ WordIndex indexWords(const ModuleData& module)
     return indexer.finish();
 }
 
-void chooseNumbering(ModuleData& module, const std::string& named, BuildReport& report)
+/// @param given  records to take instead of choosing some
+void chooseNumbering(ModuleData& module, const std::string& named, const std::optional<std::string>& given,
+                     BuildReport& report)
 {
     const CVersification versification =
         named.empty() ? CVersification::bestFor(module.books) : CVersification(named);
@@ -133,6 +136,10 @@ void chooseNumbering(ModuleData& module, const std::string& named, BuildReport& 
     report.diff.versesCount = static_cast<unsigned int>(module.verses.size());
     report.diff.withoutPlace = report.diff.versesCount - static_cast<unsigned int>(module.places.size());
     module.diff = chooseDiffRecords(module.places, report.diff);
+    if (!given)
+        return;
+    module.diff = parseDifferences(*given);
+    report.diff.kept = keptWith(module.places, module.diff);
 }
 
 void countModule(const ModuleData& module, BuildReport& report)
@@ -191,10 +198,12 @@ ModuleData prepareModule(const SourceBible& source, const BuildOptions& options,
     reportReplaced(encoder.foreign(), source, report);
 
     layOut(source, globals, encoded, module, report);
-    module.bookTitles = bookTitles(source, module.books, options.sourceTitles);
+    module.bookTitles =
+        bookTitles(source, module.books, options.sourceTitles.value_or(source.info.keepsTitles));
     module.words = indexWords(module);
-    chooseNumbering(module, options.versification.empty() ? source.versification : options.versification,
-                    report);
+    const bool isNamed = !options.versification.empty();
+    chooseNumbering(module, isNamed ? options.versification : source.versification,
+                    isNamed ? std::nullopt : source.info.differences, report);
     countModule(module, report);
     return module;
 }

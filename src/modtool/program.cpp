@@ -2,6 +2,7 @@
 
 #include "build_command.h"
 #include "check_command.h"
+#include "export_command.h"
 #include "query_commands.h"
 #include "query_program.h"
 
@@ -19,6 +20,7 @@ int runProgram(int argc, const char* const* argv, std::ostream& out, std::ostrea
     CLI::App program(programDescription, programName);
     CBuildCommand build(program);
     CCheckCommand check(program);
+    CExportCommand exporter(program);
     CQueryCommands query(program);
     program.require_subcommand(1);
     try {
@@ -31,11 +33,14 @@ int runProgram(int argc, const char* const* argv, std::ostream& out, std::ostrea
     }
     const std::string wrong = query.isChosen()   ? query.usageError()
                               : check.isChosen() ? check.usageError()
-                                                 : build.usageError();
+                              : build.isChosen() ? build.usageError()
+                                                 : std::string();
     if (!wrong.empty())
         return refuseUsage(err, wrong);
     if (query.isChosen())
         return query.run(out, err);
+    if (exporter.isChosen())
+        return exporter.run(out, err);
     CProgress progress(build.isQuiet() || check.isQuiet() ? nullptr : terminal);
     try {
         if (check.isChosen())

@@ -41,7 +41,7 @@ void showSideBySide(const std::vector<const CModuleReader*>& modules, const Vers
     const CTextColumns columns(modules.size(), width);
     std::vector<std::string> cells;
     for (const CModuleReader* module : modules)
-        cells.push_back(plainText(module->info().fullTitle()));
+        cells.push_back(plainLine(module->info().fullTitle()));
     columns.writeRow(out, cells);
     columns.writeRule(out);
     for (const AlignedRow& row : alignRange(modules, range)) {

@@ -3,6 +3,7 @@
 #include "source_findings.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,7 +30,9 @@ struct SourceInfo
     std::string fullTitle;
     std::string shortTitle;
     std::string abbreviatedTitle;
-    std::vector<std::string> copyright; ///< paragraphs of plain text
+    std::vector<std::string> copyright;     ///< paragraphs of plain text
+    bool keepsTitles = false;               ///< an export: its titles of books are the module's own
+    std::optional<std::string> differences; ///< an export's records of _Diff_.txt, instead of a choice
 };
 
 /// What a source calls a book, UTF-8; "" where it does not say.

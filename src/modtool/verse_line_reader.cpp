@@ -2,6 +2,7 @@
 
 #include "build_error.h"
 #include "text_input.h"
+#include "verse_line_header.h"
 
 #include <algorithm>
 #include <charconv>
@@ -50,6 +51,7 @@ public:
         if (m_bible.verses.empty())
             throw CBuildError(m_fileName + ": holds no verse");
         sortVerses();
+        m_header.giveTo(m_bible);
         return std::move(m_bible);
     }
 
@@ -62,6 +64,10 @@ private:
 
     void addLine(std::string_view line)
     {
+        if (line.starts_with('#') && m_bible.verses.empty()) {
+            takeHeaderLine(line);
+            return;
+        }
         const std::string_view book = field(line);
         const std::string_view chapter = field(line);
         const std::string_view verse = field(line);
@@ -70,6 +76,15 @@ private:
         m_bible.verses.push_back({bookIndex(book), number(chapter, "chapter"), number(verse, "verse"),
                                   static_cast<std::uint32_t>(line.data() - m_bible.text.data()),
                                   static_cast<std::uint32_t>(line.size()), m_line});
+    }
+
+    void takeHeaderLine(std::string_view line)
+    {
+        try {
+            m_header.take(line);
+        } catch (const CBuildError& ex) {
+            fail(ex.what());
+        }
     }
 
     /// Cuts the first field and its tab off the line.
@@ -125,6 +140,7 @@ private:
 
     const std::string& m_fileName;
     SourceBible m_bible;
+    CVerseLineHeader m_header;
     std::unordered_map<std::string, std::uint32_t> m_bookIndices;
     std::uint32_t m_line = 0;
 };
@@ -139,8 +155,13 @@ SourceBible readVerseLines(const std::string& fileName)
 SourceBible readVerseLines(const std::string& fileName, std::string utf8)
 {
     SourceBible bible = CParser(fileName, std::move(utf8)).parse();
-    bible.info.fullTitle = std::filesystem::path(fileName).stem().string();
-    bible.info.shortTitle = bible.info.abbreviatedTitle = bible.info.fullTitle;
+    SourceInfo& info = bible.info;
+    if (info.fullTitle.empty())
+        info.fullTitle = std::filesystem::path(fileName).stem().string();
+    if (info.shortTitle.empty())
+        info.shortTitle = info.fullTitle;
+    if (info.abbreviatedTitle.empty())
+        info.abbreviatedTitle = info.shortTitle;
     return bible;
 }
 

@@ -8,13 +8,16 @@ namespace Kedrin::ModTool {
 
 /// Reads a text file with a verse a line: `BOOK<TAB>CHAPTER<TAB>VERSE<TAB>text`, UTF-8 with or without a byte order
 /// mark, lines ended by LF or CR LF. BOOK is an OSIS id; books stand in the order of their first appearance, chapters
-/// and verses are sorted. Empty lines are passed over. The title is the file's name without its extension.
+/// and verses are sorted. Empty lines are passed over. Lines before the first verse that begin with "#" are the header
+/// (see CVerseLineHeader); without a title there it is the file's name without its extension.
 /// @throws CBuildError, naming file and line:
 ///     "%s: cannot be opened", "%s: is longer than 64 MiB", "%s: cannot be read", "%s: holds no verse"
 ///     "%s:%u: not valid UTF-8"
 ///     "%s:%u: a line is BOOK, CHAPTER, VERSE and text with tabs between them"
 ///     "%s:%u: \"%s\" is no OSIS book id"
 ///     "%s:%u: \"%s\" is no chapter number from 1 to 65534", the same with "verse number"
+///     "%s:%u: a book's titles are its id and three titles with tabs between them"
+///     "%s:%u: more than 1000 books"
 ///     "%s:%u: %s is given twice, first in line %u"
 SourceBible readVerseLines(const std::string& fileName);
 

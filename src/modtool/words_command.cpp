@@ -38,7 +38,7 @@ int CWordsCommand::run(std::ostream& out) const
         if (!beginsWith(word, prefix))
             continue;
         found = true;
-        out << plainText(word);
+        out << plainLine(word);
         if (m_counts)
             out << '\t' << words.versesOf(i).size();
         out << '\n';
