@@ -13,6 +13,9 @@ namespace Kedrin::ModTool {
 /// Verses and chapters count from 1 in a source. A larger number is refused: local verse numbers have 16 bits.
 inline constexpr unsigned int maxSourceNumber = 65534;
 
+/// More books than any Bible has; bounds what hostile sources cost.
+inline constexpr std::size_t maxSourceBooks = 1000;
+
 /// One verse of a source.
 struct SourceVerse
 {

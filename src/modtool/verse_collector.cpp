@@ -1,5 +1,6 @@
 #include "verse_collector.h"
 
+#include "build_error.h"
 #include "text_input.h"
 #include "word_gap.h"
 
@@ -77,6 +78,8 @@ void CVerseCollector::beginBook(std::string_view osis)
     endVerse();
     placeTitle();
     if (isNew) {
+        if (index >= maxSourceBooks)
+            throw CBuildError("the source has more than " + std::to_string(maxSourceBooks) + " books");
         m_bible.books.emplace_back(osis);
         m_bible.bookTitles.emplace_back();
     }

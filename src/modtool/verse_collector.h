@@ -29,6 +29,7 @@ class CVerseCollector
 {
 public:
     /// Goes on with a book; one that was not met before becomes the last.
+    /// @throws CBuildError  "the source has more than 1000 books"
     void beginBook(std::string_view osis);
 
     /// Whether a book was begun.

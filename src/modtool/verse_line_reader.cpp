@@ -115,6 +115,8 @@ private:
             return m_bible.verses.back().book;
         const auto index = static_cast<std::uint32_t>(m_bible.books.size());
         const auto [entry, isNew] = m_bookIndices.emplace(osis, index);
+        if (isNew && index >= maxSourceBooks)
+            fail("more than " + std::to_string(maxSourceBooks) + " books");
         if (isNew)
             m_bible.books.emplace_back(osis);
         return entry->second;

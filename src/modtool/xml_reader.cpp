@@ -89,15 +89,23 @@ private:
     static void keepError(void* self, xmlErrorPtr error)
     {
         auto* kept = static_cast<CPrivate*>(self);
-        if (error->level != XML_ERR_FATAL || !kept->m_error.empty())
+        if (error->level != XML_ERR_FATAL || kept->m_hasError)
             return;
-        kept->m_error = error->message ? error->message : "unknown";
+        kept->m_error = error->message ? error->message : tooLong;
+        if (kept->m_error.find("Huge") != std::string::npos ||
+            kept->m_error.find("huge") != std::string::npos)
+            kept->m_error = tooLong;
         kept->m_error.erase(kept->m_error.find_last_not_of(" \n") + 1);
+        kept->m_hasError = true;
         kept->m_errorLine = static_cast<std::size_t>(std::max(error->line, 1));
     }
 
     xmlTextReaderPtr m_reader;
-    std::string m_error; ///< the first that ends the reading
+    static constexpr const char* tooLong = "a part of it is too long";
+
+    std::string m_error =
+        tooLong; ///< the first that ends the reading; the library is silent of a text too long
+    bool m_hasError = false;
     std::size_t m_errorLine = 1;
 };
 
@@ -171,10 +179,15 @@ void CXmlReader::fail(const std::string& what) const { refuse(m_fileName, line()
 std::string rootElement(std::string_view utf8)
 {
     const Prolog prolog = prologOf(utf8);
-    if (prolog.end >= utf8.size() || !isBlank(utf8.substr(0, utf8.find('<'))))
+    if ((prolog.end >= utf8.size() && prolog.subset == std::string_view::npos) ||
+        !isBlank(utf8.substr(0, utf8.find('<'))))
         return "";
-    std::string_view name = utf8.substr(prolog.end + 1);
-    name = name.substr(0, name.find_first_of(" \t\r\n/>"));
+    // Where declarations stand before it, the document type tells its name; the reader refuses them later.
+    const std::size_t type = prolog.subset == std::string_view::npos ? prolog.end : utf8.find("<!DOCTYPE");
+    std::string_view name = utf8.substr(type + 1);
+    if (name.starts_with("!DOCTYPE"))
+        name.remove_prefix(std::min(name.find_first_not_of(" \t\r\n", 8), name.size()));
+    name = name.substr(0, name.find_first_of(" \t\r\n/>["));
     if (const std::size_t colon = name.find(':'); colon != std::string_view::npos)
         name.remove_prefix(colon + 1);
     return std::string(name);

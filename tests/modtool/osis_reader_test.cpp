@@ -204,6 +204,14 @@ TEST(OsisReader, RefusesNumbersOutsideTheLimits)
     EXPECT_EQ(errorIn("<verse>a</verse>"), "f.xml:2: \"\" is no reference to a verse");
 }
 
+TEST(OsisReader, RefusesMoreThanAThousandBooks)
+{
+    std::string books;
+    for (int i = 0; i <= 1000; ++i)
+        books += "<verse osisID='B" + std::to_string(i) + ".1.1'>a</verse>";
+    EXPECT_EQ(errorIn(books), "the source has more than 1000 books");
+}
+
 TEST(OsisReader, RefusesATextWithoutVersesAndAnotherRoot)
 {
     EXPECT_EQ(errorIn("<p>a</p>"), "f.xml: holds no verse");
