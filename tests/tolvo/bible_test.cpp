@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <type_traits>
 
 namespace {
 
@@ -186,6 +187,17 @@ TEST_F(Bible, RoundTripGivesBackEveryVerseMappedBothWays)
             EXPECT_TRUE(again.isGlobal());
         }
     }
+}
+
+TEST(BibleType, IsNeitherCopiedNorDeletedAsAnother)
+{
+    EXPECT_FALSE(std::is_copy_constructible_v<CBible>);
+    EXPECT_FALSE(std::is_copy_assignable_v<CBible>);
+    EXPECT_TRUE(std::has_virtual_destructor_v<CBible>);
+    EXPECT_FALSE(std::has_virtual_destructor_v<ITitles>);
+    EXPECT_FALSE(std::is_copy_constructible_v<CBibleModules>);
+    EXPECT_FALSE(std::is_copy_assignable_v<CBibleModules>);
+    EXPECT_TRUE(std::has_virtual_destructor_v<CBibleModules>);
 }
 
 TEST_F(Bible, DemoOfAShortModuleTellsWhatWentWrong)

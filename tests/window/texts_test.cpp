@@ -4,6 +4,7 @@
 #include <QMenuBar>
 #include <QRegularExpression>
 #include <QTest>
+#include <QTranslator>
 
 using namespace window_test;
 
@@ -80,6 +81,19 @@ constexpr struct
 
 constexpr const char* menuTitles[] = {"&Файл", "Преводи", "Изглед", "&Помощ"};
 
+/// Puts brackets around every text of the form's context.
+class Brackets : public QTranslator
+{
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char* context, const char* sourceText, const char* comment, int) const override
+    {
+        if (qstrcmp(context, "BibleForm") != 0 || qstrlen(comment) > 0)
+            return {};
+        return u'<' + QString::fromUtf8(sourceText) + u'>';
+    }
+};
+
 /// Lets a test call what a change of language calls.
 class RetranslatedForm : public BibleForm
 {
@@ -107,6 +121,7 @@ private slots:
     void statusTipsAreNotSet();
     void changingTheLanguageTwiceLeavesTheSameTexts();
     void changingTheLanguageRestoresEveryText();
+    void textsAreTranslatedInTheFormsContext();
 };
 
 void TextsTest::textsAreAsListed()
@@ -174,6 +189,22 @@ void TextsTest::changingTheLanguageRestoresEveryText()
         QCOMPARE(textOf(form, object, property), QString::fromUtf8(text));
     for (int i = 0; i < 4; ++i)
         QCOMPARE(form.menubar->actions().at(i)->text(), QString::fromUtf8(menuTitles[i]));
+}
+
+void TextsTest::textsAreTranslatedInTheFormsContext()
+{
+    FormFixture window;
+    window.install("a", alphaModule());
+    auto& form = window.open<RetranslatedForm>();
+    Brackets brackets;
+    QVERIFY(QCoreApplication::installTranslator(&brackets));
+    form.languageChange();
+    QCoreApplication::removeTranslator(&brackets);
+    for (const auto& [object, property, text] : allTexts)
+        if (*text != '\0')
+            QCOMPARE(textOf(form, object, property), u'<' + QString::fromUtf8(text) + u'>');
+    for (int i = 0; i < 4; ++i)
+        QCOMPARE(form.menubar->actions().at(i)->text(), u'<' + QString::fromUtf8(menuTitles[i]) + u'>');
 }
 
 QTEST_MAIN(TextsTest)
