@@ -177,6 +177,7 @@ TEST_F(Exports, VersificationComesBack)
 TEST_F(Exports, DifferencesThatNoVersificationGivesComeBack)
 {
     expectRoundTrip("# differences: 1 2 1 0 7 2 2 1 1 -1\n" + threeVerses);
+    expectRoundTrip("# differences: 3 2 1 0 5\n" + threeVerses); // of a book after the module's last
     EXPECT_EQ(built(write("s", "# differences: 1 2 1 0 7\n" + threeVerses))["_Diff_.txt"], "1 2 1 0 7\n");
 }
 
