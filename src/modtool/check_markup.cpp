@@ -102,39 +102,47 @@ void CMarkupReader::read(std::string_view stored)
 
 void CMarkupReader::readTag()
 {
-    m_item = m_rest;
     const char next = m_rest.size() > 1 ? m_rest[1] : ' ';
     if (next == '!' || next == '?') {
         readDeclaration();
         return;
     }
     const bool closes = next == '/';
-    const std::string_view inside = m_rest.substr(closes ? 2 : 1, maxTagBytes);
+    const std::size_t nameBegin = closes ? 2 : 1;
+    const std::string_view inside = m_rest.substr(nameBegin, maxTagBytes);
     const std::string_view name = nameAt(inside);
-    m_isGoto = false;
     const std::size_t defectsBefore = m_defects.size();
-    const std::size_t length = name.empty() || !isLetter(name[0])
-                                   ? std::string_view::npos
-                                   : readAttributes(inside.substr(name.size()));
+    m_isGoto = false;
+    const bool isName = !name.empty() && isLetter(name[0]);
+    const std::size_t length = isName ? readAttributes(inside.substr(name.size())) : std::string_view::npos;
+    m_defects.resize(length == std::string_view::npos ? defectsBefore : m_defects.size());
     if (length == std::string_view::npos) {
-        m_defects.resize(defectsBefore);
-        m_item = m_rest.substr(0, maxEntityBytes);
-        addDefect(CheckID::markupBracket);
-        ++m_brackets;
-        m_plain += '<';
-        m_rest.remove_prefix(1);
+        takeBracketForText();
         return;
     }
-    m_item = m_rest.substr(0, (closes ? 2 : 1) + name.size() + length);
+    m_item = m_rest.substr(0, nameBegin + name.size() + length);
     for (std::size_t i = defectsBefore; i < m_defects.size(); ++i)
         m_defects[i].where = m_item;
     m_rest.remove_prefix(m_item.size());
-    const std::string lower = lowerCase(name);
-    judgeTag(lower, !closes);
-    if (closes)
-        close(lower);
-    else if (!isOneOf(lower, voidTags) && !m_item.ends_with("/>"))
-        open(lower);
+    applyTag(lowerCase(name), !closes);
+}
+
+void CMarkupReader::takeBracketForText()
+{
+    m_item = m_rest.substr(0, maxEntityBytes);
+    addDefect(CheckID::markupBracket);
+    ++m_brackets;
+    m_plain += '<';
+    m_rest.remove_prefix(1);
+}
+
+void CMarkupReader::applyTag(const std::string& name, bool opens)
+{
+    judgeTag(name, opens);
+    if (!opens)
+        close(name);
+    else if (!isOneOf(name, voidTags) && !m_item.ends_with("/>"))
+        open(name);
 }
 
 /// A comment, or anything else that begins with <! or <?.

@@ -31,6 +31,8 @@ public:
 
 private:
     void readTag();
+    void takeBracketForText();
+    void applyTag(const std::string& name, bool opens);
     void readDeclaration();
     std::size_t readAttributes(std::string_view tag);
     void judgeAttribute(std::string_view name, std::string_view value);

