@@ -218,3 +218,18 @@ TEST(OsisReader, RefusesATextWithoutVersesAndAnotherRoot)
     EXPECT_EQ(messageOf<CBuildError>([] { readOsis("f.xml", "<html/>"); }),
               "f.xml:1: the root element is \"html\", not osis");
 }
+
+TEST(OsisReader, ExampleOfTheFormatPage)
+{
+    const SourceBible bible = readOsis(
+        "f.xml",
+        R"(<osis><osisText osisIDWork="T"><header><work osisWork="T"><title>Тест</title></work></header>
+<div type="book" osisID="Ps"><chapter osisID="Ps.3"><title type="psalm">Псалом на Давида.</title>
+<lg><l><verse sID="a" osisID="Ps.3.1"/>Господи,<note>или: Боже</note> колко</l>
+<l>се умножиха!<verse eID="a"/></l></lg></chapter></div></osisText></osis>
+)");
+    EXPECT_EQ(linesOf(bible), "Ps 3:1 Псалом на Давида. Господи, колко се умножиха!\n");
+    EXPECT_EQ(bible.findings.text(), "joined        1 psalm title, put before its text, first Ps 3:1\n"
+                                     "left out      1 note, first Ps 3:1\n");
+    EXPECT_EQ(bible.info.fullTitle, "Тест");
+}

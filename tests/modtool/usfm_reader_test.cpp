@@ -162,3 +162,13 @@ TEST(UsfmReader, RefusesWhatHasNoPlace)
     EXPECT_EQ(errorIn("\\id GEN\n\\c 1\n\\v\n"), "f.usfm:3: \"\" is no verse number");
     EXPECT_EQ(errorIn("\\id GEN\n\\c 1\n\\p text\n"), "f.usfm: holds no verse");
 }
+
+TEST(UsfmReader, ExampleOfTheFormatPage)
+{
+    const SourceBible bible = read("\\id PSA\n\\c 3\n\\d Псалом на Давида.\n\\q1\n"
+                                   "\\v 1 \\w Господи|strong=\"H3068\"\\w*,\\f + \\ft или: Боже\\f* колко\n"
+                                   "\\q2 се умножиха!\n");
+    EXPECT_EQ(linesOf(bible), "Ps 3:1 Псалом на Давида. Господи, колко се умножиха!\n");
+    EXPECT_EQ(bible.findings.text(), "joined        1 psalm title, put before its text, first Ps 3:1\n"
+                                     "left out      1 note, first Ps 3:1\n");
+}

@@ -98,3 +98,16 @@ TEST(ZefaniaReader, RefusesNumbersThatAreNone)
               "f.xml:1: \"\" is no verse number");
     EXPECT_EQ(errorIn(""), "f.xml: holds no verse");
 }
+
+TEST(ZefaniaReader, ExampleOfTheFormatPage)
+{
+    const SourceBible bible = readZefania(
+        "f.xml",
+        R"(<XMLBIBLE biblename="Тест"><BIBLEBOOK bnumber="1" bname="Битие"><CHAPTER cnumber="1"><CAPTION vref="1">Светът
+</CAPTION><VERS vnumber="1">В <gr str="7225">начало</gr><NOTE>бел.</NOTE> Бог</VERS></CHAPTER></BIBLEBOOK></XMLBIBLE>
+)");
+    EXPECT_EQ(linesOf(bible), "Gen 1:1 В начало Бог\n");
+    EXPECT_EQ(bible.findings.text(), "left out      1 note, first Gen 1:1\n"
+                                     "left out      1 title, first in line 1\n");
+    EXPECT_EQ(bible.info.fullTitle, "Тест");
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "build_error.h"
+#include "source_bible.h"
+#include "text_input.h"
+
+#include <cstdlib>
+#include <string>
+#include <string_view>
+#include <tuple>
+
+namespace fuzz {
+
+constexpr std::size_t maxSourceFuzzBytes = 16384; // holds every construct of a format many times over
+
+/// Reads a source through `read`, which may only refuse it by CBuildError, and holds the Bible to what SourceBible
+/// promises: places in range, ascending, none twice; texts inside the text.
+template <typename Read>
+void walkSource(const std::uint8_t* data, std::size_t size, Read&& read)
+{
+    using namespace Kedrin::ModTool;
+    if (size > maxSourceFuzzBytes)
+        return;
+    try {
+        const std::string text = decodedText(std::string(reinterpret_cast<const char*>(data), size), "f", "");
+        const SourceBible bible = read(text);
+        auto last = std::tuple(0u, 0u, 0u);
+        for (const SourceVerse& verse : bible.verses) {
+            const auto place = std::tuple(verse.book + 1u, unsigned{verse.chapter}, unsigned{verse.verse});
+            if (place <= last || verse.book >= bible.books.size() || verse.chapter == 0 || verse.verse == 0 ||
+                verse.offset > bible.text.size() || verse.byteCount > bible.text.size() - verse.offset)
+                std::abort();
+            last = place;
+        }
+        if (!bible.bookTitles.empty() && bible.bookTitles.size() != bible.books.size())
+            std::abort();
+    } catch (const CBuildError&) {
+    }
+}
+
+} // namespace fuzz
