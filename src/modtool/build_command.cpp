@@ -33,25 +33,42 @@ CBuildCommand::CBuildCommand(CLI::App& program)
     m_command->add_flag("-q,--quiet", m_quiet, "No progress bar and no report");
 }
 
+namespace {
+
+/// An option whose value is one of some words.
+/// @param words  what the help shows
+template <typename Value, typename Chosen>
+void addChoice(CLI::App& command, const char* name, const char* words,
+               const std::map<std::string, Value>& values, Chosen& chosen, const char* description)
+{
+    const auto choose = [&chosen, values, name, words](const std::string& word) {
+        const auto found = values.find(word);
+        if (found == values.end())
+            throw CLI::ValidationError(name, "\"" + word + "\" is not one of " + words);
+        chosen = found->second;
+    };
+    command.add_option_function<std::string>(name, choose, description)->option_text(words);
+}
+
+} // namespace
+
 void CBuildCommand::addReadingOptions()
 {
-    using Formats = std::map<std::string, SourceFormat>;
-    static const Formats formats{{"osis", SourceFormat::osis},
-                                 {"usfm", SourceFormat::usfm},
-                                 {"zefania", SourceFormat::zefania},
-                                 {"verse-lines", SourceFormat::verseLines}};
-    static const std::map<std::string, BookOrder> orders{{"source", BookOrder::source},
-                                                         {"protestant", BookOrder::protestant},
-                                                         {"orthodox", BookOrder::orthodox}};
-    static const std::map<std::string, bool> titles{{"bg", false}, {"source", true}};
-    m_command->add_option("--from", m_readOptions.format, "Format of the source, where its content misleads")
-        ->transform(CLI::CheckedTransformer(formats));
+    const std::map<std::string, SourceFormat> formats{{"osis", SourceFormat::osis},
+                                                      {"usfm", SourceFormat::usfm},
+                                                      {"zefania", SourceFormat::zefania},
+                                                      {"verse-lines", SourceFormat::verseLines}};
+    const std::map<std::string, BookOrder> orders{{"source", BookOrder::source},
+                                                  {"protestant", BookOrder::protestant},
+                                                  {"orthodox", BookOrder::orthodox}};
+    const std::map<std::string, bool> titles{{"bg", false}, {"source", true}};
+    addChoice(*m_command, "--from", "osis|usfm|zefania|verse-lines", formats, m_readOptions.format,
+              "Format of the source, where its content misleads");
     m_command->add_option("--encoding", m_readOptions.encoding, "Encoding of the source, where it says none");
-    m_command->add_option("--book-order", m_readOptions.order, "Order of the books")
-        ->transform(CLI::CheckedTransformer(orders));
-    m_command
-        ->add_option("--titles", m_options.sourceTitles, "Titles of the books: Bulgarian or the source's")
-        ->transform(CLI::CheckedTransformer(titles));
+    addChoice(*m_command, "--book-order", "source|protestant|orthodox", orders, m_readOptions.order,
+              "Order of the books");
+    addChoice(*m_command, "--titles", "bg|source", titles, m_options.sourceTitles,
+              "Titles of the books: Bulgarian or the source's");
     m_command->add_option("--copyright", m_copyrightFile, "Text file with the copyright, a paragraph a line");
 }
 
