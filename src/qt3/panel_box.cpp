@@ -1,17 +1,21 @@
 #include "panel_box.h"
 
-#include <QFontMetrics>
+#include "fit_font.h"
+
+#include <QStyleOptionGroupBox>
+#include <QStylePainter>
 
 namespace qt3 {
 
 namespace {
 
 constexpr QSize smallest(100, 50);
+constexpr int belowTitle = 6; // where styles draw the frame's upper edge
 
 /// With room for the frame on both sides of the title.
-QSize titleSize(const QGroupBox& box)
+QSize titleSize(const PanelBox& box)
 {
-    const QFontMetrics metrics(box.font());
+    const QFontMetrics metrics(box.paintedFont());
     return {metrics.horizontalAdvance(box.title()) + 4 * metrics.horizontalAdvance(u'x'), metrics.height()};
 }
 
@@ -27,6 +31,25 @@ QSize PanelBox::sizeHint() const
 }
 
 QSize PanelBox::minimumSizeHint() const { return {}; }
+
+QFont PanelBox::paintedFont() const
+{
+    const QRect children = childrenRect();
+    if (children.isNull())
+        return font();
+    return fitFont(font(), title(), {children.width(), children.y() - belowTitle});
+}
+
+void PanelBox::paintEvent(QPaintEvent*)
+{
+    QStylePainter painter(this);
+    QStyleOptionGroupBox option;
+    initStyleOption(&option);
+    const QFont fit = paintedFont();
+    painter.setFont(fit);
+    option.fontMetrics = QFontMetrics(fit);
+    painter.drawComplexControl(QStyle::CC_GroupBox, option);
+}
 
 void FramelessBox::paintEvent(QPaintEvent*) {}
 

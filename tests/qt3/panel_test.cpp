@@ -41,6 +41,7 @@ class PanelTest : public QObject
 private slots:
     void hintGoesRoundTheChildren();
     void emptyPanelIsAsLargeAsItsTitle();
+    void titleShrinksToFitAboveTheChildren();
     void panelKeepsItsWidthInAGrid();
     void framelessBoxPaintsNothing();
     void fontThatFitsStays();
@@ -72,6 +73,28 @@ void PanelTest::emptyPanelIsAsLargeAsItsTitle()
     QCOMPARE(panel.sizeHint(), QSize(100, 50));
     panel.setTitle(QString(100, u'щ'));
     QVERIFY(panel.sizeHint().width() > panel.fontMetrics().horizontalAdvance(panel.title()));
+}
+
+void PanelTest::titleShrinksToFitAboveTheChildren()
+{
+    Panel panel;
+    QFont large = panel.font();
+    large.setPointSize(24);
+    panel.setFont(large);
+    panel.setTitle(u"Търсене"_s);
+    QVERIFY(QFontMetrics(panel.paintedFont()).height() < 20);
+    QCOMPARE(panel.font().pointSize(), 24);
+    QCOMPARE(panel.sizeHint(), QSize(181, 575));
+
+    panel.resize(181, 575);
+    const QImage picture = painted(panel); // the children paint nothing
+    int lowest = 0;                        // dark pixels of the title; the frame is lighter
+    for (int y = 0; y < 60; ++y)
+        for (int x = 5; x < 170; ++x)
+            if (qGray(picture.pixel(x, y)) < 60)
+                lowest = y;
+    QVERIFY(lowest > 3);
+    QVERIFY(lowest < 20);
 }
 
 void PanelTest::panelKeepsItsWidthInAGrid()

@@ -128,7 +128,8 @@ void FontTest::largeFontKeepsThePanelsPlaces()
         dialog.accept();
     }));
     QCoreApplication::processEvents();
-    QVERIFY(form.groupSearch->width() >= 181); // wider only for its title
+    QCOMPARE(form.groupSearch->width(), 181);
+    QVERIFY(QFontMetrics(form.groupSearch->paintedFont()).height() < form.groupSearchOptions->y());
     QCOMPARE(form.checkRedoSearch->geometry(), QRect(0, 70, 110, 24));
     const QFontMetrics painted(form.checkRedoSearch->paintedFont());
     QVERIFY(painted.horizontalAdvance(form.checkRedoSearch->text()) < 110);
