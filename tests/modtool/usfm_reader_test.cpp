@@ -61,8 +61,9 @@ TEST(UsfmReader, AttributesOfWordsAreLeftOut)
 
 TEST(UsfmReader, MilestonesAreLeftOutWithTheirAttributes)
 {
-    EXPECT_EQ(linesIn("\\qt-s |who=\"P\" sid=\"1\"\\*one\\qt-e\\* \\ts\\*two \\zms\\*three"),
-              "Gen 1:1 one two three\n");
+    const std::string text = "\\qt-s |who=\"P\" sid=\"1\"\\*one a|b\\qt-e\\* \\ts\\*two \\zms\\*three";
+    EXPECT_EQ(linesIn(text), "Gen 1:1 one a|b two three\n");
+    EXPECT_EQ(findingsIn(text), "");
 }
 
 TEST(UsfmReader, NotesAreLeftOutAndCounted)
