@@ -26,6 +26,14 @@ void* allocate(std::size_t byteCount)
 
 void* operator new(std::size_t byteCount) { return allocate(byteCount); }
 void* operator new[](std::size_t byteCount) { return allocate(byteCount); }
+void* operator new(std::size_t byteCount, const std::nothrow_t&) noexcept
+{
+    try {
+        return allocate(byteCount);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
 void operator delete(void* memory) noexcept { std::free(memory); }
 void operator delete[](void* memory) noexcept { std::free(memory); }
 void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
