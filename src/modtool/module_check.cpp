@@ -4,12 +4,13 @@
 #include "common_books.h"
 #include "cp1251.h"
 #include "escape.h"
+#include "file_vector.h"
 #include "module_layout.h"
-
 #include "text_encoder.h"
 #include "tolvo_bible.h"
 
 #include <algorithm>
+#include <filesystem>
 
 namespace Kedrin::ModTool {
 
@@ -18,6 +19,45 @@ namespace {
 using namespace Kedrin::Tolvo;
 
 [[noreturn]] void differ(const std::string& what) { throw CBuildError(what); }
+
+/// The engine ends the program where a file of a loaded module is too short, so sizes come first.
+void checkSize(const std::string& folder, const char* name, std::size_t size)
+{
+    if (std::filesystem::file_size(folder + '/' + name) != size)
+        differ(std::string("the size of ") + name);
+}
+
+void checkTextPoints(const std::string& folder, const ModuleData& module)
+{
+    checkSize(folder, "CompactPoint.bin", module.verses.size() * sizeof(std::uint32_t));
+    ut::CFileVector<std::uint32_t> points((folder + "/CompactPoint.bin").c_str());
+    std::size_t byteOffset = 0;
+    for (unsigned int verseNum = 0; verseNum < module.verses.size(); ++verseNum) {
+        if (points[verseNum] != byteOffset)
+            differ("where the text of " + placeInModule(module, verseNum) + " begins");
+        byteOffset += sizeof(std::uint16_t) + escapedSize(module.verse(verseNum));
+    }
+    checkSize(folder, "CompactText.bin", byteOffset);
+}
+
+/// The engine does not open WordPoint.bin, and takes half of the numbers of ConcP.bin for the other half.
+void checkWordPoints(const std::string& folder, const WordIndex& index)
+{
+    constexpr std::size_t lineEndBytes = 2;
+    checkSize(folder, "WordPoint.bin", index.words.size() * sizeof(std::uint32_t));
+    checkSize(folder, "ConcP.bin", index.words.size() * sizeof(std::uint32_t));
+    checkSize(folder, "Conc.bin", (index.words.size() + index.verseNums.size()) * sizeof(std::uint16_t));
+    ut::CFileVector<std::uint32_t> wordPoints((folder + "/WordPoint.bin").c_str());
+    ut::CFileVector<std::uint32_t> entryPoints((folder + "/ConcP.bin").c_str());
+    std::size_t byteOffset = 0;
+    for (unsigned int word = 0; word < index.words.size(); ++word) {
+        const std::size_t entryOffset = index.firstEntry[word] + word; // a count stands before each word's
+        if (wordPoints[word] != byteOffset || entryPoints[word] != entryOffset)
+            differ("where the word " + toUtf8(index.words[word]) + " begins");
+        byteOffset += index.words[word].size() + lineEndBytes;
+    }
+    checkSize(folder, "WordList.txt", byteOffset);
+}
 
 void checkBooks(const std::string& folder, const ModuleData& module)
 {
@@ -101,6 +141,8 @@ void checkPlaces(const CBible& bible, const ModuleData& module, unsigned int wan
 void checkWritten(const std::string& folder, const ModuleData& module, unsigned int kept)
 {
     try {
+        checkTextPoints(folder, module);
+        checkWordPoints(folder, module.words);
         checkBooks(folder, module);
         checkVerses(folder, module);
         checkWords(folder, module);

@@ -62,7 +62,7 @@ std::vector<std::optional<unsigned int>> globalBooks(const SourceBible& source, 
         if (!globals.back())
             report.omittedBooks.push_back({source.books[book], verseCounts[book]});
     }
-    if (report.omittedBooks.size() == source.books.size())
+    if (!source.books.empty() && report.omittedBooks.size() == source.books.size())
         throw CBuildError("no book of the source is in the common numbering");
     return globals;
 }

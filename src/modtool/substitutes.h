@@ -7,8 +7,8 @@ namespace Kedrin::ModTool {
 
 /// What stands for a character that Windows-1251 lacks, in Windows-1251; the rules, in this order:
 ///  1. the table of doc/kedrin-module.md (ѝ to и, æ to ae, dashes, quotes, blanks ...);
-///  2. its compatibility decomposition without accents, where that is Windows-1251 (é to e, ﬁ to fi);
-///  3. nothing, for control and format characters and for accents that stand alone;
+///  2. nothing, for control and format characters and for accents that stand alone;
+///  3. its compatibility decomposition without accents, where that is Windows-1251 (é to e, ﬁ to fi);
 ///  4. "?".
 std::string substituteFor(char32_t codePoint);
 

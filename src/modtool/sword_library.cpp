@@ -78,10 +78,11 @@ SourceInfo infoOf(const sword::SWModule& module)
 }
 
 /// Valid UTF-8 whatever the module holds; bytes that are none become U+FFFD.
-void appendUtf8(std::string& out, const sword::SWBuf& text)
+std::string utf8Of(const sword::SWBuf& text)
 {
-    icu::UnicodeString::fromUTF8(icu::StringPiece(text.c_str(), static_cast<int32_t>(text.length())))
-        .toUTF8String(out);
+    std::string utf8;
+    return icu::UnicodeString::fromUTF8(icu::StringPiece(text.c_str(), static_cast<int32_t>(text.length())))
+        .toUTF8String(utf8);
 }
 
 /// Walks the verses of one module.
@@ -123,9 +124,10 @@ private:
         m_lastKey.reset(static_cast<sword::VerseKey*>(m_key->clone()));
         if (!raw || !*raw || repeats)
             return;
-        const std::string clean = cleanEntry(raw);
+        const std::string clean = withoutEntities(cleanEntry(raw));
         const std::size_t offset = bible.text.size();
-        appendUtf8(bible.text, m_module.renderText(clean.c_str(), static_cast<int>(clean.size())));
+        const sword::SWBuf plain = m_module.renderText(clean.c_str(), static_cast<int>(clean.size()));
+        bible.text += withMeantCharacters(utf8Of(plain));
         bible.verses.push_back({bookIndex(bible), static_cast<std::uint16_t>(m_key->getChapter()),
                                 static_cast<std::uint16_t>(m_key->getVerse()),
                                 static_cast<std::uint32_t>(offset),
@@ -146,6 +148,36 @@ private:
     std::unique_ptr<sword::VerseKey> m_lastKey;
 };
 
+/// Gives plain text of every module. Notes, headings and lexical marks can be switched off in a module only when its
+/// configuration names their filters; many name just those of their own text, some none, so here all are named.
+class CPlainManager : public sword::SWMgr
+{
+public:
+    CPlainManager()
+        : SWMgr(nullptr, nullptr, false, new sword::MarkupFilterMgr(sword::FMT_PLAIN, sword::ENC_UTF8))
+    {}
+
+protected:
+    void addGlobalOptionFilters(sword::SWModule* module, sword::ConfigEntMap& section) override
+    {
+        sword::ConfigEntMap all = section;
+        const auto format = all.find("SourceType");
+        const auto named = all.equal_range("GlobalOptionFilter");
+        std::vector<std::string> missing;
+        for (const char* kind :
+             {"Strongs", "Morph", "Lemma", "Footnotes", "Headings", "Scripref", "Variants"}) {
+            const std::string filter =
+                (format == all.end() ? "" : format->second.c_str()) + std::string(kind);
+            if (std::none_of(named.first, named.second,
+                             [&](const auto& entry) { return entry.second == filter.c_str(); }))
+                missing.push_back(filter);
+        }
+        for (const std::string& filter : missing)
+            all.insert({"GlobalOptionFilter", filter.c_str()});
+        SWMgr::addGlobalOptionFilters(module, all);
+    }
+};
+
 } // namespace
 
 class CSwordLibrary::CPrivate
@@ -155,8 +187,8 @@ public:
     {
         sword::SWLog::getSystemLog()->setLogLevel(0);
         sword::LocaleMgr::getSystemLocaleMgr()->setDefaultLocaleName("en");
-        m_manager =
-            std::make_unique<sword::SWMgr>(new sword::MarkupFilterMgr(sword::FMT_PLAIN, sword::ENC_UTF8));
+        m_manager = std::make_unique<CPlainManager>();
+        m_manager->load();
         for (const char* option : {"Headings", "Footnotes", "Cross-references", "Strong's Numbers",
                                    "Morphological Tags", "Lemmas", "Glosses", "Enumerations"})
             m_manager->setGlobalOption(option, "Off");
@@ -171,7 +203,7 @@ public:
         return *found;
     }
 
-    std::unique_ptr<sword::SWMgr> m_manager;
+    std::unique_ptr<CPlainManager> m_manager;
 };
 
 CSwordLibrary::CSwordLibrary() : m_private(std::make_unique<CPrivate>()) {}

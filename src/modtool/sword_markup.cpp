@@ -1,9 +1,11 @@
 #include "sword_markup.h"
 
 #include <unicode/uchar.h>
+#include <unicode/unistr.h>
 #include <unicode/utf8.h>
 
 #include <algorithm>
+#include <charconv>
 
 namespace Kedrin::ModTool {
 
@@ -86,6 +88,19 @@ std::string withoutTags(std::string_view text)
 
 bool isAsciiLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
+/// The character whose 16-bit number, with a sign, is given in decimal; "" for none.
+std::string characterOf(std::string_view number)
+{
+    int value = 0;
+    const char* end = number.data() + number.size();
+    const auto [stop, error] = std::from_chars(number.data(), end, value);
+    if (error != std::errc() || stop != end || value < -0x8000 || value > 0xFFFF || value == 0)
+        return "";
+    const auto unit = static_cast<char16_t>(value);
+    std::string utf8;
+    return icu::UnicodeString(&unit, 1).toUTF8String(utf8);
+}
+
 /// Reads an RTF control at the front of `text`, which begins with a backslash, and takes it off.
 /// @returns what it stands for
 std::string takeControl(std::string_view& text)
@@ -100,10 +115,29 @@ std::string takeControl(std::string_view& text)
     while (digits < text.size() &&
            ((text[digits] >= '0' && text[digits] <= '9') || (digits == 0 && text[0] == '-')))
         ++digits;
+    const std::string_view number = text.substr(0, digits);
     text.remove_prefix(digits);
-    if (text.starts_with(' ') || (word.empty() && !text.empty()))
+    const std::string character = word == "u" ? characterOf(number) : "";
+    // after a character's number stands what is shown by programs that know no Unicode
+    if (text.starts_with(' ') || (!text.empty() && (word.empty() || !character.empty())))
         text.remove_prefix(1);
-    return word == "par" || word == "line" ? "\n" : "";
+    return word == "par" || word == "line" ? "\n" : character;
+}
+
+struct Entity
+{
+    std::string_view escaped;
+    std::string_view standIn; ///< U+F8F0 and the next ones
+    std::string_view meant;
+};
+
+constexpr Entity entities[] = {
+    {"&amp;", "\xEF\xA3\xB0", "&"}, {"&lt;", "\xEF\xA3\xB1", "<"}, {"&gt;", "\xEF\xA3\xB2", ">"}};
+
+void replaceAll(std::string& text, std::string_view from, std::string_view to)
+{
+    for (std::size_t i = text.find(from); i != std::string::npos; i = text.find(from, i + to.size()))
+        text.replace(i, from.size(), to);
 }
 
 } // namespace
@@ -123,6 +157,22 @@ std::string cleanEntry(std::string_view raw)
     }
     clean += raw.substr(begin);
     return clean;
+}
+
+std::string withoutEntities(std::string_view raw)
+{
+    std::string text(raw);
+    for (const Entity& entity : entities)
+        replaceAll(text, entity.escaped, entity.standIn);
+    return text;
+}
+
+std::string withMeantCharacters(std::string_view plain)
+{
+    std::string text(plain);
+    for (const Entity& entity : entities)
+        replaceAll(text, entity.standIn, entity.meant);
+    return text;
 }
 
 std::string plainConfiguration(std::string_view value)

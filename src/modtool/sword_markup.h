@@ -11,6 +11,12 @@ namespace Kedrin::ModTool {
 ///    goes and the words would run together.
 std::string cleanEntry(std::string_view raw);
 
+/// The library loses `&amp;`, `&lt;` and `&gt;` on the way to plain text where a module's headings can be switched off.
+/// The first function puts characters for private use in their place, the second makes the characters that were
+/// meant of those.
+std::string withoutEntities(std::string_view raw);
+std::string withMeantCharacters(std::string_view plain);
+
 /// A paragraph of a module's configuration as plain text: RTF controls become line ends or go, HTML tags go.
 /// @returns its lines, none of them empty
 std::string plainConfiguration(std::string_view value);
