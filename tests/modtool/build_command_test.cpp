@@ -1,0 +1,118 @@
+// The command line of `kedrin-module build`: arguments, exit codes, where things are said.
+
+#include "build_fixture.h"
+
+namespace {
+
+using build_test::Result;
+using build_test::run;
+
+class BuildCommand : public build_test::Building
+{
+protected:
+    static constexpr std::string_view verses = "Gen\t1\t1\tБог\n";
+    static Result usage(const std::string& message)
+    {
+        return {2, "", "kedrin-module: " + message + "\nkedrin-module: try kedrin-module --help\n"};
+    }
+};
+
+TEST_F(BuildCommand, NeedsASourceAndAFolder)
+{
+    const Result wrong = usage("build needs SOURCE and MODULE-FOLDER, or --all-sword DIR");
+    EXPECT_EQ(run({"build"}), wrong);
+    EXPECT_EQ(run({"build", "file.vpl"}), wrong);
+}
+
+TEST_F(BuildCommand, AllSwordGoesAlone)
+{
+    const Result wrong = usage("--all-sword goes with no other argument than -q");
+    EXPECT_EQ(run({"build", "--all-sword", modules(), "file.vpl", "folder"}), wrong);
+    for (const char* option : {"--title", "--short", "--abbr", "--versification"})
+        EXPECT_EQ(run({"build", "--all-sword", modules(), option, "x"}), wrong) << option;
+    EXPECT_EQ(run({"build", "--all-sword", modules(), "--substitute"}), wrong);
+}
+
+TEST_F(BuildCommand, WrongArgumentsAreUsageErrors)
+{
+    for (const std::vector<std::string>& arguments :
+         std::vector<std::vector<std::string>>{{},
+                                               {"bild"},
+                                               {"build", "a", "b", "c"},
+                                               {"build", "a", "b", "--no-such-option"},
+                                               {"build", "a", "b", "--title"}}) {
+        const Result result = run(arguments);
+        EXPECT_EQ(result.code, 2);
+        EXPECT_EQ(result.out, "");
+        EXPECT_TRUE(result.err.starts_with("kedrin-module: ")) << result.err;
+        EXPECT_TRUE(result.err.ends_with("\nkedrin-module: try kedrin-module --help\n")) << result.err;
+    }
+}
+
+TEST_F(BuildCommand, HelpIsNoError)
+{
+    const Result whole = run({"--help"});
+    EXPECT_EQ(whole.code, 0);
+    EXPECT_NE(whole.out.find("build"), std::string::npos);
+    const Result command = run({"build", "--help"});
+    EXPECT_EQ(command.code, 0);
+    for (const char* word : {"SOURCE", "MODULE-FOLDER", "--all-sword", "--substitute", "--title", "--short",
+                             "--abbr", "--versification", "-q,--quiet"})
+        EXPECT_NE(command.out.find(word), std::string::npos) << word;
+    EXPECT_EQ(command.err, "");
+}
+
+TEST_F(BuildCommand, SaysItsReportOnStandardOutput)
+{
+    const Result result = build(verses);
+    EXPECT_EQ(result.code, 0);
+    EXPECT_EQ(result.err, "");
+    EXPECT_TRUE(result.out.starts_with("module        " + made() + "\ntitle         Made\n")) << result.out;
+}
+
+TEST_F(BuildCommand, QuietSaysNothing)
+{
+    EXPECT_EQ(build(verses, {"-q"}), (Result{0, "", ""}));
+    EXPECT_EQ(build(verses, {"--quiet"}), (Result{0, "", ""}));
+    EXPECT_EQ(verse(0, 0, 0), "Бог");
+}
+
+TEST_F(BuildCommand, QuietStillSaysErrors)
+{
+    EXPECT_EQ(build("", {"-q"}), (Result{1, "", "kedrin-module: " + sourceName() + ": holds no verse\n"}));
+}
+
+TEST_F(BuildCommand, TitlesComeFromTheOptions)
+{
+    ASSERT_EQ(build(verses, {"--title", "Full", "--short", "Short", "--abbr", "Sh"}).code, 0);
+    EXPECT_EQ(made("_Info_.txt"), "Full\nShort\nSh\n");
+}
+
+TEST_F(BuildCommand, DrawsABarOnATerminalAndTakesItAway)
+{
+    m_folder.write("Made.vpl", verses);
+    std::ostringstream terminal;
+    EXPECT_EQ(run({"build", sourceName(), made()}, &terminal).code, 0);
+    const std::string drawn = terminal.str();
+    EXPECT_NE(drawn.find("\r\033[K[------------------------------]   0 % preparing"), std::string::npos);
+    EXPECT_NE(drawn.find("[##############################] 100 % "), std::string::npos);
+    EXPECT_TRUE(drawn.ends_with("\r\033[K"));
+}
+
+TEST_F(BuildCommand, TakesTheBarAwayBeforeAnError)
+{
+    m_folder.write("Made.vpl", "Gen\t1\t1\tæ\n");
+    std::ostringstream terminal;
+    EXPECT_EQ(run({"build", sourceName(), made()}, &terminal).code, 1);
+    EXPECT_TRUE(terminal.str().ends_with("\r\033[K"));
+}
+
+TEST_F(BuildCommand, DrawsNoBarWhenQuiet)
+{
+    m_folder.write("Made.vpl", verses);
+    std::ostringstream terminal;
+    EXPECT_EQ(run({"build", "-q", sourceName(), made()}, &terminal).code, 0);
+    EXPECT_EQ(terminal.str(), "");
+}
+
+} // namespace

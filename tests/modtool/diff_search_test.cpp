@@ -1,0 +1,166 @@
+// The records of _Diff_.txt, judged by the engine's own reader of that file.
+
+#include "diff_search.h"
+
+#include "module_files.h"
+#include "temp_folder.h"
+#include "tolvo_bible.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace {
+
+using namespace Kedrin::ModTool;
+using Kedrin::Tolvo::CDiff;
+using Kedrin::Tolvo::CRef;
+
+std::string recordsText(const std::vector<DiffRecord>& records)
+{
+    std::string text;
+    for (const DiffRecord& r : records)
+        text += std::to_string(r.book) + ' ' + std::to_string(r.chapter) + ' ' + std::to_string(r.verse) +
+                ' ' + std::to_string(r.chapterDelta) + ' ' + std::to_string(r.verseDelta) + '\n';
+    return text;
+}
+
+bool isAt(const CRef& ref, unsigned int book, Place place)
+{
+    return ref.bookID() == book && ref.chapter() == place.chapter && ref.verse() == place.verse;
+}
+
+class DiffSearch : public testing::Test
+{
+protected:
+    CDiff load(const std::vector<DiffRecord>& records) const
+    {
+        return CDiff(m_folder.write("_Diff_.txt", recordsText(records)).c_str());
+    }
+
+    /// How many of the pairs the engine keeps, told the way CBible does: the book is mapped first.
+    unsigned int keptBy(const std::vector<DiffRecord>& records, const std::vector<VersePair>& pairs) const
+    {
+        const CDiff diff = load(records);
+        unsigned int kept = 0;
+        for (const VersePair& p : pairs)
+            kept +=
+                isAt(diff.toGlobal(CRef(p.globalBook, p.local.chapter, p.local.verse)), p.globalBook,
+                     p.global) &&
+                isAt(diff.toLocal(CRef(p.localBook, p.global.chapter, p.global.verse)), p.localBook, p.local);
+        return kept;
+    }
+
+    const test_support::TempFolder m_folder;
+};
+
+TEST_F(DiffSearch, RecordsShiftAsTheyPromise)
+{
+    constexpr unsigned int book = 4, verse = 20;
+    unsigned int impossible = 0;
+    for (int i = 0; i < 4 * 7 * 4 * 7; ++i) {
+        const Shift toGlobal{i % 4 - 1, i / 4 % 7 - 3};
+        const Shift toLocal{i / 28 % 4 - 1, i / 112 % 7 - 3};
+        const auto records = recordsFor(book, toGlobal, toLocal);
+        if (!records) {
+            ++impossible;
+            EXPECT_TRUE(toGlobal.chapters == 0 && toLocal.chapters == 0) << "only inside the chapter";
+            continue;
+        }
+        const CDiff diff = load(*records);
+        const auto moved = [&](Shift shift) {
+            return Place{1u + static_cast<unsigned int>(shift.chapters),
+                         verse + static_cast<unsigned int>(shift.verses)};
+        };
+        ASSERT_TRUE(isAt(diff.toGlobal(CRef(book, 1, verse)), book, moved(toGlobal)) &&
+                    isAt(diff.toLocal(CRef(book, 1, verse)), book, moved(toLocal)))
+            << "to global " << toGlobal.chapters << ' ' << toGlobal.verses << ", to local "
+            << toLocal.chapters << ' ' << toLocal.verses << ":\n"
+            << recordsText(*records);
+        for (const Place other : {Place{0, verse}, Place{2, verse}}) {
+            ASSERT_TRUE(isAt(diff.toGlobal(CRef(book, other.chapter, other.verse)), book, other));
+            ASSERT_TRUE(isAt(diff.toLocal(CRef(book, other.chapter, other.verse)), book, other));
+        }
+        ASSERT_TRUE(isAt(diff.toGlobal(CRef(book + 1, 1, verse)), book + 1, {1, verse}));
+        ASSERT_TRUE(isAt(diff.toLocal(CRef(book - 1, 1, verse)), book - 1, {1, verse}));
+    }
+    EXPECT_LT(impossible, 49u / 2);
+}
+
+TEST_F(DiffSearch, NoShiftNeedsNoRecord) { EXPECT_TRUE(recordsFor(3, {0, 0}, {0, 0}).value().empty()); }
+
+TEST_F(DiffSearch, NothingIsRecordedWhereNothingCanBeGained)
+{
+    std::vector<VersePair> pairs;
+    for (unsigned int verse = 0; verse < 20; ++verse) // third chapters cannot be shifted
+        pairs.push_back({0, {2, verse + 1}, 0, {2, verse}});
+    DiffFigures figures;
+    EXPECT_TRUE(chooseDiffRecords(pairs, figures).empty());
+    EXPECT_EQ(figures.kept, 0u);
+    EXPECT_EQ(figures.keptWithout, 0u);
+}
+
+TEST_F(DiffSearch, ShiftServesTheMajorityOfAChapter)
+{
+    std::vector<VersePair> pairs;
+    for (unsigned int verse = 0; verse < 10; ++verse)
+        pairs.push_back({0, {1, verse}, 0, {1, verse < 4 ? verse : verse + 2}});
+    DiffFigures figures;
+    EXPECT_EQ(keptBy(chooseDiffRecords(pairs, figures), pairs), 6u);
+    EXPECT_EQ(figures.kept, 6u);
+    EXPECT_EQ(figures.keptWithout, 4u);
+}
+
+TEST_F(DiffSearch, WayBackIsRecordedUnderTheLocalNumber)
+{
+    std::vector<VersePair> pairs;
+    for (unsigned int verse = 0; verse < 10; ++verse)
+        pairs.push_back({0, {1, verse + 1}, 50, {1, verse}});
+    for (unsigned int verse = 0; verse < 12; ++verse)
+        pairs.push_back({1, {1, verse}, 0, {1, verse}}); // its global number is the other's local one
+    DiffFigures figures;
+    EXPECT_EQ(keptBy(chooseDiffRecords(pairs, figures), pairs), 22u);
+    EXPECT_EQ(figures.keptWithout, 12u);
+}
+
+/// Books in any order, chapters cut up and joined, verses shifted.
+std::vector<VersePair> madePairs(std::mt19937& random)
+{
+    std::vector<unsigned int> globals{0, 1, 2, 3, 4, 5};
+    std::shuffle(globals.begin(), globals.end(), random);
+    std::vector<VersePair> pairs;
+    for (unsigned int book = 0; book < 1 + random() % 6; ++book)
+        for (unsigned int chapter = 0; chapter < 4; ++chapter) {
+            const auto chapters = static_cast<unsigned int>(random() % 4 == 0 ? random() % 3 : 1);
+            const auto verses = static_cast<unsigned int>(random() % 4);
+            const auto from = static_cast<unsigned int>(random() % 12);
+            for (unsigned int verse = 0; verse < 10; ++verse)
+                pairs.push_back({book,
+                                 {chapter, verse + 3},
+                                 globals[book],
+                                 {chapter + chapters - (chapter + chapters > 0 ? 1 : 0),
+                                  verse < from ? verse + 3 : verse + verses}});
+        }
+    return pairs;
+}
+
+TEST_F(DiffSearch, NeverKeepsLessThanWithoutRecordsAndCountsAsTheEngine)
+{
+    std::mt19937 random(20240229);
+    unsigned int gains = 0;
+    for (unsigned int round = 0; round < 500; ++round) {
+        const std::vector<VersePair> pairs = madePairs(random);
+        DiffFigures figures;
+        const std::vector<DiffRecord> records = chooseDiffRecords(pairs, figures);
+        ASSERT_EQ(keptBy(records, pairs), figures.kept) << "round " << round << '\n' << recordsText(records);
+        ASSERT_EQ(keptBy({}, pairs), figures.keptWithout) << "round " << round;
+        ASSERT_GE(figures.kept, figures.keptWithout) << "round " << round;
+        if (figures.kept == figures.keptWithout) {
+            ASSERT_TRUE(records.empty()) << "round " << round;
+        }
+        gains += figures.kept > figures.keptWithout;
+    }
+    EXPECT_GT(gains, 100u) << "the made pairs offer something to gain";
+}
+
+} // namespace

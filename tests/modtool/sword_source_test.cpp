@@ -1,0 +1,174 @@
+// SWORD Bibles as sources, made for the purpose.
+
+#include "build_fixture.h"
+#include "made_sword.h"
+#include "sword_markup.h"
+
+namespace {
+
+using build_test::Result;
+using build_test::run;
+using Kedrin::ModTool::cleanEntry;
+using Kedrin::ModTool::plainConfiguration;
+
+class SwordSource : public build_test::Building
+{
+protected:
+    Result buildSword(const std::string& name) const { return run({"build", "sword:" + name, made()}); }
+
+    /// The stored text of an OSIS entry.
+    std::string textOf(const std::string& raw) const
+    {
+        m_sword.add("Made", {{"Gen 1:1", raw}, {"Gen 1:2", "край"}});
+        const Result result = buildSword("Made");
+        EXPECT_EQ(result.code, 0) << result.err;
+        return result.code == 0 ? verse(0, 0, 0) : "";
+    }
+
+    const build_test::MadeSword m_sword;
+};
+
+TEST_F(SwordSource, HasItsBooksInItsOwnOrder)
+{
+    m_sword.add("Made", {{"Jude 1:2", "в"}, {"Gen 1:1", "а"}, {"Gen 2:1", "б"}});
+    ASSERT_EQ(buildSword("Made").code, 0);
+    EXPECT_TRUE(made("BibleTitles.txt").starts_with("2 0 61\n"));
+    EXPECT_EQ(made("BibleStructure.csv"), "2 1 1\n1 2\n");
+    EXPECT_EQ(verse(1, 0, 1), "в");
+}
+
+TEST_F(SwordSource, GivesTitlesAndCopyright)
+{
+    m_sword.add("Made", {{"Gen 1:1", "а"}},
+                "Description=A made Bible\nAbbreviation=MB\nAbout=First\\par Second {\\i third}\n"
+                "Copyright=Nobody\nDistributionLicense=Public Domain\n");
+    ASSERT_EQ(buildSword("Made").code, 0);
+    EXPECT_EQ(made("_Info_.txt"), "A made Bible\nMB\nMB\nFirst\nSecond third\nCopyright: Nobody\n"
+                                  "License: Public Domain\n");
+}
+
+TEST_F(SwordSource, WithoutTitlesIsCalledByItsName)
+{
+    m_sword.add("Made", {{"Gen 1:1", "а"}});
+    ASSERT_EQ(buildSword("Made").code, 0);
+    EXPECT_EQ(made("_Info_.txt"), "Made\nMade\nMade\n");
+}
+
+TEST_F(SwordSource, IsFoundByNameAbbreviationOrFormerNameInAnyCase)
+{
+    m_sword.add("NewName", {{"Gen 1:1", "а"}}, "Abbreviation=NN\nObsoletes=OldName\nObsoletes=Older\n");
+    for (const char* name : {"NewName", "newname", "nn", "OLDNAME", "older"})
+        EXPECT_EQ(buildSword(name).code, 0) << name;
+}
+
+TEST_F(SwordSource, NameGoesBeforeAbbreviation)
+{
+    m_sword.add("One", {{"Gen 1:1", "първа"}}, "Abbreviation=Two\n");
+    m_sword.add("Two", {{"Gen 1:1", "втора"}});
+    ASSERT_EQ(buildSword("two").code, 0);
+    EXPECT_EQ(verse(0, 0, 0), "втора");
+}
+
+TEST_F(SwordSource, UnknownNameIsRefusedWithTheNamesThereAre)
+{
+    EXPECT_EQ(buildSword("X").err, "kedrin-module: no SWORD Bible is named \"X\" (installed: none)\n");
+    m_sword.add("One", {{"Gen 1:1", "а"}});
+    m_sword.add("Two", {{"Gen 1:1", "а"}});
+    EXPECT_EQ(buildSword("X"),
+              (Result{1, "", "kedrin-module: no SWORD Bible is named \"X\" (installed: One, Two)\n"}));
+}
+
+TEST_F(SwordSource, AmbiguousNameIsRefused)
+{
+    m_sword.add("One", {{"Gen 1:1", "а"}}, "Abbreviation=AB\n");
+    m_sword.add("Two", {{"Gen 1:1", "а"}}, "Abbreviation=ab\n");
+    EXPECT_EQ(buildSword("AB").err, "kedrin-module: several SWORD Bibles are named \"AB\": One, Two\n");
+}
+
+TEST_F(SwordSource, ComesWithoutNotesHeadingsAndLexicalMarks)
+{
+    EXPECT_EQ(textOf("<title>Глава</title><w lemma=\"strong:H0430\" morph=\"x:Y\">Бог</w> "
+                     "<note n=\"1\">бележка</note><transChange type=\"added\">е</transChange> "
+                     "<q who=\"Jesus\">любов</q>"),
+              "Бог е любов");
+}
+
+TEST_F(SwordSource, KeepsCanonicalTitles)
+{
+    EXPECT_EQ(textOf("<title canonical=\"true\" type=\"psalm\">Псалом на Давида.</title>Господи!"),
+              "Псалом на Давида. Господи!");
+}
+
+TEST_F(SwordSource, KeepsParagraphSignsOfTheTextButNotThoseOfMarkup)
+{
+    EXPECT_EQ(textOf("¶ И рече"), "¶ И рече");
+    EXPECT_EQ(textOf("<milestone type=\"x-p\" marker=\"¶\"/>И рече"), "И рече");
+}
+
+TEST_F(SwordSource, EntitiesAreCharactersAndStoredEscaped)
+{
+    EXPECT_EQ(textOf("а &amp; &lt;б&gt;"), "а &amp; &lt;б&gt;");
+}
+
+TEST_F(SwordSource, NotesDoNotJoinWords)
+{
+    EXPECT_EQ(textOf("едно<note>бел.</note>две<note>бел.</note>, три (<note>бел.</note>четири)"),
+              "едно две, три (четири)");
+}
+
+TEST_F(SwordSource, JoinedVersesHaveTheirTextOnce)
+{
+    m_sword.add("Made", {{"Gen 1:1", "два стиха"}, {"Gen 1:3", "край"}});
+    m_sword.link("Made", "Gen 1:1", "Gen 1:2");
+    const Result result = buildSword("Made");
+    ASSERT_EQ(result.code, 0) << result.err;
+    EXPECT_EQ(verse(0, 0, 0), "два стиха");
+    EXPECT_EQ(verse(0, 0, 1), "");
+    EXPECT_EQ(reported(result, "without text"), "  1 verse inside a chapter, first Gen 1:2");
+}
+
+TEST_F(SwordSource, IsCountedByItsOwnVersification)
+{
+    m_sword.add("Made", {{"Jonah 2:2", "а"}, {"Jonah 2:11", "б"}}, "", "Synodal");
+    const Result result = buildSword("Made");
+    EXPECT_EQ(reported(result, "numbering"), "     Synodal");
+    const Kedrin::Tolvo::CBible bible(made());
+    EXPECT_EQ(bible.toGlobal(Kedrin::Tolvo::CRef(0, 1, 10, false)).verse(), 9u);
+}
+
+TEST_F(SwordSource, BytesThatAreNoUtf8AreRefusedAsCharactersAre)
+{
+    m_sword.add("Made", {{"Gen 1:1", "a\xFF\xFE"}});
+    const Result result = buildSword("Made");
+    EXPECT_EQ(result.code, 1);
+    EXPECT_NE(result.err.find("U+FFFD REPLACEMENT CHARACTER"), std::string::npos) << result.err;
+}
+
+TEST_F(SwordSource, EmptyBibleHoldsNoBook)
+{
+    m_sword.add("Made", {});
+    EXPECT_EQ(buildSword("Made").err, "kedrin-module: the source holds no text\n");
+}
+
+TEST(SwordEntry, EndsWithItsBook)
+{
+    EXPECT_EQ(cleanEntry("край.<div eID=\"g1\" osisID=\"Rev\" type=\"book\"/><div>речник</div>"), "край.");
+    EXPECT_EQ(cleanEntry("а<div eID=\"g1\" type=\"x-p\"/>б"), "а<div eID=\"g1\" type=\"x-p\"/>б");
+}
+
+TEST(SwordEntry, DamagedMarkupIsSurvived)
+{
+    for (const char* raw :
+         {"<", "a<note", "</note>", "<note></note><", "a</note>b</note", "<div ", "\xD0</note>\xD0"})
+        EXPECT_LE(cleanEntry(raw).size(), std::string_view(raw).size() + 2) << raw;
+}
+
+TEST(SwordConfiguration, IsPlainText)
+{
+    EXPECT_EQ(plainConfiguration("a\\par b\\line c"), "a\nb\nc");
+    EXPECT_EQ(plainConfiguration("{\\b bold} \\u8217?x"), "bold ’x");
+    EXPECT_EQ(plainConfiguration("see <a href=\"x\">here</a>"), "see here");
+    EXPECT_EQ(plainConfiguration("\\"), "");
+}
+
+} // namespace

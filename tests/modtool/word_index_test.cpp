@@ -1,0 +1,172 @@
+// The words of a module and the verses that hold them, against a slow and plain way of finding both.
+
+#include "word_index.h"
+
+#include "build_fixture.h"
+#include "cp1251.h"
+#include "module_files.h"
+#include "tolvo_bible/word_list.h"
+#include "ut_utils.h"
+
+#include <unicode/brkiter.h>
+#include <unicode/uchar.h>
+
+#include <algorithm>
+#include <random>
+#include <set>
+
+namespace {
+
+using Kedrin::ModTool::CWordIndexer;
+using Kedrin::ModTool::WordIndex;
+using test_support::cp1251;
+
+class Words : public build_test::Building
+{
+protected:
+    std::vector<std::string> wordsOf(const std::string& verses) const
+    {
+        std::string lines;
+        unsigned int number = 0;
+        std::istringstream text(verses);
+        for (std::string line; std::getline(text, line);)
+            lines += "Gen\t1\t" + std::to_string(++number) + '\t' + line + '\n';
+        EXPECT_EQ(build(lines).code, 0);
+        return words();
+    }
+    using List = std::vector<std::string>;
+};
+
+TEST_F(Words, EndAtUnicodeBoundaries)
+{
+    EXPECT_EQ(wordsOf("«Бог», рече: (ден)!"), (List{"Бог", "ден", "рече"}));
+    EXPECT_EQ(wordsOf("по-добре 1-ви"), (List{"1", "ви", "добре", "по"}));
+    EXPECT_EQ(wordsOf("can't don’t O'Neil"), (List{"can't", "don’t", "O'Neil"}));
+    EXPECT_EQ(wordsOf("3.14 1,000 a.b snake_case"), (List{"1,000", "3.14", "a.b", "snake_case"}));
+}
+
+TEST_F(Words, HoldALetterOrADigit) { EXPECT_EQ(wordsOf("— № 5 § * … _ ' а"), (List{"5", "а"})); }
+
+TEST_F(Words, ThatDifferInCaseAreOneSpeltAsMostOften)
+{
+    EXPECT_EQ(wordsOf("Бог бог БОГ\nбог"), (List{"бог"}));
+    EXPECT_EQ(wordsOf("Lord LORD LORD lord"), (List{"LORD"}));
+}
+
+TEST_F(Words, WithAndWithoutACapitalYoAreTwo) // the engine's comparison folds the letters from А to я alone
+{
+    EXPECT_EQ(wordsOf("Ёлка ёлка\nёлка"), (List{"Ёлка", "ёлка"}));
+}
+
+TEST_F(Words, EquallyFrequentSpellingsAreSpeltAsMetFirst)
+{
+    EXPECT_EQ(wordsOf("БОГ\nБог\nбог"), (List{"БОГ"}));
+    EXPECT_EQ(wordsOf("бог Бог\nБог бог"), (List{"бог"}));
+}
+
+TEST_F(Words, AreTakenAfterSubstitution)
+{
+    EXPECT_EQ(build("Gen\t1\t1\tCæsar café ca\u200Bfe\n", {"--substitute"}).code, 0);
+    EXPECT_EQ(words(), (List{"Caesar", "cafe"}));
+}
+
+TEST_F(Words, Of39BytesAreTakenAndOf40Refused)
+{
+    EXPECT_EQ(wordsOf(std::string(39, 'x')), (List{std::string(39, 'x')}));
+    const std::string word(40, 'y');
+    std::filesystem::remove_all(made());
+    EXPECT_EQ(refusal("Gen\t1\t1\tа\nGen\t2\t1\tб " + word + "\n"),
+              "kedrin-module: Gen 2:1: the word \"" + word + "\" has 40 bytes, 39 are the most\n");
+}
+
+TEST_F(Words, CanBeFoundWithTheEngine)
+{
+    ASSERT_EQ(build("Gen\t1\t1\tБог и бог\nGen\t1\t2\tи\nJude\t1\t1\tБОГ\n").code, 0);
+    const Kedrin::Tolvo::CBible bible(made());
+    std::vector<Kedrin::Tolvo::CRef> hits;
+    bible.search(cp1251("Бог"), true, false, hits);
+    ASSERT_EQ(hits.size(), 2u);
+    EXPECT_EQ(hits[0].toString(&bible), cp1251("Бит 1:1"));
+    EXPECT_EQ(hits[1].toString(&bible), cp1251("Юда 1:1"));
+}
+
+using Verses = std::vector<std::string>;
+using Found = std::map<std::string, std::set<unsigned int>>; ///< folded word: its verses
+
+std::string folded(std::string word)
+{
+    std::transform(word.begin(), word.end(), word.begin(), ut::cyr_chrupcase);
+    return word;
+}
+
+/// The whole verse goes to the Unicode library, blanks and all.
+Found plainWords(const Verses& verses)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const std::unique_ptr<icu::BreakIterator> boundaries(
+        icu::BreakIterator::createWordInstance(icu::Locale::getRoot(), status));
+    Found found;
+    for (unsigned int verseNum = 0; verseNum < verses.size(); ++verseNum) {
+        const std::u16string units = ut::from_cp1251(verses[verseNum]);
+        const icu::UnicodeString text(units.data(), static_cast<int32_t>(units.size()));
+        boundaries->setText(text);
+        for (int32_t begin = boundaries->first(), end = boundaries->next(); end != icu::BreakIterator::DONE;
+             begin = end, end = boundaries->next())
+            if (std::any_of(units.begin() + begin, units.begin() + end,
+                            [](char16_t c) { return u_isalnum(c); }))
+                found[folded(verses[verseNum].substr(static_cast<std::size_t>(begin),
+                                                     static_cast<std::size_t>(end - begin)))]
+                    .insert(verseNum);
+    }
+    return found;
+}
+
+Found indexedWords(const Verses& verses, WordIndex& index)
+{
+    CWordIndexer indexer;
+    for (unsigned int verseNum = 0; verseNum < verses.size(); ++verseNum)
+        indexer.add(verses[verseNum], verseNum);
+    index = indexer.finish();
+    Found found;
+    for (std::size_t word = 0; word < index.words.size(); ++word) {
+        const auto begin = index.verseNums.begin() + index.firstEntry[word];
+        const auto end = index.verseNums.begin() + index.firstEntry[word + 1];
+        EXPECT_TRUE(std::is_sorted(begin, end));
+        auto& known = found[folded(index.words[word])];
+        EXPECT_TRUE(known.empty()) << "twice: " << index.words[word];
+        known.insert(begin, end);
+        EXPECT_EQ(known.size(), static_cast<std::size_t>(end - begin));
+    }
+    return found;
+}
+
+TEST(WordIndex, AgreesWithAPlainOneOnMadeTexts)
+{
+    const std::string alphabet = cp1251("абАБёЁjЈIі19'’.,:;-–—_\"«»&<>№ ") + "  ";
+    std::mt19937 random(20240117);
+    for (unsigned int round = 0; round < 400; ++round) {
+        Verses verses(1 + random() % 6);
+        for (std::string& verse : verses)
+            for (std::size_t length = random() % 40; length > 0; --length) {
+                const char c = alphabet[random() % alphabet.size()];
+                if (c != ' ' || (!verse.empty() && verse.back() != ' '))
+                    verse += c;
+            }
+        WordIndex index;
+        ASSERT_EQ(indexedWords(verses, index), plainWords(verses)) << "round " << round;
+        ASSERT_TRUE(
+            std::is_sorted(index.words.begin(), index.words.end(), Kedrin::Tolvo::caseInsensitiveComp));
+    }
+}
+
+TEST(WordIndex, OfNothingIsEmpty)
+{
+    CWordIndexer indexer;
+    indexer.add("", 0);
+    const WordIndex index = indexer.finish();
+    EXPECT_TRUE(index.words.empty());
+    EXPECT_EQ(index.firstEntry, std::vector<std::uint32_t>{0});
+    EXPECT_EQ(index.occurrences, 0u);
+}
+
+} // namespace
