@@ -72,6 +72,7 @@ void FontTest::cancelledFontDialogChangesNothing()
 void FontTest::fontDialogStartsWithTheApplicationsFont()
 {
     const FontKeeper keeper;
+    QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 17));
     FormFixture window;
     openOn(window);
     QFont first, second;
@@ -85,7 +86,8 @@ void FontTest::fontDialogStartsWithTheApplicationsFont()
         second = dialog.currentFont();
         dialog.reject();
     }));
-    QVERIFY(first.family() != QStringLiteral("Courier 10 Pitch"));
+    QCOMPARE(first.family(), QStringLiteral("DejaVu Sans"));
+    QCOMPARE(first.pointSize(), 17); // the window's is 12
     QCOMPARE(second.family(), chosen.family());
     QCOMPARE(second.pointSize(), 18);
 }
