@@ -1,48 +1,8 @@
 // Runs the benchmarks and says how the times compare: a time alone tells of the machine, a ratio of the program.
 
-#include <benchmark/benchmark.h>
+#include "ratio_reporter.h"
 
 #include <cstdio>
-#include <map>
-#include <string>
-#include <unistd.h>
-
-namespace {
-
-/// Prints as ever, and keeps the least processor time of each benchmark: what disturbs a run only makes it
-/// longer. The benchmarks of other programs give theirs as manual time.
-class RatioReporter : public benchmark::ConsoleReporter
-{
-public:
-    RatioReporter() : ConsoleReporter(::isatty(STDOUT_FILENO) != 0 ? OO_ColorTabular : OO_Tabular) {}
-
-    void ReportRuns(const std::vector<Run>& runs) override
-    {
-        for (const Run& run : runs) {
-            if (run.run_type != Run::RT_Iteration || run.error_occurred)
-                continue;
-            const bool isOtherProcess = run.run_name.time_type == "manual_time";
-            const double time = isOtherProcess ? run.GetAdjustedRealTime() : run.GetAdjustedCPUTime();
-            const auto [known, isNew] = m_times.emplace(run.run_name.function_name, time);
-            if (!isNew && time < known->second)
-                known->second = time;
-        }
-        ConsoleReporter::ReportRuns(runs);
-    }
-
-    void printRatio(const char* what, const char* longer, const char* shorter) const
-    {
-        const auto over = m_times.find(longer);
-        const auto under = m_times.find(shorter);
-        if (over != m_times.end() && under != m_times.end())
-            std::printf("%-52s %8.2f\n", what, over->second / under->second);
-    }
-
-private:
-    std::map<std::string, double> m_times; ///< by name, in nanoseconds
-};
-
-} // namespace
 
 int main(int argc, char** argv)
 {

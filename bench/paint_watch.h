@@ -1,0 +1,59 @@
+#pragma once
+
+#include "check.h"
+
+#include <QElapsedTimer>
+#include <QEvent>
+#include <QWidget>
+
+/// An application that can wait until a widget is painted.
+template <typename Application>
+class PaintWatch : public Application
+{
+public:
+    using Application::Application;
+
+    bool notify(QObject* receiver, QEvent* event) override
+    {
+        const bool isPaint = receiver == m_watched && event->type() == QEvent::Paint;
+        const bool result = Application::notify(receiver, event);
+        m_isPainted = m_isPainted || isPaint;
+        return result;
+    }
+
+    /// Shows a window and lets events pass until the widget in it is painted; the picture of the window is complete
+    /// then. A widget that nothing paints ends the program.
+    void showPainted(QWidget& window, const QObject* widget)
+    {
+        watch(widget);
+        window.show(); // may paint at once
+        await();
+    }
+
+    /// The same for a widget that something has changed just before.
+    void awaitPaint(const QObject* widget)
+    {
+        watch(widget);
+        await();
+    }
+
+private:
+    void watch(const QObject* widget)
+    {
+        m_watched = widget;
+        m_isPainted = false;
+    }
+
+    void await()
+    {
+        QElapsedTimer timer;
+        timer.start();
+        while (!m_isPainted && timer.elapsed() < 30000)
+            Application::processEvents(QEventLoop::AllEvents);
+        checkAnswer(m_isPainted, "the wait for a picture");
+        m_watched = nullptr;
+    }
+
+    const QObject* m_watched = nullptr;
+    bool m_isPainted = false;
+};

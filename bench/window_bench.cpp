@@ -1,0 +1,218 @@
+// What a reader waits for in the window, until the picture is painted, beside what the toolkit and the engine alone
+// take for it.
+
+#include "application.h"
+#include "bench_module.h"
+#include "bggui.h"
+#include "chapter_document.h"
+#include "chapter_view.h"
+#include "combo_box.h"
+#include "fit_check_box.h"
+#include "list_box.h"
+#include "paint_watch.h"
+#include "process.h"
+#include "ratio_reporter.h"
+#include "tab_bar.h"
+#include "tolvo_bible.h"
+#include "window_folder.h"
+
+#include <QFile>
+
+#include <filesystem>
+
+namespace {
+
+using namespace Kedrin::Tolvo;
+using Watch = PaintWatch<qt3::Application>;
+
+Watch& watch() { return *dynamic_cast<Watch*>(qApp); }
+
+std::string moduleFolder(const char* name) { return windowFolder() + "/modules/bibles/" + name; }
+
+/// One window with both translations open.
+BibleForm& form()
+{
+    static BibleForm* const made = [] {
+        ut::set_application_dirPath(windowFolder().c_str());
+        auto* window = new BibleForm; // ends with the program, after the application
+        window->menuTranslations_activated(1);
+        watch().showPainted(*window, window->textBrowser->viewport());
+        checkAnswer(window->tabsText->count() == 2, "form");
+        return window;
+    }();
+    return *made;
+}
+
+/// Nothing where the tab is current already.
+void switchTo(int tabIndex)
+{
+    if (form().tabsText->currentIndex() == tabIndex)
+        return;
+    form().tabsText->setCurrentTab(form().tabsText->idAt(tabIndex));
+    watch().awaitPaint(form().textBrowser->viewport());
+}
+
+void switch_translation(benchmark::State& state, unsigned int book, int versesCount)
+{
+    switchTo(0);
+    form().goToRef(CRef(book, 0, 0));
+    switchTo(1);
+    checkAnswer(form().textBrowser->document()->blockCount() == versesCount &&
+                    form().textBrowser->toPlainText().contains(u'!') &&
+                    !form().textBrowser->toPlainText().contains(u'.'),
+                "switch_translation");
+    int tabIndex = 1;
+    for (auto _ : state)
+        switchTo(tabIndex = 1 - tabIndex);
+}
+BENCHMARK_CAPTURE(switch_translation, verses_26, 0, 26)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(switch_translation, verses_176, CBenchModule::longChapterBook, 176)
+    ->Unit(benchmark::kMillisecond);
+
+/// The floor of a switch: the page of either translation in a bare view of the same size.
+void page_only(benchmark::State& state, unsigned int book, int versesCount)
+{
+    const QString pages[] = {chapterDocument(CBible(moduleFolder("a")), book, 0, 0, false),
+                             chapterDocument(CBible(moduleFolder("b")), book, 0, 0, false)};
+    QTextBrowser view;
+    view.setFont(form().font());
+    view.resize(form().textBrowser->size());
+    view.setHtml(pages[1]);
+    watch().showPainted(view, view.viewport());
+    checkAnswer(view.document()->blockCount() == versesCount, "page_only");
+    int page = 1;
+    for (auto _ : state) {
+        view.setHtml(pages[page = 1 - page]);
+        watch().awaitPaint(view.viewport());
+    }
+}
+BENCHMARK_CAPTURE(page_only, verses_26, 0, 26)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(page_only, verses_176, CBenchModule::longChapterBook, 176)->Unit(benchmark::kMillisecond);
+
+void open_translation(benchmark::State& state)
+{
+    switchTo(1);
+    form().goToRef(CRef(0, 0, 0));
+    for (auto _ : state) {
+        state.PauseTiming();
+        form().menuTranslations_activated(1);
+        form().tabsText_selected(form().tabsText->idAt(0));
+        watch().awaitPaint(form().textBrowser->viewport());
+        state.ResumeTiming();
+        form().menuTranslations_activated(1);
+        watch().awaitPaint(form().textBrowser->viewport());
+    }
+    checkAnswer(form().tabsText->count() == 2 && form().comboSearchText->count() == CBenchModule::wordCount,
+                "open_translation");
+}
+BENCHMARK(open_translation)->Unit(benchmark::kMillisecond);
+
+/// The floor of opening: the engine's part, and the page in a bare view of the same size.
+void open_only(benchmark::State& state)
+{
+    const QString page = chapterDocument(CBible(moduleFolder("b")), 0, 0, 0, false);
+    QTextBrowser view;
+    view.setFont(form().font());
+    view.resize(form().textBrowser->size());
+    watch().showPainted(view, view.viewport());
+    for (auto _ : state) {
+        const CBible bible(moduleFolder("b"));
+        checkAnswer(bible.wordsCount() == CBenchModule::wordCount, "open_only");
+        view.setHtml(page);
+        watch().awaitPaint(view.viewport());
+    }
+}
+BENCHMARK(open_only)->Unit(benchmark::kMillisecond);
+
+void list_hits(benchmark::State& state)
+{
+    switchTo(1);
+    switchTo(0);
+    form().checkPartialWord->setChecked(true);
+    form().comboSearchText->setCurrentText(QStringLiteral("."));
+    for (auto _ : state) {
+        form().btnSearch_pressed();
+        watch().awaitPaint(form().listSearchResults->viewport());
+    }
+    checkAnswer(form().listSearchResults->model()->rowCount() == CBenchModule::verseCount, "list_hits");
+}
+BENCHMARK(list_hits)->Unit(benchmark::kMillisecond);
+
+/// The floor of listing hits: the search.
+void search_only(benchmark::State& state)
+{
+    const CBible bible(moduleFolder("a"));
+    std::vector<CRef> hits;
+    for (auto _ : state)
+        bible.search(".", false, false, hits);
+    checkAnswer(hits.size() == CBenchModule::verseCount, "search_only");
+}
+BENCHMARK(search_only)->Unit(benchmark::kMillisecond);
+
+std::string pageFile()
+{
+    const std::string name = windowFolder() + "/page.html";
+    QFile file(QString::fromStdString(name));
+    file.open(QIODevice::WriteOnly);
+    file.write(chapterDocument(CBible(moduleFolder("a")), 0, 0, 0, false).toUtf8());
+    return name;
+}
+
+/// A program from its start to its painted page, as a process.
+void start(benchmark::State& state, const std::vector<std::string>& arguments, bool hasPage)
+{
+    std::vector<std::string> command = {
+        (std::filesystem::read_symlink("/proc/self/exe").parent_path() / "kedrin_start_probe").string()};
+    command.insert(command.end(), arguments.begin(), arguments.end());
+    const std::string characters = std::to_string(form().textBrowser->document()->characterCount()) + "\n";
+    checkAnswer(runProcess(command).output == (hasPage ? characters : "1\n"), "start");
+    for (auto _ : state)
+        state.SetIterationTime(runProcess(command).cpuSeconds);
+}
+
+void registerStarts()
+{
+    const auto add = [](const char* name, const std::vector<std::string>& arguments, bool hasPage) {
+        benchmark::RegisterBenchmark(name,
+                                     [=](benchmark::State& state) {
+                                         switchTo(1);
+                                         form().goToRef(CRef(0, 0, 0));
+                                         start(state, arguments, hasPage);
+                                     })
+            ->UseManualTime()
+            ->Unit(benchmark::kMillisecond);
+    };
+    add("start/window", {"window", windowFolder()}, true);
+    add("start/bare_with_page", {"bare", pageFile()}, true);
+    add("start/bare", {"bare"}, false);
+}
+
+void printRatios(const RatioReporter& reporter)
+{
+    std::puts("\nRatios of the least processor times, each to its painted picture");
+    reporter.printRatio("switch, chapter of 26 verses: window / page alone", "switch_translation/verses_26",
+                        "page_only/verses_26");
+    reporter.printRatio("switch, chapter of 176 verses: window / page alone", "switch_translation/verses_176",
+                        "page_only/verses_176");
+    reporter.printRatio("opening 60,000 words: window / loading and page", "open_translation", "open_only");
+    reporter.printRatio("31,102 hits: window / search alone", "list_hits", "search_only");
+    reporter.printRatio("start: window / bare window with the page", "start/window", "start/bare_with_page");
+    reporter.printRatio("start: window / bare window, empty page", "start/window", "start/bare");
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    Watch application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+        return 1;
+    registerStarts();
+    RatioReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    printRatios(reporter);
+    benchmark::Shutdown();
+    return 0;
+}
