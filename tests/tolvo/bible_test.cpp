@@ -1,12 +1,7 @@
 // A loaded translation: titles, counts, words, the mapping of references.
 
-#include "module_files.h"
-#include "temp_folder.h"
-#include "tolvo_bible.h"
+#include "bible_fixture.h"
 
-#include <gtest/gtest.h>
-
-#include <memory>
 #include <type_traits>
 
 namespace {
@@ -19,38 +14,7 @@ using test_support::plainBook;
 using test_support::smallModule;
 using test_support::TempFolder;
 
-class Bible : public testing::Test
-{
-protected:
-    const CBible& load(const ModuleFiles& files)
-    {
-        files.write(folder.path());
-        m_bible = std::make_unique<CBible>(folder.path().string());
-        return *m_bible;
-    }
-
-    TempFolder folder;
-
-private:
-    std::unique_ptr<CBible> m_bible;
-};
-
-template <typename Operation>
-std::string outOfRange(Operation operation)
-{
-    try {
-        operation();
-    } catch (const std::out_of_range& ex) {
-        return ex.what();
-    }
-    return "nothing thrown";
-}
-
-/// New Testament books only, the second before the first: global 51 is local 0, global 50 local 1.
-ModuleFiles lateBooks()
-{
-    return makeModule("Късни", {plainBook(51, "Марк", {2, 3}), plainBook(50, "Матей", {4})});
-}
+using Bible = BibleFixture;
 
 TEST_F(Bible, TitlesGoByGlobalBookNumber)
 {
