@@ -15,9 +15,13 @@ void HitListModel::show(const std::vector<Kedrin::Tolvo::CRef>& hits, const Kedr
     beginResetModel();
     m_hits = &hits;
     m_abbreviations.m_texts.clear();
-    for (const Kedrin::Tolvo::CRef& hit : hits)
-        if (!m_abbreviations.m_texts.contains(hit.bookID()))
+    const Kedrin::Tolvo::CRef* previous = nullptr;
+    for (const Kedrin::Tolvo::CRef& hit : hits) { // most stand in the book of the hit before
+        if ((previous == nullptr || hit.bookID() != previous->bookID()) &&
+            !m_abbreviations.m_texts.contains(hit.bookID()))
             m_abbreviations.m_texts.emplace(hit.bookID(), titles.abbreviatedTitle(hit.bookID()));
+        previous = &hit;
+    }
     endResetModel();
 }
 
