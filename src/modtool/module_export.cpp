@@ -64,10 +64,13 @@ void exportNumbering(const CModuleReader& module, SourceBible& bible)
         return;
     }
     std::string& differences = bible.info.differences.emplace();
-    for (const DiffRecord& record : records)
-        differences += (differences.empty() ? "" : " ") + std::to_string(record.book) + ' ' +
-                       std::to_string(record.chapter) + ' ' + std::to_string(record.verse) + ' ' +
-                       std::to_string(record.chapterDelta) + ' ' + std::to_string(record.verseDelta);
+    for (const DiffRecord& record : records) {
+        if (!differences.empty())
+            differences += ' ';
+        differences += std::to_string(record.book) + ' ' + std::to_string(record.chapter) + ' ' +
+                       std::to_string(record.verse) + ' ' + std::to_string(record.chapterDelta) + ' ' +
+                       std::to_string(record.verseDelta);
+    }
 }
 
 void exportTitles(const CModuleReader& module, SourceBible& bible)
