@@ -3,7 +3,7 @@
 #include "build.h"
 #include "build_error.h"
 #include "durable_file.h"
-#include "module_files.h"
+#include "file_contents.h"
 #include "sword_library.h"
 
 #include <unistd.h>

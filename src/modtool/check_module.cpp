@@ -6,7 +6,7 @@
 #include "check_text.h"
 #include "check_words.h"
 #include "common_books.h"
-#include "module_files.h"
+#include "file_contents.h"
 #include "text_reader.h"
 #include "tolvo_bible/bible_info.h"
 #include "tolvo_bible/folder_name.h"

@@ -1,4 +1,4 @@
-#include "module_files.h"
+#include "file_contents.h"
 
 namespace Kedrin::ModTool {
 

@@ -1,7 +1,7 @@
 #include "module_facts.h"
 
 #include "common_books.h"
-#include "module_files.h"
+#include "file_contents.h"
 #include "module_words.h"
 #include "plain_text.h"
 

@@ -1,5 +1,5 @@
 #include "escape.h"
-#include "module_files.h"
+#include "file_contents.h"
 
 namespace Kedrin::ModTool {
 
