@@ -227,16 +227,24 @@ void LinksTest::foreignLinkLeadsNowhere()
     const test_support::TempFolder elsewhere;
     const std::string other = elsewhere.write("other.html", "<p>elsewhere</p>");
     FormFixture window;
-    window.install("а", moduleOfVerses({"<a href=\"" + other + "\">file</a> <a href=\"file://" + other +
-                                            "\">url</a> <a href=\"#2\">anchor</a>",
-                                        "second"}));
+    window.install("а", test_support::makeModule(
+                            "А", {{0,
+                                   "Битие",
+                                   {{"first"},
+                                    {"<a href=\"" + other + "\">file</a> <a href=\"file://" + other +
+                                         "\">url</a> <a href=\"#2\">anchor</a> <a name=\"other\" "
+                                         "href=\"0\">chapter</a>",
+                                     "second"}}}}));
     const OpenWatch watch(other);
     window.open();
+    window.pick(window.form().comboChapter, 1);
+    window.pick(window.form().comboVerse, 1);
     const QStringList page = window.page();
-    for (int link = 0; link < 3; ++link) {
+    QCOMPARE(window.links().size(), 4);
+    for (int link = 0; link < 4; ++link) {
         window.clickLink(link);
         QCOMPARE(window.page(), page);
-        QCOMPARE(window.place(), QStringLiteral("Битие 1 1"));
+        QCOMPARE(window.place(), QStringLiteral("Битие 2 2"));
     }
     QVERIFY(!watch.wasOpened());
     QVERIFY(window.takeBoxes().isEmpty());
