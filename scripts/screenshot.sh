@@ -9,7 +9,7 @@ pid=$!
 trap 'kill "$pid" 2>/dev/null || true; wait "$pid" 2>/dev/null || true; rm -rf "$shots"' EXIT
 shots=$(mktemp -d)
 
-window=$(timeout 60 xdotool search --sync --onlyvisible --pid "$pid" --name 'Kedrin за Linux' | head -n 1)
+window=$(timeout 60 xdotool search --all --sync --onlyvisible --pid "$pid" --name 'Kedrin за Linux' | head -n 1)
 previous=
 for _ in $(seq 100); do
     import -window "$window" "$shots/shot.png"
