@@ -4,7 +4,6 @@
 #include "tolvo_bible.h"
 
 #include <algorithm>
-#include <ranges>
 
 int WordListModel::rowCount(const QModelIndex& parent) const
 {
@@ -42,10 +41,16 @@ bool WordListModel::beginsWith(unsigned int wordIndex, const std::string& prefix
 
 unsigned int WordListModel::firstNotBelow(const std::string& word) const
 {
-    const auto wordIndices = std::views::iota(0u, m_translation.wordsCount());
-    const auto isBelow = [&](unsigned int wordIndex) {
-        return Kedrin::Tolvo::caseInsensitiveComp(m_translation.getWord(wordIndex), word);
-    };
-    return static_cast<unsigned int>(std::ranges::partition_point(wordIndices, isBelow) -
-                                     wordIndices.begin());
+    unsigned int first = 0;
+    unsigned int left = m_translation.wordsCount();
+    while (left > 0) {
+        const unsigned int half = left / 2;
+        if (Kedrin::Tolvo::caseInsensitiveComp(m_translation.getWord(first + half), word)) {
+            first += half + 1;
+            left -= half + 1;
+        } else {
+            left = half;
+        }
+    }
+    return first;
 }
