@@ -126,7 +126,8 @@ std::string converted(const std::string& content, const std::string& fileName, c
         out -= held;
         icu::UnicodeString(false, buffer.data(), static_cast<int32_t>(out - buffer.data()))
             .toUTF8String(text);
-        buffer[0] = *out;
+        if (held != 0)
+            buffer[0] = *out;
     } while (status == U_BUFFER_OVERFLOW_ERROR);
     if (U_FAILURE(status))
         refuse(fileName, lineAt(text), "not valid " + encoding);
