@@ -4,6 +4,8 @@
 #include "input_file.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -52,6 +54,33 @@ public:
             failToWrite(m_name, errno);
     }
 
+    /// Waits until no other descriptor of the file is locked.
+    void lock() const
+    {
+        while (::flock(m_descriptor, LOCK_EX) != 0)
+            if (errno != EINTR)
+                failToWrite(m_name, errno);
+    }
+
+    void empty() const
+    {
+        if (::ftruncate(m_descriptor, 0) != 0)
+            failToWrite(m_name, errno);
+    }
+
+    /// Whether the file still has the name it was opened by.
+    bool isNamed() const
+    {
+        struct stat held
+        {
+        };
+        struct stat named
+        {
+        };
+        return ::fstat(m_descriptor, &held) == 0 && ::stat(m_name.c_str(), &named) == 0 &&
+               held.st_dev == named.st_dev && held.st_ino == named.st_ino;
+    }
+
 private:
     const std::string& m_name;
     int m_descriptor;
@@ -68,22 +97,30 @@ void writeDurably(const std::string& fileName, std::string_view content)
 
 void syncFolder(const std::string& folder) { CDescriptor(folder, O_RDONLY | O_DIRECTORY | O_CLOEXEC).sync(); }
 
+/// The name of the file beside is always the same, so that what an interrupted process left is taken over. Of several
+/// that write at once, one holds the lock; the others find its content in place, or a new file to write.
 void replaceDurably(const std::string& fileName, std::string_view content)
 {
-    if (contentOf(fileName) == content)
-        return;
     const std::string folder = folderOf(fileName);
-    const std::string beside = folder + "/." + std::filesystem::path(fileName).filename().string() + '.' +
-                               std::to_string(::getpid()) + ".new";
-    try {
-        writeDurably(beside, content);
-        if (::rename(beside.c_str(), fileName.c_str()) != 0)
-            failToWrite(fileName, errno);
-    } catch (...) {
-        ::unlink(beside.c_str());
-        throw;
+    const std::string beside = folder + "/." + std::filesystem::path(fileName).filename().string() + ".new";
+    while (contentOf(fileName) != content) {
+        const CDescriptor file(beside, O_WRONLY | O_CREAT | O_CLOEXEC);
+        file.lock();
+        if (!file.isNamed())
+            continue;
+        try {
+            file.empty();
+            file.write(content);
+            file.sync();
+            if (::rename(beside.c_str(), fileName.c_str()) != 0)
+                failToWrite(fileName, errno);
+        } catch (...) {
+            ::unlink(beside.c_str());
+            throw;
+        }
+        syncFolder(folder);
+        return;
     }
-    syncFolder(folder);
 }
 
 std::string contentOf(const std::string& fileName)

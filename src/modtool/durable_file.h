@@ -14,7 +14,8 @@ void writeDurably(const std::string& fileName, std::string_view content);
 void syncFolder(const std::string& folder);
 
 /// Replaces a file by another content in one step: whoever reads it sees the old or the new one. Does nothing where
-/// the content is the same.
+/// the content is the same. Several processes may do it at once. What one leaves beside, as ".NAME.new", when it is
+/// killed is taken over by the next that writes.
 /// @throws CBuildError  "%s: cannot be written (%s)"
 void replaceDurably(const std::string& fileName, std::string_view content);
 
