@@ -9,6 +9,7 @@
 #include "popup_menu.h"
 
 #include <QAction>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QToolBar>
 
@@ -97,20 +98,25 @@ void BibleForm::translateMenus()
 /// What assistive technology calls the controls that show no name of their own.
 void BibleForm::nameControls()
 {
+    const auto nameBox = [](qt3::ComboBox* box, const QString& name) {
+        box->setAccessibleName(name);
+        box->lineEdit()->setAccessibleName(name); // a box with a text in it is called by that text
+    };
+
     btnHideSearch->setAccessibleName(tr("Скриване на търсенето"));
     btnSearch->setAccessibleName(tr("Търси"));
     checkRedoSearch->setAccessibleName(tr("Повтаряне на търсенето при смяна на превода"));
     checkCaseSensitive->setAccessibleName(tr("Различаване на главни и малки букви"));
     checkPartialWord->setAccessibleName(tr("Част от дума"));
-    comboSearchText->setAccessibleName(tr("Текст за търсене"));
+    nameBox(comboSearchText, tr("Текст за търсене"));
     listSearchResults->setAccessibleName(tr("Намерени стихове"));
     groupSearch->setAccessibleName(tr("Търсене"));
     groupSearchOptions->setAccessibleName(tr("Настройки на търсенето"));
     groupText->setAccessibleName(tr("Текст"));
     textBrowser->setAccessibleName(tr("Текст на главата"));
-    comboBook->setAccessibleName(tr("Книга"));
-    comboChapter->setAccessibleName(tr("Глава"));
-    comboVerse->setAccessibleName(tr("Стих"));
+    nameBox(comboBook, tr("Книга"));
+    nameBox(comboChapter, tr("Глава"));
+    nameBox(comboVerse, tr("Стих"));
     toolbarLocation->setAccessibleName(tr("Място в текста"));
     menubar->setAccessibleName(tr("Меню"));
 }

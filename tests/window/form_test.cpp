@@ -5,8 +5,10 @@
 #include "panel_box.h"
 #include "popup_menu.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QMetaMethod>
 #include <QTest>
@@ -47,6 +49,7 @@ private slots:
     void demoActionIsInNoMenu();
     void beforeTheStartEverythingIsOff();
     void everyControlHasAnAccessibleName();
+    void textFieldsOfTheBoxesHaveTheirNames();
     void everyControlIsReachedByTab();
     void slotsAreAsListed();
     void classAddsNothingButSlots();
@@ -167,6 +170,17 @@ void FormTest::everyControlHasAnAccessibleName()
             widget->focusPolicy() != Qt::NoFocus &&
             widget->parentWidget()->objectName() != widget->objectName())
             QVERIFY2(!widget->accessibleName().isEmpty(), qPrintable(widget->objectName()));
+}
+
+/// An editable box gives its text as its name; the field in it is what is named.
+void FormTest::textFieldsOfTheBoxesHaveTheirNames()
+{
+    FormFixture window;
+    openOn(window);
+    for (const QComboBox* box : window.form().findChildren<QComboBox*>()) {
+        QAccessibleInterface* field = QAccessible::queryAccessibleInterface(box->lineEdit());
+        QCOMPARE(field->text(QAccessible::Name), box->accessibleName());
+    }
 }
 
 void FormTest::everyControlIsReachedByTab()
