@@ -68,6 +68,22 @@ bool endsOpen(std::string_view text)
     return u_isUWhiteSpace(codePoint) || type == U_START_PUNCTUATION || type == U_INITIAL_PUNCTUATION;
 }
 
+/// The entry without the names of those who speak: headings that the library's filter of headings leaves.
+std::string withoutSpeakers(std::string_view raw)
+{
+    constexpr std::string_view begin = "<speaker";
+    constexpr std::string_view end = "</speaker>";
+    std::string rest(raw);
+    for (std::size_t speaker = rest.find(begin); speaker != std::string::npos;
+         speaker = rest.find(begin, speaker)) {
+        const std::size_t stop = rest.find(end, speaker);
+        if (stop == std::string::npos)
+            break;
+        rest.erase(speaker, stop + end.size() - speaker);
+    }
+    return rest;
+}
+
 /// The text before a note, given all that stands before the note's end tag.
 std::string_view beforeNote(std::string_view upToEnd)
 {
@@ -142,9 +158,10 @@ void replaceAll(std::string& text, std::string_view from, std::string_view to)
 
 } // namespace
 
-std::string cleanEntry(std::string_view raw)
+std::string cleanEntry(std::string_view whole)
 {
-    raw = raw.substr(0, endOfBook(raw));
+    const std::string entry = withoutSpeakers(whole.substr(0, endOfBook(whole)));
+    const std::string_view raw(entry);
     std::string clean;
     std::size_t begin = 0;
     for (std::size_t note = raw.find(noteEnd); note != std::string_view::npos;

@@ -8,8 +8,9 @@ namespace Kedrin::ModTool {
 /// A raw SWORD entry made fit for being rendered as plain text:
 ///  - what follows the end of a book (a glossary, say, stored with the book's last verse) is cut off;
 ///  - where a note stands between two words without a blank of its own, a blank is put behind it, since the note
-///    goes and the words would run together.
-std::string cleanEntry(std::string_view raw);
+///    goes and the words would run together;
+///  - the names of speakers, headings between the lines of a poem, go: the library leaves them in the text.
+std::string cleanEntry(std::string_view whole);
 
 /// The library loses `&amp;`, `&lt;` and `&gt;` on the way to plain text where a module's headings can be switched off.
 /// The first function puts characters for private use in their place, the second makes the characters that were

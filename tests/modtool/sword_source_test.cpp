@@ -156,6 +156,12 @@ TEST(SwordEntry, EndsWithItsBook)
     EXPECT_EQ(cleanEntry("а<div eID=\"g1\" type=\"x-p\"/>б"), "а<div eID=\"g1\" type=\"x-p\"/>б");
 }
 
+TEST(SwordEntry, IsWithoutTheNamesOfSpeakers)
+{
+    EXPECT_EQ(cleanEntry("а <speaker>Невяста</speaker> б<speaker who=\"x\">Друзя</speaker>"), "а  б");
+    EXPECT_EQ(cleanEntry("а <speaker>б"), "а <speaker>б");
+}
+
 TEST(SwordEntry, DamagedMarkupIsSurvived)
 {
     for (const char* raw :
