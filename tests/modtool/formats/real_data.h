@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+
+namespace build_test {
+
+/// A text of the folder that KEDRIN_TEST_DATA names, or of the one beside the project, unpacked where it is packed
+/// with xz; "" where there is none.
+std::string realText(const std::string& name);
+
+} // namespace build_test

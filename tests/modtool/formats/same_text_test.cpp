@@ -1,0 +1,233 @@
+// The same text through every format gives the same module: the Bibles of Debian's SWORD packages where they are
+// installed, and the texts in the folder that KEDRIN_TEST_DATA names, or beside the project. The figures and the
+// reasons of the differences stand in doc/formats/sources.md.
+
+#include "build_fixture.h"
+#include "marked_files.h"
+#include "real_data.h"
+
+#include <algorithm>
+
+namespace {
+
+using build_test::MarkedBible;
+using build_test::Result;
+using Kedrin::Tolvo::CBible;
+using Kedrin::Tolvo::CRef;
+
+/// A verse that two modules do not have alike, as they store it.
+struct Difference
+{
+    std::string first;
+    std::string second;
+};
+
+std::size_t charactersIn(const std::string& text)
+{
+    return static_cast<std::size_t>(
+        std::count_if(text.begin(), text.end(), [](char c) { return c != ' ' && c != '\n'; }));
+}
+
+std::string withoutAll(std::string text, const std::string& what)
+{
+    for (std::size_t i = text.find(what); i != std::string::npos; i = text.find(what, i))
+        text.erase(i, what.size());
+    return text;
+}
+
+std::string inSmallLetters(std::string text)
+{
+    for (char& c : text)
+        c = c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c;
+    return text;
+}
+
+class SameText : public build_test::Building
+{
+protected:
+    std::string moduleNamed(const std::string& name) const { return m_folder.file("modules/" + name); }
+
+    /// Builds the module and keeps its report.
+    void build(const std::string& source, const std::string& name)
+    {
+        const Result result = build_test::run(
+            {"build", source, moduleNamed(name), "--substitute", "--versification", m_versification});
+        ASSERT_EQ(result.code, 0) << result.err;
+        m_reports[name] = result.out;
+    }
+
+    /// Builds the text through the three marked-up formats.
+    void buildMarked(const MarkedBible& bible)
+    {
+        for (const auto& [file, content] : build_test::usfmFiles(bible))
+            m_folder.write("usfm-files/" + file, content);
+        build(m_folder.file("usfm-files"), "usfm");
+        build(m_folder.write("zefania.xml", build_test::zefaniaFile(bible)), "zefania");
+        build(m_folder.write("osis.xml", build_test::osisFile(bible)), "osis");
+        const build_test::MarkedCounts counts = countMarks(bible);
+        for (const char* name : formats) {
+            expectReported(name, "left out      ", counts.notes, " note");
+            if (name != std::string("zefania")) // there a psalm title is text of its verse
+                expectReported(name, "joined        ", counts.psalmTitles, " psalm title");
+        }
+        expectReported("osis", "left out      ", counts.headings, " title");
+        expectReported("zefania", "left out      ", counts.headings, " title");
+        expectReported("usfm", "left out      ", counts.headings + bible.size(),
+                       " title"); // \mt of each book
+    }
+
+    void expectReported(const std::string& name, const std::string& label, std::size_t count,
+                        const std::string& what) const
+    {
+        const std::string& report = m_reports.at(name);
+        const std::string several = count == 1 ? what : what + 's';
+        if (count == 0)
+            EXPECT_EQ(report.find(what), std::string::npos) << name << ":\n" << report;
+        else
+            EXPECT_NE(report.find(label + std::to_string(count) + several + ','), std::string::npos)
+                << name << ": " << count << what << "\n"
+                << report;
+    }
+
+    /// The verses that the module of the name has otherwise than the one named "plain".
+    std::vector<Difference> differences(const std::string& name) const
+    {
+        const CBible plain(moduleNamed("plain")), other(moduleNamed(name));
+        EXPECT_EQ(build_test::bytesOf(moduleNamed("plain") + "/BibleStructure.csv"),
+                  build_test::bytesOf(moduleNamed(name) + "/BibleStructure.csv"));
+        std::vector<Difference> found;
+        for (unsigned int book = 0; book < plain.booksCount(); ++book)
+            for (unsigned int chapter = 0; chapter < plain.chaptersCount(book); ++chapter)
+                for (unsigned int verse = 0; verse < plain.versesCount(book, chapter); ++verse) {
+                    const CRef ref(book, chapter, verse, false);
+                    if (std::string first = plain[ref], second = other[ref]; first != second)
+                        found.push_back({std::move(first), std::move(second)});
+                }
+        return found;
+    }
+
+    /// Characters of all verses but blanks, as they are stored.
+    std::size_t charactersOf(const std::string& name) const
+    {
+        const CBible bible(moduleNamed(name));
+        std::size_t count = 0;
+        for (unsigned int book = 0; book < bible.booksCount(); ++book)
+            for (unsigned int chapter = 0; chapter < bible.chaptersCount(book); ++chapter)
+                for (unsigned int verse = 0; verse < bible.versesCount(book, chapter); ++verse)
+                    count += charactersIn(bible[CRef(book, chapter, verse, false)]);
+        return count;
+    }
+
+    /// A line of a module's report, by its first word.
+    std::string reportLine(const std::string& name, const std::string& label) const
+    {
+        return reported({0, m_reports.at(name), ""}, label);
+    }
+
+    /// Verse lines and the three marked-up formats give the same bytes; nothing comes, nothing goes.
+    void expectSameEverywhere(const std::string& name, const std::string& notes, const std::string& leftOut)
+    {
+        const std::string lines = build_test::realText(name);
+        if (lines.empty())
+            GTEST_SKIP() << "no " << name;
+        build(m_folder.write("plain.vpl", lines), "plain");
+        const MarkedBible bible = build_test::bibleOfLines(lines, build_test::realText(notes));
+        buildMarked(bible);
+        for (const char* format : formats) {
+            EXPECT_EQ(differences(format).size(), 0u) << format;
+            EXPECT_EQ(reportLine(format, "holds"), reportLine("plain", "holds"));
+            EXPECT_EQ(reportLine(format, "words"), reportLine("plain", "words"));
+            EXPECT_EQ(build_test::bytesOf(moduleNamed(format) + "/CompactText.bin"),
+                      build_test::bytesOf(moduleNamed("plain") + "/CompactText.bin"));
+            EXPECT_EQ(build_test::bytesOf(moduleNamed(format) + "/Conc.bin"),
+                      build_test::bytesOf(moduleNamed("plain") + "/Conc.bin"));
+        }
+        EXPECT_EQ(charactersOf("plain"), charactersMarked(bible, {leftOut}));
+    }
+
+    /// Characters of the text that is marked, but blanks and the books that modules lack.
+    static std::size_t charactersMarked(const MarkedBible& bible, const std::vector<std::string>& leftOut)
+    {
+        std::string text;
+        for (const build_test::MarkedBook& book : bible)
+            if (std::find(leftOut.begin(), leftOut.end(), book.osis) == leftOut.end())
+                for (const build_test::MarkedVerse& verse : book.verses)
+                    for (const build_test::Piece& piece : verse.pieces)
+                        if (piece.kind == build_test::Piece::Kind::text)
+                            text += piece.text;
+        return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
+            return c != ' ' && c != '\n' && (c & 0xC0) != 0x80; // the first byte of a character
+        }));
+    }
+
+    static constexpr const char* formats[] = {"usfm", "zefania", "osis"};
+
+    std::string m_versification = "KJV";
+    std::map<std::string, std::string> m_reports;
+};
+
+TEST_F(SameText, EnglishOf1769DiffersOnlyWhereTheLibraryCapitalisesAndWhereABackslashIsText)
+{
+    const MarkedBible bible = build_test::installedBible("KJV");
+    if (bible.empty())
+        GTEST_SKIP() << "no SWORD Bible KJV";
+    build("sword:KJV", "plain");
+    buildMarked(bible);
+    const std::string strayMarker = "\\nd ";
+    constexpr std::size_t strayMarkers = 27; // each of them a backslash and two letters
+    constexpr std::size_t capitalised = 10;
+    constexpr std::size_t ligatures = 96; // each becomes two letters
+    for (const char* format : formats) {
+        const bool isUsfm = format == std::string("usfm");
+        std::size_t strays = 0;
+        std::size_t capitals = 0;
+        for (const Difference& difference : differences(format)) {
+            const bool isStray = withoutAll(difference.first, strayMarker) == difference.second;
+            strays += isStray;
+            capitals += !isStray && inSmallLetters(difference.first) == inSmallLetters(difference.second);
+            EXPECT_TRUE(isStray || inSmallLetters(difference.first) == inSmallLetters(difference.second))
+                << format << '\n'
+                << difference.first << '\n'
+                << difference.second;
+        }
+        EXPECT_EQ(strays, isUsfm ? strayMarkers : 0) << format;
+        EXPECT_EQ(capitals, capitalised) << format;
+        EXPECT_EQ(charactersOf(format),
+                  charactersMarked(bible, {}) + ligatures - (isUsfm ? 3 * strayMarkers : 0))
+            << format;
+    }
+    EXPECT_EQ(reportLine("zefania", "words"), reportLine("plain", "words"));
+    EXPECT_EQ(reportLine("osis", "words"), reportLine("plain", "words"));
+}
+
+TEST_F(SameText, EnglishOfOurDaysIsTheSame)
+{
+    const MarkedBible bible = build_test::installedBible("WEB");
+    if (bible.empty())
+        GTEST_SKIP() << "no SWORD Bible WEB";
+    m_versification = "NRSVA";
+    build("sword:WEB", "plain");
+    buildMarked(bible);
+    for (const char* format : formats) {
+        for (const Difference& difference : differences(format))
+            ADD_FAILURE() << format << '\n' << difference.first << '\n' << difference.second;
+        EXPECT_EQ(reportLine(format, "words"), reportLine("plain", "words"));
+        EXPECT_EQ(charactersOf(format), charactersMarked(bible, {"EsthGr", "PrMan", "AddPs", "4Macc"}))
+            << format;
+    }
+}
+
+TEST_F(SameText, BulgarianOf1940IsTheSame)
+{
+    expectSameEverywhere("bg-1940.vpl", "bg-1940.notes.tsv", "none");
+}
+
+TEST_F(SameText, RussianSynodalIsTheSame)
+{
+    m_versification = "Synodal";
+    expectSameEverywhere("ru-synodal.vpl", "none", "PrMan");
+}
+
+TEST_F(SameText, MatthewOfOurDaysIsTheSame) { expectSameEverywhere("bg-kjv-matt.vpl", "none", "none"); }
+
+} // namespace
