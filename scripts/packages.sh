@@ -1,6 +1,6 @@
 # Sourced by ./run and ./test: which Debian packages they need, and how missing ones are installed.
 
-build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev libicu-dev libsword-dev libcli11-dev libxml2-dev nlohmann-json3-dev)
+build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev libicu-dev libsword-dev libcli11-dev libxml2-dev nlohmann-json3-dev libfmt-dev gettext)
 text_packages=(sword-text-kjv sword-text-web fonts-dejavu-core)
 screen_packages=(xvfb xauth xdotool x11-xkb-utils imagemagick)
 test_packages=(libgtest-dev libbenchmark-dev strace)

@@ -2,8 +2,10 @@
 
 #include "build.h"
 #include "build_error.h"
+#include "command.h"
 #include "durable_file.h"
 #include "file_contents.h"
+#include "messages.h"
 #include "sword_library.h"
 
 #include <unistd.h>
@@ -45,11 +47,11 @@ public:
         std::error_code error;
         std::filesystem::create_directories(m_directory, error);
         if (error)
-            throw CBuildError(m_directory + ": cannot be written (" + error.message() + ')');
+            throw CBuildError(message("%s: cannot be written (%s)", m_directory, error.message()));
         provideCommonStructure(m_directory);
         const std::vector<std::string> names = m_library.bibles();
         if (names.empty())
-            say("no SWORD Bible is installed");
+            say(tr("no SWORD Bible is installed"));
         bool good = true;
         for (const std::string& name : names)
             good = buildOne(name) && good;
@@ -72,26 +74,26 @@ private:
         try {
             fingerprint = toolVersion + m_library.fingerprint(name);
             if (isUpToDate(folder, fingerprint)) {
-                say(name + ": up to date");
+                say(message("%s: up to date", name));
                 return true;
             }
             if (const std::string reason = knownReason(leftOut, fingerprint); !reason.empty()) {
-                say(name + ": left out: " + reason);
+                say(message("%s: left out: %s", name, reason));
                 return true;
             }
             build(name, folder, fingerprint);
             ::unlink(leftOut.c_str());
             return true;
         } catch (const CUnfitText& ex) {
-            say(name + ": left out: " + ex.what());
+            say(message("%s: left out: %s", name, ex.what()));
             replaceDurably(leftOut, fingerprint + ex.what());
             return true;
         } catch (const CFolderBusy&) {
-            say(name + ": left to another build that is running");
+            say(message("%s: left to another build that is running", name));
             return true;
         } catch (const std::exception& ex) {
             m_progress.clear();
-            m_err << "kedrin-module: " << name << ": " << ex.what() << '\n';
+            sayError(m_err, name + ": " + ex.what());
             return false;
         }
     }
@@ -104,8 +106,8 @@ private:
         const SourceBible source = m_library.read(
             name, [&](std::size_t done, std::size_t total) { m_progress.show(name, done, total); });
         const BuildReport report = buildModule(source, folder, options, fingerprint, m_progress);
-        say(name + ": built, " + counted(report.booksCount, "book", "books") + ", " +
-            counted(report.versesCount, "verse", "verses") + ": " + report.title);
+        say(message("%s: built, %s, %s: %s", name, counted(report.booksCount, "book", "books"),
+                    counted(report.versesCount, "verse", "verses"), report.title));
     }
 
     static bool isUpToDate(const std::string& folder, const std::string& fingerprint)

@@ -2,6 +2,7 @@
 
 #include "book_names.h"
 #include "common_books.h"
+#include "messages.h"
 #include "plain_text.h"
 
 #include <algorithm>
@@ -83,14 +84,15 @@ unsigned int CBookLookup::find(const std::string& name) const
         found =
             booksWith([&](const Name& n) { return n.key.starts_with(key) && titles.hasBook(n.globalID); });
     if (found.size() > 1)
-        throw CNotFound('"' + name + "\" may be " + listed(found));
+        throw CNotFound(message("\"%s\" may be %s", name, listed(found)));
     if (found.empty()) {
         const std::vector<unsigned int> like = booksLike(key);
-        throw CNotFound('"' + name + "\" is no book of the module" +
-                        (like.empty() ? "" : " (did you mean " + listed(like) + "?)"));
+        throw CNotFound(
+            like.empty() ? message("\"%s\" is no book of the module", name)
+                         : message("\"%s\" is no book of the module (did you mean %s?)", name, listed(like)));
     }
     if (!titles.hasBook(found.front()))
-        throw CNotFound("the module has no book " + std::string(commonBooks()[found.front()].osis));
+        throw CNotFound(message("the module has no book %s", commonBooks()[found.front()].osis));
     return titles.localID(found.front());
 }
 
@@ -118,7 +120,7 @@ std::string CBookLookup::listed(const std::vector<unsigned int>& globalIDs) cons
         const Tolvo::CTitles& titles = m_module.titles();
         const unsigned int globalID = globalIDs[i];
         if (i != 0)
-            text += i + 1 == globalIDs.size() ? " or " : ", ";
+            text += i + 1 == globalIDs.size() ? tr(" or ") : ", ";
         std::string title;
         if (titles.hasBook(globalID))
             title = plainLine(titles.shortTitle(titles.localID(globalID)));

@@ -3,6 +3,7 @@
 #include "common_books.h"
 #include "durable_file.h"
 #include "file_contents.h"
+#include "messages.h"
 #include "module_check.h"
 #include "module_folder.h"
 #include "prepare.h"
@@ -41,7 +42,7 @@ SourceBible readSource(const std::string& source, const ReadOptions& options, CP
     const CSwordLibrary library;
     const std::string name = library.resolve(source.substr(swordPrefix.size()));
     SourceBible bible = library.read(
-        name, [&](std::size_t done, std::size_t total) { progress.show("reading", done, total); });
+        name, [&](std::size_t done, std::size_t total) { progress.show(tr("reading"), done, total); });
     orderBooks(bible, options.order);
     return bible;
 }
@@ -51,19 +52,19 @@ BuildReport buildModule(const SourceBible& source, const std::string& path, cons
 {
     constexpr std::size_t steps = 4;
     BuildReport report;
-    progress.show("preparing", 0, steps);
+    progress.show(tr("preparing"), 0, steps);
     const ModuleData module = prepareModule(source, options, report);
-    progress.show("writing", 1, steps);
+    progress.show(tr("writing"), 1, steps);
     CModuleFolder folder(path);
     writeFiles(folder, module);
     if (!fingerprint.empty())
         folder.write(fingerprintFileName, fingerprint);
-    progress.show("reading back", 2, steps);
+    progress.show(tr("reading back"), 2, steps);
     checkWritten(folder.besidePath(), module, report.diff.kept);
     provideCommonStructure(folderOf(folder.path()));
-    progress.show("publishing", 3, steps);
+    progress.show(tr("publishing"), 3, steps);
     folder.publish();
-    progress.show("done", steps, steps);
+    progress.show(tr("done"), steps, steps);
     report.folder = path;
     return report;
 }

@@ -2,6 +2,9 @@
 
 #include "all_sword.h"
 #include "build.h"
+#include "command_line.h"
+#include "messages.h"
+#include "program.h"
 #include "text_input.h"
 
 #include <CLI/CLI.hpp>
@@ -11,26 +14,46 @@
 
 namespace Kedrin::ModTool {
 
+namespace {
+
+constexpr const char* page =
+    translatable("The folder is written beside its place, read back, compared and then exchanged in one "
+                 "step: an interrupted or\n"
+                 "failing build leaves the module of before, or none.\n"
+                 "\n"
+                 "Examples:\n"
+                 "  kedrin-module build my.txt modules/bibles/my --title 'My translation'\n"
+                 "  kedrin-module build sword:WEB modules/bibles/web --substitute\n"
+                 "  kedrin-module build --all-sword modules/bibles\n"
+                 "\n"
+                 "Exit codes:\n"
+                 "  0  done\n"
+                 "  1  the source was refused, or something could not be read or written\n"
+                 "  2  the arguments make no sense\n"
+                 "  3  the part of the program that knows the SWORD library is not installed");
+
+} // namespace
+
 CBuildCommand::CBuildCommand(CLI::App& program)
     : m_command(
-          program.add_subcommand("build", "Build a module for the reader from a Bible in another format"))
+          addCommand(program, "build", "Build a module for the reader from a Bible in another format", page))
 {
     m_command->add_option(
         "SOURCE", m_source,
-        "sword:NAME, an installed SWORD Bible; a file of OSIS, USFM, Zefania XML or verse lines; or a "
-        "folder of USFM files");
-    m_command->add_option("MODULE-FOLDER", m_folder, "The module's folder, made or replaced as a whole");
+        tr("sword:NAME, an installed SWORD Bible; a file of OSIS, USFM, Zefania XML or verse lines; or a "
+           "folder of USFM files"));
+    m_command->add_option("MODULE-FOLDER", m_folder, tr("The module's folder, made or replaced as a whole"));
     m_command->add_option("--all-sword", m_allSwordDirectory,
-                          "Build every installed SWORD Bible into a folder of this directory");
+                          tr("Build every installed SWORD Bible into a folder of this directory"));
     m_command->add_flag("--substitute", m_options.substitute,
-                        "Replace the characters that Windows-1251 lacks");
-    m_command->add_option("--title", m_options.fullTitle, "Full title");
-    m_command->add_option("--short", m_options.shortTitle, "Short title");
-    m_command->add_option("--abbr", m_options.abbreviatedTitle, "Abbreviated title");
+                        tr("Replace the characters that Windows-1251 lacks"));
+    m_command->add_option("--title", m_options.fullTitle, tr("Full title"));
+    m_command->add_option("--short", m_options.shortTitle, tr("Short title"));
+    m_command->add_option("--abbr", m_options.abbreviatedTitle, tr("Abbreviated title"));
     m_command->add_option("--versification", m_options.versification,
-                          "Versification of the source, by its SWORD name");
+                          tr("Versification of the source, by its SWORD name"));
     addReadingOptions();
-    m_command->add_flag("-q,--quiet", m_quiet, "No progress bar and no report");
+    m_command->add_flag("-q,--quiet", m_quiet, tr("No progress bar and no report"));
 }
 
 namespace {
@@ -44,7 +67,7 @@ void addChoice(CLI::App& command, const char* name, const char* words,
     const auto choose = [&chosen, values, name, words](const std::string& word) {
         const auto found = values.find(word);
         if (found == values.end())
-            throw CLI::ValidationError(name, "\"" + word + "\" is not one of " + words);
+            throw CLI::ValidationError(name, message("\"%s\" is not one of %s", word, words));
         chosen = found->second;
     };
     command.add_option_function<std::string>(name, choose, description)->option_text(words);
@@ -63,13 +86,15 @@ void CBuildCommand::addReadingOptions()
                                                   {"orthodox", BookOrder::orthodox}};
     const std::map<std::string, bool> titles{{"bg", false}, {"source", true}};
     addChoice(*m_command, "--from", "osis|usfm|zefania|verse-lines", formats, m_readOptions.format,
-              "Format of the source, where its content misleads");
-    m_command->add_option("--encoding", m_readOptions.encoding, "Encoding of the source, where it says none");
+              tr("Format of the source, where its content misleads"));
+    m_command->add_option("--encoding", m_readOptions.encoding,
+                          tr("Encoding of the source, where it says none"));
     addChoice(*m_command, "--book-order", "source|protestant|orthodox", orders, m_readOptions.order,
-              "Order of the books");
+              tr("Order of the books"));
     addChoice(*m_command, "--titles", "bg|source", titles, m_options.sourceTitles,
-              "Titles of the books: Bulgarian or the source's");
-    m_command->add_option("--copyright", m_copyrightFile, "Text file with the copyright, a paragraph a line");
+              tr("Titles of the books: Bulgarian or the source's"));
+    m_command->add_option("--copyright", m_copyrightFile,
+                          tr("Text file with the copyright, a paragraph a line"));
 }
 
 namespace {
@@ -92,7 +117,7 @@ std::string CBuildCommand::usageError() const
 {
     if (m_allSwordDirectory.empty())
         return m_source.empty() || m_folder.empty()
-                   ? "build needs SOURCE and MODULE-FOLDER, or --all-sword DIR"
+                   ? tr("build needs SOURCE and MODULE-FOLDER, or --all-sword DIR")
                    : "";
     const bool describesOne = !m_source.empty() || m_options.substitute || !m_options.fullTitle.empty() ||
                               !m_options.shortTitle.empty() || !m_options.abbreviatedTitle.empty() ||
@@ -100,13 +125,24 @@ std::string CBuildCommand::usageError() const
                               !m_copyrightFile.empty() || !m_readOptions.encoding.empty() ||
                               m_readOptions.format != SourceFormat::detected ||
                               m_readOptions.order != BookOrder::source;
-    return describesOne ? "--all-sword goes with no other argument than -q" : "";
+    return describesOne ? tr("--all-sword goes with no other argument than -q") : "";
 }
 
-bool CBuildCommand::run(std::ostream& out, std::ostream& err, CProgress& progress) const
+int CBuildCommand::run(const CommandStreams& streams) const
 {
-    std::ostringstream nowhere;
-    std::ostream& report = m_quiet ? nowhere : out;
+    CProgress progress(m_quiet ? nullptr : streams.terminal);
+    try {
+        std::ostringstream nowhere;
+        return build(m_quiet ? nowhere : streams.out, streams.err, progress) ? exitDone : exitFailed;
+    } catch (const std::exception& ex) {
+        progress.clear();
+        sayError(streams.err, ex.what());
+        return exitFailed;
+    }
+}
+
+bool CBuildCommand::build(std::ostream& report, std::ostream& err, CProgress& progress) const
+{
     if (!m_allSwordDirectory.empty())
         return buildAllSword(m_allSwordDirectory, report, err, progress);
     BuildOptions options = m_options;

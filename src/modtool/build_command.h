@@ -1,10 +1,10 @@
 #pragma once
 
 #include "build_options.h"
+#include "command.h"
 #include "progress.h"
 #include "source_format.h"
 
-#include <ostream>
 #include <string>
 
 namespace CLI {
@@ -14,24 +14,19 @@ class App;
 namespace Kedrin::ModTool {
 
 /// `kedrin-module build SOURCE MODULE-FOLDER` and `kedrin-module build --all-sword DIR`.
-class CBuildCommand
+class CBuildCommand final : public ICommand
 {
 public:
     /// Adds the command and its options to the program's. The object outlives the parsing.
     explicit CBuildCommand(CLI::App& program);
 
-    bool isChosen() const;
-
-    /// What the parser cannot tell: "" or a sentence on what is wrong with the arguments.
-    std::string usageError() const;
-
-    /// @returns whether all went well; a Bible of --all-sword that fails is reported on `err`
-    /// @throws CBuildError
-    bool run(std::ostream& out, std::ostream& err, CProgress& progress) const;
-
-    bool isQuiet() const { return m_quiet; }
+    bool isChosen() const override;
+    std::string usageError() const override;
+    int run(const CommandStreams& streams) const override;
 
 private:
+    /// @returns whether all went well; a Bible of --all-sword that fails is reported on `err`
+    bool build(std::ostream& report, std::ostream& err, CProgress& progress) const;
     void addReadingOptions();
 
     CLI::App* m_command;

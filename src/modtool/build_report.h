@@ -52,10 +52,10 @@ struct BuildReport
     std::string text() const;
 };
 
+/// Where the lines of the report go on after their labels.
+inline constexpr std::size_t labelColumns = 14;
+
 /// One kind of character in a line of a list: "U+00E6 LATIN SMALL LETTER AE".
 std::string describeCharacter(char32_t codePoint);
-
-/// "1 verse", "2 verses"
-std::string counted(std::uint64_t count, const char* singular, const char* plural);
 
 } // namespace Kedrin::ModTool

@@ -2,6 +2,7 @@
 
 #include "check_file.h"
 #include "common_books.h"
+#include "messages.h"
 #include "text_reader.h"
 
 #include <array>
@@ -11,7 +12,8 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-constexpr std::array<std::string_view, 3> titleKinds = {"full title", "short title", "abbreviation"};
+constexpr std::array titleKinds = {translatable("full title"), translatable("short title"),
+                                   translatable("abbreviation")};
 constexpr std::size_t maxTitleBytes = 255;
 
 /// The books with their global numbers; `rest` is then what follows the line of the last number.
@@ -56,8 +58,8 @@ void checkBookNumbers(const CheckedShape& shape, CFindings& findings)
 }
 
 /// The titles of one kind, a line a book.
-void checkTitles(std::string_view kind, std::string_view& rest, const CheckedShape& shape,
-                 CFindings& findings)
+/// @param kind  English, for tr()
+void checkTitles(const char* kind, std::string_view& rest, const CheckedShape& shape, CFindings& findings)
 {
     std::set<std::string_view> met;
     for (std::size_t book = 0; book < shape.books.size(); ++book) {
@@ -66,8 +68,7 @@ void checkTitles(std::string_view kind, std::string_view& rest, const CheckedSha
         if (line.ends_with('\r'))
             line.remove_suffix(1);
         const auto place = [&] {
-            return shape.bookName(book) + ", " + std::string(kind) +
-                   (title.empty() ? "" : ": " + shownBytes(line));
+            return shape.bookName(book) + ", " + tr(kind) + (title.empty() ? "" : ": " + shownBytes(line));
         };
         if (title.empty())
             findings.addLazily(CheckID::titlesEmpty, place);
@@ -90,7 +91,7 @@ void readTitles(const std::string& folder, CheckedShape& shape, CFindings& findi
     if (shape.books.empty())
         return;
     checkBookNumbers(shape, findings);
-    for (const std::string_view kind : titleKinds)
+    for (const char* kind : titleKinds)
         checkTitles(kind, rest, shape, findings);
     if (rest.find_first_not_of(" \t\r\n") != std::string_view::npos)
         findings.add(CheckID::titlesSurplus, shownBytes(lineText(takeLine(rest))));

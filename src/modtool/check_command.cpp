@@ -1,5 +1,8 @@
 #include "check_command.h"
 
+#include "command_line.h"
+#include "language.h"
+#include "messages.h"
 #include "program.h"
 #include "tolvo_bible/folder_name.h"
 
@@ -11,43 +14,72 @@ namespace Kedrin::ModTool {
 
 namespace {
 
+constexpr const char* page = translatable("A module is a folder that holds one of the ten files of a module; "
+                                          "of any other folder each sub-folder is one.\n"
+                                          "Nothing is changed.\n"
+                                          "\n"
+                                          "Examples:\n"
+                                          "  kedrin-module check modules/bibles/my\n"
+                                          "  kedrin-module check --strict --places 20 modules/bibles\n"
+                                          "  kedrin-module check --list\n"
+                                          "\n"
+                                          "Exit codes:\n"
+                                          "  0  sound: no errors (with --strict: nor warnings)\n"
+                                          "  1  defects\n"
+                                          "  2  the arguments make no sense\n"
+                                          "  3  something could not be checked");
+
 constexpr std::size_t defaultMaxPlaces = 5;
 constexpr std::size_t mostMaxPlaces = 1000;
 
 } // namespace
 
 CCheckCommand::CCheckCommand(CLI::App& program)
-    : m_command(program.add_subcommand("check", "Check a module, or all modules of a modules directory")),
+    : m_command(addCommand(program, "check", "Check a module, or all modules of a modules directory", page)),
       m_maxPlaces(defaultMaxPlaces)
 {
-    m_command->add_option("MODULE", m_path, "A module's folder, or a folder of modules");
-    m_command->add_flag("--list", m_list, "List the checks; nothing is checked");
-    m_command->add_flag("--json", m_json, "Report as JSON");
-    m_command->add_flag("--strict", m_strict, "Warnings count as defects");
-    m_command->add_option("--places", m_maxPlaces, "How many places of each finding to name (5)")
+    m_command->add_option("MODULE", m_path, tr("A module's folder, or a folder of modules"));
+    m_command->add_flag("--list", m_list, tr("List the checks; nothing is checked"));
+    m_command->add_flag("--json", m_json, tr("Report as JSON"));
+    m_command->add_flag("--strict", m_strict, tr("Warnings count as defects"));
+    m_command->add_option("--places", m_maxPlaces, tr("How many places of each finding to name (5)"))
         ->check(CLI::Range(std::size_t(0), mostMaxPlaces));
-    m_command->add_flag("-q,--quiet", m_quiet, "No progress bar and no report: the exit code tells");
+    m_command->add_flag("-q,--quiet", m_quiet, tr("No progress bar and no report: the exit code tells"));
 }
 
 bool CCheckCommand::isChosen() const { return m_command->parsed(); }
 
 std::string CCheckCommand::usageError() const
 {
-    return m_list == m_path.empty() ? "" : "check needs MODULE or --list, not both";
+    return m_list == m_path.empty() ? "" : tr("check needs MODULE or --list, not both");
 }
 
-int CCheckCommand::run(std::ostream& out, std::ostream& err, CProgress& progress) const
+int CCheckCommand::run(const CommandStreams& streams) const
+{
+    if (m_json)
+        speakEnglish();
+    CProgress progress(m_quiet ? nullptr : streams.terminal);
+    try {
+        return runChecks(streams, progress);
+    } catch (const std::exception& ex) {
+        progress.clear();
+        sayError(streams.err, ex.what());
+        return exitFailed;
+    }
+}
+
+int CCheckCommand::runChecks(const CommandStreams& streams, CProgress& progress) const
 {
     if (m_list) {
-        out << listOfChecks();
+        streams.out << listOfChecks();
         return exitDone;
     }
     const CheckReport report = check(progress);
     progress.clear();
     if (!m_quiet)
-        out << (m_json ? report.json() : report.text());
-    for (const std::string& message : report.unchecked)
-        err << "kedrin-module: " << message << '\n';
+        streams.out << (m_json ? report.json() : report.text());
+    for (const std::string& unchecked : report.unchecked)
+        sayError(streams.err, unchecked);
     if (!report.unchecked.empty())
         return exitUnchecked;
     const bool isSound =
@@ -69,12 +101,13 @@ CheckReport CCheckCommand::check(CProgress& progress) const
     for (const std::string& name : Tolvo::sub_folders(path))
         folders.push_back(path + '/' + name);
     if (folders.empty()) {
-        report.unchecked.push_back(shownPath(path) + ": is neither a module nor a folder of modules");
+        report.unchecked.push_back(
+            message("%s: is neither a module nor a folder of modules", shownPath(path)));
         return report;
     }
     report.directory = {path, checkDirectory(path, folders, m_maxPlaces)};
     for (std::size_t i = 0; i < folders.size(); ++i) {
-        progress.show("checking", i, folders.size());
+        progress.show(tr("checking"), i, folders.size());
         checkModuleInto(folders[i], report);
     }
     return report;

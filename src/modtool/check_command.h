@@ -1,9 +1,9 @@
 #pragma once
 
 #include "check_report.h"
+#include "command.h"
 #include "progress.h"
 
-#include <ostream>
 #include <string>
 
 namespace CLI {
@@ -13,24 +13,22 @@ class App;
 namespace Kedrin::ModTool {
 
 /// `kedrin-module check MODULE | MODULES-DIR` and `kedrin-module check --list`.
-class CCheckCommand
+class CCheckCommand final : public ICommand
 {
 public:
     /// Adds the command and its options to the program's. The object outlives the parsing.
     explicit CCheckCommand(CLI::App& program);
 
-    bool isChosen() const;
-    bool isQuiet() const { return m_quiet; }
+    bool isChosen() const override;
+    std::string usageError() const override;
 
-    /// What the parser cannot tell: "" or a sentence on what is wrong with the arguments.
-    std::string usageError() const;
-
-    /// Checks, and writes the report to `out`. What cannot be checked is told on `err`; the rest is checked all the same.
+    /// Checks, and reports. What cannot be checked is told on `err`; the rest is checked all the same.
     /// @returns exitDone: no errors (nor warnings, with --strict); exitFailed: some; exitUnchecked: something could not
     ///          be checked
-    int run(std::ostream& out, std::ostream& err, CProgress& progress) const;
+    int run(const CommandStreams& streams) const override;
 
 private:
+    int runChecks(const CommandStreams& streams, CProgress& progress) const;
     CheckReport check(CProgress& progress) const;
     void checkModuleInto(const std::string& folder, CheckReport& report) const;
 

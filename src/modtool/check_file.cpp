@@ -1,6 +1,7 @@
 #include "check_file.h"
 
 #include "input_file.h"
+#include "messages.h"
 
 #include <algorithm>
 
@@ -25,12 +26,12 @@ std::optional<std::string> readForCheck(const std::string& folder, std::string_v
         return std::nullopt;
     }
     if (file.size() > maxCheckedFileBytes) {
-        findings.add(CheckID::sizeLimit, std::string(name) + ": " + std::to_string(file.size()) + " bytes");
+        findings.add(CheckID::sizeLimit, message("%s: %s bytes", name, file.size()));
         return std::nullopt;
     }
     std::string content(static_cast<std::size_t>(file.size()), '\0');
     if (file.readAt(0, content.data(), content.size()) != content.size())
-        throw CCheckError(shownPath(path) + ": cannot be read");
+        throw CCheckError(message("%s: cannot be read", shownPath(path)));
     return content;
 }
 
@@ -39,8 +40,7 @@ std::optional<std::string> readRecordsForCheck(const std::string& folder, std::s
 {
     std::optional<std::string> content = readForCheck(folder, name, findings, missing);
     if (content && content->size() % recordBytes != 0)
-        findings.add(CheckID::filePartialRecord,
-                     std::string(name) + ": " + std::to_string(content->size()) + " bytes");
+        findings.add(CheckID::filePartialRecord, message("%s: %s bytes", name, content->size()));
     return content;
 }
 

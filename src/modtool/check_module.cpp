@@ -7,6 +7,7 @@
 #include "check_words.h"
 #include "common_books.h"
 #include "file_contents.h"
+#include "messages.h"
 #include "text_reader.h"
 #include "tolvo_bible/bible_info.h"
 #include "tolvo_bible/folder_name.h"
@@ -63,7 +64,7 @@ ModuleReport checkModule(const std::string& folder, std::size_t maxPlaces)
 {
     std::error_code ignored;
     if (!std::filesystem::is_directory(folder, ignored))
-        throw CCheckError(shownPath(folder) + ": is no folder");
+        throw CCheckError(message("%s: is no folder", shownPath(folder)));
     ModuleReport report(folder, maxPlaces);
     checkInfo(folder, report.findings);
     const CheckedShape shape = checkBooks(folder, report.findings);

@@ -1,6 +1,6 @@
 #include "check_report.h"
 
-#include "ut_utils.h"
+#include "messages.h"
 
 #include <nlohmann/json.hpp>
 
@@ -14,19 +14,21 @@ using Json = nlohmann::ordered_json;
 
 constexpr std::array severities = {Severity::error, Severity::warning, Severity::note};
 
-std::string counted(std::uint64_t count, std::string_view noun)
+std::string countedFindings(std::uint64_t count, Severity severity)
 {
-    return std::to_string(count) + ' ' + std::string(noun) + (count == 1 ? "" : "s");
+    return severity == Severity::error     ? counted(count, "error", "errors")
+           : severity == Severity::warning ? counted(count, "warning", "warnings")
+                                           : counted(count, "note", "notes");
 }
 
 /// "1 error, 2 warnings"; "sound" when there is nothing, not even a note.
 template <typename Counts>
 std::string verdict(const Counts& counts)
 {
-    std::string text = counts.count(Severity::error) == 0 ? "sound" : "";
+    std::string text = counts.count(Severity::error) == 0 ? tr("sound") : "";
     for (const Severity severity : severities)
         if (const std::uint64_t count = counts.count(severity); count != 0)
-            text += (text.empty() ? "" : ", ") + counted(count, severityName(severity));
+            text += (text.empty() ? "" : ", ") + countedFindings(count, severity);
     return text;
 }
 
@@ -35,27 +37,27 @@ std::string findingsText(const CFindings& findings)
     std::string text;
     for (const auto& [check, finding] : findings.all()) {
         const Check& facts = checkOf(check);
-        text += "  " + std::string(severityName(facts.severity)) + ' ' + std::string(facts.id) + " (" +
-                std::to_string(finding.count) + "): " + std::string(facts.advice) + '\n';
+        text += "  " + std::string(tr(severityName(facts.severity))) + ' ' + std::string(facts.id) + " (" +
+                std::to_string(finding.count) + "): " + tr(facts.advice) + '\n';
         for (const std::string& place : finding.places)
             text += "    " + place + '\n';
         if (finding.count > finding.places.size())
-            text += "    and " + std::to_string(finding.count - finding.places.size()) + " more\n";
+            text += message("    and %s more", finding.count - finding.places.size()) + '\n';
     }
     return text;
 }
 
 std::string figuresText(const ModuleReport& module)
 {
-    std::string text = counted(module.booksCount, "book");
+    std::string text = counted(module.booksCount, "book", "books");
     if (module.versesCount)
-        text += ", " + counted(*module.versesCount, "verse");
+        text += ", " + counted(*module.versesCount, "verse", "verses");
     if (module.emptyVerses && *module.emptyVerses != 0)
-        text += " (" + std::to_string(*module.emptyVerses) + " empty)";
+        text += message(" (%s empty)", *module.emptyVerses);
     if (module.keptPlaces)
-        text += ", " + std::to_string(*module.keptPlaces) + " keep their place";
+        text += message(", %s keep their place", *module.keptPlaces);
     if (module.wordsCount)
-        text += ", " + counted(*module.wordsCount, "word");
+        text += ", " + counted(*module.wordsCount, "word", "words");
     return text;
 }
 
@@ -108,7 +110,7 @@ std::string CheckReport::text() const
         text += shownPath(module.folder) + ": " + verdict(module.findings) + "; " + figuresText(module) +
                 '\n' + findingsText(module.findings);
     if (directory)
-        text += counted(modules.size(), "module") + ": " + verdict(*this) + '\n';
+        text += counted(modules.size(), "module", "modules") + ": " + verdict(*this) + '\n';
     return text;
 }
 
@@ -132,9 +134,8 @@ std::string listOfChecks()
 {
     std::string text;
     for (const Check& check : checkTable())
-        text +=
-            ut::format("%-25s %-7s  %s\n", std::string(check.id).c_str(),
-                       std::string(severityName(check.severity)).c_str(), std::string(check.advice).c_str());
+        text += padded(std::string(check.id), 25) + ' ' + padded(tr(severityName(check.severity)), 7) + "  " +
+                tr(check.advice) + '\n';
     return text;
 }
 

@@ -1,5 +1,7 @@
 #include "check_table.h"
 
+#include "messages.h"
+
 #include <array>
 
 namespace Kedrin::ModTool {
@@ -12,89 +14,89 @@ using enum Severity;
 // clang-format off
 constexpr std::array table = {
     // the files
-    Check{fileMissing, "file-missing", error, "A file that the reader needs is not there, or is no regular file that can be opened. Build the module again."},
-    Check{filePartialRecord, "file-partial-record", error, "The file ends inside a record: it was cut short. Build or copy the module again."},
-    Check{sizeLimit, "size-limit", error, "More than any Bible holds (a file 64 MiB, the verses together 16 MiB, the word list 1048576 words, the concordance 33554432 numbers); the rest was not checked. Build the module again."},
+    Check{fileMissing, "file-missing", error, translatable("A file that the reader needs is not there, or is no regular file that can be opened. Build the module again.")},
+    Check{filePartialRecord, "file-partial-record", error, translatable("The file ends inside a record: it was cut short. Build or copy the module again.")},
+    Check{sizeLimit, "size-limit", error, translatable("More than any Bible holds (a file 64 MiB, the verses together 16 MiB, the word list 1048576 words, the concordance 33554432 numbers); the rest was not checked. Build the module again.")},
     // _Info_.txt
-    Check{infoMissing, "info-missing", warning, "Without _Info_.txt the folder's name is the module's title. Write one, the title in the first line."},
-    Check{infoTitle, "info-title", error, "The full title, short title or abbreviation is missing: menu and tab stay empty. Fill the first three lines."},
-    Check{infoLongLine, "info-long-line", error, "The reader drops everything from the 256th byte of a line on, the following lines too. Break the line."},
-    Check{infoBytes, "info-bytes", error, "The line holds a byte that is no character of Windows-1251 or a control character. Write it in Windows-1251."},
-    Check{infoCopyright, "info-copyright", note, "Nothing says who made the text and how it may be used. Add the copyright after the third line."},
+    Check{infoMissing, "info-missing", warning, translatable("Without _Info_.txt the folder's name is the module's title. Write one, the title in the first line.")},
+    Check{infoTitle, "info-title", error, translatable("The full title, short title or abbreviation is missing: menu and tab stay empty. Fill the first three lines.")},
+    Check{infoLongLine, "info-long-line", error, translatable("The reader drops everything from the 256th byte of a line on, the following lines too. Break the line.")},
+    Check{infoBytes, "info-bytes", error, translatable("The line holds a byte that is no character of Windows-1251 or a control character. Write it in Windows-1251.")},
+    Check{infoCopyright, "info-copyright", note, translatable("Nothing says who made the text and how it may be used. Add the copyright after the third line.")},
     // BibleTitles.txt
-    Check{titlesMalformed, "titles-malformed", error, "BibleTitles.txt does not begin with the number of books and a number for each. Build the module again."},
-    Check{titlesEmpty, "titles-empty", error, "A book lacks its full title, short title or abbreviation. Add the line."},
-    Check{titlesLong, "titles-long", warning, "A title line has more than 255 bytes, more than other readers take. Shorten it."},
-    Check{titlesBytes, "titles-bytes", error, "A title holds a byte that is no character of Windows-1251 or a control character. Write it in Windows-1251."},
-    Check{titlesRepeated, "titles-repeated", warning, "Two books have the same title or abbreviation and cannot be told apart. Make them differ."},
-    Check{titlesSurplus, "titles-surplus", warning, "More lines follow after the last title: the number of books may be wrong. Compare it with the lines."},
-    Check{booksNone, "books-none", error, "The module has no books. Build it from a text that has some."},
-    Check{booksTooMany, "books-too-many", error, "The module has more books than the common numbering, which has 77. Leave out those that it lacks."},
-    Check{bookNumberUnknown, "book-number-unknown", error, "The book's number is not in the common numbering (0 to 76): the place is lost in other translations. Correct it."},
-    Check{bookNumberRepeated, "book-number-repeated", error, "Two books have the same common number: only the first is found from other translations. Correct it."},
+    Check{titlesMalformed, "titles-malformed", error, translatable("BibleTitles.txt does not begin with the number of books and a number for each. Build the module again.")},
+    Check{titlesEmpty, "titles-empty", error, translatable("A book lacks its full title, short title or abbreviation. Add the line.")},
+    Check{titlesLong, "titles-long", warning, translatable("A title line has more than 255 bytes, more than other readers take. Shorten it.")},
+    Check{titlesBytes, "titles-bytes", error, translatable("A title holds a byte that is no character of Windows-1251 or a control character. Write it in Windows-1251.")},
+    Check{titlesRepeated, "titles-repeated", warning, translatable("Two books have the same title or abbreviation and cannot be told apart. Make them differ.")},
+    Check{titlesSurplus, "titles-surplus", warning, translatable("More lines follow after the last title: the number of books may be wrong. Compare it with the lines.")},
+    Check{booksNone, "books-none", error, translatable("The module has no books. Build it from a text that has some.")},
+    Check{booksTooMany, "books-too-many", error, translatable("The module has more books than the common numbering, which has 77. Leave out those that it lacks.")},
+    Check{bookNumberUnknown, "book-number-unknown", error, translatable("The book's number is not in the common numbering (0 to 76): the place is lost in other translations. Correct it.")},
+    Check{bookNumberRepeated, "book-number-repeated", error, translatable("Two books have the same common number: only the first is found from other translations. Correct it.")},
     // BibleStructure.csv
-    Check{structureMalformed, "structure-malformed", error, "BibleStructure.csv holds fewer numbers than the books of BibleTitles.txt need, or something that is no number. Build the module again."},
-    Check{structureSurplus, "structure-surplus", warning, "More follows after the last book: the two files may differ in their books. Build the module again."},
-    Check{structureEmptyBook, "structure-empty-book", error, "A book without chapters confuses the numbers of verses. Leave it out."},
-    Check{structureEmptyChapter, "structure-empty-chapter", error, "A chapter without verses confuses the numbers of verses. Give it one empty verse."},
-    Check{structureTooManyVerses, "structure-too-many-verses", error, "The concordance can number 65535 verses. Divide the module."},
+    Check{structureMalformed, "structure-malformed", error, translatable("BibleStructure.csv holds fewer numbers than the books of BibleTitles.txt need, or something that is no number. Build the module again.")},
+    Check{structureSurplus, "structure-surplus", warning, translatable("More follows after the last book: the two files may differ in their books. Build the module again.")},
+    Check{structureEmptyBook, "structure-empty-book", error, translatable("A book without chapters confuses the numbers of verses. Leave it out.")},
+    Check{structureEmptyChapter, "structure-empty-chapter", error, translatable("A chapter without verses confuses the numbers of verses. Give it one empty verse.")},
+    Check{structureTooManyVerses, "structure-too-many-verses", error, translatable("The concordance can number 65535 verses. Divide the module.")},
     // _Diff_.txt
-    Check{diffMalformed, "diff-malformed", error, "A record is not five numbers: it and all after it are ignored. Correct it."},
-    Check{diffIdle, "diff-idle", warning, "The record has no effect: only the second chapter of a book of the module is shifted, by the first record for it. Remove it."},
-    Check{diffNotBack, "diff-not-back", warning, "Verses of the chapter change their place when the reader goes to another translation and back. See whether other records do better."},
-    Check{diffOutside, "diff-outside", note, "Verses of the chapter have no counterpart in the common numbering: other translations cannot show their place."},
+    Check{diffMalformed, "diff-malformed", error, translatable("A record is not five numbers: it and all after it are ignored. Correct it.")},
+    Check{diffIdle, "diff-idle", warning, translatable("The record has no effect: only the second chapter of a book of the module is shifted, by the first record for it. Remove it.")},
+    Check{diffNotBack, "diff-not-back", warning, translatable("Verses of the chapter change their place when the reader goes to another translation and back. See whether other records do better.")},
+    Check{diffOutside, "diff-outside", note, translatable("Verses of the chapter have no counterpart in the common numbering: other translations cannot show their place.")},
     // CompactPoint.bin and CompactText.bin
-    Check{pointsShort, "points-short", error, "CompactPoint.bin has fewer records than BibleStructure.csv has verses: the last verses cannot be read. Build the module again."},
-    Check{pointsSurplus, "points-surplus", warning, "CompactPoint.bin has more records than BibleStructure.csv has verses: verses may be missing from it. Build the module again."},
-    Check{textOffset, "text-offset", error, "The verse lies outside CompactText.bin: showing it ends the reader. Build the module again."},
-    Check{textOverlap, "text-overlap", warning, "The verse shares bytes with another one. Build the module again."},
-    Check{textUnreachable, "text-unreachable", warning, "No verse uses these bytes of CompactText.bin: text may be missing. Build the module again."},
-    Check{textOrder, "text-order", note, "The verse is stored before the one that precedes it: the chapter takes more time to read."},
-    Check{textByte98, "text-byte-98", error, "The byte 98 is no character of Windows-1251. Replace it by the character that was meant."},
-    Check{textControl, "text-control", error, "The verse holds a control character; a zero byte hides the rest of the verse. Remove it."},
-    Check{textSoftHyphen, "text-soft-hyphen", warning, "A soft hyphen keeps its word from being found. Remove it."},
-    Check{textBlanks, "text-blanks", note, "The verse begins or ends with a blank, or has several in a row. Remove them."},
+    Check{pointsShort, "points-short", error, translatable("CompactPoint.bin has fewer records than BibleStructure.csv has verses: the last verses cannot be read. Build the module again.")},
+    Check{pointsSurplus, "points-surplus", warning, translatable("CompactPoint.bin has more records than BibleStructure.csv has verses: verses may be missing from it. Build the module again.")},
+    Check{textOffset, "text-offset", error, translatable("The verse lies outside CompactText.bin: showing it ends the reader. Build the module again.")},
+    Check{textOverlap, "text-overlap", warning, translatable("The verse shares bytes with another one. Build the module again.")},
+    Check{textUnreachable, "text-unreachable", warning, translatable("No verse uses these bytes of CompactText.bin: text may be missing. Build the module again.")},
+    Check{textOrder, "text-order", note, translatable("The verse is stored before the one that precedes it: the chapter takes more time to read.")},
+    Check{textByte98, "text-byte-98", error, translatable("The byte 98 is no character of Windows-1251. Replace it by the character that was meant.")},
+    Check{textControl, "text-control", error, translatable("The verse holds a control character; a zero byte hides the rest of the verse. Remove it.")},
+    Check{textSoftHyphen, "text-soft-hyphen", warning, translatable("A soft hyphen keeps its word from being found. Remove it.")},
+    Check{textBlanks, "text-blanks", note, translatable("The verse begins or ends with a blank, or has several in a row. Remove them.")},
     // markup of the verses
-    Check{markupBracket, "markup-bracket", error, "A < begins no tag, or its tag does not end: text may disappear. Write &lt; for the character."},
-    Check{markupUnbalanced, "markup-unbalanced", error, "A tag is not closed in its verse, or closed and not open: it changes the rest of the chapter. Close it."},
-    Check{markupDeep, "markup-deep", error, "Tags are nested more than 16 deep. Simplify the markup."},
-    Check{markupUnknownTag, "markup-unknown-tag", warning, "The chapter view does not know the tag and ignores it. Remove it."},
-    Check{markupBlock, "markup-block", error, "The tag begins a paragraph of its own: the reader then scrolls to the wrong verse. Remove it."},
-    Check{markupLink, "markup-link", error, "An anchor ends the verse's own, and a link leads nowhere. Remove it."},
-    Check{markupGotoChapter, "markup-goto-chapter", error, "The anchor has the name by which chapter links are known: a click changes the chapter. Remove it."},
-    Check{markupImage, "markup-image", error, "The view loads no images, sounds or other files. Remove the tag."},
-    Check{markupStyle, "markup-style", warning, "Style sheets and styles change how the reader's page looks. Remove them."},
-    Check{markupScript, "markup-script", error, "Scripts have no place in a text and are never run. Remove them."},
-    Check{markupComment, "markup-comment", warning, "A comment or declaration hides text. Remove it."},
-    Check{markupEntity, "markup-entity", error, "The & begins no character that the chapter view knows. Write &amp; for the character."},
-    Check{markupForeignEntity, "markup-foreign-entity", warning, "The entity stands for a character that Windows-1251 lacks: a word with it cannot be found. Replace it."},
+    Check{markupBracket, "markup-bracket", error, translatable("A < begins no tag, or its tag does not end: text may disappear. Write &lt; for the character.")},
+    Check{markupUnbalanced, "markup-unbalanced", error, translatable("A tag is not closed in its verse, or closed and not open: it changes the rest of the chapter. Close it.")},
+    Check{markupDeep, "markup-deep", error, translatable("Tags are nested more than 16 deep. Simplify the markup.")},
+    Check{markupUnknownTag, "markup-unknown-tag", warning, translatable("The chapter view does not know the tag and ignores it. Remove it.")},
+    Check{markupBlock, "markup-block", error, translatable("The tag begins a paragraph of its own: the reader then scrolls to the wrong verse. Remove it.")},
+    Check{markupLink, "markup-link", error, translatable("An anchor ends the verse's own, and a link leads nowhere. Remove it.")},
+    Check{markupGotoChapter, "markup-goto-chapter", error, translatable("The anchor has the name by which chapter links are known: a click changes the chapter. Remove it.")},
+    Check{markupImage, "markup-image", error, translatable("The view loads no images, sounds or other files. Remove the tag.")},
+    Check{markupStyle, "markup-style", warning, translatable("Style sheets and styles change how the reader's page looks. Remove them.")},
+    Check{markupScript, "markup-script", error, translatable("Scripts have no place in a text and are never run. Remove them.")},
+    Check{markupComment, "markup-comment", warning, translatable("A comment or declaration hides text. Remove it.")},
+    Check{markupEntity, "markup-entity", error, translatable("The & begins no character that the chapter view knows. Write &amp; for the character.")},
+    Check{markupForeignEntity, "markup-foreign-entity", warning, translatable("The entity stands for a character that Windows-1251 lacks: a word with it cannot be found. Replace it.")},
     // WordList.txt and WordPoint.bin
-    Check{wordTooLong, "word-too-long", error, "For the reader the list ends before a line of more than 40 bytes, CR included: this word and all after it cannot be found. Shorten or remove it."},
-    Check{wordEmpty, "word-empty", error, "A line of the word list is empty. Build the module again."},
-    Check{wordBytes, "word-bytes", error, "The word holds a byte that is no character of Windows-1251 or a control character. Build the module again."},
-    Check{wordLineEnd, "word-line-end", warning, "A line of the word list does not end with CR LF. Build the module again."},
-    Check{wordsUnsorted, "words-unsorted", error, "The word belongs before the one that precedes it: the search may miss both. Sort the list without regard to case, by bytes."},
-    Check{wordsRepeated, "words-repeated", error, "The word is in the list before, perhaps in other case: the search finds only one of them. Merge them."},
-    Check{wordMissing, "word-missing", error, "A word of the text is not in the list and cannot be found. Build the module again."},
-    Check{wordUnused, "word-unused", warning, "The word stands in no verse. Build the module again."},
-    Check{wordPointsMissing, "word-points-missing", warning, "WordPoint.bin is not there; this reader does not need it, others may. Build the module again."},
-    Check{wordPointsCount, "word-points-count", warning, "WordPoint.bin has not as many records as WordList.txt has words. Build the module again."},
-    Check{wordPointsOffset, "word-points-offset", warning, "The record of WordPoint.bin is not where the word begins. Build the module again."},
+    Check{wordTooLong, "word-too-long", error, translatable("For the reader the list ends before a line of more than 40 bytes, CR included: this word and all after it cannot be found. Shorten or remove it.")},
+    Check{wordEmpty, "word-empty", error, translatable("A line of the word list is empty. Build the module again.")},
+    Check{wordBytes, "word-bytes", error, translatable("The word holds a byte that is no character of Windows-1251 or a control character. Build the module again.")},
+    Check{wordLineEnd, "word-line-end", warning, translatable("A line of the word list does not end with CR LF. Build the module again.")},
+    Check{wordsUnsorted, "words-unsorted", error, translatable("The word belongs before the one that precedes it: the search may miss both. Sort the list without regard to case, by bytes.")},
+    Check{wordsRepeated, "words-repeated", error, translatable("The word is in the list before, perhaps in other case: the search finds only one of them. Merge them.")},
+    Check{wordMissing, "word-missing", error, translatable("A word of the text is not in the list and cannot be found. Build the module again.")},
+    Check{wordUnused, "word-unused", warning, translatable("The word stands in no verse. Build the module again.")},
+    Check{wordPointsMissing, "word-points-missing", warning, translatable("WordPoint.bin is not there; this reader does not need it, others may. Build the module again.")},
+    Check{wordPointsCount, "word-points-count", warning, translatable("WordPoint.bin has not as many records as WordList.txt has words. Build the module again.")},
+    Check{wordPointsOffset, "word-points-offset", warning, translatable("The record of WordPoint.bin is not where the word begins. Build the module again.")},
     // Conc.bin and ConcP.bin
-    Check{concPointsShort, "conc-points-short", error, "ConcP.bin has fewer records than WordList.txt has words: the last words cannot be found. Build the module again."},
-    Check{concPointsSurplus, "conc-points-surplus", warning, "ConcP.bin has more records than WordList.txt has words: words may be missing. Build the module again."},
-    Check{concOffset, "conc-offset", error, "The word's entry lies outside Conc.bin: searching for it fails. Build the module again."},
-    Check{concOverlap, "conc-overlap", warning, "The word's entry shares records with another one. Build the module again."},
-    Check{concUnreachable, "conc-unreachable", warning, "No word uses these records of Conc.bin. Build the module again."},
-    Check{concVerseNumber, "conc-verse-number", error, "The word's entry names a verse that the module has not: searching for it fails. Build the module again."},
-    Check{concOrder, "conc-order", warning, "The word's verses are not in ascending order: hits come in disorder. Build the module again."},
-    Check{concRepeated, "conc-repeated", warning, "The word's entry names a verse twice: the hit is listed twice. Build the module again."},
-    Check{concMissingVerse, "conc-missing-verse", error, "The concordance lacks a verse that holds the word: the search misses it. Build the module again."},
-    Check{concExtraVerse, "conc-extra-verse", error, "The concordance names a verse that does not hold the word: a false hit. Build the module again."},
+    Check{concPointsShort, "conc-points-short", error, translatable("ConcP.bin has fewer records than WordList.txt has words: the last words cannot be found. Build the module again.")},
+    Check{concPointsSurplus, "conc-points-surplus", warning, translatable("ConcP.bin has more records than WordList.txt has words: words may be missing. Build the module again.")},
+    Check{concOffset, "conc-offset", error, translatable("The word's entry lies outside Conc.bin: searching for it fails. Build the module again.")},
+    Check{concOverlap, "conc-overlap", warning, translatable("The word's entry shares records with another one. Build the module again.")},
+    Check{concUnreachable, "conc-unreachable", warning, translatable("No word uses these records of Conc.bin. Build the module again.")},
+    Check{concVerseNumber, "conc-verse-number", error, translatable("The word's entry names a verse that the module has not: searching for it fails. Build the module again.")},
+    Check{concOrder, "conc-order", warning, translatable("The word's verses are not in ascending order: hits come in disorder. Build the module again.")},
+    Check{concRepeated, "conc-repeated", warning, translatable("The word's entry names a verse twice: the hit is listed twice. Build the module again.")},
+    Check{concMissingVerse, "conc-missing-verse", error, translatable("The concordance lacks a verse that holds the word: the search misses it. Build the module again.")},
+    Check{concExtraVerse, "conc-extra-verse", error, translatable("The concordance names a verse that does not hold the word: a false hit. Build the module again.")},
     // a modules directory
-    Check{commonStructureMissing, "common-structure-missing", warning, "The modules directory has no BibleStructure.txt. Building any module into it writes it."},
-    Check{commonStructureDiffers, "common-structure-differs", error, "BibleStructure.txt is not the common numbering of this program. Building any module into the directory writes it."},
-    Check{modulesSameTitle, "modules-same-title", error, "Two modules have the same full title: the window cannot tell their tabs apart. Change one in its _Info_.txt."},
+    Check{commonStructureMissing, "common-structure-missing", warning, translatable("The modules directory has no BibleStructure.txt. Building any module into it writes it.")},
+    Check{commonStructureDiffers, "common-structure-differs", error, translatable("BibleStructure.txt is not the common numbering of this program. Building any module into the directory writes it.")},
+    Check{modulesSameTitle, "modules-same-title", error, translatable("Two modules have the same full title: the window cannot tell their tabs apart. Change one in its _Info_.txt.")},
 };
 // clang-format on
 
@@ -111,9 +113,11 @@ static_assert(isInOrder());
 
 std::span<const Check> checkTable() { return table; }
 
-std::string_view severityName(Severity severity)
+const char* severityName(Severity severity)
 {
-    return severity == error ? "error" : severity == warning ? "warning" : "note";
+    return severity == error     ? translatable("error")
+           : severity == warning ? translatable("warning")
+                                 : translatable("note");
 }
 
 } // namespace Kedrin::ModTool

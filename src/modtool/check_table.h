@@ -98,7 +98,7 @@ struct Check
     CheckID check;
     std::string_view id; ///< "conc-missing-verse": the name in all output, never changed
     Severity severity;
-    std::string_view advice; ///< what is wrong and what to do, one or two sentences
+    const char* advice; ///< what is wrong and what to do, one or two sentences; English, for tr()
 };
 
 /// All checks; the place of each is its CheckID.
@@ -106,7 +106,7 @@ std::span<const Check> checkTable();
 
 inline const Check& checkOf(CheckID check) { return checkTable()[static_cast<std::size_t>(check)]; }
 
-/// "error", "warning", "note"
-std::string_view severityName(Severity severity);
+/// "error", "warning", "note": the same in every language
+const char* severityName(Severity severity);
 
 } // namespace Kedrin::ModTool

@@ -1,6 +1,7 @@
 #include "checked_shape.h"
 
 #include "common_books.h"
+#include "messages.h"
 
 namespace Kedrin::ModTool {
 
@@ -8,7 +9,7 @@ std::string CheckedShape::bookName(std::size_t book) const
 {
     const std::uint32_t globalID = books[book].globalID;
     return globalID < commonBooksCount ? std::string(commonBooks()[globalID].osis)
-                                       : "book " + std::to_string(book + 1);
+                                       : message("book %s", book + 1);
 }
 
 std::string CheckedShape::placeOf(std::uint32_t verseNum) const
@@ -20,7 +21,7 @@ std::string CheckedShape::placeOf(std::uint32_t verseNum) const
                 return bookName(book) + ' ' + std::to_string(chapter + 1) + ':' + std::to_string(left + 1);
             left -= books[book].versesCount[chapter];
         }
-    return "verse " + std::to_string(verseNum + 1);
+    return message("verse %s", verseNum + 1);
 }
 
 } // namespace Kedrin::ModTool

@@ -2,6 +2,7 @@
 
 #include "check_file.h"
 #include "check_words.h"
+#include "messages.h"
 
 #include <algorithm>
 #include <limits>
@@ -121,7 +122,7 @@ void CConcordanceCheck::finish()
     m_spans.forEachFault(
         m_conc.size() / recordBytes,
         [&](std::uint32_t word) {
-            m_findings.addLazily(CheckID::concOverlap, [&] { return "word " + std::to_string(word + 1); });
+            m_findings.addLazily(CheckID::concOverlap, [&] { return message("word %s", word + 1); });
         },
         [&](std::uint64_t begin, std::uint64_t end) {
             if (m_allReached) // else they are those of the words that are not reached

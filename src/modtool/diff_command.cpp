@@ -1,6 +1,8 @@
 #include "diff_command.h"
 
 #include "build_report.h"
+#include "command_line.h"
+#include "messages.h"
 #include "plain_text.h"
 #include "verse_alignment.h"
 
@@ -9,6 +11,19 @@
 namespace Kedrin::ModTool {
 
 namespace {
+
+constexpr const char* page =
+    translatable("Verses are compared that have the same place in the common numbering.\n"
+                 "\n"
+                 "Examples:\n"
+                 "  kedrin-module diff modules/bibles/old modules/bibles/new\n"
+                 "  kedrin-module diff --count modules/bibles/kjv modules/bibles/web\n"
+                 "\n"
+                 "Exit codes:\n"
+                 "  0  the same\n"
+                 "  1  differences\n"
+                 "  2  the arguments make no sense\n"
+                 "  3  a module cannot be read");
 
 using Tolvo::CRef;
 
@@ -49,8 +64,10 @@ public:
 
     void writeCounts(std::ostream& out) const
     {
-        out << counted(m_different, "verse differs", "verses differ") << ", " << m_onlyFirst
-            << " only in the first, " << m_onlySecond << " only in the second, " << m_same << " the same\n";
+        out << message("%s, %s only in the first, %s only in the second, %s the same",
+                       counted(m_different, "verse differs", "verses differ"), m_onlyFirst, m_onlySecond,
+                       m_same)
+            << '\n';
     }
 
     bool areSame() const { return m_different + m_onlyFirst + m_onlySecond == 0; }
@@ -88,16 +105,14 @@ private:
 } // namespace
 
 CDiffCommand::CDiffCommand(CLI::App& program)
-    : m_command(program.add_subcommand("diff", "Show the verses in which two modules differ"))
+    : CQueryCommand(addCommand(program, "diff", "Show the verses in which two modules differ", page))
 {
-    m_command->add_option("MODULE", m_first, "The first module's folder")->required();
-    m_command->add_option("OTHER", m_second, "The second module's folder")->required();
-    m_command->add_flag("--count", m_count, "Only how many differ");
+    m_command->add_option("MODULE", m_first, tr("The first module's folder"))->required();
+    m_command->add_option("OTHER", m_second, tr("The second module's folder"))->required();
+    m_command->add_flag("--count", m_count, tr("Only how many differ"));
 }
 
-bool CDiffCommand::isChosen() const { return m_command->parsed(); }
-
-int CDiffCommand::run(std::ostream& out) const
+int CDiffCommand::answer(std::ostream& out) const
 {
     const CModuleReader first(m_first);
     const CModuleReader second(m_second);

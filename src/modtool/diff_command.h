@@ -1,28 +1,22 @@
 #pragma once
 
-#include <ostream>
-#include <string>
+#include "query_command.h"
 
-namespace CLI {
-class App;
-}
+#include <string>
 
 namespace Kedrin::ModTool {
 
 /// `kedrin-module diff MODULE OTHER [--count]`: the verses in which two modules differ.
-class CDiffCommand
+class CDiffCommand final : public CQueryCommand
 {
 public:
     explicit CDiffCommand(CLI::App& program);
 
-    bool isChosen() const;
-
+private:
     /// @returns a QueryExit: done when all verses are the same, nothing when any differs
     /// @throws CModuleError  a module cannot be read
-    int run(std::ostream& out) const;
+    int answer(std::ostream& out) const override;
 
-private:
-    CLI::App* m_command;
     std::string m_first;
     std::string m_second;
     bool m_count = false;

@@ -2,6 +2,7 @@
 
 #include "build_error.h"
 #include "input_file.h"
+#include "messages.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -19,7 +20,7 @@ namespace {
 
 [[noreturn]] void failToWrite(const std::string& fileName, int error)
 {
-    throw CBuildError(fileName + ": cannot be written (" + std::strerror(error) + ')');
+    throw CBuildError(message("%s: cannot be written (%s)", fileName, std::strerror(error)));
 }
 
 /// A descriptor that is closed in any case.

@@ -1,6 +1,8 @@
 #include "export_command.h"
 
+#include "command_line.h"
 #include "durable_file.h"
+#include "messages.h"
 #include "module_error.h"
 #include "module_export.h"
 #include "source_writers.h"
@@ -11,41 +13,42 @@ namespace Kedrin::ModTool {
 
 namespace {
 
+constexpr const char* page =
+    translatable("What build makes of the export is the same module, byte for byte.\n"
+                 "\n"
+                 "Examples:\n"
+                 "  kedrin-module export modules/bibles/my my.txt --to verse-lines\n"
+                 "  kedrin-module export modules/bibles/my --to osis > my.xml\n"
+                 "\n"
+                 "Exit codes:\n"
+                 "  0  done\n"
+                 "  2  the arguments make no sense\n"
+                 "  3  the module cannot be read, or the export cannot be written");
+
 constexpr const char* osis = "osis";
 constexpr const char* verseLines = "verse-lines";
 
 } // namespace
 
 CExportCommand::CExportCommand(CLI::App& program)
-    : m_command(program.add_subcommand("export", "Write a module as a source that build reads"))
+    : CQueryCommand(addCommand(program, "export", "Write a module as a source that build reads", page))
 {
-    m_command->add_option("MODULE", m_module, "The module's folder")->required();
-    m_command->add_option("FILE", m_file, "The file to write; standard output if none is named");
-    m_command->add_option("--to", m_format, "The format: verse-lines or osis")
+    m_command->add_option("MODULE", m_module, tr("The module's folder"))->required();
+    m_command->add_option("FILE", m_file, tr("The file to write; standard output if none is named"));
+    m_command->add_option("--to", m_format, tr("The format: verse-lines or osis"))
         ->required()
         ->check(CLI::IsMember({verseLines, osis}));
 }
 
-bool CExportCommand::isChosen() const { return m_command->parsed(); }
-
-int CExportCommand::run(std::ostream& out, std::ostream& err) const
+int CExportCommand::answer(std::ostream& out) const
 {
-    try {
-        const SourceBible bible = exportModule(CModuleReader(m_module));
-        const std::string content = m_format == osis ? osisFile(bible) : verseLinesFile(bible);
-        if (!m_file.empty()) {
-            replaceDurably(m_file, content);
-            return queryDone;
-        }
+    const SourceBible bible = exportModule(CModuleReader(m_module));
+    const std::string content = m_format == osis ? osisFile(bible) : verseLinesFile(bible);
+    if (m_file.empty())
         out << content;
-        out.flush();
-        if (!out)
-            throw CModuleError("the output cannot be written");
-        return queryDone;
-    } catch (const std::exception& ex) {
-        err << "kedrin-module: " << ex.what() << '\n';
-        return queryTrouble;
-    }
+    else
+        replaceDurably(m_file, content);
+    return queryDone;
 }
 
 } // namespace Kedrin::ModTool

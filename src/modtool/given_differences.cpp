@@ -1,6 +1,7 @@
 #include "given_differences.h"
 
 #include "build_error.h"
+#include "messages.h"
 #include "text_reader.h"
 
 #include <algorithm>
@@ -54,7 +55,7 @@ std::vector<DiffRecord> parseDifferences(std::string_view text)
 {
     std::vector<DiffRecord> records;
     if (!readDifferences(text, records))
-        throw CBuildError("the differences are no records of five numbers");
+        throw CBuildError(tr("the differences are no records of five numbers"));
     return records;
 }
 

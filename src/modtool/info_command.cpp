@@ -1,6 +1,9 @@
 #include "info_command.h"
 
 #include "build_report.h"
+#include "command_line.h"
+#include "language.h"
+#include "messages.h"
 #include "module_facts.h"
 #include "query_json.h"
 
@@ -10,21 +13,34 @@ namespace Kedrin::ModTool {
 
 namespace {
 
+constexpr const char* page = translatable("Example:\n"
+                                          "  kedrin-module info modules/bibles/my\n"
+                                          "\n"
+                                          "Exit codes:\n"
+                                          "  0  done\n"
+                                          "  2  the arguments make no sense\n"
+                                          "  3  the module cannot be read");
+
 void writeLines(const ModuleFacts& facts, std::ostream& out)
 {
-    out << facts.fullTitle << "\nshort title: " << facts.shortTitle
-        << "\nabbreviation: " << facts.abbreviatedTitle << "\nfolder: " << facts.folder << '\n';
+    out << facts.fullTitle << '\n'
+        << message("short title: %s", facts.shortTitle) << '\n'
+        << message("abbreviation: %s", facts.abbreviatedTitle) << '\n'
+        << message("folder: %s", facts.folder) << '\n';
     for (const std::string& line : facts.copyright)
-        out << "copyright: " << line << '\n';
-    out << counted(facts.books.size(), "book", "books") << ", "
-        << counted(facts.chaptersCount, "chapter", "chapters") << ", "
-        << counted(facts.versesCount, "verse", "verses") << " (" << facts.emptyVersesCount << " empty), "
-        << counted(facts.wordsCount, "word", "words") << ", " << counted(facts.byteCount, "byte", "bytes")
+        out << message("copyright: %s", line) << '\n';
+    out << message("%s, %s, %s (%s empty), %s, %s", counted(facts.books.size(), "book", "books"),
+                   counted(facts.chaptersCount, "chapter", "chapters"),
+                   counted(facts.versesCount, "verse", "verses"), facts.emptyVersesCount,
+                   counted(facts.wordsCount, "word", "words"), counted(facts.byteCount, "byte", "bytes"))
         << '\n'
-        << "numbering: " << counted(facts.movedCount, "verse has", "verses have")
-        << " another number in the common numbering, " << facts.outsideCount << " none; "
-        << counted(facts.keptCount, "verse keeps its place", "verses keep their place")
-        << " on the way there and back\n";
+        << message("numbering: %s, %s none; %s",
+                   counted(facts.movedCount, "verse has another number in the common numbering",
+                           "verses have another number in the common numbering"),
+                   facts.outsideCount,
+                   counted(facts.keptCount, "verse keeps its place on the way there and back",
+                           "verses keep their place on the way there and back"))
+        << '\n';
     for (const BookFacts& book : facts.books)
         out << book.osis << '\t' << book.abbreviation << '\t' << book.title << '\t' << book.chaptersCount
             << '\t' << book.versesCount << '\n';
@@ -59,16 +75,16 @@ void writeJson(const ModuleFacts& facts, std::ostream& out)
 } // namespace
 
 CInfoCommand::CInfoCommand(CLI::App& program)
-    : m_command(program.add_subcommand("info", "Tell what a module says of itself and what it holds"))
+    : CQueryCommand(addCommand(program, "info", "Tell what a module says of itself and what it holds", page))
 {
-    m_command->add_option("MODULE", m_module, "The module's folder")->required();
-    m_command->add_flag("--json", m_json, "As JSON");
+    m_command->add_option("MODULE", m_module, tr("The module's folder"))->required();
+    m_command->add_flag("--json", m_json, tr("As JSON"));
 }
 
-bool CInfoCommand::isChosen() const { return m_command->parsed(); }
-
-int CInfoCommand::run(std::ostream& out) const
+int CInfoCommand::answer(std::ostream& out) const
 {
+    if (m_json)
+        speakEnglish();
     const ModuleFacts facts = moduleFacts(m_module);
     if (m_json)
         writeJson(facts, out);

@@ -1,28 +1,22 @@
 #pragma once
 
-#include <ostream>
-#include <string>
+#include "query_command.h"
 
-namespace CLI {
-class App;
-}
+#include <string>
 
 namespace Kedrin::ModTool {
 
 /// `kedrin-module info MODULE [--json]`: what a module says of itself, and what it holds.
-class CInfoCommand
+class CInfoCommand final : public CQueryCommand
 {
 public:
     explicit CInfoCommand(CLI::App& program);
 
-    bool isChosen() const;
-
+private:
     /// @returns a QueryExit: done
     /// @throws CModuleError  the module cannot be read
-    int run(std::ostream& out) const;
+    int answer(std::ostream& out) const override;
 
-private:
-    CLI::App* m_command;
     std::string m_module;
     bool m_json = false;
 };

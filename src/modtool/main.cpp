@@ -1,3 +1,4 @@
+#include "language.h"
 #include "query_commands.h"
 #include "query_program.h"
 #include "whole_program.h"
@@ -9,6 +10,7 @@ int main(int argc, char* argv[])
     using namespace Kedrin::ModTool;
     if (argc < 2 || !CQueryCommands::isOne(argv[1]))
         return becomeWholeProgram(argv);
+    chooseLanguage();
     std::ios::sync_with_stdio(false);
     return runQueryProgram(argc, argv, std::cout, std::cerr);
 }

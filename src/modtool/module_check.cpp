@@ -5,6 +5,7 @@
 #include "cp1251.h"
 #include "escape.h"
 #include "file_vector.h"
+#include "messages.h"
 #include "module_layout.h"
 #include "text_encoder.h"
 #include "tolvo_bible.h"
@@ -24,7 +25,7 @@ using namespace Kedrin::Tolvo;
 void checkSize(const std::string& folder, const char* name, std::size_t size)
 {
     if (std::filesystem::file_size(folder + '/' + name) != size)
-        differ(std::string("the size of ") + name);
+        differ(message("the size of %s", name));
 }
 
 void checkTextPoints(const std::string& folder, const ModuleData& module)
@@ -34,7 +35,7 @@ void checkTextPoints(const std::string& folder, const ModuleData& module)
     std::size_t byteOffset = 0;
     for (unsigned int verseNum = 0; verseNum < module.verses.size(); ++verseNum) {
         if (points[verseNum] != byteOffset)
-            differ("where the text of " + placeInModule(module, verseNum) + " begins");
+            differ(message("where the text of %s begins", placeInModule(module, verseNum)));
         byteOffset += sizeof(std::uint16_t) + escapedSize(module.verse(verseNum));
     }
     checkSize(folder, "CompactText.bin", byteOffset);
@@ -53,7 +54,7 @@ void checkWordPoints(const std::string& folder, const WordIndex& index)
     for (unsigned int word = 0; word < index.words.size(); ++word) {
         const std::size_t entryOffset = index.firstEntry[word] + word; // a count stands before each word's
         if (wordPoints[word] != byteOffset || entryPoints[word] != entryOffset)
-            differ("where the word " + toUtf8(index.words[word]) + " begins");
+            differ(message("where the word %s begins", toUtf8(index.words[word])));
         byteOffset += index.words[word].size() + lineEndBytes;
     }
     checkSize(folder, "WordList.txt", byteOffset);
@@ -63,7 +64,7 @@ void checkBooks(const std::string& folder, const ModuleData& module)
 {
     const CTitles titles((folder + "/BibleTitles.txt").c_str());
     if (titles.booksCount() != module.books.size())
-        differ("the number of books");
+        differ(tr("the number of books"));
     const CBibleStructure structure((folder + "/BibleStructure.csv").c_str(), titles.booksCount());
     for (unsigned int book = 0; book < titles.booksCount(); ++book) {
         const ModuleBook& wanted = module.books[book];
@@ -71,12 +72,12 @@ void checkBooks(const std::string& folder, const ModuleData& module)
         if (titles.globalID(book) != wanted.globalID || titles.fullTitle(book) != wantedTitles.fullTitle ||
             titles.shortTitle(book) != wantedTitles.shortTitle ||
             titles.abbreviatedTitle(book) != wantedTitles.abbreviatedTitle)
-            differ("the titles of " + wanted.osis);
+            differ(message("the titles of %s", wanted.osis));
         if (structure.chaptersCount(book) != wanted.versesCount.size())
-            differ("the chapters of " + wanted.osis);
+            differ(message("the chapters of %s", wanted.osis));
         for (unsigned int chapter = 0; chapter < wanted.versesCount.size(); ++chapter)
             if (structure.versesCount(book, chapter) != wanted.versesCount[chapter])
-                differ("the verses of " + wanted.osis + ' ' + std::to_string(chapter + 1));
+                differ(message("the verses of %s", wanted.osis + ' ' + std::to_string(chapter + 1)));
     }
 }
 
@@ -86,7 +87,7 @@ void checkVerses(const std::string& folder, const ModuleData& module)
     CVerseRun run(text, 0, static_cast<unsigned int>(module.verses.size()));
     while (run.next())
         if (unescaped(run.text()) != module.verse(run.verseNum()))
-            differ("the text of " + placeInModule(module, run.verseNum()));
+            differ(message("the text of %s", placeInModule(module, run.verseNum())));
 }
 
 void checkWords(const std::string& folder, const ModuleData& module)
@@ -95,16 +96,16 @@ void checkWords(const std::string& folder, const ModuleData& module)
     CConc concordance((folder + "/Conc.bin").c_str(), (folder + "/ConcP.bin").c_str());
     const WordIndex& index = module.words;
     if (list.count() != index.words.size())
-        differ("the number of words");
+        differ(tr("the number of words"));
     std::vector<unsigned int> verseNums;
     for (unsigned int word = 0; word < list.count(); ++word) {
         if (list[word] != index.words[word] || list.indexOf(index.words[word]) != static_cast<int>(word))
-            differ("the word " + toUtf8(index.words[word]));
+            differ(message("the word %s", toUtf8(index.words[word])));
         concordance.getVersesFor(word, verseNums);
         const auto begin = index.verseNums.begin() + index.firstEntry[word];
         const auto end = index.verseNums.begin() + index.firstEntry[word + 1];
         if (!std::equal(verseNums.begin(), verseNums.end(), begin, end))
-            differ("the verses of the word " + toUtf8(index.words[word]));
+            differ(message("the verses of the word %s", toUtf8(index.words[word])));
     }
 }
 
@@ -116,7 +117,7 @@ void checkInfo(const CBible& bible, const ModuleInfo& wanted)
     const CBibleInfo& info = *bible.info();
     if (info.fullTitle() != wanted.fullTitle || info.shortTitle() != wanted.shortTitle ||
         info.abbreveatedTitle() != wanted.abbreviatedTitle || info.copyright() != copyright)
-        differ("the titles of the module");
+        differ(tr("the titles of the module"));
 }
 
 bool isAt(const CRef& ref, unsigned int book, Place place)
@@ -133,7 +134,7 @@ void checkPlaces(const CBible& bible, const ModuleData& module, unsigned int wan
                 isAt(bible.toLocal(CRef(pair.globalBook, pair.global.chapter, pair.global.verse, true)),
                      pair.localBook, pair.local);
     if (kept != wanted)
-        differ("the places of the verses");
+        differ(tr("the places of the verses"));
 }
 
 } // namespace
@@ -150,7 +151,7 @@ void checkWritten(const std::string& folder, const ModuleData& module, unsigned 
         checkInfo(bible, module.info);
         checkPlaces(bible, module, kept);
     } catch (const std::exception& ex) {
-        throw CBuildError(folder + ": the written module does not read back: " + ex.what());
+        throw CBuildError(message("%s: the written module does not read back: %s", folder, ex.what()));
     }
 }
 

@@ -5,6 +5,7 @@
 #include "diff_search.h"
 #include "given_differences.h"
 #include "input_file.h"
+#include "messages.h"
 #include "module_facts.h"
 #include "plain_text.h"
 #include "versification.h"
@@ -24,7 +25,7 @@ std::vector<ModuleBook> moduleBooks(const CModuleReader& module)
         const unsigned int globalID = module.titles().globalID(book);
         books.push_back({std::string(commonBooks()[globalID].osis), globalID, {}});
         if (module.titles().localID(globalID) != book)
-            throw CModuleError(module.folder() + ": the book " + books.back().osis + " stands twice");
+            throw CModuleError(message("%s: the book %s stands twice", module.folder(), books.back().osis));
         for (unsigned int chapter = 0; chapter < module.structure().chaptersCount(book); ++chapter)
             books.back().versesCount.push_back(module.structure().versesCount(book, chapter));
     }
@@ -50,7 +51,7 @@ void exportNumbering(const CModuleReader& module, SourceBible& bible)
 {
     std::string text;
     if (!ut::read_text_file((module.folder() + "/_Diff_.txt").c_str(), text))
-        throw CModuleError(module.folder() + "/_Diff_.txt: cannot be read");
+        throw CModuleError(message("%s/_Diff_.txt: cannot be read", module.folder()));
     std::vector<DiffRecord> records;
     readDifferences(text, records); // the engine, too, stops at one that is not whole
     const std::vector<ModuleBook> books = moduleBooks(module);
@@ -104,8 +105,8 @@ SourceBible exportModule(const CModuleReader& module)
         0, static_cast<unsigned int>(places.size()), [&](unsigned int verseNum, std::string_view stored) {
             const CRef& place = places[verseNum];
             if (place.chapter() >= maxSourceNumber || place.verse() >= maxSourceNumber)
-                throw CModuleError(module.folder() + ": " + module.label(place) +
-                                   " is beyond the numbers of a source");
+                throw CModuleError(message("%s: %s is beyond the numbers of a source", module.folder(),
+                                           module.label(place)));
             const std::string text = plainText(stored);
             bible.verses.push_back({place.bookID(), static_cast<std::uint16_t>(place.chapter() + 1),
                                     static_cast<std::uint16_t>(place.verse() + 1),

@@ -2,6 +2,7 @@
 
 #include "build_error.h"
 #include "durable_file.h"
+#include "messages.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -21,7 +22,7 @@ namespace {
 
 [[noreturn]] void failToWrite(const std::string& name, const std::string& reason)
 {
-    throw CBuildError(name + ": cannot be written (" + reason + ')');
+    throw CBuildError(message("%s: cannot be written (%s)", name, reason));
 }
 
 /// The path without links and without a trailing slash, so that its neighbours can be named.
@@ -43,9 +44,9 @@ void checkReplaceable(const std::string& path)
     if (!fs::exists(status))
         return;
     if (!fs::is_directory(status))
-        throw CBuildError(path + ": is no folder");
+        throw CBuildError(message("%s: is no folder", path));
     if (!fs::exists(path + "/BibleTitles.txt") && !fs::is_empty(path, error))
-        throw CBuildError(path + ": is not empty and holds no module");
+        throw CBuildError(message("%s: is not empty and holds no module", path));
 }
 
 } // namespace
@@ -89,7 +90,7 @@ void CModuleFolder::lock()
             failToWrite(m_lockName, std::strerror(errno));
         if (::flock(m_lock, LOCK_EX | LOCK_NB) != 0) {
             ::close(m_lock);
-            throw CFolderBusy(m_path + ": another build of this folder is running");
+            throw CFolderBusy(message("%s: another build of this folder is running", m_path));
         }
         struct stat held
         {

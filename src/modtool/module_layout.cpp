@@ -2,6 +2,7 @@
 
 #include "build_error.h"
 #include "escape.h"
+#include "messages.h"
 #include "prepare.h"
 
 #include <algorithm>
@@ -109,12 +110,12 @@ private:
         m_module.verses.push_back(verse);
         ++m_module.books.back().versesCount.back();
         if (m_module.verses.size() > maxModuleVerses)
-            throw CBuildError(lastPlace() + ": the module would hold more than " +
-                              std::to_string(maxModuleVerses) + " verses");
+            throw CBuildError(
+                message("%s: the module would hold more than %s verses", lastPlace(), maxModuleVerses));
         const std::size_t stored = escapedSize(m_module.verse(m_module.verses.size() - 1));
         if (stored > maxVerseBytes)
-            throw CBuildError(lastPlace() + ": the verse has " + std::to_string(stored) + " bytes, " +
-                              std::to_string(maxVerseBytes) + " are the most");
+            throw CBuildError(
+                message("%s: the verse has %s bytes, %s are the most", lastPlace(), stored, maxVerseBytes));
     }
 
     std::string lastPlace() const
@@ -145,7 +146,7 @@ void layOut(const SourceBible& source, const std::vector<std::optional<unsigned 
         begin = end;
     }
     if (module.verses.empty())
-        throw CBuildError("the source holds no text");
+        throw CBuildError(tr("the source holds no text"));
 }
 
 std::string placeInModule(const ModuleData& module, unsigned int verseNum)

@@ -3,6 +3,7 @@
 #include "common_books.h"
 #include "cp1251.h"
 #include "input_file.h"
+#include "messages.h"
 #include "plain_text.h"
 
 #include <unicode/unistr.h>
@@ -41,11 +42,11 @@ CModuleReader::CModuleReader(const std::string& folder) : m_folder(withoutSlashe
 {
     std::error_code ignored;
     if (!std::filesystem::is_directory(m_folder, ignored))
-        throw CModuleError(m_folder + ": is no module folder");
+        throw CModuleError(message("%s: is no module folder", m_folder));
     try {
         open();
     } catch (const std::exception& ex) {
-        throw CModuleError(m_folder + ": the module cannot be read: " + ex.what());
+        throw CModuleError(message("%s: the module cannot be read: %s", m_folder, ex.what()));
     }
     validate();
 }
@@ -66,14 +67,14 @@ void CModuleReader::validate()
 {
     const std::uint64_t points = ut::CInputFile((m_folder + "/CompactPoint.bin").c_str()).size() / 4;
     if (m_structure->totalVersesCount() > points)
-        throw CModuleError(m_folder + ": BibleStructure.csv counts " +
-                           std::to_string(m_structure->totalVersesCount()) +
-                           " verses, CompactPoint.bin has places for " + std::to_string(points));
+        throw CModuleError(
+            message("%s: BibleStructure.csv counts %s verses, CompactPoint.bin has places for %s", m_folder,
+                    m_structure->totalVersesCount(), points));
     unsigned int verseNum = 0;
     for (unsigned int book = 0; book < m_titles->booksCount(); ++book) {
         if (m_titles->globalID(book) >= commonBooksCount)
-            throw CModuleError(m_folder + ": book " + std::to_string(book + 1) + " has the common number " +
-                               std::to_string(m_titles->globalID(book)) + ", 76 is the last");
+            throw CModuleError(message("%s: book %s has the common number %s, 76 is the last", m_folder,
+                                       book + 1, m_titles->globalID(book)));
         m_firstVerseNums.push_back(verseNum);
         for (unsigned int chapter = 0; chapter < m_structure->chaptersCount(book); ++chapter)
             verseNum += m_structure->versesCount(book, chapter);
@@ -134,7 +135,7 @@ std::string CModuleReader::storedText(const CRef& local) const
     try {
         return (*m_text)[static_cast<int>(m_structure->toNum(local))];
     } catch (const std::exception& ex) {
-        throw CModuleError(m_folder + ": verse " + label(local) + " cannot be read: " + ex.what());
+        throw CModuleError(message("%s: verse %s cannot be read: %s", m_folder, label(local), ex.what()));
     }
 }
 
@@ -148,7 +149,7 @@ void CModuleReader::forEachVerse(unsigned int firstVerseNum, unsigned int verseC
         try {
             return run.next();
         } catch (const std::exception& ex) {
-            throw CModuleError(m_folder + ": the verses cannot be read: " + ex.what());
+            throw CModuleError(message("%s: the verses cannot be read: %s", m_folder, ex.what()));
         }
     };
     while (next())

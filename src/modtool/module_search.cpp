@@ -1,5 +1,6 @@
 #include "module_search.h"
 
+#include "messages.h"
 #include "module_words.h"
 #include "plain_text.h"
 #include "tolvo_bible/text_scan.h"
@@ -20,9 +21,8 @@ std::vector<unsigned int> versesWithWord(const CModuleReader& module, const std:
     const unsigned int count = module.structure().totalVersesCount();
     for (const unsigned int verseNum : verseNums)
         if (verseNum >= count)
-            throw CModuleError(module.folder() + ": the word \"" + plainLine(word) +
-                               "\" is said to be in verse " + std::to_string(verseNum + 1) + " of " +
-                               std::to_string(count));
+            throw CModuleError(message("%s: the word \"%s\" is said to be in verse %s of %s", module.folder(),
+                                       plainLine(word), verseNum + 1, count));
     return verseNums;
 }
 

@@ -1,6 +1,7 @@
 #include "module_words.h"
 
 #include "input_file.h"
+#include "messages.h"
 #include "plain_text.h"
 
 namespace Kedrin::ModTool {
@@ -12,7 +13,7 @@ namespace {
 void refuseBrokenRecords(const std::string& fileName, unsigned int recordBytes)
 {
     if (ut::CInputFile(fileName.c_str()).size() % recordBytes != 0)
-        throw CModuleError(fileName + ": ends inside a record");
+        throw CModuleError(message("%s: ends inside a record", fileName));
 }
 
 } // namespace
@@ -25,7 +26,7 @@ CModuleWords::CModuleWords(const std::string& folder) : m_folder(folder)
             std::make_unique<CWordList>(path("WordList.txt").c_str(), path("WordPoint.bin").c_str(), true);
         m_concordance = std::make_unique<CConc>(path("Conc.bin").c_str(), path("ConcP.bin").c_str());
     } catch (const std::exception& ex) {
-        throw CModuleError(folder + ": the words cannot be read: " + ex.what());
+        throw CModuleError(message("%s: the words cannot be read: %s", folder, ex.what()));
     }
     refuseBrokenRecords(path("Conc.bin"), 2);
     refuseBrokenRecords(path("ConcP.bin"), 4);
@@ -37,8 +38,8 @@ std::vector<unsigned int> CModuleWords::versesOf(unsigned int wordIndex) const
     try {
         m_concordance->getVersesFor(wordIndex, verseNums);
     } catch (const std::exception& ex) {
-        throw CModuleError(m_folder + ": the verses of the word " + plainLine((*m_list)[wordIndex]) +
-                           " cannot be read: " + ex.what());
+        throw CModuleError(message("%s: the verses of the word %s cannot be read: %s", m_folder,
+                                   plainLine((*m_list)[wordIndex]), ex.what()));
     }
     return verseNums;
 }

@@ -1,6 +1,7 @@
 #include "osis_reader.h"
 
 #include "build_error.h"
+#include "messages.h"
 #include "osis_header.h"
 #include "text_input.h"
 #include "verse_collector.h"
@@ -79,7 +80,7 @@ public:
     SourceBible read()
     {
         if (m_xml.next() != CXmlReader::Node::start || m_xml.name() != "osis")
-            m_xml.fail("the root element is " + inQuotes(m_xml.name()) + ", not osis");
+            m_xml.fail(message("the root element is %s, not osis", inQuotes(m_xml.name())));
         for (auto node = m_xml.next(); node != CXmlReader::Node::none; node = m_xml.next()) {
             if (node == CXmlReader::Node::text)
                 m_verses.addText(m_xml.text(), m_xml.line());
@@ -90,7 +91,7 @@ public:
         }
         SourceBible bible = m_verses.finish();
         if (bible.verses.empty())
-            throw CBuildError(m_xml.fileName() + ": holds no verse");
+            throw CBuildError(message("%s: holds no verse", m_xml.fileName()));
         return bible;
     }
 
@@ -173,7 +174,7 @@ private:
         std::size_t lastBegin = list.find_last_of(" -");
         auto reference = parseReference(list.substr(0, firstEnd));
         if (!reference)
-            m_xml.fail(inQuotes(id) + " is no reference to a verse");
+            m_xml.fail(message("%s is no reference to a verse", inQuotes(id)));
         if (lastBegin != std::string_view::npos && ++lastBegin < list.size())
             reference->verse.last = lastVerse(list.substr(lastBegin), *reference);
         m_verses.beginBook(reference->book);
@@ -188,7 +189,7 @@ private:
             return std::max(first.verse.first, last->verse.last);
         const auto number = parseVerseNumber(text);
         if (!last && !number)
-            m_xml.fail(inQuotes(text) + " is no reference to a verse");
+            m_xml.fail(message("%s is no reference to a verse", inQuotes(text)));
         return last ? maxSourceNumber : std::max(first.verse.first, number->last);
     }
 

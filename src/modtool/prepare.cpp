@@ -4,6 +4,7 @@
 #include "common_books.h"
 #include "cp1251.h"
 #include "given_differences.h"
+#include "messages.h"
 #include "module_layout.h"
 #include "substitutes.h"
 
@@ -28,8 +29,7 @@ void refuseUnfitText(const CTextEncoder& encoder, std::string_view text)
     const std::uint64_t lost = encoder.lostLetters();
     const std::uint64_t all = lettersIn(text) + lost;
     if (lost * 100 > all)
-        throw CUnfitText(std::to_string(lost) + " of " + std::to_string(all) +
-                         " letters have no likeness in Windows-1251");
+        throw CUnfitText(message("%s of %s letters have no likeness in Windows-1251", lost, all));
 }
 
 void refuseForeignCharacters(const CTextEncoder& encoder, const SourceBible& source)
@@ -37,11 +37,12 @@ void refuseForeignCharacters(const CTextEncoder& encoder, const SourceBible& sou
     std::string list;
     for (const auto& [codePoint, kind] : encoder.foreign())
         if (!isReplacedAlways(codePoint))
-            list += "\n  " + describeCharacter(codePoint) + ", " + counted(kind.count, "time", "times") +
-                    ", first " + source.placeOf(source.verses[kind.firstPlace]);
+            list += "\n  " + message("%s, %s, first %s", describeCharacter(codePoint),
+                                     counted(kind.count, "time", "times"),
+                                     source.placeOf(source.verses[kind.firstPlace]));
     if (!list.empty())
-        throw CBuildError("the text holds characters that Windows-1251 lacks (--substitute replaces them):" +
-                          list);
+        throw CBuildError(
+            tr("the text holds characters that Windows-1251 lacks (--substitute replaces them):") + list);
 }
 
 void reportReplaced(const CTextEncoder::Kinds& kinds, const SourceBible& source, BuildReport& report)
@@ -63,7 +64,7 @@ std::vector<std::optional<unsigned int>> globalBooks(const SourceBible& source, 
             report.omittedBooks.push_back({source.books[book], verseCounts[book]});
     }
     if (!source.books.empty() && report.omittedBooks.size() == source.books.size())
-        throw CBuildError("no book of the source is in the common numbering");
+        throw CBuildError(tr("no book of the source is in the common numbering"));
     return globals;
 }
 
@@ -71,18 +72,18 @@ std::string titleLine(const std::string& wanted, const std::string& offered, con
 {
     std::string title = encodedTitle(wanted.empty() ? offered : wanted);
     if (title.empty())
-        throw CBuildError(std::string("the ") + name + " is empty");
+        throw CBuildError(message("the %s is empty", tr(name)));
     if (title.size() > maxLineBytes)
-        throw CBuildError(std::string("the ") + name + " has " + std::to_string(title.size()) + " bytes, " +
-                          std::to_string(maxLineBytes) + " are the most");
+        throw CBuildError(
+            message("the %s has %s bytes, %s are the most", tr(name), title.size(), maxLineBytes));
     return title;
 }
 
 ModuleInfo moduleInfo(const SourceInfo& source, const BuildOptions& options)
 {
-    return {titleLine(options.fullTitle, source.fullTitle, "full title"),
-            titleLine(options.shortTitle, source.shortTitle, "short title"),
-            titleLine(options.abbreviatedTitle, source.abbreviatedTitle, "abbreviated title"),
+    return {titleLine(options.fullTitle, source.fullTitle, translatable("full title")),
+            titleLine(options.shortTitle, source.shortTitle, translatable("short title")),
+            titleLine(options.abbreviatedTitle, source.abbreviatedTitle, translatable("abbreviated title")),
             wrappedLines(options.copyright.value_or(source.copyright))};
 }
 
@@ -107,7 +108,7 @@ std::vector<BookTitles> bookTitles(const SourceBible& source, const std::vector<
         for (const auto title :
              {&BookTitles::fullTitle, &BookTitles::shortTitle, &BookTitles::abbreviatedTitle})
             if (const std::string& own = source.bookTitles[index].*title; !encodedTitle(own).empty())
-                titles.back().*title = titleLine("", own, "title of a book");
+                titles.back().*title = titleLine("", own, translatable("title of a book"));
     }
     return titles;
 }
@@ -118,9 +119,9 @@ WordIndex indexWords(const ModuleData& module)
     for (unsigned int verseNum = 0; verseNum < module.verses.size(); ++verseNum)
         indexer.add(module.verse(verseNum), verseNum);
     if (const auto& word = indexer.longWord())
-        throw CBuildError(placeInModule(module, word->verseNum) + ": the word \"" + toUtf8(word->word) +
-                          "\" has " + std::to_string(word->word.size()) + " bytes, " +
-                          std::to_string(CWordIndexer::maxWordBytes) + " are the most");
+        throw CBuildError(message("%s: the word \"%s\" has %s bytes, %s are the most",
+                                  placeInModule(module, word->verseNum), toUtf8(word->word),
+                                  word->word.size(), CWordIndexer::maxWordBytes));
     return indexer.finish();
 }
 

@@ -13,9 +13,6 @@ enum ExitCode
     exitUnchecked = 3 ///< `check`: something could not be checked
 };
 
-inline constexpr const char* programName = "kedrin-module";
-inline constexpr const char* programDescription = "Prepares Bible modules for the reader Kedrin";
-
 /// The program: reads the arguments, runs a command.
 /// @param terminal  where to draw a progress bar; null: nowhere
 int runProgram(int argc, const char* const* argv, std::ostream& out, std::ostream& err,

@@ -6,6 +6,8 @@
 #include "show_command.h"
 #include "words_command.h"
 
+#include <array>
+
 namespace Kedrin::ModTool {
 
 /// The commands that only read modules: show, search, info, words and diff. They need nothing of the SWORD library,
@@ -19,18 +21,9 @@ public:
     /// Whether a word of the command line names one of them.
     static bool isOne(std::string_view command);
 
-    bool isChosen() const;
-
-    /// What the parser cannot tell: "" or a sentence on what is wrong with the arguments.
-    std::string usageError() const;
-
-    /// Runs the command that was chosen. An error is a line on `err`.
-    /// @returns a QueryExit
-    int run(std::ostream& out, std::ostream& err) const;
+    std::array<const ICommand*, 5> all() const { return {&m_show, &m_search, &m_info, &m_words, &m_diff}; }
 
 private:
-    int runChosen(std::ostream& out) const;
-
     CShowCommand m_show;
     CSearchCommand m_search;
     CInfoCommand m_info;

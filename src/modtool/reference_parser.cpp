@@ -1,5 +1,7 @@
 #include "reference_parser.h"
 
+#include "messages.h"
+
 #include <unicode/uchar.h>
 #include <unicode/unistr.h>
 
@@ -124,9 +126,8 @@ private:
     unsigned int versesIn(unsigned int chapter) const
     {
         if (chapter < 1 || chapter > chaptersCount())
-            throw CNotFound(m_module.bookLabel(m_book) + " has " + std::to_string(chaptersCount()) +
-                            (chaptersCount() == 1 ? " chapter" : " chapters") + ", there is no chapter " +
-                            std::to_string(chapter));
+            throw CNotFound(message("%s has %s, there is no chapter %s", m_module.bookLabel(m_book),
+                                    counted(chaptersCount(), "chapter", "chapters"), chapter));
         return m_module.structure().versesCount(m_book, chapter - 1);
     }
 
@@ -135,9 +136,9 @@ private:
     {
         const unsigned int count = versesIn(point.chapter);
         if (*point.verse < 1 || *point.verse > count)
-            throw CNotFound(m_module.bookLabel(m_book) + ' ' + std::to_string(point.chapter) + " has " +
-                            std::to_string(count) + (count == 1 ? " verse" : " verses") +
-                            ", there is no verse " + std::to_string(*point.verse));
+            throw CNotFound(message("%s has %s, there is no verse %s",
+                                    m_module.bookLabel(m_book) + ' ' + std::to_string(point.chapter),
+                                    counted(count, "verse", "verses"), *point.verse));
         return {point.chapter - 1, *point.verse - 1};
     }
 
@@ -159,13 +160,13 @@ VerseRange parseReference(const std::string& reference, const CModuleReader& mod
     const Parts parts = partsOf(reference);
     std::vector<Point> points;
     if (parts.name.empty() || (!parts.numbers.empty() && !CNumbers(parts.numbers).read(points)))
-        throw CNotFound('"' + reference + "\" is no reference");
+        throw CNotFound(message("\"%s\" is no reference", reference));
     CResolver resolver(module, CBookLookup(module).find(parts.name));
     if (points.empty())
         return resolver.wholeBook();
     const VerseRange range = resolver.resolve(points.front(), points.back());
     if (std::tuple(range.firstChapter, range.firstVerse) > std::tuple(range.lastChapter, range.lastVerse))
-        throw CNotFound('"' + reference + "\" ends before it begins");
+        throw CNotFound(message("\"%s\" ends before it begins", reference));
     return range;
 }
 

@@ -1,7 +1,9 @@
 #include "search_command.h"
 
-#include "build_report.h"
+#include "command_line.h"
 #include "common_books.h"
+#include "language.h"
+#include "messages.h"
 #include "query_arguments.h"
 #include "query_json.h"
 #include "search_text.h"
@@ -12,10 +14,20 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-using Tolvo::CRef;
+constexpr const char* page =
+    translatable("The verses are those that the window's search finds, in the same order.\n"
+                 "\n"
+                 "Examples:\n"
+                 "  kedrin-module search modules/bibles/my light\n"
+                 "  kedrin-module search modules/bibles/my --whole-word --count God\n"
+                 "\n"
+                 "Exit codes:\n"
+                 "  0  found\n"
+                 "  1  nothing found\n"
+                 "  2  the arguments make no sense\n"
+                 "  3  the module cannot be read");
 
-constexpr const char* wordByCase = "--whole-word finds a word in any case, so it goes without --case";
-constexpr const char* emptyText = "search needs a text";
+using Tolvo::CRef;
 
 bool isNumberedAlike(const CommonPlace& place, const CRef& local)
 {
@@ -26,25 +38,26 @@ bool isNumberedAlike(const CommonPlace& place, const CRef& local)
 } // namespace
 
 CSearchCommand::CSearchCommand(CLI::App& program)
-    : m_command(program.add_subcommand("search", "Search a module for a text"))
+    : CQueryCommand(addCommand(program, "search", "Search a module for a text", page))
 {
-    m_command->add_option("MODULE", m_module, "The module's folder")->required();
-    m_command->add_option("TEXT", m_text, "What to search for; several words are one text")->required();
-    auto* wholeWord = m_command->add_flag("--whole-word", m_wholeWord, "Only as a whole word, in any case");
-    m_command->add_flag("--part", m_part, "Inside words too; this is so if nothing is said")
+    m_command->add_option("MODULE", m_module, tr("The module's folder"))->required();
+    m_command->add_option("TEXT", m_text, tr("What to search for; several words are one text"))
+        ->type_name("")
+        ->required();
+    auto* wholeWord =
+        m_command->add_flag("--whole-word", m_wholeWord, tr("Only as a whole word, in any case"));
+    m_command->add_flag("--part", m_part, tr("Inside words too; this is so if nothing is said"))
         ->excludes(wholeWord);
-    m_command->add_flag("--case", m_case, "Only in just this case");
-    m_command->add_flag("--count", m_count, "Only how many verses hold it");
-    m_command->add_flag("--json", m_json, "As JSON");
+    m_command->add_flag("--case", m_case, tr("Only in just this case"));
+    m_command->add_flag("--count", m_count, tr("Only how many verses hold it"));
+    m_command->add_flag("--json", m_json, tr("As JSON"));
 }
-
-bool CSearchCommand::isChosen() const { return m_command->parsed(); }
 
 std::string CSearchCommand::usageError() const
 {
     if (m_wholeWord && m_case)
-        return wordByCase;
-    return joined(m_text).empty() ? emptyText : "";
+        return tr("--whole-word finds a word in any case, so it goes without --case");
+    return joined(m_text).empty() ? tr("search needs a text") : "";
 }
 
 SearchMode CSearchCommand::mode() const
@@ -54,8 +67,10 @@ SearchMode CSearchCommand::mode() const
     return m_case ? SearchMode::partByCase : SearchMode::part;
 }
 
-int CSearchCommand::run(std::ostream& out) const
+int CSearchCommand::answer(std::ostream& out) const
 {
+    if (m_json)
+        speakEnglish();
     const CModuleReader module(m_module);
     const std::string text = searchText(joined(m_text));
     const std::vector<CRef> hits = searchModule(module, text, mode());

@@ -2,6 +2,7 @@
 
 #include "build_report.h"
 #include "cp1251.h"
+#include "messages.h"
 #include "module_error.h"
 #include "substitutes.h"
 
@@ -26,8 +27,7 @@ std::string searchText(std::string_view utf8)
         }
         const std::string substitute = substituteFor(codePoint);
         if (substitute == "?")
-            throw CNotFound("no module can hold \"" + std::string(utf8) + "\" (" +
-                            describeCharacter(codePoint) + ')');
+            throw CNotFound(message("no module can hold \"%s\" (%s)", utf8, describeCharacter(codePoint)));
         bytes += substitute;
     }
     return bytes;

@@ -1,5 +1,7 @@
 #include "show_command.h"
 
+#include "command_line.h"
+#include "messages.h"
 #include "plain_text.h"
 #include "query_arguments.h"
 #include "text_columns.h"
@@ -12,6 +14,22 @@
 namespace Kedrin::ModTool {
 
 namespace {
+
+constexpr const char* page =
+    translatable("Books are named by their titles in the module, full, short or abbreviated, by Bulgarian or "
+                 "English names and\n"
+                 "abbreviations, or by OSIS ids, in any case.\n"
+                 "\n"
+                 "Examples:\n"
+                 "  kedrin-module show modules/bibles/my Jn 3:16\n"
+                 "  kedrin-module show modules/bibles/my Gen 1:1-5 --with modules/bibles/web\n"
+                 "  kedrin-module show modules/bibles/my Ps 119\n"
+                 "\n"
+                 "Exit codes:\n"
+                 "  0  done\n"
+                 "  1  the module has no such verse, or the reference is none\n"
+                 "  2  the arguments make no sense\n"
+                 "  3  a module cannot be read");
 
 using Tolvo::CRef;
 
@@ -54,22 +72,21 @@ void showSideBySide(const std::vector<const CModuleReader*>& modules, const Vers
 } // namespace
 
 CShowCommand::CShowCommand(CLI::App& program)
-    : m_command(program.add_subcommand("show", "Show verses of a module, or of several side by side"))
+    : CQueryCommand(addCommand(program, "show", "Show verses of a module, or of several side by side", page))
 {
-    m_command->add_option("MODULE", m_module, "The module's folder")->required();
-    m_command->add_option("REFERENCE", m_reference, "Book, chapter or verses: John 3:16, Gen 1:1-5, Ps 119")
+    m_command->add_option("MODULE", m_module, tr("The module's folder"))->required();
+    m_command
+        ->add_option("REFERENCE", m_reference, tr("Book, chapter or verses: John 3:16, Gen 1:1-5, Ps 119"))
         ->required();
     m_command
-        ->add_option("--with", m_others, "A further module to show beside it; may be given several times")
+        ->add_option("--with", m_others, tr("A further module to show beside it; may be given several times"))
         ->type_name("MODULE")
         ->allow_extra_args(false);
-    m_command->add_option("--width", m_width, "Columns of text in all, for several modules")
+    m_command->add_option("--width", m_width, tr("Columns of text in all, for several modules"))
         ->check(CLI::Range(20, 1000));
 }
 
-bool CShowCommand::isChosen() const { return m_command->parsed(); }
-
-int CShowCommand::run(std::ostream& out) const
+int CShowCommand::answer(std::ostream& out) const
 {
     const CModuleReader module(m_module);
     const VerseRange range = parseReference(joined(m_reference), module);

@@ -1,6 +1,7 @@
 #include "source_findings.h"
 
-#include "ut_utils.h"
+#include "build_report.h"
+#include "messages.h"
 
 namespace Kedrin::ModTool {
 
@@ -13,26 +14,37 @@ struct Wording
     const char* plural;
 };
 
+/// For a text whose two forms the catalogue has.
+constexpr Wording wording(const char* label, const char* singular, const char* plural)
+{
+    return {label, singular, plural};
+}
+
 // In the order of ReaderRule.
-constexpr std::array<Wording, static_cast<std::size_t>(ReaderRule::count)> wordings{{
-    {"joined", "range of verses, its text at the first", "ranges of verses, their text at the first"},
-    {"joined", "part of a verse", "parts of verses"},
-    {"joined", "verse given again", "verses given again"},
-    {"left out", "verse repeated word for word", "verses repeated word for word"},
-    {"joined", "verse 0, put before the next verse", "verses 0, put before the next verse"},
-    {"joined", "psalm title, put before its text", "psalm titles, put before their text"},
-    {"taken", "Greek Esther or Daniel for the book itself",
-     "Greek Esther and Daniel for the books themselves"},
-    {"kept", "text of an unknown marker", "texts of unknown markers"},
-    {"without sign", "quotation that the source marks", "quotations that the source marks"},
-    {"left out", "note", "notes"},
-    {"left out", "title", "titles"},
-    {"left out", "other reading", "other readings"},
-    {"left out", "number of another numbering", "numbers of another numbering"},
-    {"left out", "figure or index entry", "figures or index entries"},
-    {"left out", "text outside the verses", "texts outside the verses"},
-    {"ended", "note without an end, with its paragraph", "notes without an end, with their paragraphs"},
-}};
+constexpr std::array<Wording, static_cast<std::size_t>(ReaderRule::count)> wordings{
+    wording(translatable("joined"), "range of verses, its text at the first",
+            "ranges of verses, their text at the first"),
+    wording(translatable("joined"), "part of a verse", "parts of verses"),
+    wording(translatable("joined"), "verse given again", "verses given again"),
+    wording(translatable("left out"), "verse repeated word for word", "verses repeated word for word"),
+    wording(translatable("joined"), "verse 0, put before the next verse",
+            "verses 0, put before the next verse"),
+    wording(translatable("joined"), "psalm title, put before its text",
+            "psalm titles, put before their text"),
+    wording(translatable("taken"), "Greek Esther or Daniel for the book itself",
+            "Greek Esther and Daniel for the books themselves"),
+    wording(translatable("kept"), "text of an unknown marker", "texts of unknown markers"),
+    wording(translatable("without sign"), "quotation that the source marks",
+            "quotations that the source marks"),
+    wording(translatable("left out"), "note", "notes"),
+    wording(translatable("left out"), "title", "titles"),
+    wording(translatable("left out"), "other reading", "other readings"),
+    wording(translatable("left out"), "number of another numbering", "numbers of another numbering"),
+    wording(translatable("left out"), "figure or index entry", "figures or index entries"),
+    wording(translatable("left out"), "text outside the verses", "texts outside the verses"),
+    wording(translatable("ended"), "note without an end, with its paragraph",
+            "notes without an end, with their paragraphs"),
+};
 
 } // namespace
 
@@ -41,9 +53,10 @@ std::string SourceFindings::text() const
     std::string lines;
     for (std::size_t i = 0; i < wordings.size(); ++i)
         if (const Occasions& found = m_found[i]; found.count != 0)
-            lines += ut::format("%-14s", wordings[i].label) + std::to_string(found.count) + ' ' +
-                     (found.count == 1 ? wordings[i].singular : wordings[i].plural) + ", first " +
-                     found.firstPlace + '\n';
+            lines += padded(tr(wordings[i].label), labelColumns) +
+                     message("%s, first %s", counted(found.count, wordings[i].singular, wordings[i].plural),
+                             found.firstPlace) +
+                     '\n';
     return lines;
 }
 

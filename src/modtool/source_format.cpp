@@ -1,6 +1,7 @@
 #include "source_format.h"
 
 #include "build_error.h"
+#include "messages.h"
 #include "osis_reader.h"
 #include "text_input.h"
 #include "usfm_reader.h"
@@ -35,9 +36,9 @@ std::vector<fs::path> usfmFiles(const std::string& folder)
             files.push_back(file->path());
     }
     if (error)
-        throw CBuildError(folder + ": cannot be read");
+        throw CBuildError(message("%s: cannot be read", folder));
     if (files.empty())
-        throw CBuildError(folder + ": holds no USFM file (*.usfm, *.sfm, *.ptx)");
+        throw CBuildError(message("%s: holds no USFM file (*.usfm, *.sfm, *.ptx)", folder));
     std::sort(files.begin(), files.end());
     return files;
 }
@@ -57,7 +58,7 @@ SourceBible readUsfmFolder(const std::string& folder, const std::string& encodin
         const std::string content = readText(file.string(), encoding);
         byteCount += content.size();
         if (byteCount > maxSourceBytes)
-            throw CBuildError(folder + ": holds more than 64 MiB");
+            throw CBuildError(message("%s: holds more than 64 MiB", folder));
         reader.read(file.string(), content);
     }
     SourceBible bible = reader.finish(folder);
@@ -114,8 +115,8 @@ SourceFormat detectFormat(std::string_view utf8, const std::string& fileName)
         return SourceFormat::osis;
     if (root == "xmlbible")
         return SourceFormat::zefania;
-    throw CBuildError(fileName + ": is XML, but neither OSIS nor Zefania (its root element is " +
-                      inQuotes(root) + ')');
+    throw CBuildError(message("%s: is XML, but neither OSIS nor Zefania (its root element is %s)", fileName,
+                              inQuotes(root)));
 }
 
 SourceBible readSourceFile(const std::string& path, const ReadOptions& options)
@@ -123,7 +124,7 @@ SourceBible readSourceFile(const std::string& path, const ReadOptions& options)
     std::error_code ignored;
     const bool isFolder = fs::is_directory(path, ignored);
     if (isFolder && options.format != SourceFormat::detected && options.format != SourceFormat::usfm)
-        throw CBuildError(path + ": is a folder, which only USFM may be");
+        throw CBuildError(message("%s: is a folder, which only USFM may be", path));
     SourceBible bible = isFolder ? readUsfmFolder(path, options.encoding)
                                  : readContent(path, readText(path, options.encoding), options.format);
     nameAfterFile(bible.info, path, isFolder);

@@ -1,6 +1,7 @@
 #include "sword_library.h"
 
 #include "build_error.h"
+#include "messages.h"
 #include "sword_markup.h"
 
 #include <unicode/unistr.h>
@@ -199,7 +200,7 @@ public:
     {
         sword::SWModule* found = m_manager->getModule(name.c_str());
         if (!found)
-            throw CBuildError("no SWORD Bible is named \"" + name + "\"");
+            throw CBuildError(message("no SWORD Bible is named \"%s\"", name));
         return *found;
     }
 
@@ -234,11 +235,11 @@ std::string CSwordLibrary::resolve(const std::string& name) const
                 found.push_back(candidate);
         }
         if (found.size() > 1)
-            throw CBuildError("several SWORD Bibles are named \"" + name + "\": " + joined(found));
+            throw CBuildError(message("several SWORD Bibles are named \"%s\": %s", name, joined(found)));
         if (!found.empty())
             return found.front();
     }
-    throw CBuildError("no SWORD Bible is named \"" + name + "\" (installed: " + joined(all) + ')');
+    throw CBuildError(message("no SWORD Bible is named \"%s\" (installed: %s)", name, joined(all)));
 }
 
 SourceBible CSwordLibrary::read(const std::string& name,

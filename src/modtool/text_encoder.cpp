@@ -2,6 +2,7 @@
 
 #include "build_error.h"
 #include "cp1251.h"
+#include "messages.h"
 #include "substitutes.h"
 
 #include <unicode/normalizer2.h>
@@ -111,7 +112,7 @@ void CTextEncoder::encodeAny(std::string_view utf8, std::uint32_t place, std::st
             icu::UnicodeString::fromUTF8(icu::StringPiece(utf8.data(), static_cast<int32_t>(utf8.size()))),
             status);
     if (U_FAILURE(status))
-        throw CBuildError(std::string("the Unicode library fails: ") + u_errorName(status));
+        throw CBuildError(message("the Unicode library fails: %s", u_errorName(status)));
     CBlankFolder folder(out);
     for (int32_t i = 0; i < text.length(); i = text.moveIndex32(i, 1)) {
         const auto codePoint = static_cast<char32_t>(text.char32At(i));

@@ -2,6 +2,7 @@
 
 #include "build_error.h"
 #include "input_file.h"
+#include "messages.h"
 
 #include <unicode/ucnv.h>
 #include <unicode/unistr.h>
@@ -22,12 +23,12 @@ std::string wholeFile(const std::string& fileName)
 {
     ut::CInputFile file(fileName.c_str());
     if (!file.isOpen())
-        throw CBuildError(fileName + ": cannot be opened");
+        throw CBuildError(message("%s: cannot be opened", fileName));
     if (file.size() > maxSourceBytes)
-        throw CBuildError(fileName + ": is longer than 64 MiB");
+        throw CBuildError(message("%s: is longer than 64 MiB", fileName));
     std::string content(static_cast<std::size_t>(file.size()), '\0');
     if (file.readAt(0, content.data(), content.size()) != content.size())
-        throw CBuildError(fileName + ": cannot be read");
+        throw CBuildError(message("%s: cannot be read", fileName));
     return content;
 }
 
@@ -99,7 +100,8 @@ void requireUtf8(std::string_view text, const std::string& fileName)
         UChar32 codePoint;
         U8_NEXT(bytes, i, length, codePoint);
         if (codePoint < 0)
-            refuse(fileName, lineAt(text.substr(0, static_cast<std::size_t>(begin))), "not valid UTF-8");
+            refuse(fileName, lineAt(text.substr(0, static_cast<std::size_t>(begin))),
+                   message("not valid %s", utf8Name));
     }
 }
 
@@ -109,7 +111,7 @@ std::string converted(const std::string& content, const std::string& fileName, c
     const std::unique_ptr<UConverter, decltype(&ucnv_close)> converter(ucnv_open(encoding.c_str(), &status),
                                                                        &ucnv_close);
     if (U_FAILURE(status))
-        throw CBuildError(fileName + ": the encoding " + inQuotes(encoding) + " is not known");
+        throw CBuildError(message("%s: the encoding %s is not known", fileName, inQuotes(encoding)));
     ucnv_setToUCallBack(converter.get(), UCNV_TO_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &status);
     std::string text;
     text.reserve(content.size());
@@ -130,7 +132,7 @@ std::string converted(const std::string& content, const std::string& fileName, c
             buffer[0] = *out;
     } while (status == U_BUFFER_OVERFLOW_ERROR);
     if (U_FAILURE(status))
-        refuse(fileName, lineAt(text), "not valid " + encoding);
+        refuse(fileName, lineAt(text), message("not valid %s", encoding));
     return text;
 }
 

@@ -2,6 +2,7 @@
 
 #include "book_ids.h"
 #include "build_error.h"
+#include "messages.h"
 #include "text_input.h"
 #include "usfm_markers.h"
 #include "usfm_tokens.h"
@@ -168,7 +169,7 @@ private:
         const std::string_view code = m_tokens.word();
         const std::string osis = osisOfUsfm(code);
         if (osis.empty())
-            refuse(m_fileName, m_line, inQuotes(code) + " is no book code");
+            refuse(m_fileName, m_line, message("%s is no book code", inQuotes(code)));
         m_tokens.restOfLine();
         m_mainTitle = false;
         m_verses.beginBook(osis);
@@ -181,9 +182,9 @@ private:
         const std::string_view word = m_tokens.word();
         const auto number = parseVerseNumber(word);
         if (!number || number->first == 0 || number->first != number->last)
-            refuse(m_fileName, m_line, inQuotes(word) + " is no chapter number");
+            refuse(m_fileName, m_line, message("%s is no chapter number", inQuotes(word)));
         if (m_chapter == 0)
-            refuse(m_fileName, m_line, "a chapter before any \\id");
+            refuse(m_fileName, m_line, tr("a chapter before any \\id"));
         m_chapter = number->first;
         m_verses.beginChapter();
     }
@@ -193,9 +194,9 @@ private:
         const std::string_view word = m_tokens.word();
         const auto number = parseVerseNumber(word);
         if (!number)
-            refuse(m_fileName, m_line, inQuotes(word) + " is no verse number");
+            refuse(m_fileName, m_line, message("%s is no verse number", inQuotes(word)));
         if (m_chapter == 0)
-            refuse(m_fileName, m_line, "a verse before any \\id");
+            refuse(m_fileName, m_line, tr("a verse before any \\id"));
         m_verses.beginVerse(m_chapter, *number, m_line);
     }
 
@@ -259,7 +260,7 @@ SourceBible CUsfmReader::finish(const std::string& source)
 {
     SourceBible bible = m_private->verses.finish();
     if (bible.verses.empty())
-        throw CBuildError(source + ": holds no verse");
+        throw CBuildError(message("%s: holds no verse", source));
     return bible;
 }
 

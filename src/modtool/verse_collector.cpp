@@ -1,6 +1,7 @@
 #include "verse_collector.h"
 
 #include "build_error.h"
+#include "messages.h"
 #include "text_input.h"
 #include "word_gap.h"
 
@@ -79,7 +80,7 @@ void CVerseCollector::beginBook(std::string_view osis)
     placeTitle();
     if (isNew) {
         if (index >= maxSourceBooks)
-            throw CBuildError("the source has more than " + std::to_string(maxSourceBooks) + " books");
+            throw CBuildError(message("the source has more than %s books", maxSourceBooks));
         m_bible.books.emplace_back(osis);
         m_bible.bookTitles.emplace_back();
     }

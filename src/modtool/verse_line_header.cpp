@@ -1,6 +1,7 @@
 #include "verse_line_header.h"
 
 #include "build_error.h"
+#include "messages.h"
 
 #include <array>
 
@@ -47,7 +48,7 @@ void CVerseLineHeader::takeBook(std::string_view fields)
     for (std::size_t i = 0; i < parts.size(); ++i) {
         const std::size_t tab = fields.find('\t');
         if ((tab == std::string_view::npos) != (i + 1 == parts.size()))
-            throw CBuildError("a book's titles are its id and three titles with tabs between them");
+            throw CBuildError(tr("a book's titles are its id and three titles with tabs between them"));
         parts[i] = fields.substr(0, tab);
         fields.remove_prefix(std::min(fields.size(), parts[i].size() + 1));
     }

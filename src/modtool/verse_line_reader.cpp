@@ -1,6 +1,7 @@
 #include "verse_line_reader.h"
 
 #include "build_error.h"
+#include "messages.h"
 #include "text_input.h"
 #include "verse_line_header.h"
 
@@ -49,7 +50,7 @@ public:
             begin = end + 1;
         }
         if (m_bible.verses.empty())
-            throw CBuildError(m_fileName + ": holds no verse");
+            throw CBuildError(message("%s: holds no verse", m_fileName));
         sortVerses();
         m_header.giveTo(m_bible);
         return std::move(m_bible);
@@ -72,8 +73,10 @@ private:
         const std::string_view chapter = field(line);
         const std::string_view verse = field(line);
         if (!isBookId(book))
-            fail(inQuotes(book) + " is no OSIS book id");
-        m_bible.verses.push_back({bookIndex(book), number(chapter, "chapter"), number(verse, "verse"),
+            fail(message("%s is no OSIS book id", inQuotes(book)));
+        m_bible.verses.push_back({bookIndex(book),
+                                  number(chapter, translatable("%s is no chapter number from 1 to %s")),
+                                  number(verse, translatable("%s is no verse number from 1 to %s")),
                                   static_cast<std::uint32_t>(line.data() - m_bible.text.data()),
                                   static_cast<std::uint32_t>(line.size()), m_line});
     }
@@ -92,20 +95,19 @@ private:
     {
         const std::size_t tab = line.find('\t');
         if (tab == std::string_view::npos)
-            fail("a line is BOOK, CHAPTER, VERSE and text with tabs between them");
+            fail(tr("a line is BOOK, CHAPTER, VERSE and text with tabs between them"));
         const std::string_view first = line.substr(0, tab);
         line.remove_prefix(tab + 1);
         return first;
     }
 
-    std::uint16_t number(std::string_view digits, const char* what) const
+    std::uint16_t number(std::string_view digits, const char* complaint) const
     {
         unsigned int value = 0;
         const char* end = digits.data() + digits.size();
         const auto [stop, error] = std::from_chars(digits.data(), end, value);
         if (error != std::errc() || stop != end || value < 1 || value > maxSourceNumber)
-            fail(inQuotes(digits) + " is no " + what + " number from 1 to " +
-                 std::to_string(maxSourceNumber));
+            fail(message(complaint, inQuotes(digits), maxSourceNumber));
         return static_cast<std::uint16_t>(value);
     }
 
@@ -116,7 +118,7 @@ private:
         const auto index = static_cast<std::uint32_t>(m_bible.books.size());
         const auto [entry, isNew] = m_bookIndices.emplace(osis, index);
         if (isNew && index >= maxSourceBooks)
-            fail("more than " + std::to_string(maxSourceBooks) + " books");
+            fail(message("more than %s books", maxSourceBooks));
         if (isNew)
             m_bible.books.emplace_back(osis);
         return entry->second;
@@ -135,8 +137,7 @@ private:
             if (placeIn(verses[i - 1]) == placeIn(verses[i]) && (!second || verses[i].line < second->line))
                 second = &verses[i];
         if (second)
-            fail(m_bible.placeOf(*second) + " is given twice, first in line " +
-                     std::to_string((second - 1)->line),
+            fail(message("%s is given twice, first in line %s", m_bible.placeOf(*second), (second - 1)->line),
                  second->line);
     }
 

@@ -2,6 +2,7 @@
 
 #include "build_error.h"
 #include "common_books.h"
+#include "messages.h"
 
 #include <versificationmgr.h>
 
@@ -33,7 +34,7 @@ std::string joined(const std::vector<std::string>& names)
 CVersification::CVersification(const std::string& name) : m_name(name), m_system(findSystem(name.c_str()))
 {
     if (!m_system)
-        throw CBuildError("there is no versification \"" + name + "\" (there are: " + joined(names()) + ")");
+        throw CBuildError(message("there is no versification \"%s\" (there are: %s)", name, joined(names())));
 }
 
 std::vector<std::string> CVersification::names()

@@ -1,3 +1,8 @@
+#include "language.h"
 #include "program.h"
 
-int main(int argc, char* argv[]) { return Kedrin::ModTool::runProgram(argc, argv); }
+int main(int argc, char* argv[])
+{
+    Kedrin::ModTool::chooseLanguage();
+    return Kedrin::ModTool::runProgram(argc, argv);
+}

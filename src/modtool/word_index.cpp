@@ -2,6 +2,7 @@
 
 #include "build_error.h"
 #include "cp1251.h"
+#include "messages.h"
 #include "tolvo_bible/word_list.h"
 #include "ut_utils.h"
 
@@ -48,7 +49,7 @@ private:
     static void check(UErrorCode status)
     {
         if (U_FAILURE(status))
-            throw CBuildError(std::string("the Unicode library fails: ") + u_errorName(status));
+            throw CBuildError(message("the Unicode library fails: %s", u_errorName(status)));
     }
 
     bool holdsLetterOrDigit(int32_t begin, int32_t end) const

@@ -1,5 +1,7 @@
 #include "words_command.h"
 
+#include "command_line.h"
+#include "messages.h"
 #include "module_words.h"
 #include "plain_text.h"
 #include "search_text.h"
@@ -11,6 +13,16 @@ namespace Kedrin::ModTool {
 
 namespace {
 
+constexpr const char* page = translatable("Examples:\n"
+                                          "  kedrin-module words modules/bibles/my\n"
+                                          "  kedrin-module words modules/bibles/my --counts light\n"
+                                          "\n"
+                                          "Exit codes:\n"
+                                          "  0  done\n"
+                                          "  1  no word begins so\n"
+                                          "  2  the arguments make no sense\n"
+                                          "  3  the module cannot be read");
+
 bool beginsWith(const std::string& word, const std::string& prefix)
 {
     return ut::cyr_stricmp(word.substr(0, prefix.size()).c_str(), prefix.c_str()) == 0;
@@ -19,16 +31,14 @@ bool beginsWith(const std::string& word, const std::string& prefix)
 } // namespace
 
 CWordsCommand::CWordsCommand(CLI::App& program)
-    : m_command(program.add_subcommand("words", "List the words of a module"))
+    : CQueryCommand(addCommand(program, "words", "List the words of a module", page))
 {
-    m_command->add_option("MODULE", m_module, "The module's folder")->required();
-    m_command->add_option("PREFIX", m_prefix, "Only words that begin so, in whatever case");
-    m_command->add_flag("--counts", m_counts, "With the number of verses that hold the word");
+    m_command->add_option("MODULE", m_module, tr("The module's folder"))->required();
+    m_command->add_option("PREFIX", m_prefix, tr("Only words that begin so, in whatever case"));
+    m_command->add_flag("--counts", m_counts, tr("With the number of verses that hold the word"));
 }
 
-bool CWordsCommand::isChosen() const { return m_command->parsed(); }
-
-int CWordsCommand::run(std::ostream& out) const
+int CWordsCommand::answer(std::ostream& out) const
 {
     const CModuleWords words(m_module);
     const std::string prefix = searchText(m_prefix);

@@ -1,28 +1,22 @@
 #pragma once
 
-#include <ostream>
-#include <string>
+#include "query_command.h"
 
-namespace CLI {
-class App;
-}
+#include <string>
 
 namespace Kedrin::ModTool {
 
 /// `kedrin-module words MODULE [PREFIX] [--counts]`: the words of a module in its order, a line each.
-class CWordsCommand
+class CWordsCommand final : public CQueryCommand
 {
 public:
     explicit CWordsCommand(CLI::App& program);
 
-    bool isChosen() const;
-
+private:
     /// @returns a QueryExit: done, or nothing when no word begins so
     /// @throws CModuleError  the module's words cannot be read
-    int run(std::ostream& out) const;
+    int answer(std::ostream& out) const override;
 
-private:
-    CLI::App* m_command;
     std::string m_module;
     std::string m_prefix;
     bool m_counts = false;

@@ -1,6 +1,7 @@
 #include "xml_reader.h"
 
 #include "build_error.h"
+#include "messages.h"
 #include "text_input.h"
 
 #include <libxml/xmlreader.h>
@@ -101,7 +102,7 @@ private:
     }
 
     xmlTextReaderPtr m_reader;
-    static constexpr const char* tooLong = "a part of it is too long";
+    static constexpr const char* tooLong = translatable("a part of it is too long");
 
     std::string m_error =
         tooLong; ///< the first that ends the reading; the library is silent of a text too long
@@ -115,7 +116,7 @@ CXmlReader::CXmlReader(const std::string& fileName, std::string_view utf8) : m_f
         refuse(fileName,
                1 + static_cast<std::size_t>(std::count(
                        utf8.begin(), utf8.begin() + static_cast<std::ptrdiff_t>(prolog.subset), '\n')),
-               "declares entities or elements of its own, which is not allowed");
+               tr("declares entities or elements of its own, which is not allowed"));
     m_private = std::make_unique<CPrivate>(utf8);
 }
 
@@ -126,13 +127,14 @@ CXmlReader::Node CXmlReader::next()
     while (true) {
         const int result = xmlTextReaderRead(m_private->reader());
         if (result < 0)
-            refuse(m_fileName, m_private->errorLine(), "not well-formed XML: " + m_private->error());
+            refuse(m_fileName, m_private->errorLine(),
+                   message("not well-formed XML: %s", tr(m_private->error().c_str())));
         if (result == 0)
             return Node::none;
         switch (xmlTextReaderNodeType(m_private->reader())) {
         case XML_READER_TYPE_ELEMENT:
             if (depth() >= maxDepth)
-                fail("elements stand in one another more than " + std::to_string(maxDepth) + " deep");
+                fail(message("elements stand in one another more than %s deep", maxDepth));
             return Node::start;
         case XML_READER_TYPE_END_ELEMENT:
             return Node::end;
@@ -144,7 +146,7 @@ CXmlReader::Node CXmlReader::next()
         case XML_READER_TYPE_ENTITY_REFERENCE:
             refuse(m_fileName, // such a node has no line of its own
                    static_cast<std::size_t>(xmlTextReaderGetParserLineNumber(m_private->reader())),
-                   "the entity " + inQuotes(name()) + " is not known");
+                   message("the entity %s is not known", inQuotes(name())));
         default:
             break;
         }

@@ -2,6 +2,7 @@
 
 #include "book_ids.h"
 #include "build_error.h"
+#include "messages.h"
 #include "osis_header.h"
 #include "text_input.h"
 #include "verse_collector.h"
@@ -30,7 +31,7 @@ public:
     SourceBible read()
     {
         if (m_xml.next() != CXmlReader::Node::start || lower(m_xml.name()) != "xmlbible")
-            m_xml.fail("the root element is " + inQuotes(m_xml.name()) + ", not XMLBIBLE");
+            m_xml.fail(message("the root element is %s, not XMLBIBLE", inQuotes(m_xml.name())));
         m_verses.info().fullTitle = m_xml.attribute("biblename");
         for (auto node = m_xml.next(); node != CXmlReader::Node::none; node = m_xml.next()) {
             if (node == CXmlReader::Node::text)
@@ -42,7 +43,7 @@ public:
         }
         SourceBible bible = m_verses.finish();
         if (bible.verses.empty())
-            throw CBuildError(m_xml.fileName() + ": holds no verse");
+            throw CBuildError(message("%s: holds no verse", m_xml.fileName()));
         return bible;
     }
 
@@ -88,18 +89,18 @@ private:
         return m_xml.attribute(name.c_str());
     }
 
-    unsigned int number(const char* attributeName, const char* what) const
+    unsigned int number(const char* attributeName, const char* complaint) const
     {
         const std::string text = attribute(attributeName);
         const auto value = parseVerseNumber(text);
         if (!value || value->first != value->last || value->first == 0)
-            m_xml.fail(inQuotes(text) + " is no " + what + " number");
+            m_xml.fail(message(complaint, inQuotes(text)));
         return value->first;
     }
 
     void startBook()
     {
-        m_verses.beginBook(osisOfZefania(number("bnumber", "book")));
+        m_verses.beginBook(osisOfZefania(number("bnumber", translatable("%s is no book number"))));
         m_verses.beginChapter();
         const std::string brief = attribute("bsname");
         m_verses.titles() = {attribute("bname"), brief, brief};
@@ -107,7 +108,7 @@ private:
 
     void startChapter()
     {
-        m_chapter = number("cnumber", "chapter");
+        m_chapter = number("cnumber", translatable("%s is no chapter number"));
         m_verses.beginChapter();
     }
 
@@ -116,7 +117,7 @@ private:
         const std::string text = attribute("vnumber");
         auto verse = parseVerseNumber(text);
         if (!verse || !m_verses.inBook() || m_chapter == 0)
-            m_xml.fail(inQuotes(text) + " is no verse number");
+            m_xml.fail(message("%s is no verse number", inQuotes(text)));
         if (const auto last = parseVerseNumber(attribute("enumber")); last && last->last > verse->last)
             verse->last = last->last;
         m_verses.beginVerse(m_chapter, *verse, m_xml.line());

@@ -77,14 +77,14 @@ protected:
     Result exported(const std::vector<std::string>& arguments) const
     {
         CLI::App program;
-        const CExportCommand command(program);
+        CExportCommand command(program);
         std::vector<const char*> argv = {"kedrin-module", "export"};
         for (const std::string& argument : arguments)
             argv.push_back(argument.c_str());
         program.parse(static_cast<int>(argv.size()), argv.data());
         std::ostringstream out;
         std::ostringstream err;
-        const int code = command.run(out, err);
+        const int code = command.run({out, err, nullptr});
         return {code, out.str(), err.str()};
     }
 

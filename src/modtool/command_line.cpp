@@ -1,0 +1,60 @@
+#include "command_line.h"
+
+#include "help_formatter.h"
+#include "messages.h"
+#include "program.h"
+#include "usage_message.h"
+
+#include <CLI/CLI.hpp>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+int refuseUsage(std::ostream& err, const std::string& what)
+{
+    sayError(err, what);
+    sayError(err, tr("try kedrin-module --help"));
+    return exitUsage;
+}
+
+} // namespace
+
+CProgramParser::CProgramParser()
+    : CLI::App(tr("Prepares Bible modules for the reader Kedrin"), "kedrin-module")
+{
+    formatter(std::make_shared<CHelpFormatter>());
+    set_help_flag("-h,--help", tr("Print this help message and exit"));
+    require_subcommand(1);
+}
+
+int runCommandLine(CLI::App& parser, std::span<const ICommand* const> commands, int argc,
+                   const char* const* argv, const CommandStreams& streams)
+{
+    try {
+        parser.parse(argc, argv);
+    } catch (const CLI::Success& success) {
+        parser.exit(success, streams.out, streams.err);
+        return exitDone;
+    } catch (const CLI::ParseError& error) {
+        return refuseUsage(streams.err, usageMessage(error));
+    }
+    for (const ICommand* command : commands)
+        if (command->isChosen()) {
+            const std::string wrong = command->usageError();
+            return wrong.empty() ? command->run(streams) : refuseUsage(streams.err, wrong);
+        }
+    return exitUsage; // not reached: the parser requires a command
+}
+
+CLI::App* addCommand(CLI::App& program, const char* name, const char* description, const char* page)
+{
+    CLI::App* command = program.add_subcommand(name, tr(description));
+    command->group(tr("Subcommands"));
+    command->footer(tr(page));
+    return command;
+}
+
+void sayError(std::ostream& err, const std::string& what) { err << "kedrin-module: " << what << '\n'; }
+
+} // namespace Kedrin::ModTool

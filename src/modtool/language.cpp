@@ -1,0 +1,54 @@
+#include "language.h"
+
+#include <libintl.h>
+
+#include <clocale>
+#include <cstdlib>
+#include <filesystem>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+constexpr const char* anyUtf8Locale = "C.UTF-8";
+
+/// The locale that the environment names for messages; "" for none.
+std::string namedLocale()
+{
+    for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"})
+        if (const char* value = std::getenv(variable); value && *value)
+            return value;
+    return "";
+}
+
+std::string catalogueFolder()
+{
+    std::error_code ignored;
+    const std::filesystem::path program =
+        std::filesystem::read_symlink("/proc/self/exe", ignored).parent_path();
+    for (const char* place : {"locale", "../share/locale", "../../share/locale"})
+        if (std::filesystem::exists(program / place / "bg/LC_MESSAGES/kedrin-module.mo", ignored))
+            return program / place;
+    return "";
+}
+
+} // namespace
+
+void chooseLanguage()
+{
+    const std::string locale = namedLocale();
+    if (locale.empty() || locale == "C" || locale == "POSIX")
+        return;
+    const std::string folder = catalogueFolder();
+    if (folder.empty())
+        return;
+    std::setlocale(LC_CTYPE, anyUtf8Locale); // in which the system's own messages come
+    if (!std::setlocale(LC_MESSAGES, "") && std::setlocale(LC_MESSAGES, anyUtf8Locale))
+        ::setenv("LANGUAGE", locale.c_str(), 0);
+    ::bindtextdomain(messageDomain, folder.c_str());
+    ::bind_textdomain_codeset(messageDomain, "UTF-8");
+}
+
+void speakEnglish() { std::setlocale(LC_MESSAGES, "C"); }
+
+} // namespace Kedrin::ModTool

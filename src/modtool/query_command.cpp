@@ -1,0 +1,29 @@
+#include "query_command.h"
+
+#include "messages.h"
+#include "module_error.h"
+
+#include <CLI/CLI.hpp>
+
+namespace Kedrin::ModTool {
+
+bool CQueryCommand::isChosen() const { return m_command->parsed(); }
+
+int CQueryCommand::run(const CommandStreams& streams) const
+{
+    try {
+        const int result = answer(streams.out);
+        streams.out.flush();
+        if (!streams.out)
+            throw CModuleError(tr("the output cannot be written"));
+        return result;
+    } catch (const CNotFound& ex) {
+        sayError(streams.err, ex.what());
+        return queryNothing;
+    } catch (const std::exception& ex) {
+        sayError(streams.err, ex.what());
+        return queryTrouble;
+    }
+}
+
+} // namespace Kedrin::ModTool
