@@ -2,7 +2,6 @@
 
 #include "build_error.h"
 #include "durable_file.h"
-#include "messages.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -22,7 +21,7 @@ namespace {
 
 [[noreturn]] void failToWrite(const std::string& name, const std::string& reason)
 {
-    throw CBuildError(message("%s: cannot be written (%s)", name, reason));
+    throw CBuildError(name + ": cannot be written (" + reason + ')');
 }
 
 /// The path without links and without a trailing slash, so that its neighbours can be named.
@@ -44,9 +43,9 @@ void checkReplaceable(const std::string& path)
     if (!fs::exists(status))
         return;
     if (!fs::is_directory(status))
-        throw CBuildError(message("%s: is no folder", path));
+        throw CBuildError(path + ": is no folder");
     if (!fs::exists(path + "/BibleTitles.txt") && !fs::is_empty(path, error))
-        throw CBuildError(message("%s: is not empty and holds no module", path));
+        throw CBuildError(path + ": is not empty and holds no module");
 }
 
 } // namespace
@@ -68,7 +67,7 @@ CModuleFolder::CModuleFolder(const std::string& path) : m_path(plainPath(path)),
         if (!fs::create_directory(m_beside, error))
             failToWrite(m_beside, error.message());
     } catch (...) {
-        ::close(m_lock);
+        unlock();
         throw;
     }
 }
@@ -77,8 +76,7 @@ CModuleFolder::~CModuleFolder()
 {
     std::error_code ignored;
     fs::remove_all(m_beside, ignored);
-    ::unlink(m_lockName.c_str()); // while it is held, so that nobody can have taken it
-    ::close(m_lock);
+    unlock();
 }
 
 /// The holder removes the file when it is done, so a lock counts only while its file still has the name.
@@ -90,7 +88,7 @@ void CModuleFolder::lock()
             failToWrite(m_lockName, std::strerror(errno));
         if (::flock(m_lock, LOCK_EX | LOCK_NB) != 0) {
             ::close(m_lock);
-            throw CFolderBusy(message("%s: another build of this folder is running", m_path));
+            throw CFolderBusy(m_path + ": another build of this folder is running");
         }
         struct stat held
         {
@@ -103,6 +101,12 @@ void CModuleFolder::lock()
             return;
         ::close(m_lock);
     }
+}
+
+void CModuleFolder::unlock() const
+{
+    ::unlink(m_lockName.c_str()); // while it is held, so that nobody can have taken it
+    ::close(m_lock);
 }
 
 void CModuleFolder::removeLeftovers()
@@ -125,20 +129,39 @@ void CModuleFolder::write(std::string_view name, std::string_view content)
 void CModuleFolder::publish()
 {
     syncFolder(m_beside);
-    exchange();
-    syncFolder(m_parent);
-}
-
-void CModuleFolder::exchange()
-{
-    if (::renameat2(AT_FDCWD, m_beside.c_str(), AT_FDCWD, m_path.c_str(), RENAME_EXCHANGE) == 0)
-        return; // the module of before is beside now, and goes with the destructor
-    if (errno == EINVAL && ::rename(m_path.c_str(), m_replaced.c_str()) != 0)
-        failToWrite(m_path, std::strerror(errno));
-    if (::rename(m_beside.c_str(), m_path.c_str()) != 0)
-        failToWrite(m_path, std::strerror(errno));
+    takePlace();
+    try {
+        syncFolder(m_parent);
+    } catch (...) {
+        giveBack();
+        throw;
+    }
     std::error_code ignored;
     fs::remove_all(m_replaced, ignored);
+}
+
+/// The module of before is beside then, and goes with the destructor; on disks that cannot exchange folders it is where
+/// replaced ones are.
+void CModuleFolder::takePlace()
+{
+    if (::renameat2(AT_FDCWD, m_beside.c_str(), AT_FDCWD, m_path.c_str(), RENAME_EXCHANGE) == 0)
+        return;
+    const bool isFree = errno == ENOENT;
+    const bool isMoved = errno == EINVAL && ::rename(m_path.c_str(), m_replaced.c_str()) == 0;
+    if ((isFree || isMoved) && ::rename(m_beside.c_str(), m_path.c_str()) == 0)
+        return;
+    const int error = errno;
+    if (isMoved)
+        ::rename(m_replaced.c_str(), m_path.c_str());
+    failToWrite(m_path, std::strerror(error));
+}
+
+void CModuleFolder::giveBack()
+{
+    if (::renameat2(AT_FDCWD, m_beside.c_str(), AT_FDCWD, m_path.c_str(), RENAME_EXCHANGE) == 0)
+        return;
+    ::rename(m_path.c_str(), m_beside.c_str());
+    ::rename(m_replaced.c_str(), m_path.c_str());
 }
 
 } // namespace Kedrin::ModTool

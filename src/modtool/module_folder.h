@@ -37,13 +37,15 @@ public:
     /// @throws CBuildError  "%s: cannot be written (%s)"
     void write(std::string_view name, std::string_view content);
 
-    /// Moves the folder to its place, in one step where another module is there.
+    /// Moves the folder to its place, in one step where another module is there. What fails leaves that one there.
     /// @throws CBuildError  "%s: cannot be written (%s)"
     void publish();
 
 private:
     void lock();
-    void exchange();
+    void unlock() const;
+    void takePlace();
+    void giveBack(); ///< undoes takePlace(), as far as the disk lets it
     void removeLeftovers();
 
     std::string m_path;

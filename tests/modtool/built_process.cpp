@@ -34,12 +34,16 @@ BuiltProcess::BuiltProcess()
     m_commonStructure = build_test::bytesOf(m_folder.file("kept/BibleStructure.txt"));
 }
 
-void BuiltProcess::beginWithNothing() const { fs::remove_all(modules()); }
+void BuiltProcess::beginWithNothing() const
+{
+    fs::create_directories(modules());
+    for (const fs::directory_entry& entry : fs::directory_iterator(modules()))
+        fs::remove_all(entry.path());
+}
 
 void BuiltProcess::beginWithTheOldModule() const
 {
-    fs::remove_all(modules());
-    fs::create_directories(modules());
+    beginWithNothing();
     fs::copy(m_folder.file("kept/old"), made());
     m_folder.write("modules/BibleStructure.txt", m_commonStructure);
 }

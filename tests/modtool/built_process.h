@@ -23,7 +23,7 @@ protected:
     /// `kedrin-module build --quiet SOURCE modules/made`
     Command buildOf(const std::string& source) const { return tool({"build", "-q", source, made()}); }
 
-    /// The modules directory as it is without the module, or with the old one.
+    /// Makes the modules directory empty, or one with the old module.
     void beginWithNothing() const;
     void beginWithTheOldModule() const;
 

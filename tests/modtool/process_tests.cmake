@@ -2,6 +2,7 @@
 add_executable(modtool_process_tests
   build_fixture.cpp
   built_process.cpp
+  full_disk_test.cpp
   interrupted_build_test.cpp
   tool_process.cpp
   traced_call.cpp)

@@ -16,7 +16,7 @@ const std::string watchedCalls = "?open,openat,?mkdir,mkdirat,write,ftruncate,fs
 Command traced(const std::string& log, const std::string& calls, const std::vector<Injection>& injections,
                const Command& command)
 {
-    Command whole{"strace", "-qqq", "-o", log, "-e", "signal=none", "-e", "trace=" + calls};
+    Command whole{"strace", "-qqq", "-y", "-o", log, "-e", "signal=none", "-e", "trace=" + calls};
     for (const Injection& injection : injections) {
         whole.push_back("-e");
         whole.push_back("inject=" + injection.name + ':' + injection.what +
@@ -32,6 +32,15 @@ bool changesNothing(const std::string& call)
 }
 
 } // namespace
+
+std::string fileOf(const TracedCall& call)
+{
+    const bool isNamed =
+        call.name.starts_with("open") || call.name.starts_with("mkdir") || call.name.starts_with("rename");
+    const std::size_t end = isNamed ? call.text.rfind('"') : call.text.find('>');
+    const std::size_t begin = call.text.rfind(isNamed ? '"' : '<', end - 1) + 1;
+    return call.text.substr(begin, end - begin);
+}
 
 bool canTrace() { return run(traced("/dev/null", watchedCalls, {}, {"true"})).exitCode == 0; }
 

@@ -13,8 +13,11 @@ struct TracedCall
 {
     std::string name;    ///< "mkdir"
     unsigned int number; ///< among the program's calls of this name, from 1
-    std::string text;    ///< as strace shows it: `mkdir("/tmp/a", 0777) = 0`
+    std::string text;    ///< as strace shows it: `fsync(4</tmp/a>) = 0`
 };
+
+/// The path of what a call makes, writes, syncs or, under its new name, moves.
+std::string fileOf(const TracedCall& call);
 
 /// Whether strace is here and may trace.
 bool canTrace();
