@@ -43,7 +43,8 @@ CCheckCommand::CCheckCommand(CLI::App& program)
     m_command->add_flag("--json", m_json, tr("Report as JSON"));
     m_command->add_flag("--strict", m_strict, tr("Warnings count as defects"));
     m_command->add_option("--places", m_maxPlaces, tr("How many places of each finding to name (5)"))
-        ->check(CLI::Range(std::size_t(0), mostMaxPlaces));
+        ->check(CLI::Range(std::size_t(0), mostMaxPlaces))
+        ->option_text("N");
     m_command->add_flag("-q,--quiet", m_quiet, tr("No progress bar and no report: the exit code tells"));
 }
 

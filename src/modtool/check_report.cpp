@@ -132,10 +132,13 @@ std::string CheckReport::json() const
 
 std::string listOfChecks()
 {
+    std::size_t columns = 0;
+    for (const Severity severity : severities)
+        columns = std::max(columns, charactersIn(tr(severityName(severity))));
     std::string text;
     for (const Check& check : checkTable())
-        text += padded(std::string(check.id), 25) + ' ' + padded(tr(severityName(check.severity)), 7) + "  " +
-                tr(check.advice) + '\n';
+        text += padded(std::string(check.id), 25) + ' ' + padded(tr(severityName(check.severity)), columns) +
+                "  " + tr(check.advice) + '\n';
     return text;
 }
 

@@ -35,9 +35,10 @@ CExportCommand::CExportCommand(CLI::App& program)
 {
     m_command->add_option("MODULE", m_module, tr("The module's folder"))->required();
     m_command->add_option("FILE", m_file, tr("The file to write; standard output if none is named"));
-    m_command->add_option("--to", m_format, tr("The format: verse-lines or osis"))
+    m_command->add_option("--to", m_format, tr("The format"))
         ->required()
-        ->check(CLI::IsMember({verseLines, osis}));
+        ->check(CLI::IsMember({verseLines, osis}))
+        ->option_text("verse-lines|osis");
 }
 
 int CExportCommand::answer(std::ostream& out) const

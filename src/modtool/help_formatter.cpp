@@ -26,15 +26,15 @@ std::string row(const std::string& name, const std::string& description)
 CHelpFormatter::CHelpFormatter()
 {
     for (const char* word : {translatable("Usage"), translatable("OPTIONS"), translatable("SUBCOMMAND"),
-                             translatable("Positionals"), translatable("TEXT"), translatable("UINT"),
-                             translatable("REQUIRED"), translatable("Excludes"), translatable("MODULE")})
+                             translatable("Positionals"), translatable("Options"), translatable("TEXT"),
+                             translatable("DIR"), translatable("FILE"), translatable("NAME"), translatable("MODULE")})
         label(word, tr(word));
 }
 
 std::string CHelpFormatter::make_group(std::string group, bool isPositional,
                                        std::vector<const CLI::Option*> options) const
 {
-    return Formatter::make_group(tr(group.c_str()), isPositional, options);
+    return Formatter::make_group(get_label(group), isPositional, options);
 }
 
 std::string CHelpFormatter::make_subcommand(const CLI::App* command) const
@@ -44,7 +44,16 @@ std::string CHelpFormatter::make_subcommand(const CLI::App* command) const
 
 std::string CHelpFormatter::make_option(const CLI::Option* option, bool isPositional) const
 {
-    return row(make_option_name(option, isPositional) + make_option_opts(option), make_option_desc(option));
+    const std::string value = isPositional ? "" : make_option_opts(option);
+    return row(make_option_name(option, isPositional) + value, make_option_desc(option));
+}
+
+/// What stands after an option's name: its value. What is required or excluded is told when it is missed.
+std::string CHelpFormatter::make_option_opts(const CLI::Option* option) const
+{
+    if (!option->get_option_text().empty())
+        return ' ' + option->get_option_text();
+    return option->get_type_size() == 0 ? "" : ' ' + get_label(option->get_type_name());
 }
 
 } // namespace Kedrin::ModTool

@@ -14,6 +14,7 @@ public:
                            std::vector<const CLI::Option*> options) const override;
     std::string make_subcommand(const CLI::App* command) const override;
     std::string make_option(const CLI::Option* option, bool isPositional) const override;
+    std::string make_option_opts(const CLI::Option* option) const override;
 };
 
 } // namespace Kedrin::ModTool

@@ -26,12 +26,15 @@ std::string counted(std::uint64_t count, const char* singular, const char* plura
     return std::to_string(count) + ' ' + ::dngettext(messageDomain, singular, plural, count);
 }
 
+std::size_t charactersIn(std::string_view utf8)
+{
+    const auto begins = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; };
+    return static_cast<std::size_t>(std::count_if(utf8.begin(), utf8.end(), begins));
+}
+
 std::string padded(const std::string& utf8, std::size_t columns)
 {
-    const auto isContinuation = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; };
-    const std::size_t width =
-        utf8.size() - static_cast<std::size_t>(std::count_if(utf8.begin(), utf8.end(), isContinuation));
-    return utf8 + std::string(columns - std::min(columns, width), ' ');
+    return utf8 + std::string(columns - std::min(columns, charactersIn(utf8)), ' ');
 }
 
 } // namespace Kedrin::ModTool

@@ -48,6 +48,9 @@ std::string message(const char* english, const Arguments&... arguments)
 /// "1 verse", "2 verses"
 std::string counted(std::uint64_t count, const char* singular, const char* plural);
 
+/// How many characters the text has, marks that stand on others included.
+std::size_t charactersIn(std::string_view utf8);
+
 /// The text and as many blanks as make it `columns` characters wide; a text that is wider stays as it is.
 /// @param utf8  one column a character
 std::string padded(const std::string& utf8, std::size_t columns);

@@ -83,7 +83,8 @@ CShowCommand::CShowCommand(CLI::App& program)
         ->type_name("MODULE")
         ->allow_extra_args(false);
     m_command->add_option("--width", m_width, tr("Columns of text in all, for several modules"))
-        ->check(CLI::Range(20, 1000));
+        ->check(CLI::Range(20, 1000))
+        ->option_text("N");
 }
 
 int CShowCommand::answer(std::ostream& out) const

@@ -1,0 +1,61 @@
+#!/usr/bin/env bash
+# The language of the tool's words follows the user's locale, installed or not; what programs read does not.
+#   language_test.sh KEDRIN-MODULE
+set -uo pipefail
+tool=$1
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+unset LC_ALL LC_MESSAGES LANG LANGUAGE
+failures=0
+
+# expect WHAT WANTED GOT
+expect() {
+    [ "$2" = "$3" ] && return
+    printf 'FAILED: %s\n  wanted: %s\n  got:    %s\n' "$1" "$2" "$3"
+    failures=$((failures + 1))
+}
+
+printf 'Gen\t1\t1\tВ начало\nGen\t1\t3\tИ рече\n' >"$work/a.txt"
+missing=(build "$work/missing" "$work/m/a")
+english="kedrin-module: $work/missing: cannot be opened"
+bulgarian="kedrin-module: $work/missing: не може да се отвори"
+
+expect "no locale" "$english" "$("$tool" "${missing[@]}" 2>&1)"
+expect "LANG" "$bulgarian" "$(env LANG=bg_BG.UTF-8 "$tool" "${missing[@]}" 2>&1)"
+expect "LANG without country" "$bulgarian" "$(env LANG=bg "$tool" "${missing[@]}" 2>&1)"
+expect "LC_MESSAGES before LANG" "$bulgarian" "$(env LC_MESSAGES=bg_BG.UTF-8 LANG=en_US.UTF-8 "$tool" "${missing[@]}" 2>&1)"
+expect "LC_ALL before LC_MESSAGES" "$english" "$(env LC_ALL=en_US.UTF-8 LC_MESSAGES=bg_BG.UTF-8 "$tool" "${missing[@]}" 2>&1)"
+expect "LANGUAGE before all" "$bulgarian" "$(env LANGUAGE=bg LC_ALL=en_US.UTF-8 "$tool" "${missing[@]}" 2>&1)"
+expect "LANGUAGE in the C locale" "$english" "$(env LANGUAGE=bg LC_ALL=C "$tool" "${missing[@]}" 2>&1)"
+expect "a language without a catalogue" "$english" "$(env LANG=de_DE.UTF-8 "$tool" "${missing[@]}" 2>&1)"
+expect "a locale that is a path" "$english" "$(env LANG=../../etc "$tool" "${missing[@]}" 2>&1)"
+
+export LANG=bg_BG.UTF-8
+expect "report" "модул         $work/m/a
+заглавие      a
+съдържа       1 книга, 1 глава, 3 стиха
+думи          4 различни от общо 4
+номерация     KJV
+              3 от 3 стиха запазват мястото си в двете посоки (3 без нито един запис)
+без текст     1 стих вътре в глава, първо в Gen 1:2" \
+    "$("$tool" build "$work/a.txt" "$work/m/a" --versification KJV 2>&1)"
+expect "check" "$work/m/a: изправен, 1 бележка; 1 книга, 3 стиха (1 празни), 3 запазват мястото си, 4 думи
+  бележка info-copyright (1): Никъде не пише кой е направил текста и как може да се използва. Добавете авторските права след третия ред.
+    _Info_.txt" "$("$tool" check "$work/m/a" 2>&1)"
+expect "the other program" "kedrin-module: „Йонна“ не е книга от модула" "$("$tool" show "$work/m/a" Йонна 2>&1)"
+expect "counts" "kedrin-module: Бит: 1 глава, глава 9 няма" "$("$tool" show "$work/m/a" Бит 9:1 2>&1)"
+expect "usage" "kedrin-module: --width: стойността 3 не е между 20 и 1000
+kedrin-module: помощ: kedrin-module --help" "$("$tool" show "$work/m/a" Бит --width 3 2>&1)"
+expect "no command" "kedrin-module: липсва команда
+kedrin-module: помощ: kedrin-module --help" "$("$tool" 2>&1)"
+expect "what the system says" "kedrin-module: /proc/nowhere: не може да се запише" \
+    "$("$tool" build "$work/a.txt" /proc/nowhere/a 2>&1 | sed 's/ (.*//')"
+for command in build check export show search info words diff; do
+    expect "the page of $command" "Употреба: kedrin-module $command" \
+        "$("$tool" $command --help | sed -n '2s/ \[.*\| MODULE.*//p')"
+done
+
+for arguments in "check $work/m/a --json" "search $work/m/a начало --json" "info $work/m/a --json"; do
+    expect "JSON of ${arguments%% *}" "$(env LANG=C "$tool" $arguments)" "$("$tool" $arguments)"
+done
+[ $failures -eq 0 ]
