@@ -2,12 +2,14 @@
 
 #include "build_error.h"
 #include "durable_file.h"
+#include "messages.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -21,7 +23,7 @@ namespace {
 
 [[noreturn]] void failToWrite(const std::string& name, const std::string& reason)
 {
-    throw CBuildError(name + ": cannot be written (" + reason + ')');
+    throw CBuildError(message("%s: cannot be written (%s)", name, reason));
 }
 
 /// The path without links and without a trailing slash, so that its neighbours can be named.
@@ -39,16 +41,26 @@ std::string plainPath(const std::string& path)
 void checkReplaceable(const std::string& path)
 {
     std::error_code error;
-    const fs::file_status status = fs::status(path, error);
+    const fs::file_status status = fs::symlink_status(path, error); // a link that is left leads to nothing
     if (!fs::exists(status))
         return;
     if (!fs::is_directory(status))
-        throw CBuildError(path + ": is no folder");
+        throw CBuildError(message("%s: is no folder", path));
     if (!fs::exists(path + "/BibleTitles.txt") && !fs::is_empty(path, error))
-        throw CBuildError(path + ": is not empty and holds no module");
+        throw CBuildError(message("%s: is not empty and holds no module", path));
 }
 
 } // namespace
+
+void checkOutside(const std::string& fileName, const std::string& folder)
+{
+    const fs::path whole = plainPath(folder);
+    checkReplaceable(whole.string());
+    std::error_code ignored;
+    const fs::path file = fs::weakly_canonical(fileName, ignored);
+    if (std::mismatch(whole.begin(), whole.end(), file.begin(), file.end()).first == whole.end())
+        throw CBuildError(message("%s: lies in the module's folder, which is replaced as a whole", fileName));
+}
 
 CModuleFolder::CModuleFolder(const std::string& path) : m_path(plainPath(path)), m_parent(folderOf(m_path))
 {
@@ -88,7 +100,7 @@ void CModuleFolder::lock()
             failToWrite(m_lockName, std::strerror(errno));
         if (::flock(m_lock, LOCK_EX | LOCK_NB) != 0) {
             ::close(m_lock);
-            throw CFolderBusy(m_path + ": another build of this folder is running");
+            throw CFolderBusy(message("%s: another build of this folder is running", m_path));
         }
         struct stat held
         {

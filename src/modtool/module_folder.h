@@ -5,6 +5,11 @@
 
 namespace Kedrin::ModTool {
 
+/// Sees to it that a file is not lost with the module that is replaced.
+/// @throws CBuildError  "%s: lies in the module's folder, which is replaced as a whole", and what CModuleFolder's
+///                      constructor says of a folder that it does not replace
+void checkOutside(const std::string& fileName, const std::string& folder);
+
 /// A module folder in the making. It is written beside its place, under a name that begins with "." and so is no
 /// module to the reader, and moved there when it is whole: at any moment there is the module of before, or the new
 /// one, or none, never a part of one.
@@ -18,8 +23,8 @@ namespace Kedrin::ModTool {
 class CModuleFolder
 {
 public:
-    /// @param path  the module's folder, absent, empty or a module (it holds BibleTitles.txt). The folder around it
-    ///              is made where it is missing.
+    /// @param path  the module's folder, absent, empty or a module (it holds BibleTitles.txt); of a link, where it
+    ///              leads. The folder around it is made where it is missing.
     /// @throws CFolderBusy  "%s: another build of this folder is running"
     /// @throws CBuildError  "%s: is no folder", "%s: is not empty and holds no module", "%s: cannot be written (%s)"
     explicit CModuleFolder(const std::string& path);

@@ -30,7 +30,7 @@ BuiltProcess::BuiltProcess()
         EXPECT_EQ(run(tool({"build", "-q", source, built})).exitCode, 0);
         *files = build_test::filesOf(built);
     }
-    EXPECT_NE(m_oldFiles, m_newFiles);
+    EXPECT_TRUE(m_oldFiles != m_newFiles);
     m_commonStructure = build_test::bytesOf(m_folder.file("kept/BibleStructure.txt"));
 }
 

@@ -2,8 +2,10 @@
 add_executable(modtool_process_tests
   build_fixture.cpp
   built_process.cpp
+  concurrent_builds_test.cpp
   full_disk_test.cpp
   interrupted_build_test.cpp
+  module_path_test.cpp
   tool_process.cpp
   traced_call.cpp)
 target_compile_definitions(modtool_process_tests PRIVATE KEDRIN_MODULE_PROGRAM="$<TARGET_FILE:kedrin-module>")
