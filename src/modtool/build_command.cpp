@@ -44,15 +44,19 @@ CBuildCommand::CBuildCommand(CLI::App& program)
         tr("sword:NAME, an installed SWORD Bible; a file of OSIS, USFM, Zefania XML or verse lines; or a "
            "folder of USFM files"));
     m_command->add_option("MODULE-FOLDER", m_folder, tr("The module's folder, made or replaced as a whole"));
-    m_command->add_option("--all-sword", m_allSwordDirectory,
-                          tr("Build every installed SWORD Bible into a folder of this directory"));
+    m_command
+        ->add_option("--all-sword", m_allSwordDirectory,
+                     tr("Build every installed SWORD Bible into a folder of this directory"))
+        ->type_name("DIR");
     m_command->add_flag("--substitute", m_options.substitute,
                         tr("Replace the characters that Windows-1251 lacks"));
     m_command->add_option("--title", m_options.fullTitle, tr("Full title"));
     m_command->add_option("--short", m_options.shortTitle, tr("Short title"));
     m_command->add_option("--abbr", m_options.abbreviatedTitle, tr("Abbreviated title"));
-    m_command->add_option("--versification", m_options.versification,
-                          tr("Versification of the source, by its SWORD name"));
+    m_command
+        ->add_option("--versification", m_options.versification,
+                     tr("Versification of the source, by its SWORD name"))
+        ->type_name("NAME");
     addReadingOptions();
     m_command->add_flag("-q,--quiet", m_quiet, tr("No progress bar and no report"));
 }
@@ -88,14 +92,16 @@ void CBuildCommand::addReadingOptions()
     const std::map<std::string, bool> titles{{"bg", false}, {"source", true}};
     addChoice(*m_command, "--from", "osis|usfm|zefania|verse-lines", formats, m_readOptions.format,
               tr("Format of the source, where its content misleads"));
-    m_command->add_option("--encoding", m_readOptions.encoding,
-                          tr("Encoding of the source, where it says none"));
+    m_command
+        ->add_option("--encoding", m_readOptions.encoding, tr("Encoding of the source, where it says none"))
+        ->type_name("NAME");
     addChoice(*m_command, "--book-order", "source|protestant|orthodox", orders, m_readOptions.order,
               tr("Order of the books"));
     addChoice(*m_command, "--titles", "bg|source", titles, m_options.sourceTitles,
               tr("Titles of the books: Bulgarian or the source's"));
-    m_command->add_option("--copyright", m_copyrightFile,
-                          tr("Text file with the copyright, a paragraph a line"));
+    m_command
+        ->add_option("--copyright", m_copyrightFile, tr("Text file with the copyright, a paragraph a line"))
+        ->type_name("FILE");
 }
 
 namespace {
