@@ -53,7 +53,8 @@ std::string CHelpFormatter::make_option_opts(const CLI::Option* option) const
 {
     if (!option->get_option_text().empty())
         return ' ' + option->get_option_text();
-    return option->get_type_size() == 0 ? "" : ' ' + get_label(option->get_type_name());
+    const bool hasValue = option->get_type_size() != 0 && !option->get_type_name().empty();
+    return hasValue ? ' ' + get_label(option->get_type_name()) : "";
 }
 
 } // namespace Kedrin::ModTool

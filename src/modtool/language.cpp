@@ -12,11 +12,17 @@ namespace {
 
 constexpr const char* anyUtf8Locale = "C.UTF-8";
 
+std::string valueOf(const char* variable)
+{
+    const char* value = std::getenv(variable);
+    return value ? value : "";
+}
+
 /// The locale that the environment names for messages; "" for none.
 std::string namedLocale()
 {
     for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"})
-        if (const char* value = std::getenv(variable); value && *value)
+        if (std::string value = valueOf(variable); !value.empty())
             return value;
     return "";
 }
@@ -43,8 +49,9 @@ void chooseLanguage()
     if (folder.empty())
         return;
     std::setlocale(LC_CTYPE, anyUtf8Locale); // in which the system's own messages come
-    if (!std::setlocale(LC_MESSAGES, "") && std::setlocale(LC_MESSAGES, anyUtf8Locale))
-        ::setenv("LANGUAGE", locale.c_str(), 0);
+    const bool isInstalled = std::setlocale(LC_MESSAGES, "");
+    if (!isInstalled && std::setlocale(LC_MESSAGES, anyUtf8Locale) && valueOf("LANGUAGE").empty())
+        ::setenv("LANGUAGE", locale.c_str(), 1);
     ::bindtextdomain(messageDomain, folder.c_str());
     ::bind_textdomain_codeset(messageDomain, "UTF-8");
 }

@@ -4,6 +4,7 @@
 #include "check_command.h"
 #include "command_line.h"
 #include "export_command.h"
+#include "manual_page.h"
 #include "query_commands.h"
 
 #include <unistd.h>
@@ -21,6 +22,11 @@ int runProgram(int argc, const char* const* argv, std::ostream& out, std::ostrea
     CCheckCommand check(parser);
     CExportCommand exporter(parser);
     CQueryCommands query(parser);
+    const auto printManualPage = [&] {
+        out << manualPage(parser);
+        throw CLI::Success();
+    };
+    parser.add_flag_callback("--manual-page", printManualPage)->group(""); // for whoever installs the program
     std::vector<const ICommand*> commands = {&build, &check, &exporter};
     const auto queries = query.all();
     commands.insert(commands.end(), queries.begin(), queries.end());

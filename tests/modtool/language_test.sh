@@ -26,6 +26,7 @@ expect "LANG without country" "$bulgarian" "$(env LANG=bg "$tool" "${missing[@]}
 expect "LC_MESSAGES before LANG" "$bulgarian" "$(env LC_MESSAGES=bg_BG.UTF-8 LANG=en_US.UTF-8 "$tool" "${missing[@]}" 2>&1)"
 expect "LC_ALL before LC_MESSAGES" "$english" "$(env LC_ALL=en_US.UTF-8 LC_MESSAGES=bg_BG.UTF-8 "$tool" "${missing[@]}" 2>&1)"
 expect "LANGUAGE before all" "$bulgarian" "$(env LANGUAGE=bg LC_ALL=en_US.UTF-8 "$tool" "${missing[@]}" 2>&1)"
+expect "LANGUAGE that is empty" "$bulgarian" "$(env LANGUAGE= LANG=bg_BG.UTF-8 "$tool" "${missing[@]}" 2>&1)"
 expect "LANGUAGE in the C locale" "$english" "$(env LANGUAGE=bg LC_ALL=C "$tool" "${missing[@]}" 2>&1)"
 expect "a language without a catalogue" "$english" "$(env LANG=de_DE.UTF-8 "$tool" "${missing[@]}" 2>&1)"
 expect "a locale that is a path" "$english" "$(env LANG=../../etc "$tool" "${missing[@]}" 2>&1)"

@@ -1,0 +1,49 @@
+#!/usr/bin/env bash
+# Completion in bash: commands, every option of each, the words of options, files.
+#   completion_test.sh KEDRIN-MODULE COMPLETION
+set -uo pipefail
+PATH=$(dirname "$1"):$PATH
+source /usr/share/bash-completion/bash_completion
+source "$2"
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+cd "$work" || exit 1
+mkdir "a module" && touch "a text.txt"
+failures=0
+
+# complete_line WORDS...: what Tab offers after the words, sorted, a line each
+complete_line() {
+    COMP_WORDS=("$@") COMP_CWORD=$(($# - 1)) COMP_LINE="$*" COMP_TYPE=9 COMP_KEY=9 COMPREPLY=()
+    COMP_POINT=${#COMP_LINE}
+    _kedrin_module kedrin-module "${*: -1}" "${*: -2:1}" 2>/dev/null
+    printf '%s\n' "${COMPREPLY[@]}" | LC_ALL=C sort
+}
+
+# expect WANTED WORDS...
+expect() {
+    local wanted=$1 got
+    shift
+    got=$(complete_line "$@" | tr '\n' ' ')
+    [ "$got" = "$wanted" ] && return
+    printf 'FAILED: %s\n  wanted: %s\n  got:    %s\n' "$*" "$wanted" "$got"
+    failures=$((failures + 1))
+}
+
+expect "--help build check diff export info search show words " kedrin-module ""
+expect "search show " kedrin-module s
+for command in build check export show search info words diff; do
+    options=$(LC_ALL=C kedrin-module "$command" --help | grep -oE '^  (-[a-z],)?--[a-z-]+' | sed 's/.*\(--\)/\1/' | LC_ALL=C sort | tr '\n' ' ')
+    [[ $options == *--help* ]] || { echo "FAILED: the help of $command has no options"; failures=1; }
+    expect "$options" kedrin-module "$command" -
+done
+expect "--count " kedrin-module search m --cou
+expect "osis usfm verse-lines zefania " kedrin-module build --from ""
+expect "osis " kedrin-module export m --to o
+expect "orthodox protestant source " kedrin-module build --book-order ""
+expect "bg source " kedrin-module build --titles ""
+expect "a module " kedrin-module show ""
+expect "a module " kedrin-module show m Jn --with a
+expect "a module a text.txt " kedrin-module build a
+expect " " kedrin-module build x y --title a
+LC_ALL= LANG=bg_BG.UTF-8 expect "--counts --help " kedrin-module words --
+[ $failures -eq 0 ]
