@@ -9,6 +9,8 @@ namespace Kedrin::ModTool {
 
 namespace {
 
+constexpr std::string_view bible = "Bible.";
+
 /// Calls `use` for each node inside the element that `xml` stands at, and leaves it at the element's end.
 template <typename Use>
 void forEachInside(CXmlReader& xml, Use&& use)
@@ -21,6 +23,14 @@ void forEachInside(CXmlReader& xml, Use&& use)
             return;
         use(node);
     }
+}
+
+/// "KJV" for "Bible.KJV"
+std::string_view withoutKind(std::string_view workId)
+{
+    if (workId.starts_with(bible))
+        workId.remove_prefix(bible.size());
+    return workId;
 }
 
 } // namespace
@@ -41,9 +51,13 @@ void COsisHeader::read(CXmlReader& xml)
         if (node != CXmlReader::Node::start || xml.name() != "work")
             return;
         const std::string id = xml.attribute("osisWork");
-        if (m_found || (!m_workId.empty() && id != m_workId && id != "Bible." + m_workId))
+        const bool isWanted = m_workId.empty() || withoutKind(id) == withoutKind(m_workId);
+        if (m_found || (m_hasWork && !isWanted))
             return;
-        m_found = true;
+        m_found = isWanted;
+        m_hasWork = true;
+        m_info = {};
+        m_versification.clear();
         m_info.shortTitle = m_info.abbreviatedTitle = id;
         readWork(xml);
     });
@@ -62,7 +76,6 @@ void COsisHeader::readWork(CXmlReader& xml)
 
 void COsisHeader::take(const std::string& element, const std::string& type, const std::string& content)
 {
-    constexpr std::string_view bible = "Bible.";
     if (element == "description" && type == "x-copyright") {
         m_info.copyright.push_back(content);
         return;

@@ -27,7 +27,8 @@ private:
     std::string m_workId;
     SourceInfo m_info;
     std::string m_versification;
-    bool m_found = false;
+    bool m_found = false;   ///< the work that was wanted
+    bool m_hasWork = false; ///< it, or the first
 };
 
 /// The text of the element that `xml` stands at, without its tags; reads on to its end.

@@ -3,6 +3,7 @@
 #include "build_error.h"
 #include "messages.h"
 #include "osis_header.h"
+#include "osis_reference.h"
 #include "text_input.h"
 #include "verse_collector.h"
 #include "xml_reader.h"
@@ -23,40 +24,12 @@ bool isOneOf(std::string_view name, const std::array<std::string_view, N>& names
 
 constexpr std::array<std::string_view, 18> blocks{
     "p",    "l",    "lg",     "lb",     "div",    "list",   "item",    "table", "row",
-    "cell", "head", "closer", "speech", "salute", "signed", "chapter", "label", "milestone"};
+    "cell", "head", "closer", "speech", "salute", "signed", "chapter", "label", "caesura"};
 constexpr std::array<std::string_view, 3> titles{"title", "head", "speaker"};
 constexpr std::array<std::string_view, 3> figures{"figure", "caption", "index"};
 constexpr std::array<std::string_view, 9> sideMatter{"introduction",    "preface",   "glossary",
                                                      "front",           "back",      "index",
                                                      "acknowledgement", "coverPage", "titlePage"};
-
-/// A reference to one verse: "KJV:1John.2.3!a".
-struct Reference
-{
-    std::string_view book;
-    unsigned int chapter;
-    VerseNumber verse;
-};
-
-std::optional<Reference> parseReference(std::string_view text)
-{
-    if (const std::size_t colon = text.find(':'); colon != std::string_view::npos)
-        text.remove_prefix(colon + 1);
-    const std::size_t part = text.find('!');
-    text = text.substr(0, part);
-    const std::size_t first = text.find('.');
-    const std::size_t second = first == std::string_view::npos ? first : text.find('.', first + 1);
-    if (second == std::string_view::npos || first == 0)
-        return std::nullopt;
-    std::string_view verseText = text.substr(second + 1);
-    const auto chapter = parseVerseNumber(text.substr(first + 1, second - first - 1));
-    const auto verse = parseVerseNumber(verseText.substr(0, verseText.find('.')));
-    if (!chapter || !verse || chapter->first != chapter->last || chapter->first == 0)
-        return std::nullopt;
-    return Reference{text.substr(0, first),
-                     chapter->first,
-                     {verse->first, verse->last, verse->isPart || part != std::string_view::npos}};
-}
 
 /// The closing sign for a quotation's opening one.
 std::string closingSign(const std::string& opening)
@@ -112,7 +85,9 @@ private:
         else if (name == "q")
             startQuotation();
         else if (name == "milestone")
-            m_verses.addText(m_xml.attribute("marker"), m_xml.line());
+            startMilestone();
+        else if (name == "w" && !m_xml.isEmpty())
+            m_verses.beginWord();
         else if (isOneOf(name, titles))
             startTitle(name);
         else if (const auto reason = reasonToSkip(name))
@@ -133,8 +108,10 @@ private:
             m_verses.endTitle();
             m_verses.addBreak();
             m_titleDepth = noDepth;
+        } else if (name == "w") {
+            m_verses.endWord();
         } else if (name == "q") {
-            m_verses.addText(m_quoteSigns.empty() ? "" : m_quoteSigns.back(), m_xml.line());
+            m_verses.addClosingSign(m_quoteSigns.empty() ? "" : m_quoteSigns.back(), m_xml.line());
             if (!m_quoteSigns.empty())
                 m_quoteSigns.pop_back();
         }
@@ -165,32 +142,13 @@ private:
         m_verseDepth = m_xml.isEmpty() ? noDepth : m_xml.depth();
     }
 
-    /// @param id  a reference, several with blanks between them, or a range "Gen.1.1-Gen.1.3"
     void beginVerse(const std::string& id)
     {
-        const std::size_t begin = std::min(id.find_first_not_of(' '), id.size());
-        const std::string_view list = std::string_view(id).substr(begin);
-        const std::size_t firstEnd = std::min(list.find_first_of(" -"), list.size());
-        std::size_t lastBegin = list.find_last_of(" -");
-        auto reference = parseReference(list.substr(0, firstEnd));
+        const auto reference = parseOsisReferences(id);
         if (!reference)
             m_xml.fail(message("%s is no reference to a verse", inQuotes(id)));
-        if (lastBegin != std::string_view::npos && ++lastBegin < list.size())
-            reference->verse.last = lastVerse(list.substr(lastBegin), *reference);
         m_verses.beginBook(reference->book);
         m_verses.beginVerse(reference->chapter, reference->verse, m_xml.line());
-    }
-
-    /// The number of the last verse of a range, as long as it stands in the chapter.
-    unsigned int lastVerse(std::string_view text, const Reference& first) const
-    {
-        const auto last = parseReference(text);
-        if (last && last->chapter == first.chapter && last->book == first.book)
-            return std::max(first.verse.first, last->verse.last);
-        const auto number = parseVerseNumber(text);
-        if (!last && !number)
-            m_xml.fail(message("%s is no reference to a verse", inQuotes(text)));
-        return last ? maxSourceNumber : std::max(first.verse.first, number->last);
     }
 
     void startDivision()
@@ -212,6 +170,16 @@ private:
         m_verses.beginChapter();
     }
 
+    /// The sign of a quotation that goes on clings to the word behind it; other signs stand alone.
+    void startMilestone()
+    {
+        const std::string sign = m_xml.attribute("marker");
+        const bool goesOn = m_xml.attribute("type") == "cQuote";
+        if (!goesOn)
+            m_verses.addBreak();
+        m_verses.addOpeningSign(sign + (goesOn ? "" : " "), m_xml.line());
+    }
+
     void startQuotation()
     {
         const std::string sign = m_xml.attribute("marker");
@@ -219,7 +187,10 @@ private:
         if (sign.empty() && !isMilestoneEnd && m_xml.attribute("who") != "Jesus" &&
             m_xml.attribute("type") != "block")
             m_verses.found(ReaderRule::unmarkedQuote, m_xml.line());
-        m_verses.addText(sign, m_xml.line());
+        if (isMilestoneEnd)
+            m_verses.addClosingSign(sign, m_xml.line());
+        else
+            m_verses.addOpeningSign(sign, m_xml.line());
         if (!m_xml.isEmpty())
             m_quoteSigns.push_back(closingSign(sign));
     }
@@ -241,13 +212,31 @@ private:
         const bool isExported = type == "x-module"; // one of the titles that export writes
         if (!isExported)
             m_verses.found(ReaderRule::title, m_xml.line());
-        const std::string text = elementText(m_xml);
+        const std::string text = titleText();
         m_verses.addBreak();
         if (!namesBook || m_verses.bookHasVerses() || !m_verses.titles().fullTitle.empty())
             return;
         m_verses.titles() = {text, shortTitle, abbreviation.empty() ? shortTitle : abbreviation};
         if (isExported)
             m_verses.info().keepsTitles = true;
+    }
+
+    /// The text of the title that is reached, up to its end or to a verse in it, which is read as any other.
+    std::string titleText()
+    {
+        std::string text;
+        const int depth = m_xml.depth();
+        for (auto node = m_xml.next(); node != CXmlReader::Node::none; node = m_xml.next()) {
+            if (node == CXmlReader::Node::end && m_xml.depth() == depth)
+                break;
+            if (node == CXmlReader::Node::text)
+                text += m_xml.text();
+            if (node == CXmlReader::Node::start && m_xml.name() == "verse") {
+                startVerse();
+                break;
+            }
+        }
+        return text;
     }
 
     std::optional<ReaderRule> reasonToSkip(const std::string& name) const

@@ -26,12 +26,17 @@ std::string lower(std::string text)
     return text;
 }
 
+/// Archives hold files whose names begin with a point beside those that users see.
+bool isHidden(const fs::path& file) { return file.filename().string().starts_with('.'); }
+
 std::vector<fs::path> usfmFiles(const std::string& folder)
 {
     std::vector<fs::path> files;
     std::error_code error;
     for (fs::directory_iterator file(folder, error), end; !error && file != end; file.increment(error)) {
         const std::string extension = lower(file->path().extension().string());
+        if (isHidden(file->path()))
+            continue;
         if (extension == ".usfm" || extension == ".sfm" || extension == ".ptx")
             files.push_back(file->path());
     }

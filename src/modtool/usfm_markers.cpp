@@ -47,6 +47,12 @@ UsfmMarker classify(std::string_view name)
     return UsfmMarker::unknown;
 }
 
+bool marksWords(std::string_view name)
+{
+    const std::string_view base = baseName(name);
+    return base == "w" || base == "wg" || base == "wh" || base == "wa" || base == "rb";
+}
+
 bool endsParagraph(UsfmMarker marker) { return marker < UsfmMarker::note && marker != UsfmMarker::cell; }
 
 } // namespace Kedrin::ModTool

@@ -27,6 +27,9 @@ enum class UsfmMarker
 /// @param name  without backslash, with its number: "q1"
 UsfmMarker classify(std::string_view name);
 
+/// Whether what stands up to its end marker is one word or several, each whole: "w", "rb".
+bool marksWords(std::string_view name);
+
 /// Whether the marker ends the paragraph before it.
 bool endsParagraph(UsfmMarker marker);
 

@@ -62,9 +62,9 @@ private:
 
     void text(std::string_view content)
     {
+        if (m_openCharacters > 0 && m_tokens.isAtEndMarker())
+            content = content.substr(0, content.find('|'));
         if (m_skip == Skip::nothing) {
-            if (m_openCharacters > 0)
-                content = content.substr(0, content.find('|'));
             m_verses.addText(plainText(content), m_line);
             return;
         }
@@ -72,13 +72,15 @@ private:
             m_verses.found(m_skipReason, m_line);
             m_skipCounted = true;
         }
-        if (m_takesTitle)
-            m_verses.titles().fullTitle += std::string(content) + ' ';
+        if (m_takesTitle && m_noteInTitle.empty())
+            m_verses.titles().fullTitle += plainText(content);
     }
 
     void marker(std::string_view name)
     {
         const UsfmMarker kind = classify(name);
+        if (m_takesTitle && kind == UsfmMarker::note)
+            m_noteInTitle = name;
         if (!stopsSkipping(kind, name))
             return;
         if (endsParagraph(kind)) {
@@ -116,6 +118,8 @@ private:
             [[fallthrough]];
         case UsfmMarker::character:
             ++m_openCharacters;
+            if (marksWords(name))
+                m_verses.beginWord();
             return;
         case UsfmMarker::paragraph:
             return;
@@ -138,6 +142,10 @@ private:
 
     void endMarker(std::string_view name)
     {
+        if (name == m_noteInTitle)
+            m_noteInTitle.clear();
+        if (marksWords(name))
+            m_verses.endWord();
         if (m_skip == Skip::toMarker && name == m_skipped) {
             endSkipping();
             m_verses.addGap();
@@ -161,7 +169,10 @@ private:
     void endSkipping()
     {
         m_skip = Skip::nothing;
+        if (m_takesTitle)
+            m_verses.titles().fullTitle += ' ';
         m_takesTitle = false;
+        m_noteInTitle.clear();
     }
 
     void book()
@@ -202,7 +213,7 @@ private:
 
     void field(std::string_view name)
     {
-        const std::string content(m_tokens.restOfLine());
+        const std::string content = plainText(m_tokens.restOfLine());
         if (!m_verses.inBook())
             return;
         BookTitles& titles = m_verses.titles();
@@ -238,6 +249,7 @@ private:
     bool m_skipCounted = false;
     bool m_mainTitle = false;  ///< the book's full title is taken from its main title
     bool m_takesTitle = false; ///< what is skipped is part of it
+    std::string m_noteInTitle; ///< end marker of a note in it
 };
 
 } // namespace

@@ -13,15 +13,27 @@ bool isNameByte(char c)
 
 bool isBlankByte(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 
+std::string_view withoutNumber(std::string_view marker)
+{
+    while (!marker.empty() && marker.back() >= '0' && marker.back() <= '9')
+        marker.remove_suffix(1);
+    return marker;
+}
+
+/// How many bytes the name at the front of the text has.
+std::size_t nameBytes(std::string_view text)
+{
+    return static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), isNameByte) - text.begin());
+}
+
 } // namespace
 
 std::string_view baseName(std::string_view marker)
 {
     if (marker.ends_with("-s") || marker.ends_with("-e"))
         marker.remove_suffix(2);
-    while (!marker.empty() && marker.back() >= '0' && marker.back() <= '9')
-        marker.remove_suffix(1);
-    return marker;
+    const std::string_view first = withoutNumber(marker);
+    return first.ends_with('-') ? withoutNumber(first.substr(0, first.size() - 1)) : first;
 }
 
 std::string_view CUsfmTokens::take(std::size_t byteCount)
@@ -48,27 +60,39 @@ UsfmToken CUsfmTokens::marker()
     take(1);
     if (m_rest.starts_with('+'))
         take(1);
-    const auto* end = std::find_if_not(m_rest.begin(), m_rest.end(), isNameByte);
-    const std::string_view name = take(static_cast<std::size_t>(end - m_rest.begin()));
+    const std::string_view name = take(nameBytes(m_rest));
     if (m_rest.starts_with('*')) {
         take(1);
         return {UsfmToken::Kind::endMarker, name, {}, line};
     }
-    if (takeMilestoneEnd())
+    if (takeMilestoneEnd(name.ends_with("-s") || name.ends_with("-e")))
         return {UsfmToken::Kind::milestone, name, {}, line};
     if (!m_rest.empty() && isBlankByte(m_rest.front()))
         take(m_rest.starts_with("\r\n") ? 2 : 1);
     return {UsfmToken::Kind::marker, name, {}, line};
 }
 
-/// Takes `\*`, with attributes before it, where the marker has such an end.
-bool CUsfmTokens::takeMilestoneEnd()
+bool CUsfmTokens::isAtEndMarker() const
+{
+    if (!m_rest.starts_with('\\'))
+        return false;
+    const std::string_view name = m_rest.substr(m_rest.starts_with("\\+") ? 2 : 1);
+    const std::size_t byteCount = nameBytes(name);
+    return byteCount != 0 && name.substr(byteCount).starts_with('*');
+}
+
+/// Takes `\*`, with attributes before it, where the marker has such an end; a milestone's attributes up to the end of
+/// the line where it has none.
+bool CUsfmTokens::takeMilestoneEnd(bool isMilestone)
 {
     const std::size_t begin = std::min(m_rest.find_first_not_of(' '), m_rest.size());
     const std::size_t end = m_rest.find('\\', begin);
-    if (end == std::string_view::npos || m_rest.substr(end, 2) != "\\*" ||
-        (end != begin && m_rest[begin] != '|'))
-        return false;
+    const bool hasAttributes = begin != m_rest.size() && m_rest[begin] == '|';
+    if (end == std::string_view::npos || m_rest.substr(end, 2) != "\\*" || (end != begin && !hasAttributes)) {
+        if (isMilestone && hasAttributes)
+            take(std::min(m_rest.find_first_of("\\\r\n"), m_rest.size()));
+        return isMilestone && hasAttributes;
+    }
     take(end + 2);
     return true;
 }
@@ -81,9 +105,11 @@ std::string_view CUsfmTokens::restOfLine()
 std::string_view CUsfmTokens::word()
 {
     take(std::min(m_rest.find_first_not_of(" \t"), m_rest.size()));
-    const std::string_view taken = take(std::min(m_rest.find_first_of(" \t\r\n\\"), m_rest.size()));
+    constexpr std::string_view noBreak = "\u00A0";
+    const std::string_view taken =
+        take(std::min({m_rest.find_first_of(" \t\r\n\\"), m_rest.find(noBreak), m_rest.size()}));
     if (!m_rest.empty() && m_rest.front() != '\\')
-        take(1);
+        take(m_rest.starts_with(noBreak) ? noBreak.size() : 1);
     return taken;
 }
 

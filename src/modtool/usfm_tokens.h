@@ -32,22 +32,27 @@ public:
 
     UsfmToken next();
 
+    /// Whether a character marker's end comes next: what stands behind a '|' before it are attributes.
+    bool isAtEndMarker() const;
+
     /// The text up to the end of the line or the next marker; reads on behind it.
     std::string_view restOfLine();
 
-    /// The text up to the next blank, line end or marker, behind blanks; reads on behind it and one blank.
+    /// The text up to the next blank, line end or marker, behind blanks; reads on behind it and one blank, which may be a
+    /// no-break one.
     std::string_view word();
 
 private:
     std::string_view take(std::size_t byteCount);
     UsfmToken marker();
-    bool takeMilestoneEnd();
+    bool takeMilestoneEnd(bool isMilestone);
 
     std::string_view m_rest;
     std::size_t m_line = 1;
 };
 
-/// A marker's name without its number and the -s or -e of a milestone: "q" for "q1".
+/// A marker's name without its number, or range of columns, and the -s or -e of a milestone: "q" for "q1", "tc" for
+/// "tc1-2".
 std::string_view baseName(std::string_view marker);
 
 } // namespace Kedrin::ModTool

@@ -6,31 +6,14 @@
 #include "word_gap.h"
 
 #include <algorithm>
-#include <charconv>
 #include <tuple>
+#include <utility>
 
 namespace Kedrin::ModTool {
 
 namespace {
 
-constexpr std::string_view rangeSigns[] = {"-", "\u2013", "\u2014", "\u2011", ","};
-
 auto placeIn(const SourceVerse& verse) { return std::tuple(verse.book, verse.chapter, verse.verse); }
-
-/// Takes a number and the letter of a part off the front.
-std::optional<unsigned int> takeNumber(std::string_view& text, bool& isPart)
-{
-    unsigned int value = 0;
-    const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc() || value > maxSourceNumber)
-        return std::nullopt;
-    text.remove_prefix(static_cast<std::size_t>(stop - text.data()));
-    if (!text.empty() && text.front() >= 'a' && text.front() <= 'z') {
-        isPart = true;
-        text.remove_prefix(1);
-    }
-    return value;
-}
 
 /// Whether two pieces that follow one another make one verse: the same place, or verse 0 and the next one.
 bool belongTogether(const SourceVerse& first, const SourceVerse& second)
@@ -39,36 +22,20 @@ bool belongTogether(const SourceVerse& first, const SourceVerse& second)
            (first.verse == second.verse || first.verse == 0);
 }
 
+constexpr const char* blanks = " \t\r\n";
+
+std::string_view trimmedEnd(std::string_view text)
+{
+    return text.substr(0, text.find_last_not_of(blanks) + 1);
+}
+
 std::string_view trimmed(std::string_view text)
 {
-    constexpr const char* blanks = " \t\r\n";
-    const std::size_t begin = std::min(text.find_first_not_of(blanks), text.size());
-    return text.substr(begin, text.find_last_not_of(blanks) + 1 - begin);
+    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
+    return trimmedEnd(text);
 }
 
 } // namespace
-
-std::optional<VerseNumber> parseVerseNumber(std::string_view text)
-{
-    VerseNumber number{0, 0, false};
-    bool lastIsPart = false;
-    const auto first = takeNumber(text, number.isPart);
-    if (!first)
-        return std::nullopt;
-    number.first = number.last = *first;
-    while (!text.empty()) {
-        const auto* between = std::find_if(std::begin(rangeSigns), std::end(rangeSigns),
-                                           [&](std::string_view sign) { return text.starts_with(sign); });
-        if (between == std::end(rangeSigns))
-            return std::nullopt;
-        text.remove_prefix(between->size());
-        const auto last = takeNumber(text, lastIsPart);
-        if (!last || *last < number.last)
-            return std::nullopt;
-        number.last = *last;
-    }
-    return number;
-}
 
 void CVerseCollector::beginBook(std::string_view osis)
 {
@@ -78,6 +45,7 @@ void CVerseCollector::beginBook(std::string_view osis)
         return;
     endVerse();
     placeTitle();
+    loseSigns();
     if (isNew) {
         if (index >= maxSourceBooks)
             throw CBuildError(message("the source has more than %s books", maxSourceBooks));
@@ -107,9 +75,13 @@ void CVerseCollector::beginVerse(unsigned int chapter, const VerseNumber& number
         found(ReaderRule::versePart, line);
     if (number.first == 0)
         found(ReaderRule::verseZero, line);
+    addText(std::exchange(m_signs, {}), line);
 }
 
-void CVerseCollector::endVerse() { m_inVerse = m_inTitle = m_hasGap = m_outsideCounted = false; }
+void CVerseCollector::endVerse()
+{
+    m_inVerse = m_inTitle = m_hasGap = m_outsideCounted = m_inWord = m_hasGapInWord = false;
+}
 
 void CVerseCollector::append(std::string_view utf8)
 {
@@ -121,25 +93,64 @@ void CVerseCollector::append(std::string_view utf8)
 void CVerseCollector::addText(std::string_view utf8, std::size_t line)
 {
     if (m_inTitle) {
+        m_title += needsBlank(m_title, utf8) ? " " : "";
         m_title += utf8;
         return;
     }
     if (!m_inVerse) {
-        if (!m_outsideCounted && !isBlank(utf8)) {
-            found(ReaderRule::outside, line);
-            m_outsideCounted = true;
-        }
+        if (!isBlank(utf8))
+            countOutside(line);
         return;
     }
     if (!m_title.empty() && !isBlank(utf8))
         placeTitle();
-    if (m_hasGap && !utf8.empty()) {
-        const SourceVerse& verse = m_pieces.back().verse;
-        if (beginsWord(utf8) && !endsOpen(m_bible.textOf(verse)))
-            append(" ");
-        m_hasGap = false;
-    }
+    if (needsBlank(m_bible.textOf(m_pieces.back().verse), utf8))
+        append(" ");
     append(utf8);
+}
+
+/// Whether a gap is to be filled between the text and the next one. What follows the gap ends it.
+bool CVerseCollector::needsBlank(std::string_view before, std::string_view next)
+{
+    if (next.empty())
+        return false;
+    m_hasGapInWord = false;
+    return std::exchange(m_hasGap, false) && beginsWord(next) && !endsOpen(before);
+}
+
+void CVerseCollector::countOutside(std::size_t line)
+{
+    if (!m_outsideCounted)
+        found(ReaderRule::outside, line);
+    m_outsideCounted = true;
+}
+
+void CVerseCollector::addOpeningSign(std::string_view utf8, std::size_t line)
+{
+    if (m_inVerse || m_inTitle)
+        addText(utf8, line);
+    else
+        m_signs += utf8;
+}
+
+void CVerseCollector::addClosingSign(std::string_view utf8, std::size_t line)
+{
+    if (m_inVerse || m_inTitle || m_pieces.empty() || m_pieces.back().verse.book != m_book) {
+        addText(utf8, line);
+        return;
+    }
+    if (isBlank(utf8))
+        return;
+    SourceVerse& verse = m_pieces.back().verse; // its text is the last of all texts
+    verse.byteCount = static_cast<std::uint32_t>(trimmedEnd(m_bible.textOf(verse)).size());
+    m_bible.text.resize(verse.offset + verse.byteCount);
+    append(utf8);
+}
+
+void CVerseCollector::loseSigns()
+{
+    if (!isBlank(std::exchange(m_signs, {})))
+        found(ReaderRule::outside, 0);
 }
 
 void CVerseCollector::addBreak()
@@ -151,7 +162,14 @@ void CVerseCollector::addBreak()
         append(" ");
 }
 
-void CVerseCollector::addGap() { m_hasGap = m_inVerse && !m_inTitle; }
+void CVerseCollector::addGap() { (m_inWord ? m_hasGapInWord : m_hasGap) = m_inVerse || m_inTitle; }
+
+void CVerseCollector::endWord()
+{
+    m_inWord = false;
+    m_hasGap = m_hasGap || m_hasGapInWord;
+    m_hasGapInWord = false;
+}
 
 void CVerseCollector::beginTitle()
 {
@@ -195,6 +213,7 @@ SourceBible CVerseCollector::finish()
 {
     endVerse();
     placeTitle();
+    loseSigns();
     takeGreekBooks();
     mergePieces();
     return std::move(m_bible);

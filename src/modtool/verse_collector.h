@@ -1,27 +1,14 @@
 #pragma once
 
 #include "source_bible.h"
+#include "verse_number.h"
 
-#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
 namespace Kedrin::ModTool {
-
-/// What a source writes for the number of a verse.
-struct VerseNumber
-{
-    unsigned int first;
-    unsigned int last; ///< equals `first` where it is one verse
-    bool isPart;       ///< 1a
-};
-
-/// Reads "3", "3a", "3-5", "3,5". Zero is a number.
-/// @returns nothing where the text is none of these, a number is larger than maxSourceNumber, or the last is smaller
-///     than the first
-std::optional<VerseNumber> parseVerseNumber(std::string_view text);
 
 /// Puts a source's verses together from what its reader meets on its way, and applies the rules that all marked-up
 /// formats share (doc/formats/source-rules.md).
@@ -59,8 +46,16 @@ public:
     /// The end of a line, a paragraph, a cell: words do not run together over it.
     void addBreak();
 
-    /// A note was left out here: words that stood on either side of it do not run together.
+    /// A note was left out here: words that stood on either side of it do not run together, but a word that the
+    /// source marks as one, between the next two, stays one.
     void addGap();
+    void beginWord() { m_inWord = true; }
+    void endWord();
+
+    /// The sign at the beginning of a quotation or paragraph, or at the end of a quotation. Outside the verses it goes
+    /// to the next verse, or to the last one.
+    void addOpeningSign(std::string_view utf8, std::size_t line);
+    void addClosingSign(std::string_view utf8, std::size_t line);
 
     /// Between the two, text belongs before the next text, be it of this verse or of the next one.
     void beginTitle();
@@ -84,6 +79,9 @@ private:
 
     std::string place(std::size_t line) const;
     void append(std::string_view utf8);
+    bool needsBlank(std::string_view before, std::string_view next);
+    void countOutside(std::size_t line);
+    void loseSigns();
     void placeTitle();
     void takeGreekBooks();
     void mergePieces();
@@ -93,10 +91,13 @@ private:
     std::vector<Piece> m_pieces; ///< the last one is open while m_inVerse
     std::unordered_map<std::string, std::uint32_t> m_bookIndices;
     std::string m_title; ///< waits for text to stand before
+    std::string m_signs; ///< wait for the next verse
     std::uint32_t m_book = 0;
     bool m_inVerse = false;
     bool m_inTitle = false;
     bool m_hasGap = false;
+    bool m_inWord = false;
+    bool m_hasGapInWord = false; ///< and nothing of the word followed
     bool m_outsideCounted = false;
 };
 

@@ -45,7 +45,7 @@ public:
             if (line.ends_with('\r'))
                 line.remove_suffix(1);
             ++m_line;
-            if (!line.empty())
+            if (!isBlank(line))
                 addLine(line);
             begin = end + 1;
         }

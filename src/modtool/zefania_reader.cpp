@@ -32,7 +32,7 @@ public:
     {
         if (m_xml.next() != CXmlReader::Node::start || lower(m_xml.name()) != "xmlbible")
             m_xml.fail(message("the root element is %s, not XMLBIBLE", inQuotes(m_xml.name())));
-        m_verses.info().fullTitle = m_xml.attribute("biblename");
+        m_verses.info().fullTitle = attribute("biblename");
         for (auto node = m_xml.next(); node != CXmlReader::Node::none; node = m_xml.next()) {
             if (node == CXmlReader::Node::text)
                 m_verses.addText(m_xml.text(), m_xml.line());
@@ -54,7 +54,11 @@ private:
             m_verses.endVerse();
         else if (name == "div")
             m_verses.addBreak();
+        else if (isWord(name))
+            m_verses.endWord();
     }
+
+    static bool isWord(const std::string& name) { return name == "gr" || name == "gram"; }
 
     void start(const std::string& name)
     {
@@ -76,6 +80,8 @@ private:
             skip(ReaderRule::outside);
         else if (name == "media")
             skip(ReaderRule::figure);
+        else if (isWord(name) && !m_xml.isEmpty())
+            m_verses.beginWord();
     }
 
     /// An attribute that the format's two spellings write in small or capital letters.
@@ -102,6 +108,7 @@ private:
     {
         m_verses.beginBook(osisOfZefania(number("bnumber", translatable("%s is no book number"))));
         m_verses.beginChapter();
+        m_chapter = 0;
         const std::string brief = attribute("bsname");
         m_verses.titles() = {attribute("bname"), brief, brief};
     }

@@ -1,0 +1,53 @@
+#include "verse_number.h"
+
+#include "source_bible.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+constexpr std::string_view rangeSigns[] = {"-", "\u2013", "\u2014", "\u2011", ","};
+
+/// Takes a number and the letter of a part off the front.
+std::optional<unsigned int> takeNumber(std::string_view& text, bool& isPart)
+{
+    unsigned int value = 0;
+    const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc() || value > maxSourceNumber)
+        return std::nullopt;
+    text.remove_prefix(static_cast<std::size_t>(stop - text.data()));
+    if (!text.empty() && text.front() >= 'a' && text.front() <= 'z') {
+        isPart = true;
+        text.remove_prefix(1);
+    }
+    return value;
+}
+
+} // namespace
+
+std::optional<VerseNumber> parseVerseNumber(std::string_view text)
+{
+    VerseNumber number{0, 0, false};
+    bool lastIsPart = false;
+    const auto first = takeNumber(text, number.isPart);
+    if (!first)
+        return std::nullopt;
+    number.first = number.last = *first;
+    while (!text.empty()) {
+        const auto* between = std::find_if(std::begin(rangeSigns), std::end(rangeSigns),
+                                           [&](std::string_view sign) { return text.starts_with(sign); });
+        if (between == std::end(rangeSigns))
+            return std::nullopt;
+        text.remove_prefix(between->size());
+        const auto last = takeNumber(text, lastIsPart);
+        if (!last || *last < number.last)
+            return std::nullopt;
+        number.last = *last;
+    }
+    return number;
+}
+
+} // namespace Kedrin::ModTool

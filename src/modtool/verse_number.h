@@ -1,0 +1,21 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+namespace Kedrin::ModTool {
+
+/// What a source writes for the number of a verse.
+struct VerseNumber
+{
+    unsigned int first;
+    unsigned int last; ///< equals `first` where it is one verse
+    bool isPart;       ///< 1a
+};
+
+/// Reads "3", "3a", "3-5", "3,5". Zero is a number.
+/// @returns nothing where the text is none of these, a number is larger than maxSourceNumber, or the last is smaller
+///     than the first
+std::optional<VerseNumber> parseVerseNumber(std::string_view text);
+
+} // namespace Kedrin::ModTool
