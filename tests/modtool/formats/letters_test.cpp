@@ -1,0 +1,118 @@
+// Letters of the Cyrillic alphabets, and what becomes of those that Windows-1251 lacks.
+
+#include "build_fixture.h"
+
+#include <sstream>
+
+namespace {
+
+using build_test::Result;
+
+class Letters : public build_test::Building
+{
+protected:
+    Result buildText(const std::string& text, const std::vector<std::string>& options) const
+    {
+        return build("Gen\t1\t1\t" + text + "\n", options);
+    }
+
+    static std::string replacedLines(const Result& result)
+    {
+        std::istringstream report(result.out);
+        std::string lines;
+        for (std::string line; std::getline(report, line);)
+            if (line.starts_with("replaced"))
+                lines += line.substr(line.find("U+")) + '\n';
+        return lines;
+    }
+};
+
+TEST_F(Letters, OfTheNationalAlphabetsStayAsTheyAre)
+{
+    for (const char* text : {"щъьюя ЩЪЬЮЯ", "ёыэ ЁЫЭ", "ђћјљњџ ЂЋЈЉЊЏ", "ѓќѕ ЃЌЅ", "ґєії ҐЄІЇ", "ў Ў"}) {
+        const Result result = buildText(text, {});
+        ASSERT_EQ(result.code, 0) << result.err;
+        EXPECT_EQ(verse(0, 0, 0), text);
+        EXPECT_EQ(replacedLines(result), "");
+    }
+}
+
+TEST_F(Letters, BulgarianIWithGraveIsReplacedAndCountedWithoutBeingAsked)
+{
+    for (const std::vector<std::string>& options :
+         {std::vector<std::string>(), std::vector<std::string>{"--substitute"}}) {
+        const Result result = buildText("Ѝ ѝ и\u0300 и", options); // the third is composed before
+        ASSERT_EQ(result.code, 0) << result.err;
+        EXPECT_EQ(verse(0, 0, 0), "И и и и");
+        EXPECT_EQ(replacedLines(result),
+                  "U+040D CYRILLIC CAPITAL LETTER I WITH GRAVE by \"И\", 1 time, first Gen 1:1\n"
+                  "U+045D CYRILLIC SMALL LETTER I WITH GRAVE by \"и\", 2 times, first Gen 1:1\n");
+    }
+}
+
+TEST_F(Letters, MacedonianIeWithGraveIsRefusedAndReplacedWhenAsked)
+{
+    EXPECT_EQ(
+        refusal("Gen\t1\t1\tЀ ѐ\n"),
+        "kedrin-module: the text holds characters that Windows-1251 lacks (--substitute replaces them):\n"
+        "  U+0400 CYRILLIC CAPITAL LETTER IE WITH GRAVE, 1 time, first Gen 1:1\n"
+        "  U+0450 CYRILLIC SMALL LETTER IE WITH GRAVE, 1 time, first Gen 1:1\n");
+    const Result result = buildText("Ѐ ѐ", {"--substitute"});
+    EXPECT_EQ(verse(0, 0, 0), "Е е");
+    EXPECT_EQ(replacedLines(result),
+              "U+0400 CYRILLIC CAPITAL LETTER IE WITH GRAVE by \"Е\", 1 time, first Gen 1:1\n"
+              "U+0450 CYRILLIC SMALL LETTER IE WITH GRAVE by \"е\", 1 time, first Gen 1:1\n");
+}
+
+TEST_F(Letters, MarksOfStressGoWhenAskedAndAreCounted)
+{
+    EXPECT_NE(refusal("Gen\t1\t1\tза\u0301мък\n").find("U+0301 COMBINING ACUTE ACCENT, 1 time"),
+              std::string::npos);
+    const Result result = buildText("за\u0301мък замъ\u0301к", {"--substitute"});
+    EXPECT_EQ(verse(0, 0, 0), "замък замък");
+    EXPECT_EQ(replacedLines(result), "U+0301 COMBINING ACUTE ACCENT removed, 2 times, first Gen 1:1\n");
+}
+
+TEST_F(Letters, ComposedBeforeTheyAreLookedAt)
+{
+    const Result result = buildText("и\u0306 е\u0308 і\u0308 г\u0301 к\u0301 у\u0306", {});
+    ASSERT_EQ(result.code, 0) << result.err;
+    EXPECT_EQ(verse(0, 0, 0), "й ё ї ѓ ќ ў");
+    EXPECT_EQ(replacedLines(result), "");
+}
+
+TEST_F(Letters, OfTheOldOrthographyHaveTheirSuccessors)
+{
+    const Result result =
+        buildText("Ѣ ѣ Ѫ ѫ Ѭ ѭ Ѧ ѧ Ѩ ѩ Ѳ ѳ Ѵ ѵ Ѡ ѡ Ѹ ѹ Ѯ ѯ Ѱ ѱ Ѥ ѥ Ꙗ ꙗ Ꙋ ꙋ", {"--substitute"});
+    ASSERT_EQ(result.code, 0) << result.err;
+    EXPECT_EQ(verse(0, 0, 0), "Е е Ъ ъ Я я Я я Я я Ф ф И и О о У у Кс кс Пс пс Е е Я я У у");
+    EXPECT_NE(
+        result.out.find("replaced      U+0463 CYRILLIC SMALL LETTER YAT by \"е\", 1 time, first Gen 1:1\n"),
+        std::string::npos)
+        << result.out;
+}
+
+TEST_F(Letters, OfEveryFormatAreReplacedAlike)
+{
+    const std::string text = "ѝ за\u0301 ѣ љ";
+    const std::pair<const char*, std::string> sources[] = {
+        {"a.vpl", "Gen\t1\t1\t" + text},
+        {"a.usfm", "\\id GEN\n\\c 1\n\\v 1 " + text},
+        {"a.osis", "<osis><osisText><verse osisID='Gen.1.1'>" + text + "</verse></osisText></osis>"},
+        {"a.xml", "<XMLBIBLE><BIBLEBOOK bnumber='1'><CHAPTER cnumber='1'><VERS vnumber='1'>" + text +
+                      "</VERS></CHAPTER></BIBLEBOOK></XMLBIBLE>"}};
+    for (const auto& [name, content] : sources) {
+        const Result result =
+            build_test::run({"build", m_folder.write(name, content), made(), "--substitute"});
+        ASSERT_EQ(result.code, 0) << name << result.err;
+        EXPECT_EQ(verse(0, 0, 0), "и за е љ") << name;
+        EXPECT_EQ(replacedLines(result),
+                  "U+0301 COMBINING ACUTE ACCENT removed, 1 time, first Gen 1:1\n"
+                  "U+045D CYRILLIC SMALL LETTER I WITH GRAVE by \"и\", 1 time, first Gen "
+                  "1:1\nU+0463 CYRILLIC SMALL LETTER YAT by \"е\", 1 time, first Gen 1:1\n")
+            << name;
+    }
+}
+
+} // namespace
