@@ -18,6 +18,12 @@ int refuseUsage(std::ostream& err, const std::string& what)
     return exitUsage;
 }
 
+bool hasCommand(const CLI::App& parser, const std::string& name)
+{
+    return !parser.get_subcommands([&](const CLI::App* command) { return command->check_name(name); })
+                .empty();
+}
+
 } // namespace
 
 CProgramParser::CProgramParser()
@@ -37,7 +43,10 @@ int runCommandLine(CLI::App& parser, std::span<const ICommand* const> commands, 
         parser.exit(success, streams.out, streams.err);
         return exitDone;
     } catch (const CLI::ParseError& error) {
-        return refuseUsage(streams.err, usageMessage(error));
+        const std::string word = argc > 1 ? argv[1] : "";
+        const bool isUnknown = !word.empty() && word[0] != '-' && !hasCommand(parser, word);
+        return refuseUsage(streams.err,
+                           isUnknown ? message("\"%s\" is no command", word) : usageMessage(error));
     }
     for (const ICommand* command : commands)
         if (command->isChosen()) {

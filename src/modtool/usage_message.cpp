@@ -10,21 +10,28 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-/// The sentences of the parser; "%s" stands for what it puts in.
+/// A sentence of the parser, "%s" where it puts something in, and what is said instead.
+struct Sentence
+{
+    const char* parsers;
+    const char* english;
+};
+
+constexpr Sentence unchanged(const char* english) { return {english, english}; }
+
 constexpr std::array sentences = {
-    translatable("The following argument was not expected: %s"),
-    translatable("The following arguments were not expected: %s"),
-    translatable("A subcommand is required"),
-    translatable("%s is required"),
-    translatable("%s: %s required %s missing"),
-    translatable("%s: At least %s required but received %s"),
-    translatable("%s: At Most %s required but received %s"),
-    translatable("Could not convert: %s = %s"),
-    translatable("%s: Value %s not in range %s to %s"),
-    translatable("%s: %s not in %s"),
-    translatable("%s: too many inputs for a flag"),
-    translatable("%s was given a disallowed flag override"),
-    translatable("%s excludes %s"),
+    unchanged(translatable("The following argument was not expected: %s")),
+    unchanged(translatable("The following arguments were not expected: %s")),
+    unchanged(translatable("A subcommand is required")),
+    unchanged(translatable("%s is required")),
+    Sentence{"%s: %s required %s missing", translatable("%s needs a value")},
+    Sentence{"%s: At Most %s required but received %s", translatable("%s may be given only once")},
+    unchanged(translatable("Could not convert: %s = %s")),
+    unchanged(translatable("%s: Value %s not in range %s to %s")),
+    unchanged(translatable("%s: %s not in %s")),
+    unchanged(translatable("%s: too many inputs for a flag")),
+    unchanged(translatable("%s was given a disallowed flag override")),
+    unchanged(translatable("%s excludes %s")),
 };
 
 /// What stands in `said` where `sentence` has its "%s"; nothing where it is another sentence.
@@ -56,9 +63,9 @@ std::optional<std::vector<std::string>> partsOf(std::string_view said, std::stri
 std::string usageMessage(const CLI::ParseError& error)
 {
     const std::string said = error.what();
-    for (const char* sentence : sentences)
-        if (const auto parts = partsOf(said, sentence))
-            return expanded(tr(sentence), *parts);
+    for (const Sentence& sentence : sentences)
+        if (const auto parts = partsOf(said, sentence.parsers))
+            return expanded(tr(sentence.english), *parts);
     return said; // our own, in the user's language already
 }
 

@@ -49,6 +49,30 @@ expect "usage" "kedrin-module: --width: стойността 3 не е межд�
 kedrin-module: помощ: kedrin-module --help" "$("$tool" show "$work/m/a" Бит --width 3 2>&1)"
 expect "no command" "kedrin-module: липсва команда
 kedrin-module: помощ: kedrin-module --help" "$("$tool" 2>&1)"
+
+# usage WANTED ARGUMENTS...: what a command line that makes no sense is answered with
+usage() {
+    local wanted=$1
+    shift
+    expect "usage: $*" "kedrin-module: $wanted" "$("$tool" "$@" 2>&1 | head -1)"
+}
+usage 'липсва TEXT' search m
+usage 'излишен аргумент: --x' search m a --x
+usage 'излишни аргументи: --y --x' search m a --x --y
+usage '--width иска стойност' show m Jn --width
+usage '--width: стойността x не е между 20 и 1000' show m Jn --width x
+usage '--to: x не е сред {verse-lines,osis}' export m --to x
+usage '--from: „x“ не е нито едно от osis|usfm|zefania|verse-lines' build a b --from x
+usage '--places се дава само веднъж' check --places 5 --places 6 m
+usage 'невалидна стойност: --json = maybe' search m a --json=maybe
+usage '--whole-word не върви заедно с --part' search m a --part --whole-word
+usage '--whole-word намира думата с главни и малки букви, затова не върви с --case' search m a --case --whole-word
+usage 'за search е нужен текст' search m ''
+usage 'за build са нужни SOURCE и MODULE-FOLDER или --all-sword DIR' build a
+usage '--all-sword върви само с -q' build a --all-sword b
+usage 'за check е нужно или MODULE, или --list, не и двете' check m --list
+usage '„намери“ не е команда' намери m
+
 expect "what the system says" "kedrin-module: /proc/nowhere: не може да се запише" \
     "$("$tool" build "$work/a.txt" /proc/nowhere/a 2>&1 | sed 's/ (.*//')"
 for command in build check export show search info words diff; do
