@@ -50,6 +50,7 @@ std::vector<CRef> searchModule(const CModuleReader& module, const std::string& t
                                       : versesWithPart(module, text, mode == SearchMode::partByCase);
     const std::vector<CRef> places = verseNums.empty() ? std::vector<CRef>() : module.places();
     std::vector<CRef> hits;
+    hits.reserve(verseNums.size());
     for (const unsigned int verseNum : verseNums)
         hits.push_back(places[verseNum]);
     return hits;
