@@ -57,6 +57,7 @@ void ChapterView::setChapter(const QString& html)
     if (html == m_html)
         return;
     m_html = html;
+    m_centredAt = nowhere;
     setHtml(html);
 }
 
@@ -71,6 +72,17 @@ void ChapterView::centreOn(int y)
 {
     m_mustCentre = !isVisible();
     verticalScrollBar()->setValue(y - viewport()->height() / 2); // the scroll bar keeps to its range
+    m_centredAt = verticalScrollBar()->value();
+}
+
+/// Runs what lays out the text anew; what was centred stays so unless the reader has scrolled since.
+template <typename Relayout>
+void ChapterView::keepCentred(Relayout relayout)
+{
+    const bool centred = isVisible() && !m_mustCentre && verticalScrollBar()->value() == m_centredAt;
+    relayout();
+    if (centred)
+        centreOn(paragraphTop(m_askedParagraph));
 }
 
 QVariant ChapterView::loadResource(int, const QUrl&)
@@ -95,6 +107,16 @@ void ChapterView::showEvent(QShowEvent* event)
     QTextBrowser::showEvent(event);
     if (m_mustCentre)
         centreOn(paragraphTop(m_askedParagraph));
+}
+
+void ChapterView::resizeEvent(QResizeEvent* event)
+{
+    keepCentred([&] { QTextBrowser::resizeEvent(event); });
+}
+
+void ChapterView::changeEvent(QEvent* event)
+{
+    keepCentred([&] { QTextBrowser::changeEvent(event); });
 }
 
 void ChapterView::tellAnchor()

@@ -24,7 +24,8 @@ public:
 
     /// Scrolls so that `y` is in the middle, as far as the text reaches. While the view is hidden places are
     /// not known: the paragraph asked for last by paragraphTop() is centred when the view is shown the next
-    /// time.
+    /// time. Another width or font, which breaks the lines elsewhere, centres it again, unless the reader has
+    /// scrolled in between or another text has been set.
     void centreOn(int y);
 
     /// An empty stand-in for whatever is asked, so that nobody looks further.
@@ -40,6 +41,8 @@ protected:
     void doSetSource(const QUrl& name, QTextDocument::ResourceType type) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     // These would replace the text behind setChapter().
@@ -47,14 +50,16 @@ private:
     using QTextBrowser::setPlainText;
     using QTextBrowser::setText;
 
+    template <typename Relayout>
+    void keepCentred(Relayout relayout);
     void tellAnchor();
 
-    QString m_html;
-    mutable int m_askedParagraph = 0; // for centreOn() while hidden
-    bool m_mustCentre = false;
-
     static constexpr int nowhere = -1;
-    int m_clicked = nowhere; // position in the text while a click is reported
+    QString m_html;
+    mutable int m_askedParagraph = 0; // what centreOn() centres when the text has been laid out anew
+    bool m_mustCentre = false;
+    int m_centredAt = nowhere; // where the scroll bar was put; it stands there until the reader scrolls
+    int m_clicked = nowhere;   // position in the text while a click is reported
 };
 
 } // namespace qt3

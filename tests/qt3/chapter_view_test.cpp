@@ -5,6 +5,19 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// 100 verses that fill more lines in a narrower view.
+QString longChapter()
+{
+    QString html;
+    for (int number = 1; number <= 100; ++number)
+        html += u"<p>"_s + u"дума "_s.repeated(30) + u"</p>\n"_s;
+    return html;
+}
+
+} // namespace
+
 class ChapterViewTest : public QObject, private ChapterFixture
 {
     Q_OBJECT
@@ -23,6 +36,9 @@ private slots:
     void centringKeepsToTheText();
     void centringWhileHiddenHappensWhenShown();
     void centringBelongsToTheFirstShowOnly();
+    void centredParagraphStaysThroughAnotherWidth();
+    void centredParagraphStaysThroughAnotherFont();
+    void readerWhoHasScrolledIsLeftAlone();
 };
 
 void ChapterViewTest::oneParagraphAVerse()
@@ -137,6 +153,44 @@ void ChapterViewTest::centringBelongsToTheFirstShowOnly()
     m_view->hide();
     m_view->show();
     QCOMPARE(scrolled(), 7);
+}
+
+void ChapterViewTest::centredParagraphStaysThroughAnotherWidth()
+{
+    m_view->setChapter(longChapter());
+    m_view->centreOn(m_view->paragraphTop(50));
+    const int before = scrolled();
+    m_window->resize(300, 400);
+    QVERIFY(scrolled() != before);
+    QCOMPARE(scrolled(), m_view->paragraphTop(50) - m_view->viewport()->height() / 2);
+    m_window->resize(500, 400);
+    QCOMPARE(scrolled(), before);
+}
+
+void ChapterViewTest::centredParagraphStaysThroughAnotherFont()
+{
+    m_view->setChapter(longChapter());
+    m_view->centreOn(m_view->paragraphTop(50));
+    const int before = scrolled();
+    QFont large = m_window->font();
+    large.setPointSize(3 * large.pointSize());
+    m_window->setFont(large);
+    QVERIFY(scrolled() > before);
+    QCOMPARE(scrolled(), m_view->paragraphTop(50) - m_view->viewport()->height() / 2);
+}
+
+void ChapterViewTest::readerWhoHasScrolledIsLeftAlone()
+{
+    m_view->setChapter(longChapter());
+    m_view->centreOn(m_view->paragraphTop(50));
+    m_view->verticalScrollBar()->setValue(123);
+    m_window->resize(300, 400);
+    QCOMPARE(scrolled(), 123);
+
+    m_view->centreOn(m_view->paragraphTop(50));
+    m_view->setChapter(chapter(100)); // another text starts at its top
+    m_window->resize(500, 400);
+    QCOMPARE(scrolled(), 0);
 }
 
 QTEST_MAIN(ChapterViewTest)
