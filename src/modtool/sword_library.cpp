@@ -2,6 +2,7 @@
 
 #include "build_error.h"
 #include "messages.h"
+#include "sword_left_out.h"
 #include "sword_markup.h"
 
 #include <unicode/unistr.h>
@@ -96,7 +97,7 @@ public:
           m_key(static_cast<sword::VerseKey*>(module.createKey()))
     {
         m_key->setPersist(true);
-        m_key->setIntros(false);
+        m_key->setIntros(true);
         m_key->setAutoNormalize(true);
         m_module.setKey(m_key.get());
     }
@@ -121,10 +122,16 @@ private:
     void addVerse(SourceBible& bible)
     {
         const char* raw = m_module.getRawEntry();
+        const bool isIntroduction = m_key->getChapter() == 0 || m_key->getVerse() == 0;
+        if (isIntroduction) {
+            countLeftOut(raw ? raw : "", true, place(), bible.findings);
+            return;
+        }
         const bool repeats = m_lastKey && m_module.isLinked(m_lastKey.get(), m_key.get());
         m_lastKey.reset(static_cast<sword::VerseKey*>(m_key->clone()));
         if (!raw || !*raw || repeats)
             return;
+        countLeftOut(raw, false, place(), bible.findings);
         const std::string clean = withoutEntities(cleanEntry(raw));
         const std::size_t offset = bible.text.size();
         const sword::SWBuf plain = m_module.renderText(clean.c_str(), static_cast<int>(clean.size()));
@@ -133,6 +140,17 @@ private:
                                 static_cast<std::uint16_t>(m_key->getVerse()),
                                 static_cast<std::uint32_t>(offset),
                                 static_cast<std::uint32_t>(bible.text.size() - offset), 0});
+    }
+
+    /// "Gen 1:1", "Gen 1" and "Gen" for introductions, "the beginning" for that of the whole.
+    std::string place() const
+    {
+        if (m_key->getTestament() == 0 || m_key->getBook() == 0)
+            return "the beginning";
+        std::string text = m_key->getOSISBookName();
+        if (m_key->getChapter() != 0)
+            text += ' ' + std::to_string(m_key->getChapter());
+        return m_key->getVerse() == 0 ? text : text + ':' + std::to_string(m_key->getVerse());
     }
 
     std::uint32_t bookIndex(SourceBible& bible) const

@@ -13,19 +13,6 @@ namespace {
 
 constexpr std::string_view noteEnd = "</note>";
 
-/// Where the tag that ends a book begins, or npos. Containers are stored as pairs of empty elements with ids.
-std::size_t endOfBook(std::string_view raw)
-{
-    for (std::size_t begin = raw.find("<div "); begin != std::string_view::npos;
-         begin = raw.find("<div ", begin + 1)) {
-        const std::string_view tag = raw.substr(begin, raw.find('>', begin) - begin);
-        if (tag.find(" eID=") != std::string_view::npos &&
-            tag.find(" type=\"book\"") != std::string_view::npos)
-            return begin;
-    }
-    return std::string_view::npos;
-}
-
 /// The first character that is not part of a tag; 0 at the end.
 char32_t firstVisible(std::string_view text)
 {
@@ -157,6 +144,18 @@ void replaceAll(std::string& text, std::string_view from, std::string_view to)
 }
 
 } // namespace
+
+std::size_t endOfBook(std::string_view raw)
+{
+    for (std::size_t begin = raw.find("<div "); begin != std::string_view::npos;
+         begin = raw.find("<div ", begin + 1)) {
+        const std::string_view tag = raw.substr(begin, raw.find('>', begin) - begin);
+        if (tag.find(" eID=") != std::string_view::npos &&
+            tag.find(" type=\"book\"") != std::string_view::npos)
+            return begin;
+    }
+    return std::string_view::npos;
+}
 
 std::string cleanEntry(std::string_view whole)
 {

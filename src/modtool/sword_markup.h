@@ -5,6 +5,10 @@
 
 namespace Kedrin::ModTool {
 
+/// Where the tag that ends a book begins in a raw entry, or npos. Containers are stored as pairs of empty elements with
+/// ids.
+std::size_t endOfBook(std::string_view raw);
+
 /// A raw SWORD entry made fit for being rendered as plain text:
 ///  - what follows the end of a book (a glossary, say, stored with the book's last verse) is cut off;
 ///  - where a note stands between two words without a blank of its own, a blank is put behind it, since the note

@@ -13,6 +13,7 @@ sword::VerseKey keyOf(const std::string& place, const std::string& versification
 {
     sword::VerseKey key;
     key.setVersificationSystem(versification.c_str());
+    key.setIntros(true);
     key.setText(place.c_str());
     return key;
 }

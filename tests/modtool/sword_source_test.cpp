@@ -93,6 +93,24 @@ TEST_F(SwordSource, ComesWithoutNotesHeadingsAndLexicalMarks)
               "Бог е любов");
 }
 
+TEST_F(SwordSource, WhatIsLeftOutIsCounted)
+{
+    m_sword.add("Made", {{"Gen 1:0", "<title>Глава</title> предговор"},
+                         {"Gen 1:1", "а<note n=\"1\">б<note>в</note> <title>глава</title>г"},
+                         {"Gen 1:2", "<title canonical=\"true\">д</title>е<speaker>ж</speaker><note/>"
+                                     "<seg type=\"x-variant\" subType=\"x-1\">з</seg>"
+                                     "<seg type=\"x-variant\" subType=\"x-2\">и</seg>"
+                                     "<div eID=\"g\" type=\"book\"/> речник<note>к</note>"}});
+    const Result result = buildSword("Made");
+    ASSERT_EQ(result.code, 0) << result.err;
+    const std::size_t begin = result.out.find("left out");
+    EXPECT_EQ(result.out.substr(std::min(begin, result.out.size())),
+              "left out      2 notes, first Gen 1:1\n"
+              "left out      3 titles, first Gen 1\n"
+              "left out      1 other reading, first Gen 1:2\n"
+              "left out      2 texts outside the verses, first Gen 1\n");
+}
+
 TEST_F(SwordSource, KeepsCanonicalTitles)
 {
     EXPECT_EQ(textOf("<title canonical=\"true\" type=\"psalm\">Псалом на Давида.</title>Господи!"),
