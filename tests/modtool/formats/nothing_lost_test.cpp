@@ -1,0 +1,138 @@
+// Whatever element or marker a word stands in: it is in a verse, or the report has a line for it.
+
+#include "osis_reader.h"
+#include "source_text.h"
+#include "usfm_reader.h"
+#include "zefania_reader.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace Kedrin::ModTool;
+
+const std::string word = "lostword";
+
+/// What became of the word: "text", "reported", or "lost".
+std::string fateIn(const SourceBible& bible)
+{
+    const bool isText = test_support::linesOf(bible).find(word) != std::string::npos;
+    const bool isReported = !bible.findings.text().empty();
+    return isText ? "text" : isReported ? "reported" : "lost";
+}
+
+std::string fateInUsfm(const std::string& content)
+{
+    CUsfmReader reader;
+    reader.read("f.usfm", content);
+    return fateIn(reader.finish("f.usfm"));
+}
+
+/// All markers of USFM 3 and the older ones that are still met, but those whose line names the book or the file.
+constexpr const char* usfmMarkers[] = {
+    "rem",  "imt",  "imt1",    "is",    "is1",    "ip",    "ipi",  "im",     "imi",  "ipq",  "imq",
+    "ipr",  "iq",   "iq1",     "ib",    "ili",    "ili1",  "iot",  "io",     "io1",  "iex",  "imte",
+    "ie",   "ior",  "iqt",     "mt",    "mt1",    "mte",   "cl",   "cp",     "cd",   "ms",   "ms1",
+    "mr",   "s",    "s1",      "s5",    "sr",     "r",     "rq",   "d",      "sp",   "sd",   "sd1",
+    "p",    "m",    "po",      "pr",    "cls",    "pmo",   "pm",   "pmc",    "pmr",  "pi",   "pi1",
+    "mi",   "nb",   "pc",      "ph",    "ph1",    "b",     "q",    "q1",     "q2",   "qr",   "qc",
+    "qs",   "qa",   "qac",     "qm",    "qm1",    "qd",    "lh",   "li",     "li1",  "lf",   "lim",
+    "lim1", "litl", "lik",     "liv",   "liv1",   "tr",    "th",   "th1",    "thr1", "thc1", "tc",
+    "tc1",  "tcr1", "tcc1",    "tc1-2", "f",      "fe",    "fr",   "fq",     "fqa",  "fk",   "fl",
+    "fw",   "fp",   "fv",      "ft",    "fdc",    "fm",    "x",    "xo",     "xk",   "xq",   "xt",
+    "xta",  "xop",  "xot",     "xnt",   "xdc",    "add",   "bk",   "dc",     "k",    "lit",  "nd",
+    "ord",  "pn",   "png",     "addpn", "qt",     "sig",   "sls",  "tl",     "wj",   "em",   "bd",
+    "it",   "bdit", "no",      "sc",    "sup",    "fig",   "ndx",  "rb",     "pro",  "w",    "wg",
+    "wh",   "wa",   "jmp",     "ef",    "ex",     "esb",   "cat",  "periph", "pb",   "va",   "vp",
+    "ca",   "qt-s", "ts",      "zzz",   "zaln-s", "ps",    "psi",  "phi",    "fs",   "wr",   "pub",
+    "k1",   "lit1", "pubinfo", "intro", "cov",    "spine", "conc", "glo",    "idx",  "maps", "p1",
+    "p2",   "pde",  "nonsense"};
+
+/// Every element of OSIS that may hold text, but those of the header.
+constexpr const char* osisElements[] = {
+    "a",         "abbr",        "actor",       "caption", "castGroup",  "castItem", "castList",  "catchWord",
+    "cell",      "chapter",     "closer",      "date",    "divineName", "foreign",  "head",      "hi",
+    "index",     "inscription", "item",        "l",       "label",      "lb",       "lg",        "list",
+    "mentioned", "milestone",   "name",        "note",    "p",          "q",        "rdg",       "rdgGroup",
+    "reference", "roleDesc",    "row",         "salute",  "seg",        "signed",   "speaker",   "speech",
+    "table",     "title",       "transChange", "w",       "figure",     "role",     "titlePage", "other",
+    "div",       "verse"};
+
+constexpr const char* divisionTypes[] = {
+    "acknowledgement", "afterword",    "annotant", "appendix",   "article",     "back",       "body",
+    "bookGroup",       "chapter",      "colophon", "commentary", "concordance", "coverPage",  "dedication",
+    "devotional",      "entry",        "front",    "gazetteer",  "glossary",    "imprimatur", "index",
+    "introduction",    "majorSection", "map",      "outline",    "paragraph",   "part",       "preface",
+    "section",         "subSection",   "summary",  "titlePage",  "x-other"};
+
+constexpr const char* zefaniaElements[] = {
+    "CAPTION", "PROLOG", "REMARK",  "NOTE",      "XREF", "MEDIA",   "DIV",  "STYLE", "GRAM",  "GR", "gr",
+    "SUP",     "BR",     "APPINFO", "PARAGRAPH", "VERS", "caption", "note", "ITEM",  "other", "H",  "B"};
+
+std::string fateInOsis(const std::string& before, const std::string& element)
+{
+    return fateIn(readOsis("f.xml", "<osis><osisText><div type='book' osisID='Gen'><chapter osisID='Gen.1'>" +
+                                        before + element + "</div></osisText></osis>"));
+}
+
+TEST(NothingLost, InNoMarkerOfUsfm)
+{
+    for (const std::string marker : usfmMarkers) {
+        const std::string marked = '\\' + marker + ' ' + word;
+        const std::string whole = marked + '\\' + marker + '*';
+        for (const std::string& text : {" one " + whole + " two", " one\n" + marked + "\n\\p two",
+                                        " one\n\\v 2 " + marked, " one \\add " + whole + "\\add*"})
+            EXPECT_NE(fateInUsfm("\\id GEN\n\\c 1\n\\p\n\\v 1" + text), "lost") << marker << ":\n" << text;
+        EXPECT_NE(fateInUsfm("\\id GEN\n" + marked + "\n\\c 1\n\\p\n\\v 1 one"), "lost") << marker;
+        EXPECT_NE(fateInUsfm("\\id GEN\n\\c 1\n\\p\n\\v 1 one\n\\c 2\n" + marked + "\n\\p\n\\v 1 two"),
+                  "lost")
+            << marker;
+    }
+}
+
+TEST(NothingLost, InNoElementOfOsis)
+{
+    const std::string first = "<verse osisID='Gen.1.1'>one ";
+    for (const std::string name : osisElements) {
+        const std::string attributes = name == "verse" ? " osisID='Gen.1.2'" : "";
+        const std::string element = '<' + name + attributes + '>' + word + "</" + name + '>';
+        EXPECT_NE(fateInOsis(first + element + " two", "</verse></chapter>"), "lost") << name;
+        EXPECT_NE(fateInOsis(element + first, "</verse></chapter>"), "lost") << name;
+        EXPECT_NE(fateInOsis(first + "</verse>", element + "</chapter>"), "lost") << name;
+        EXPECT_NE(fateInOsis(first + "</verse></chapter>", element), "lost") << name;
+        EXPECT_NE(fateInOsis("<verse osisID='Gen.1.1' sID='s'/>one", element + "<verse eID='s'/></chapter>"),
+                  "lost")
+            << name;
+        EXPECT_NE(fateInOsis("<title type='psalm'>one " + element + "</title>" + first, "</verse></chapter>"),
+                  "lost")
+            << name;
+    }
+}
+
+TEST(NothingLost, InNoDivisionOfOsis)
+{
+    const std::string first = "<verse osisID='Gen.1.1'>one ";
+    for (const std::string type : divisionTypes) {
+        const std::string division = "<div type='" + type + "'>" + word + "</div>";
+        EXPECT_NE(fateInOsis(division + first, "</verse></chapter>"), "lost") << type;
+        EXPECT_NE(fateInOsis(first + division, "</verse></chapter>"), "lost") << type;
+        EXPECT_NE(fateInOsis(first + "</verse></chapter>", division), "lost") << type;
+    }
+}
+
+TEST(NothingLost, InNoElementOfZefaniaXml)
+{
+    for (const std::string name : zefaniaElements) {
+        const std::string attributes = name == "VERS" ? " vnumber='9'" : "";
+        const std::string element = '<' + name + attributes + '>' + word + "</" + name + '>';
+        for (const std::string& content :
+             {"<VERS vnumber='1'>one " + element + " two</VERS>", element + "<VERS vnumber='1'>one</VERS>",
+              "<VERS vnumber='1'>one</VERS>" + element})
+            EXPECT_NE(fateIn(readZefania("f.xml", "<XMLBIBLE><BIBLEBOOK bnumber='1'><CHAPTER cnumber='1'>" +
+                                                      content + "</CHAPTER></BIBLEBOOK></XMLBIBLE>")),
+                      "lost")
+                << content;
+    }
+}
+
+} // namespace
