@@ -100,7 +100,7 @@ CheckReport CCheckCommand::check(CProgress& progress) const
     }
     std::vector<std::string> folders;
     for (const std::string& name : Tolvo::sub_folders(path))
-        folders.push_back(path + '/' + name);
+        folders.push_back(std::string(path).append(1, '/').append(name));
     if (folders.empty()) {
         report.unchecked.push_back(
             message("%s: is neither a module nor a folder of modules", shownPath(path)));

@@ -37,7 +37,7 @@ struct Shift
     int verses = 0;
 
     bool operator==(const Shift&) const = default;
-    auto operator<=>(const Shift&) const = default;
+    auto operator<=>(const Shift&) const = default; // NOLINT(modernize-use-nullptr)
 };
 std::optional<std::vector<DiffRecord>> recordsFor(unsigned int book, Shift toGlobal, Shift toLocal);
 

@@ -24,7 +24,7 @@ struct CommonPlace
     int chapter;
     int verse;
 
-    auto operator<=>(const CommonPlace&) const = default;
+    auto operator<=>(const CommonPlace&) const = default; // NOLINT(modernize-use-nullptr)
 };
 
 /// A module for commands that look something up in it: its readers, put together as Tolvo::CBible does it, but

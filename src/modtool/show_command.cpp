@@ -58,6 +58,7 @@ void showSideBySide(const std::vector<const CModuleReader*>& modules, const Vers
 {
     const CTextColumns columns(modules.size(), width);
     std::vector<std::string> cells;
+    cells.reserve(modules.size());
     for (const CModuleReader* module : modules)
         cells.push_back(plainLine(module->info().fullTitle()));
     columns.writeRow(out, cells);

@@ -62,7 +62,7 @@ std::optional<std::vector<std::string>> partsOf(std::string_view said, std::stri
 
 std::string usageMessage(const CLI::ParseError& error)
 {
-    const std::string said = error.what();
+    std::string said = error.what();
     for (const Sentence& sentence : sentences)
         if (const auto parts = partsOf(said, sentence.parsers))
             return expanded(tr(sentence.english), *parts);
