@@ -7,6 +7,7 @@
 #include "real_data.h"
 
 #include <algorithm>
+#include <sstream>
 
 namespace {
 
@@ -118,6 +119,30 @@ protected:
         return count;
     }
 
+    /// Compares what a module came to with the row of the page.
+    /// @param text     as the page calls it
+    /// @param through  the format, as the page calls it
+    void expectRow(const std::string& text, const std::string& through, const std::string& name) const
+    {
+        std::istringstream holds(reportLine(name, "holds")), words(reportLine(name, "words"));
+        std::string verses, all, ignored;
+        holds >> ignored >> ignored >> ignored >> ignored >> verses;
+        words >> ignored >> ignored >> ignored >> all;
+        const std::string row = "| " + text + " | " + through + " | " + verses + " | " + all + " | " +
+                                std::to_string(charactersOf(name)) + " | " +
+                                (name == "plain" ? "" : std::to_string(differences(name).size()) + ' ') +
+                                "|\n";
+        EXPECT_NE(m_page.find(row), std::string::npos) << row;
+    }
+
+    void expectRows(const std::string& text, const std::string& from) const
+    {
+        expectRow(text, from, "plain");
+        expectRow(text, "USFM", "usfm");
+        expectRow(text, "Zefania XML", "zefania");
+        expectRow(text, "OSIS", "osis");
+    }
+
     /// A line of a module's report, by its first word.
     std::string reportLine(const std::string& name, const std::string& label) const
     {
@@ -143,6 +168,7 @@ protected:
                       build_test::bytesOf(moduleNamed("plain") + "/Conc.bin"));
         }
         EXPECT_EQ(charactersOf("plain"), charactersMarked(bible, {leftOut}));
+        expectRows('`' + name.substr(0, name.find('.')) + '`', "verse lines");
     }
 
     /// Characters of the text that is marked, but blanks and the books that modules lack.
@@ -162,6 +188,7 @@ protected:
 
     static constexpr const char* formats[] = {"usfm", "zefania", "osis"};
 
+    const std::string m_page = build_test::bytesOf(KEDRIN_FORMATS_FOLDER "/sources.md");
     std::string m_versification = "KJV";
     std::map<std::string, std::string> m_reports;
 };
@@ -199,6 +226,7 @@ TEST_F(SameText, EnglishOf1769DiffersOnlyWhereTheLibraryCapitalisesAndWhereABack
     expectReported("plain", "left out      ", countMarks(bible).notes, " note");
     EXPECT_EQ(reportLine("zefania", "words"), reportLine("plain", "words"));
     EXPECT_EQ(reportLine("osis", "words"), reportLine("plain", "words"));
+    expectRows("KJV", "SWORD");
 }
 
 TEST_F(SameText, EnglishOfOurDaysIsTheSame)
@@ -216,6 +244,7 @@ TEST_F(SameText, EnglishOfOurDaysIsTheSame)
         EXPECT_EQ(charactersOf(format), charactersMarked(bible, {"EsthGr", "PrMan", "AddPs", "4Macc"}))
             << format;
     }
+    expectRows("WEB", "SWORD");
 }
 
 TEST_F(SameText, BulgarianOf1940IsTheSame)

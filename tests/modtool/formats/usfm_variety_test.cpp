@@ -111,6 +111,14 @@ TEST(UsfmVariety, SecondNumbersOfEveryForm)
                                      "left out      3 numbers of another numbering, first in line 3\n");
 }
 
+TEST(UsfmVariety, VersesGivenTwiceAreJoined)
+{
+    const SourceBible bible = inVerse("a\n\\v 2 c\n\\p\n\\v 1 b\n\\v 2 c\n\\c 1\n\\v 3 d");
+    EXPECT_EQ(linesOf(bible), "Gen 1:1 a b\nGen 1:2 c\nGen 1:3 d\n");
+    EXPECT_EQ(bible.findings.text(), "joined        1 verse given again, first Gen 1:1\n"
+                                     "left out      1 verse repeated word for word, first Gen 1:2\n");
+}
+
 TEST(UsfmVariety, FrontMatterGlossaryAndExtraBooksAreBooksWithoutAPlace)
 {
     const SourceBible bible = read(
