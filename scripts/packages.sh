@@ -3,6 +3,7 @@
 build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev libicu-dev libsword-dev libcli11-dev libxml2-dev nlohmann-json3-dev libfmt-dev gettext)
 text_packages=(sword-text-kjv sword-text-web fonts-dejavu-core)
 screen_packages=(xvfb xauth xdotool x11-xkb-utils imagemagick)
+session_packages=(at-spi2-core dbus-daemon libatspi2.0-dev x11-utils)
 test_packages=(libgtest-dev libbenchmark-dev strace mandoc bash-completion)
 
 # need_packages NAME...: installs those that are not there, as root or through sudo.

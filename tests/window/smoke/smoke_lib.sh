@@ -2,7 +2,7 @@
 # more. Another process cannot be asked for its widgets, so what is compared is the picture of the page.
 
 page_region=440x480+216+128   # inside the chapter view of a window of 700x670 at 0,0
-deadline=150                  # polls of a tenth of a second
+deadline=${deadline:-150}                  # polls of a tenth of a second
 
 # A keyboard with Cyrillic letters and no others: xdotool would otherwise redefine keys while the program reads them.
 setxkbmap -layout bg -variant phonetic
@@ -13,14 +13,19 @@ fail() {
     exit 1
 }
 
-# start PROGRAM: starts it in the background, waits for its window and gives it the keyboard.
-start() {
+# open_window PROGRAM: starts it in the background, waits for its window and gives it the keyboard.
+open_window() {
     "$1" &
     pid=$!
     trap 'kill $pid 2>/dev/null || true' EXIT
     window=$(timeout 60 xdotool search --all --sync --onlyvisible --pid "$pid" --name 'Kedrin за Linux' | head -n 1)
     [ -n "$window" ] || fail "no window"
     xdotool windowfocus "$window"
+}
+
+# start PROGRAM: the same, and waits for the page.
+start() {
+    open_window "$1"
     last=
     moved start
 }
