@@ -85,6 +85,7 @@ private:
             return;
         if (endsParagraph(kind)) {
             m_openCharacters = 0;
+            m_verses.endWord();
             m_verses.endTitle();
             m_verses.addBreak();
         }

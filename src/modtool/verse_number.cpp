@@ -11,6 +11,17 @@ namespace {
 
 constexpr std::string_view rangeSigns[] = {"-", "\u2013", "\u2014", "\u2011", ","};
 
+/// How many bytes the small Latin or Cyrillic letter at the front of the text has; 0 for none.
+std::size_t partLetterBytes(std::string_view text)
+{
+    if (text.empty())
+        return 0;
+    if (text.front() >= 'a' && text.front() <= 'z')
+        return 1;
+    const std::string_view letter = text.substr(0, 2);
+    return letter >= "\u0430" && letter <= "\u044F" ? letter.size() : 0;
+}
+
 /// Takes a number and the letter of a part off the front.
 std::optional<unsigned int> takeNumber(std::string_view& text, bool& isPart)
 {
@@ -19,10 +30,9 @@ std::optional<unsigned int> takeNumber(std::string_view& text, bool& isPart)
     if (error != std::errc() || value > maxSourceNumber)
         return std::nullopt;
     text.remove_prefix(static_cast<std::size_t>(stop - text.data()));
-    if (!text.empty() && text.front() >= 'a' && text.front() <= 'z') {
-        isPart = true;
-        text.remove_prefix(1);
-    }
+    const std::size_t letterBytes = partLetterBytes(text);
+    isPart = isPart || letterBytes != 0;
+    text.remove_prefix(letterBytes);
     return value;
 }
 

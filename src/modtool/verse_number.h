@@ -10,7 +10,7 @@ struct VerseNumber
 {
     unsigned int first;
     unsigned int last; ///< equals `first` where it is one verse
-    bool isPart;       ///< 1a
+    bool isPart;       ///< 1a, or with a Cyrillic letter
 };
 
 /// Reads "3", "3a", "3-5", "3,5". Zero is a number.

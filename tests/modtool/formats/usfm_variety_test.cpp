@@ -111,6 +111,22 @@ TEST(UsfmVariety, SecondNumbersOfEveryForm)
                                      "left out      3 numbers of another numbering, first in line 3\n");
 }
 
+TEST(UsfmVariety, PartsMayHaveCyrillicLetters)
+{
+    const SourceBible bible = read("\\id GEN\n\\c 1\n\\v 1а one\n\\v 1б-2 two\n\\v 3я three");
+    EXPECT_EQ(linesOf(bible), "Gen 1:1 one two\nGen 1:3 three\n");
+    EXPECT_EQ(bible.findings[ReaderRule::versePart].count, 3u);
+    EXPECT_EQ(messageOf<CBuildError>([] { read("\\id GEN\n\\c 1\n\\v 1А one"); }),
+              "f.usfm:3: \"1А\" is no verse number");
+    EXPECT_EQ(messageOf<CBuildError>([] { read("\\id GEN\n\\c 1\n\\v 1\xD0"); }),
+              "f.usfm:3: \"1\xD0\" is no verse number");
+}
+
+TEST(UsfmVariety, WordWithoutAnEndEndsWithItsParagraph)
+{
+    EXPECT_EQ(linesOf(inVerse("\\w one\n\\p two\\f + \\ft n\\f*three")), "Gen 1:1 one two three\n");
+}
+
 TEST(UsfmVariety, VersesGivenTwiceAreJoined)
 {
     const SourceBible bible = inVerse("a\n\\v 2 c\n\\p\n\\v 1 b\n\\v 2 c\n\\c 1\n\\v 3 d");
