@@ -1,8 +1,11 @@
 #include "prepare.h"
 
 #include "build_error.h"
+#include "check_text.h"
+#include "check_words.h"
 #include "common_books.h"
 #include "cp1251.h"
+#include "escape.h"
 #include "given_differences.h"
 #include "messages.h"
 #include "module_layout.h"
@@ -113,11 +116,23 @@ std::vector<BookTitles> bookTitles(const SourceBible& source, const std::vector<
     return titles;
 }
 
+void refuseLongText(const ModuleData& module)
+{
+    std::uint64_t byteCount = 0;
+    for (unsigned int verseNum = 0; verseNum < module.verses.size(); ++verseNum)
+        byteCount += escapedSize(module.verse(verseNum));
+    if (byteCount > maxCheckedTextBytes)
+        throw CBuildError(message("the text has %s bytes, %s are the most", byteCount, maxCheckedTextBytes));
+}
+
 WordIndex indexWords(const ModuleData& module)
 {
     CWordIndexer indexer;
-    for (unsigned int verseNum = 0; verseNum < module.verses.size(); ++verseNum)
+    for (unsigned int verseNum = 0; verseNum < module.verses.size(); ++verseNum) {
         indexer.add(module.verse(verseNum), verseNum);
+        if (indexer.count() > maxCheckedWords)
+            throw CBuildError(message("the text has more than %s different words", maxCheckedWords));
+    }
     if (const auto& word = indexer.longWord())
         throw CBuildError(message("%s: the word \"%s\" has %s bytes, %s are the most",
                                   placeInModule(module, word->verseNum), toUtf8(word->word),
@@ -160,14 +175,15 @@ std::vector<std::string> wrappedLines(const std::vector<std::string>& paragraphs
 {
     std::vector<std::string> lines;
     for (const std::string& paragraph : paragraphs) {
-        std::string rest = encodedTitle(paragraph);
+        const std::string whole = encodedTitle(paragraph);
+        std::string_view rest = whole;
         while (rest.size() > maxLineBytes) {
-            const std::size_t blank = rest.rfind(' ', maxLineBytes);
-            const bool atBlank = blank != std::string::npos && blank != 0;
-            lines.push_back(rest.substr(0, atBlank ? blank : maxLineBytes));
-            rest.erase(0, atBlank ? blank + 1 : maxLineBytes);
+            const std::size_t blank = rest.substr(0, maxLineBytes + 1).rfind(' ');
+            const bool atBlank = blank != std::string_view::npos && blank != 0;
+            lines.emplace_back(rest.substr(0, atBlank ? blank : maxLineBytes));
+            rest.remove_prefix(atBlank ? blank + 1 : maxLineBytes);
         }
-        lines.push_back(rest);
+        lines.emplace_back(rest);
     }
     return lines;
 }
@@ -199,6 +215,7 @@ ModuleData prepareModule(const SourceBible& source, const BuildOptions& options,
     reportReplaced(encoder.foreign(), source, report);
 
     layOut(source, globals, encoded, module, report);
+    refuseLongText(module);
     module.bookTitles =
         bookTitles(source, module.books, options.sourceTitles.value_or(source.info.keepsTitles));
     module.words = indexWords(module);

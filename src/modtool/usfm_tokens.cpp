@@ -106,8 +106,8 @@ std::string_view CUsfmTokens::word()
 {
     take(std::min(m_rest.find_first_not_of(" \t"), m_rest.size()));
     constexpr std::string_view noBreak = "\u00A0";
-    const std::string_view taken =
-        take(std::min({m_rest.find_first_of(" \t\r\n\\"), m_rest.find(noBreak), m_rest.size()}));
+    const std::string_view upToBlank = m_rest.substr(0, m_rest.find_first_of(" \t\r\n\\"));
+    const std::string_view taken = take(std::min(upToBlank.find(noBreak), upToBlank.size()));
     if (!m_rest.empty() && m_rest.front() != '\\')
         take(m_rest.starts_with(noBreak) ? noBreak.size() : 1);
     return taken;

@@ -52,6 +52,8 @@ void CVerseLineHeader::takeBook(std::string_view fields)
         parts[i] = fields.substr(0, tab);
         fields.remove_prefix(std::min(fields.size(), parts[i].size() + 1));
     }
+    if (m_titles.size() >= maxSourceBooks && !m_titles.contains(parts[0]))
+        throw CBuildError(message("more than %s books", maxSourceBooks));
     m_titles[std::string(parts[0])] = {std::string(parts[1]), std::string(parts[2]), std::string(parts[3])};
 }
 

@@ -40,6 +40,9 @@ public:
     /// @param verseNum  ascending from call to call
     void add(std::string_view verse, unsigned int verseNum);
 
+    /// How many words there are so far.
+    std::size_t count() const { return m_lastVerse.size(); }
+
     /// The first word too long for a word list, if there is any.
     const std::optional<LongWord>& longWord() const { return m_longWord; }
 

@@ -3,6 +3,7 @@
 #include "build_error.h"
 #include "messages.h"
 #include "text_input.h"
+#include "xml_limits.h"
 
 #include <libxml/xmlreader.h>
 
@@ -83,6 +84,17 @@ public:
     CPrivate& operator=(const CPrivate&) = delete;
 
     xmlTextReaderPtr reader() const { return m_reader; }
+
+    /// The library finds a name among all that it has met, which takes the longer the more there are; its own limit is
+    /// too large. Called when something was read: before, there is no table of names.
+    void limitNames()
+    {
+        const xmlNode* node = m_areNamesLimited ? nullptr : xmlTextReaderCurrentNode(m_reader);
+        if (!node)
+            return;
+        xmlDictSetLimit(node->doc->dict, maxNameBytes);
+        m_areNamesLimited = true;
+    }
     const std::string& error() const { return m_error; }
     std::size_t errorLine() const { return m_errorLine; }
 
@@ -96,13 +108,20 @@ private:
         if (kept->m_error.find("Huge") != std::string::npos ||
             kept->m_error.find("huge") != std::string::npos)
             kept->m_error = tooLong;
+        if (error->code == XML_ERR_NO_MEMORY) // what the library says where limitNames() has it stop
+            kept->m_error = tooManyNames;
         kept->m_error.erase(kept->m_error.find_last_not_of(" \n") + 1);
         kept->m_hasError = true;
         kept->m_errorLine = static_cast<std::size_t>(std::max(error->line, 1));
     }
 
+    static constexpr std::size_t maxNameBytes = 1u << 20; // of all together; a format has a thousandth of it
+
     xmlTextReaderPtr m_reader;
+    bool m_areNamesLimited = false;
     static constexpr const char* tooLong = translatable("a part of it is too long");
+
+    static constexpr const char* tooManyNames = translatable("it has too many names");
 
     std::string m_error =
         tooLong; ///< the first that ends the reading; the library is silent of a text too long
@@ -117,6 +136,7 @@ CXmlReader::CXmlReader(const std::string& fileName, std::string_view utf8) : m_f
                1 + static_cast<std::size_t>(std::count(
                        utf8.begin(), utf8.begin() + static_cast<std::ptrdiff_t>(prolog.subset), '\n')),
                tr("declares entities or elements of its own, which is not allowed"));
+    checkXmlLimits(fileName, utf8);
     m_private = std::make_unique<CPrivate>(utf8);
 }
 
@@ -131,6 +151,7 @@ CXmlReader::Node CXmlReader::next()
                    message("not well-formed XML: %s", tr(m_private->error().c_str())));
         if (result == 0)
             return Node::none;
+        m_private->limitNames();
         switch (xmlTextReaderNodeType(m_private->reader())) {
         case XML_READER_TYPE_ELEMENT:
             if (depth() >= maxDepth)

@@ -4,6 +4,7 @@ add_executable(modtool_process_tests
   built_process.cpp
   concurrent_builds_test.cpp
   full_disk_test.cpp
+  hostile_source_test.cpp
   interrupted_build_test.cpp
   module_path_test.cpp
   tool_process.cpp
