@@ -1,0 +1,23 @@
+#include "bible_walker.h"
+#include "check_module.h"
+#include "module_input.h"
+
+// A check comes to its end whatever the ten files hold, and a module in which it finds no error can be read, all of it.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    constexpr std::size_t maxBytes = 4096; // a module of some chapters; the numbers in it may be of any size
+    if (size > maxBytes)
+        return 0;
+    static const fuzz::ModuleInput module;
+    module.take(fuzz::textOf(data, size));
+    using namespace Kedrin;
+    if (ModTool::checkModule(module.path(), 2).findings.count(ModTool::Severity::error) != 0)
+        return 0;
+    const Tolvo::CBible bible(module.path());
+    test_support::walkAnswers(bible);
+    test_support::walkVerses(bible);
+    test_support::walkChapters(bible);
+    test_support::walkScans(bible);
+    test_support::walkWords(bible);
+    return 0;
+}
