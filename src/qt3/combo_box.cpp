@@ -1,6 +1,7 @@
 #include "combo_box.h"
 
 #include "combo_line_edit.h"
+#include "fit_font.h"
 
 #include <QFocusEvent>
 #include <QListView>
@@ -8,6 +9,7 @@
 #include <QStringListModel>
 
 #include <algorithm>
+#include <limits>
 
 namespace qt3 {
 
@@ -131,6 +133,26 @@ void ComboBox::focusOutEvent(QFocusEvent* event)
     const QString text = itemText(currentIndex());
     if (m_return == Return::goesToItem && event->reason() != Qt::PopupFocusReason && currentText() != text)
         lineEdit()->setText(text);
+}
+
+void ComboBox::changeEvent(QEvent* event)
+{
+    QComboBox::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        fitText();
+}
+
+void ComboBox::resizeEvent(QResizeEvent* event)
+{
+    QComboBox::resizeEvent(event);
+    fitText();
+}
+
+void ComboBox::fitText()
+{
+    const QSize room(std::numeric_limits<int>::max(), lineEdit()->height());
+    const QFont fit = fitFont(font(), {}, room);
+    lineEdit()->setFont(fit == font() ? QFont() : fit); // the box's own unless it is reduced
 }
 
 void ComboBox::choose(int item)

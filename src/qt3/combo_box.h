@@ -17,6 +17,8 @@ namespace qt3 {
 /// activatedItem() and then activatedText(). Up and Down start at the item whose text is shown, at the ends
 /// they do nothing. Nothing is emitted when the focus leaves.
 ///
+/// A box too low for its font, by a geometry that is fixed, shows its text in a font reduced to fit; font() stays.
+///
 /// The list opens at the first item that begins with the text in the box. Neither an exchange of the list nor
 /// sizeHint() walks through the items.
 class ComboBox : public QComboBox
@@ -82,11 +84,14 @@ signals:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void choose(int item);
     void complete();
     void confirmText();
+    void fitText();
     void exchangeModel(QAbstractItemModel* model);
     int findItem(const QString& text, Qt::MatchFlags flags, int start = 0) const;
     int shownItem() const;

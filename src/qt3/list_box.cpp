@@ -1,17 +1,91 @@
 #include "list_box.h"
 
+#include "fit_font.h"
+
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QScrollBar>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
+
+#include <algorithm>
 
 namespace qt3 {
+
+namespace {
+
+/// Paints and measures rows with the list's painted font.
+class FitRowDelegate : public QStyledItemDelegate
+{
+public:
+    explicit FitRowDelegate(ListBox* list) : QStyledItemDelegate(list), m_list(*list) {}
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->font = m_list.paintedFont();
+        option->fontMetrics = QFontMetrics(option->font);
+    }
+
+private:
+    const ListBox& m_list;
+};
+
+/// For the text of a row, beside the scroll bar whether it is there or not: rows that grow because it has gone would
+/// bring it back.
+int rowRoom(const ListBox& list)
+{
+    const QStyle& style = *list.style();
+    const int textMargin = style.pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, &list) + 1;
+    return list.width() - 2 * list.frameWidth() - list.verticalScrollBar()->sizeHint().width() -
+           2 * textMargin;
+}
+
+} // namespace
 
 ListBox::ListBox(QWidget* parent) : QListView(parent)
 {
     setSelectionMode(SingleSelection);
     setEditTriggers(NoEditTriggers);
     setUniformItemSizes(true);
+    setItemDelegate(new FitRowDelegate(this));
+    fitRows();
+}
+
+void ListBox::setWidestRows(const QStringList& rows)
+{
+    m_widestRows = rows;
+    fitRows();
+}
+
+void ListBox::fitRows()
+{
+    const QFontMetrics metrics(font());
+    const auto narrower = [&](const QString& a, const QString& b) {
+        return metrics.horizontalAdvance(a) < metrics.horizontalAdvance(b);
+    };
+    const auto widest = std::max_element(m_widestRows.begin(), m_widestRows.end(), narrower);
+    const QFont fit =
+        widest == m_widestRows.end() ? font() : fitFont(font(), *widest, {rowRoom(*this), metrics.height()});
+    if (fit == m_paintedFont)
+        return;
+    m_paintedFont = fit;
+    scheduleDelayedItemsLayout();
+}
+
+void ListBox::changeEvent(QEvent* event)
+{
+    QListView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        fitRows();
+}
+
+void ListBox::resizeEvent(QResizeEvent* event)
+{
+    QListView::resizeEvent(event);
+    fitRows();
 }
 
 void ListBox::resetRows()

@@ -7,6 +7,9 @@ namespace qt3 {
 /// A list over a flat model (setModel(), owned by the caller), one row current at most. All rows have the
 /// height of the first one, so a list of any length appears at once.
 ///
+/// The rows that setWidestRows() names are never cut at the right: where the font is too large for them, all rows
+/// are painted with a font reduced to fit, and font() stays.
+///
 /// highlighted() follows the current row; a list that is emptied or refilled stays silent unless it has the
 /// focus.
 class ListBox : public QListView
@@ -19,6 +22,12 @@ public:
     /// To be called after the model was reset: no row is current and nothing is emitted, unless the list has
     /// the focus and there are rows: then row 0 becomes current, unselected, and highlighted(0) is emitted.
     void resetRows();
+
+    /// Texts that have to fit into the list's width, beside a scroll bar. None: rows have the list's own font.
+    void setWidestRows(const QStringList& rows);
+
+    /// What the rows are painted with.
+    QFont paintedFont() const { return m_paintedFont; }
 
     /// The current row, from 0; -1 when none is current.
     int currentItem() const;
@@ -34,13 +43,19 @@ signals:
     void highlighted(int row);
 
 protected:
+    void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
 
 private:
+    void fitRows();
     bool isRowCurrentButUnselected(const QModelIndex& index) const;
+
+    QStringList m_widestRows;
+    QFont m_paintedFont;
 };
 
 } // namespace qt3

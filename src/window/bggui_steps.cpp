@@ -189,6 +189,7 @@ void BibleForm::listHits()
             return;
         }
         m_hits->show(m_searchResults, *m_currentBible);
+        listSearchResults->setWidestRows(m_hits->longestRows());
         listSearchResults->resetRows();
     } catch (const std::exception& ex) {
         qt3::MessageBox::critical(this, QStringLiteral("Search Error:"), qt3::fromMessage(ex.what()));

@@ -2,6 +2,18 @@
 
 #include "text.h"
 
+namespace {
+
+int digits(unsigned int number)
+{
+    int count = 1;
+    for (; number >= 10; number /= 10)
+        ++count;
+    return count;
+}
+
+} // namespace
+
 void HitListModel::clear()
 {
     beginResetModel();
@@ -23,6 +35,29 @@ void HitListModel::show(const std::vector<Kedrin::Tolvo::CRef>& hits, const Kedr
         previous = &hit;
     }
     endResetModel();
+}
+
+QStringList HitListModel::longestRows() const
+{
+    struct Longest
+    {
+        int row;
+        int digits;
+    };
+    std::map<unsigned int, Longest> books; // [global book]
+    auto book = books.end();
+    for (int row = 0; row < rowCount(); ++row) {
+        const Kedrin::Tolvo::CRef& hit = (*m_hits)[static_cast<std::size_t>(row)];
+        const int length = digits(hit.chapter() + 1) + digits(hit.verse() + 1);
+        if (book == books.end() || book->first != hit.bookID())
+            book = books.try_emplace(hit.bookID(), Longest{row, length}).first;
+        if (length > book->second.digits)
+            book->second = {row, length};
+    }
+    QStringList texts;
+    for (const auto& [bookID, longest] : books)
+        texts.append(data(index(longest.row), Qt::DisplayRole).toString());
+    return texts;
 }
 
 int HitListModel::rowCount(const QModelIndex& parent) const

@@ -3,6 +3,7 @@
 #include "tolvo_ref.h"
 
 #include <QAbstractListModel>
+#include <QStringList>
 
 #include <map>
 #include <string>
@@ -21,6 +22,9 @@ public:
     /// One row a hit. `hits` must stay as it is until the next clear() or show().
     /// @param titles  what prints the hits; asked now for each book once, not kept
     void show(const std::vector<Kedrin::Tolvo::CRef>& hits, const Kedrin::Tolvo::ITitles& titles);
+
+    /// Of each book's rows the first of those with the most characters; no more strings than there are books.
+    QStringList longestRows() const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;

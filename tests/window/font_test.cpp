@@ -8,6 +8,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QFontDialog>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QTest>
 
@@ -27,6 +28,14 @@ bool inFontDialog(const FormFixture& window, const std::function<void(QFontDialo
     const BibleForm& form = window.form();
     return inDialog([&] { window.chooseInMenu(form.menuView, form.viewFont); },
                     [&](QWidget& dialog) { answer(dynamic_cast<QFontDialog&>(dialog)); });
+}
+
+void setLargeFont(BibleForm& form)
+{
+    QFont large = form.font();
+    large.setPointSize(24);
+    form.setFont(large);
+    QCoreApplication::processEvents();
 }
 
 /// The application's font goes back to what it was.
@@ -51,6 +60,8 @@ private slots:
     void fontDialogStartsWithTheApplicationsFont();
     void acceptedFontReachesWhatHasNoneOfItsOwn();
     void largeFontKeepsThePanelsPlaces();
+    void largeFontLeavesTheHitsApart();
+    void largeFontLeavesTheSearchTextWhole();
 };
 
 void FontTest::cancelledFontDialogChangesNothing()
@@ -135,6 +146,47 @@ void FontTest::largeFontKeepsThePanelsPlaces()
     QCOMPARE(form.checkRedoSearch->geometry(), QRect(0, 70, 110, 24));
     const QFontMetrics painted(form.checkRedoSearch->paintedFont());
     QVERIFY(painted.horizontalAdvance(form.checkRedoSearch->text()) < 110);
+}
+
+/// Rows that differ in their last digit only look different.
+void FontTest::largeFontLeavesTheHitsApart()
+{
+    FormFixture window;
+    openOn(window);
+    BibleForm& form = window.form();
+    form.checkPartialWord->setChecked(true);
+    FormFixture::typeInto(form.comboSearchText, QStringLiteral("псалтир 5:1"));
+    FormFixture::press(Qt::Key_Return);
+    setLargeFont(form);
+    QListView* list = form.listSearchResults;
+    const int lastRow = list->model()->rowCount() - 1;
+    const QModelIndex row = list->model()->index(lastRow - 1, 0), next = list->model()->index(lastRow, 0);
+    QCOMPARE(row.data().toString().chopped(1), next.data().toString().chopped(1));
+    list->scrollTo(next);
+    QCoreApplication::processEvents();
+    const auto picture = [&](const QModelIndex& index) {
+        return list->viewport()->grab(list->visualRect(index)).toImage();
+    };
+    QVERIFY(list->visualRect(next).right() < list->viewport()->width());
+    QVERIFY(picture(row) != picture(next));
+    QCOMPARE(list->font().pointSize(), 24);
+}
+
+void FontTest::largeFontLeavesTheSearchTextWhole()
+{
+    FormFixture window;
+    openOn(window);
+    BibleForm& form = window.form();
+    const QFont before = form.comboSearchText->lineEdit()->font();
+    setLargeFont(form);
+    const QLineEdit* field = form.comboSearchText->lineEdit();
+    QVERIFY(field->fontMetrics().height() <= field->height());
+    QCOMPARE(form.comboSearchText->font().pointSize(), 24);
+    QCOMPARE(form.comboSearchText->geometry(), QRect(0, 0, 130, 30));
+    QCOMPARE(form.comboBook->lineEdit()->font().pointSize(), 24); // has room
+    form.setFont(before);
+    QCoreApplication::processEvents();
+    QCOMPARE(field->font().pointSizeF(), before.pointSizeF());
 }
 
 QTEST_MAIN(FontTest)

@@ -3,6 +3,7 @@
 #include "fit_check_box.h"
 #include "fit_push_button.h"
 #include "form_fixture.h"
+#include "hit_list_model.h"
 #include "list_box.h"
 
 #include <QApplication>
@@ -229,6 +230,7 @@ void HitsTest::thirtyOneThousandHitsAreListed()
     const QAbstractItemModel* rows = form.listSearchResults->model();
     QCOMPARE(rows->rowCount(), 31000);
     QCOMPARE(rows->index(30999, 0).data().toString(), QStringLiteral("Пса 310:100"));
+    QCOMPARE(dynamic_cast<const HitListModel*>(rows)->longestRows(), list("Пса 100:100"));
     form.listSearchResults->setFocus(Qt::TabFocusReason);
     FormFixture::press(Qt::Key_End);
     QCOMPARE(window.place(), QStringLiteral("Псалтир 310 100"));
