@@ -9,6 +9,18 @@ namespace qt3 {
 
 QFont FitCheckBox::paintedFont() const
 {
+    QFont smallest = fittedFont();
+    if (const QWidget* parent = parentWidget())
+        for (const auto* box : parent->findChildren<FitCheckBox*>(Qt::FindDirectChildrenOnly))
+            if (const QFont fitted = box->fittedFont();
+                QFontMetrics(fitted).height() < QFontMetrics(smallest).height())
+                smallest = fitted;
+    return smallest;
+}
+
+/// As the box alone would be painted.
+QFont FitCheckBox::fittedFont() const
+{
     QStyleOptionButton option;
     initStyleOption(&option);
     return fitFont(font(), text(),

@@ -5,7 +5,7 @@
 namespace qt3 {
 
 /// A check box of fixed size that stays legible at any font: what it paints shrinks to fit, font() stays
-/// inherited.
+/// inherited. Those with the same parent are painted alike, as the one that has to shrink most.
 class FitCheckBox : public QCheckBox
 {
     Q_OBJECT
@@ -18,6 +18,9 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    QFont fittedFont() const;
 };
 
 } // namespace qt3

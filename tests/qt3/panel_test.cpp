@@ -50,6 +50,7 @@ private slots:
     void fontShrinksUntilTheTextIsLowEnough();
     void fontNeverShrinksBelowSix();
     void checkBoxPaintsSmallerAndKeepsItsFont();
+    void checkBoxesOfOnePanelHaveLettersOfOneSize();
     void pushButtonPaintsSmallerAndKeepsItsFont();
     void paintedLabelIsThatOfTheReducedFont();
 
@@ -193,6 +194,22 @@ void PanelTest::checkBoxPaintsSmallerAndKeepsItsFont()
     QVERIFY(QFontMetrics(box.paintedFont()).horizontalAdvance(box.text()) < 110);
     painted(box);
     QCOMPARE(box.font().pointSize(), 24);
+}
+
+void PanelTest::checkBoxesOfOnePanelHaveLettersOfOneSize()
+{
+    QWidget parent;
+    QWidget inner(&parent);
+    qt3::FitCheckBox longest(&parent), shortest(&parent), apart(&inner);
+    for (QCheckBox* box : {&longest, &shortest, &apart})
+        box->setGeometry(0, 0, 110, 24);
+    longest.setText(u"Актуализирай"_s);
+    shortest.setText(u"а"_s);
+    apart.setText(u"а"_s);
+    parent.setFont(QFont(u"DejaVu Sans"_s, 12));
+    QVERIFY(longest.paintedFont().pointSizeF() < 12);
+    QCOMPARE(shortest.paintedFont(), longest.paintedFont());
+    QCOMPARE(apart.paintedFont(), parent.font());
 }
 
 void PanelTest::pushButtonPaintsSmallerAndKeepsItsFont()
