@@ -67,6 +67,7 @@ protected:
         build(m_folder.write("osis.xml", build_test::osisFile(bible)), "osis");
         const build_test::MarkedCounts counts = countMarks(bible);
         for (const char* name : formats) {
+            EXPECT_EQ(reportLine(name, "kept"), "") << name; // no marker is unknown
             expectReported(name, "left out      ", counts.notes, " note");
             if (name != std::string("zefania")) // there a psalm title is text of its verse
                 expectReported(name, "joined        ", counts.psalmTitles, " psalm title");

@@ -163,6 +163,19 @@ TEST(UsfmVariety, UnknownMarkersOfEveryKindKeepTheirText)
     EXPECT_EQ(bible.findings.text(), "kept          4 texts of unknown markers, first Gen 1:1\n");
 }
 
+TEST(UsfmVariety, CharacterMarkersOfTheStandardAreKnown)
+{
+    for (const std::string marker :
+         {"add", "bk", "dc",  "k",    "nd",  "ord", "pn", "png", "addpn", "qt",   "sig", "sls",
+          "tl",  "wj", "em",  "bd",   "it",  "sc",  "no", "w",   "wg",    "wh",   "wa",  "ndx",
+          "rb",  "qs", "qac", "bdit", "sup", "jmp", "xt", "lik", "liv1",  "litl", "ior", "iqt"}) {
+        const SourceBible bible = inVerse("a \\" + marker + " b\\" + marker + "* c \\add d \\+" + marker +
+                                          " e\\+" + marker + "*\\add* f");
+        EXPECT_EQ(linesOf(bible), "Gen 1:1 a b c d e f\n") << marker;
+        EXPECT_EQ(bible.findings.text(), "") << marker;
+    }
+}
+
 TEST(UsfmVariety, TitlesOfBooksArePlain)
 {
     const SourceBible bible = read("\\id GEN\n\\toc1 First~Book//of Moses\n\\c 1\n\\v 1 a\n"
