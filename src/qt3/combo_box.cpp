@@ -5,6 +5,7 @@
 
 #include <QFocusEvent>
 #include <QListView>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QStringListModel>
 
@@ -17,6 +18,9 @@ namespace {
 
 /// Wide enough for "Псалтир" and small enough for a narrow tool bar.
 constexpr int shortestContents = 7;
+
+/// To both sides of the item at which the list opens.
+constexpr int measuredItems = 100;
 
 bool isPlain(const QKeyEvent* event)
 {
@@ -48,6 +52,7 @@ ComboBox::ComboBox(QWidget* parent) : QComboBox(parent)
     exchangeModel(m_items);
     if (auto* list = qobject_cast<QListView*>(view()))
         list->setUniformItemSizes(true);
+    view()->setTextElideMode(Qt::ElideRight);
 }
 
 ComboBox::~ComboBox() { disconnect(m_modelGone); }
@@ -106,16 +111,28 @@ void ComboBox::setCurrentText(const QString& text)
 
 void ComboBox::showPopup()
 {
-    QComboBox::showPopup();
     const QString text = currentText();
-    if (text.isEmpty() || text == itemText(currentIndex()))
-        return;
-    const int item = findItem(text, Qt::MatchStartsWith);
+    const bool isCurrent = text.isEmpty() || text == itemText(currentIndex());
+    const int item = isCurrent ? -1 : findItem(text, Qt::MatchStartsWith);
+    view()->setMinimumWidth(listWidth(item < 0 ? currentItem() : item));
+    QComboBox::showPopup();
     if (item < 0)
         return;
     const QModelIndex index = model()->index(item, modelColumn(), rootModelIndex());
     view()->setCurrentIndex(index);
     view()->scrollTo(index, QAbstractItemView::PositionAtTop);
+}
+
+/// With room for the items around one, so that a long list need not be walked through.
+int ComboBox::listWidth(int item) const
+{
+    const QFontMetrics metrics(view()->font());
+    int widest = 0;
+    for (int i = std::max(item - measuredItems, 0); i < std::min(item + measuredItems, count()); ++i)
+        widest = std::max(widest, metrics.horizontalAdvance(itemText(i)));
+    const int textMargin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, view()) + 1;
+    return widest + 2 * textMargin + 2 * view()->frameWidth() +
+           view()->verticalScrollBar()->sizeHint().width();
 }
 
 void ComboBox::keyPressEvent(QKeyEvent* event)

@@ -17,10 +17,10 @@ namespace qt3 {
 /// activatedItem() and then activatedText(). Up and Down start at the item whose text is shown, at the ends
 /// they do nothing. Nothing is emitted when the focus leaves.
 ///
-/// A box too low for its font, by a geometry that is fixed, shows its text in a font reduced to fit; font() stays.
+/// A box too low for its font, by a fixed geometry, shows its text in a font reduced to fit; font() stays.
 ///
-/// The list opens at the first item that begins with the text in the box. Neither an exchange of the list nor
-/// sizeHint() walks through the items.
+/// The list opens at the first item that begins with the text in the box, and wider than the box where the
+/// items around that one need it. Neither an exchange of the list nor sizeHint() walks through the items.
 class ComboBox : public QComboBox
 {
     Q_OBJECT
@@ -92,6 +92,7 @@ private:
     void complete();
     void confirmText();
     void fitText();
+    int listWidth(int item) const;
     void exchangeModel(QAbstractItemModel* model);
     int findItem(const QString& text, Qt::MatchFlags flags, int start = 0) const;
     int shownItem() const;

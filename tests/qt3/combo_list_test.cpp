@@ -36,6 +36,7 @@ private slots:
     void exchangeCostsNothing();
     void sizeHintDoesNotWalkTheList();
     void openingALongListCostsLittle();
+    void openListIsAsWideAsItsWords();
     void noListLeavesTheText();
     void destroyedListLeavesTheText();
     void itemsAfterAListShowThemselves();
@@ -137,6 +138,24 @@ void ComboListTest::openingALongListCostsLittle()
     QVERIFY(QTest::qWaitForWindowExposed(m->box->view()->window()));
     const int asked = m_words.takeAsked();
     QVERIFY2(asked < 2000, qPrintable(QString::number(asked)));
+    m->box->hidePopup();
+}
+
+void ComboListTest::openListIsAsWideAsItsWords()
+{
+    const QString longWord(40, u'щ');
+    QStringListModel words({u"ад"_s, longWord});
+    m->box->setListModel(&words);
+    m->box->showPopup();
+    const QAbstractItemView* list = m->box->view();
+    QVERIFY(QTest::qWaitForWindowExposed(list->window()));
+    QVERIFY(list->viewport()->width() > list->fontMetrics().horizontalAdvance(longWord));
+    m->box->hidePopup();
+
+    words.setStringList({u"ад"_s});
+    m->box->showPopup();
+    QVERIFY(QTest::qWaitForWindowExposed(list->window()));
+    QCOMPARE(list->window()->width(), m->box->width());
     m->box->hidePopup();
 }
 
