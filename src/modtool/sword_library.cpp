@@ -146,7 +146,7 @@ private:
     std::string place() const
     {
         if (m_key->getTestament() == 0 || m_key->getBook() == 0)
-            return "the beginning";
+            return tr("the beginning");
         std::string text = m_key->getOSISBookName();
         if (m_key->getChapter() != 0)
             text += ' ' + std::to_string(m_key->getChapter());

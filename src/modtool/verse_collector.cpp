@@ -206,7 +206,7 @@ std::string CVerseCollector::place(std::size_t line) const
 {
     if (!m_pieces.empty() && (m_inVerse || line == 0))
         return m_bible.placeOf(m_pieces.back().verse);
-    return "in line " + std::to_string(line);
+    return message("in line %s", line);
 }
 
 SourceBible CVerseCollector::finish()

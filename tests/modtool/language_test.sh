@@ -40,6 +40,9 @@ expect "report" "модул         $work/m/a
               3 от 3 стиха запазват мястото си в двете посоки (3 без нито един запис)
 без текст     1 стих вътре в глава, първо в Gen 1:2" \
     "$("$tool" build "$work/a.txt" "$work/m/a" --versification KJV 2>&1)"
+printf '\\id GEN\n\\ip Увод\n\\c 1\n\\v 1 В начало\n' >"$work/a.usfm"
+expect "place in the source" "изпуснати     1 текст извън стиховете, първо в ред 2" \
+    "$("$tool" build "$work/a.usfm" "$work/m/b" --versification KJV 2>&1 | tail -1)"
 expect "check" "$work/m/a: изправен, 1 бележка; 1 книга, 3 стиха (1 празни), 3 запазват мястото си, 4 думи
   бележка info-copyright (1): Никъде не пише кой е направил текста и как може да се използва. Добавете авторските права след третия ред.
     _Info_.txt" "$("$tool" check "$work/m/a" 2>&1)"
