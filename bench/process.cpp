@@ -46,7 +46,10 @@ ProcessEnd runProcess(const std::vector<std::string>& command)
     if (failed == 0) {
         end.output = readAll(output[0]);
         rusage usage = {};
-        ::wait4(child, nullptr, 0, &usage);
+        int status = 0;
+        ::wait4(child, &status, 0, &usage);
+        end.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        end.peakBytes = 1024.0 * static_cast<double>(usage.ru_maxrss);
         end.cpuSeconds = secondsOf(usage.ru_utime) + secondsOf(usage.ru_stime);
     }
     ::close(output[0]);

@@ -1,0 +1,178 @@
+// The module tool on a whole Bible, beside programs that do such work: one that counts the words of a text, and those
+// that index a SWORD text and show a verse of it. Times are of processors, the programs' starts included.
+
+#include "check.h"
+#include "process.h"
+#include "ratio_reporter.h"
+#include "temp_folder.h"
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+using Command = std::vector<std::string>;
+
+constexpr const char* swordName = "engKJV2006eb";
+constexpr const char* swordFolder = "/usr/share/sword";
+constexpr const char* verse = "only begotten Son, that whosoever believeth in him should not perish";
+
+std::string contentOf(const fs::path& file)
+{
+    std::ifstream in(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+/// One text in all its forms: a module, its verses a line each, and a SWORD text in a folder of the benchmark's own.
+class Text
+{
+public:
+    Text(std::string program, std::string module) : m_program(std::move(program)), m_module(std::move(module))
+    {
+        checkAnswer(run({"export", m_module, lines(), "--to", "verse-lines"}).exitCode == 0, "export");
+        const std::string name = std::string("mods.d/") + swordName + ".conf";
+        std::istringstream configuration(contentOf(fs::path(swordFolder) / name));
+        fs::create_directories(sword() + "/mods.d");
+        fs::copy_file(fs::path(swordFolder) / name, sword() + '/' + name);
+        for (std::string line; std::getline(configuration, line);)
+            if (line.starts_with("DataPath="))
+                copyTexts(line.substr(line.find('=') + 1));
+    }
+
+    std::string lines() const { return m_folder.file("text.txt"); }
+    std::string sword() const { return m_folder.file("sword"); }
+    std::string built() const { return m_folder.file("modules/built"); }
+    const std::string& module() const { return m_module; }
+    std::string index() const { return sword() + "/" + m_texts + "/lucene"; }
+
+    Command tool(Command arguments) const
+    {
+        arguments.insert(arguments.begin(), m_program);
+        return arguments;
+    }
+    ProcessEnd run(const Command& arguments) const { return runProcess(tool(arguments)); }
+
+    /// What is built of the lines is the module that they come from.
+    bool isBuiltRight() const
+    {
+        const auto isSame = [&](const fs::directory_entry& file) {
+            return contentOf(file) == contentOf(fs::path(built()) / file.path().filename());
+        };
+        return std::all_of(fs::directory_iterator(m_module), fs::directory_iterator(), isSame);
+    }
+
+private:
+    void copyTexts(std::string path)
+    {
+        m_texts = path.erase(path.find_last_not_of("/\r") + 1);
+        fs::create_directories(sword() + '/' + m_texts);
+        fs::copy(fs::path(swordFolder) / m_texts, sword() + '/' + m_texts);
+    }
+
+    test_support::TempFolder m_folder;
+    std::string m_program;
+    std::string m_module;
+    std::string m_texts;
+};
+
+/// Runs a program again and again.
+void run(benchmark::State& state, const Command& command)
+{
+    double peakBytes = 0;
+    for (auto _ : state) {
+        const ProcessEnd end = runProcess(command);
+        state.SetIterationTime(end.cpuSeconds);
+        peakBytes = std::max(peakBytes, end.peakBytes);
+    }
+    state.counters["peak_MB"] = peakBytes / 1e6;
+}
+
+void word_count(benchmark::State& state, const Text& text)
+{
+    const Command command{"wc", "-w", text.lines()};
+    std::istringstream words(contentOf(text.lines()));
+    const auto count = std::distance(std::istream_iterator<std::string>(words), {});
+    const long counted = std::atol(runProcess(command).output.c_str());
+    checkAnswer(counted == count, "wc");
+    run(state, command);
+}
+
+void build(benchmark::State& state, const Text& text)
+{
+    const Command arguments{"build", "--quiet", text.lines(), text.built()};
+    checkAnswer(text.run(arguments).exitCode == 0 && text.isBuiltRight(), "build");
+    run(state, text.tool(arguments));
+}
+
+void check(benchmark::State& state, const Text& text)
+{
+    const Command arguments{"check", text.module()};
+    const ProcessEnd end = text.run(arguments);
+    checkAnswer(end.exitCode == 0 && end.output.find(text.module()) != std::string::npos, "check");
+    run(state, text.tool(arguments));
+}
+
+void show(benchmark::State& state, const Text& text)
+{
+    const Command arguments{"show", text.module(), "John", "3:16"};
+    checkAnswer(text.run(arguments).output.find(verse) != std::string::npos, "show");
+    run(state, text.tool(arguments));
+}
+
+void diatheke(benchmark::State& state)
+{
+    const Command command{"diatheke", "-b", swordName, "-f", "plain", "-k", "John", "3:16"};
+    checkAnswer(runProcess(command).output.find(verse) != std::string::npos, "diatheke");
+    run(state, command);
+}
+
+void mkfastmod(benchmark::State& state, const Text& text)
+{
+    const Command command{"env", "HOME=" + text.sword(), "SWORD_PATH=" + text.sword(), "mkfastmod",
+                          swordName};
+    runProcess(command);
+    checkAnswer(fs::exists(text.index() + "/segments.gen"), "mkfastmod");
+    run(state, command);
+}
+
+template <typename Function>
+void add(const char* name, Function function)
+{
+    benchmark::RegisterBenchmark(name, function)->UseManualTime()->Unit(benchmark::kMillisecond);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    benchmark::Initialize(&argc, argv);
+    const char* program = std::getenv("KEDRIN_BENCH_TOOL");
+    const char* module = std::getenv("KEDRIN_BENCH_MODULE");
+    if (benchmark::ReportUnrecognizedArguments(argc, argv) || !program || !module)
+        return 1;
+    const Text text(program, module);
+    add("word_count", [&](benchmark::State& state) { word_count(state, text); });
+    add("build", [&](benchmark::State& state) { build(state, text); });
+    add("check", [&](benchmark::State& state) { check(state, text); });
+    add("show", [&](benchmark::State& state) { show(state, text); });
+    add("diatheke", [&](benchmark::State& state) { diatheke(state); });
+    add("mkfastmod", [&](benchmark::State& state) { mkfastmod(state, text); });
+    RatioReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    std::puts("\nRatios of the least processor times");
+    reporter.printRatio("a Bible from verse lines: build / wc -w", "build", "word_count");
+    reporter.printRatio("the same text: mkfastmod / build", "mkfastmod", "build");
+    reporter.printRatio("the same module: check / build", "check", "build");
+    reporter.printRatio("one verse: diatheke / show", "diatheke", "show");
+    benchmark::Shutdown();
+    return 0;
+}
