@@ -141,8 +141,10 @@ const std::string& CTextEncoder::replace(char32_t codePoint, std::uint32_t place
 
 std::string encodedTitle(std::string_view utf8)
 {
-    std::string title;
-    CTextEncoder().encode(utf8, 0, title);
+    std::string valid, title;
+    icu::UnicodeString::fromUTF8(icu::StringPiece(utf8.data(), static_cast<int32_t>(utf8.size())))
+        .toUTF8String(valid);
+    CTextEncoder().encode(valid, 0, title);
     return title;
 }
 

@@ -48,7 +48,7 @@ private:
     std::uint64_t m_lostLetters = 0;
 };
 
-/// Metadata in Windows-1251, with substitutes wherever needed.
+/// Metadata in Windows-1251, with substitutes wherever needed: "?" for bytes that are no UTF-8.
 std::string encodedTitle(std::string_view utf8);
 
 /// Windows-1251 as UTF-8, for reports.

@@ -88,6 +88,21 @@ TEST_F(BuildCommand, TitlesComeFromTheOptions)
     EXPECT_EQ(made("_Info_.txt"), "Full\nShort\nSh\n");
 }
 
+/// The command line and the names of files may hold any bytes.
+TEST_F(BuildCommand, BytesOfTitlesThatAreNoUtf8BecomeQuestionMarks)
+{
+    m_folder.write("\xD0"
+                   "A.vpl",
+                   verses);
+    ASSERT_EQ(run({"build", "-q",
+                   m_folder.file("\xD0"
+                                 "A.vpl"),
+                   made(), "--abbr", "B\xFF"})
+                  .code,
+              0);
+    EXPECT_EQ(made("_Info_.txt"), "?A\n?A\nB?\n");
+}
+
 TEST_F(BuildCommand, DrawsABarOnATerminalAndTakesItAway)
 {
     m_folder.write("Made.vpl", verses);
