@@ -1,5 +1,7 @@
 #include "escape.h"
 
+#include <algorithm>
+
 namespace Kedrin::ModTool {
 
 namespace {
@@ -11,8 +13,6 @@ struct Entity
 };
 
 constexpr Entity entities[] = {{'<', "&lt;"}, {'>', "&gt;"}, {'&', "&amp;"}};
-
-constexpr std::string_view special = "<>&";
 
 std::string_view entityOf(char c)
 {
@@ -27,36 +27,45 @@ std::string_view entityOf(char c)
 std::size_t escapedSize(std::string_view text)
 {
     std::size_t size = text.size();
-    for (std::size_t i = text.find_first_of(special); i < text.size(); i = text.find_first_of(special, i + 1))
-        size += entityOf(text[i]).size() - 1;
+    for (const Entity& entity : entities) {
+        const auto count = std::count(text.begin(), text.end(), entity.character);
+        size += static_cast<std::size_t>(count) * (entity.escaped.size() - 1);
+    }
     return size;
 }
 
 void appendEscaped(std::string_view text, std::string& out)
 {
-    std::size_t begin = 0;
-    for (std::size_t i = text.find_first_of(special); i < text.size();
-         i = text.find_first_of(special, i + 1)) {
-        out += text.substr(begin, i - begin);
-        out += entityOf(text[i]);
-        begin = i + 1;
+    if (escapedSize(text) == text.size()) {
+        out += text;
+        return;
     }
-    out += text.substr(begin);
+    for (const char c : text) {
+        const std::string_view escaped = entityOf(c);
+        if (escaped.empty())
+            out += c;
+        else
+            out += escaped;
+    }
 }
 
 std::string unescaped(std::string_view stored)
 {
     std::string text;
-    while (!stored.empty()) {
-        const Entity* found = nullptr;
-        if (stored.front() == '&')
-            for (const Entity& entity : entities)
-                if (stored.starts_with(entity.escaped))
-                    found = &entity;
-        text += found ? found->character : stored.front();
-        stored.remove_prefix(found ? found->escaped.size() : 1);
+    text.reserve(stored.size());
+    while (true) {
+        const std::size_t sign = std::min(stored.find('&'), stored.size());
+        text += stored.substr(0, sign);
+        stored.remove_prefix(sign);
+        if (stored.empty())
+            return text;
+        const auto* found = std::find_if(std::begin(entities), std::end(entities), [&](const Entity& entity) {
+            return stored.starts_with(entity.escaped);
+        });
+        const bool isEntity = found != std::end(entities);
+        text += isEntity ? found->character : '&';
+        stored.remove_prefix(isEntity ? found->escaped.size() : 1);
     }
-    return text;
 }
 
 } // namespace Kedrin::ModTool

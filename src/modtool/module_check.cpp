@@ -28,10 +28,20 @@ void checkSize(const std::string& folder, const char* name, std::size_t size)
         differ(message("the size of %s", name));
 }
 
+/// The first records of a file that has so many.
+std::vector<std::uint32_t> recordsIn(const std::string& fileName, std::size_t count)
+{
+    ut::CFileVector<std::uint32_t> file(fileName.c_str());
+    std::vector<std::uint32_t> records(count);
+    for (std::size_t done = 0; done < count;)
+        done += file.readRun(static_cast<unsigned int>(done), count - done, records.data() + done);
+    return records;
+}
+
 void checkTextPoints(const std::string& folder, const ModuleData& module)
 {
     checkSize(folder, "CompactPoint.bin", module.verses.size() * sizeof(std::uint32_t));
-    ut::CFileVector<std::uint32_t> points((folder + "/CompactPoint.bin").c_str());
+    const std::vector<std::uint32_t> points = recordsIn(folder + "/CompactPoint.bin", module.verses.size());
     std::size_t byteOffset = 0;
     for (unsigned int verseNum = 0; verseNum < module.verses.size(); ++verseNum) {
         if (points[verseNum] != byteOffset)
@@ -48,8 +58,8 @@ void checkWordPoints(const std::string& folder, const WordIndex& index)
     checkSize(folder, "WordPoint.bin", index.words.size() * sizeof(std::uint32_t));
     checkSize(folder, "ConcP.bin", index.words.size() * sizeof(std::uint32_t));
     checkSize(folder, "Conc.bin", (index.words.size() + index.verseNums.size()) * sizeof(std::uint16_t));
-    ut::CFileVector<std::uint32_t> wordPoints((folder + "/WordPoint.bin").c_str());
-    ut::CFileVector<std::uint32_t> entryPoints((folder + "/ConcP.bin").c_str());
+    const std::vector<std::uint32_t> wordPoints = recordsIn(folder + "/WordPoint.bin", index.words.size());
+    const std::vector<std::uint32_t> entryPoints = recordsIn(folder + "/ConcP.bin", index.words.size());
     std::size_t byteOffset = 0;
     for (unsigned int word = 0; word < index.words.size(); ++word) {
         const std::size_t entryOffset = index.firstEntry[word] + word; // a count stands before each word's

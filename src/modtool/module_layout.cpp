@@ -1,6 +1,7 @@
 #include "module_layout.h"
 
 #include "build_error.h"
+#include "check_text.h"
 #include "escape.h"
 #include "messages.h"
 #include "prepare.h"
@@ -47,6 +48,9 @@ public:
             begin = chapterEnd;
         }
     }
+
+    /// Bytes of all verses as they are stored.
+    std::uint64_t textBytes() const { return m_textBytes; }
 
 private:
     bool hasText(std::size_t i) const { return m_encoded[i].byteCount != 0; }
@@ -112,7 +116,9 @@ private:
         if (m_module.verses.size() > maxModuleVerses)
             throw CBuildError(
                 message("%s: the module would hold more than %s verses", lastPlace(), maxModuleVerses));
-        const std::size_t stored = escapedSize(m_module.verse(m_module.verses.size() - 1));
+        const std::size_t stored =
+            verse.byteCount == 0 ? 0 : escapedSize(m_module.verse(m_module.verses.size() - 1));
+        m_textBytes += stored;
         if (stored > maxVerseBytes)
             throw CBuildError(
                 message("%s: the verse has %s bytes, %s are the most", lastPlace(), stored, maxVerseBytes));
@@ -128,6 +134,7 @@ private:
     const std::vector<ModuleData::Verse>& m_encoded;
     ModuleData& m_module;
     BuildReport& m_report;
+    std::uint64_t m_textBytes = 0;
 };
 
 } // namespace
@@ -145,6 +152,9 @@ void layOut(const SourceBible& source, const std::vector<std::optional<unsigned 
             layout.addBook(begin, end, *globals[book]);
         begin = end;
     }
+    if (layout.textBytes() > maxCheckedTextBytes)
+        throw CBuildError(
+            message("the text has %s bytes, %s are the most", layout.textBytes(), maxCheckedTextBytes));
     if (module.verses.empty())
         throw CBuildError(tr("the source holds no text"));
 }

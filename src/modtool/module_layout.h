@@ -15,7 +15,7 @@ namespace Kedrin::ModTool {
 /// because the engine cannot number a chapter without verses. The report counts all of it.
 /// @param globals  [book of the source]: its global number; nothing for a book to leave out
 /// @param encoded  [verse of the source]: its bytes in `module.text`
-/// @throws CBuildError  as prepareModule(): too many verses, a verse too long, no text
+/// @throws CBuildError  as prepareModule(): too many verses, a verse too long, too much text or none
 void layOut(const SourceBible& source, const std::vector<std::optional<unsigned int>>& globals,
             const std::vector<ModuleData::Verse>& encoded, ModuleData& module, BuildReport& report);
 

@@ -1,11 +1,9 @@
 #include "prepare.h"
 
 #include "build_error.h"
-#include "check_text.h"
 #include "check_words.h"
 #include "common_books.h"
 #include "cp1251.h"
-#include "escape.h"
 #include "given_differences.h"
 #include "messages.h"
 #include "module_layout.h"
@@ -116,15 +114,6 @@ std::vector<BookTitles> bookTitles(const SourceBible& source, const std::vector<
     return titles;
 }
 
-void refuseLongText(const ModuleData& module)
-{
-    std::uint64_t byteCount = 0;
-    for (unsigned int verseNum = 0; verseNum < module.verses.size(); ++verseNum)
-        byteCount += escapedSize(module.verse(verseNum));
-    if (byteCount > maxCheckedTextBytes)
-        throw CBuildError(message("the text has %s bytes, %s are the most", byteCount, maxCheckedTextBytes));
-}
-
 WordIndex indexWords(const ModuleData& module)
 {
     CWordIndexer indexer;
@@ -215,7 +204,6 @@ ModuleData prepareModule(const SourceBible& source, const BuildOptions& options,
     reportReplaced(encoder.foreign(), source, report);
 
     layOut(source, globals, encoded, module, report);
-    refuseLongText(module);
     module.bookTitles =
         bookTitles(source, module.books, options.sourceTitles.value_or(source.info.keepsTitles));
     module.words = indexWords(module);
