@@ -29,6 +29,16 @@ std::string element(std::string_view name, std::string_view attributes, std::str
            std::string(name) + ">\n";
 }
 
+/// Text of a verse. An empty element after a backslash has no reader take what follows for a marker of USFM.
+std::string verseText(std::string_view text)
+{
+    constexpr std::string_view parting = "<seg/>";
+    std::string xml = escaped(text);
+    for (std::size_t i = xml.find('\\'); i != std::string::npos; i = xml.find('\\', i + 1))
+        xml.insert(i + 1, parting);
+    return xml;
+}
+
 std::string header(const SourceBible& bible)
 {
     const SourceInfo& info = bible.info;
@@ -75,8 +85,8 @@ private:
             endChapter();
             m_xml += "<chapter" + attribute("osisID", chapter) + ">\n";
         }
-        m_xml += element("verse", attribute("osisID", chapter + '.' + std::to_string(verse.verse)),
-                         m_bible.textOf(verse));
+        m_xml += "<verse" + attribute("osisID", chapter + '.' + std::to_string(verse.verse)) + '>' +
+                 verseText(m_bible.textOf(verse)) + "</verse>\n";
         m_last = &verse;
     }
 

@@ -1,5 +1,6 @@
 #include "sword_left_out.h"
 
+#include "stray_markers.h"
 #include "sword_markup.h"
 #include "text_input.h"
 
@@ -42,6 +43,15 @@ const Mark* markOf(std::string_view tag)
     return mark == std::end(marks) ? nullptr : mark;
 }
 
+void countMarkers(std::string_view text, const std::string& place, SourceFindings& findings)
+{
+    unsigned int count = 0;
+    if (mayHaveMarkers(text))
+        withoutMarkers(text, count);
+    for (; count != 0; --count)
+        findings.add(ReaderRule::unknownMarker, place);
+}
+
 } // namespace
 
 void countLeftOut(std::string_view raw, bool isIntroduction, const std::string& place,
@@ -53,6 +63,8 @@ void countLeftOut(std::string_view raw, bool isIntroduction, const std::string& 
     for (std::size_t i = 0, next = 0; i < raw.size(); i = next) {
         if (raw[i] != '<') {
             next = std::min(raw.find('<', i), raw.size());
+            if (!open && i < textEnd)
+                countMarkers(raw.substr(i, next - i), place, findings);
             const bool isOutside = !open && i >= textEnd && !isBlank(raw.substr(i, next - i));
             if (isOutside && !isOutsideCounted)
                 findings.add(ReaderRule::outside, place);

@@ -1,5 +1,7 @@
 #include "sword_markup.h"
 
+#include "stray_markers.h"
+
 #include <unicode/uchar.h>
 #include <unicode/unistr.h>
 #include <unicode/utf8.h>
@@ -172,7 +174,8 @@ std::string cleanEntry(std::string_view whole)
         begin = end;
     }
     clean += raw.substr(begin);
-    return clean;
+    unsigned int ignored = 0; // countLeftOut() counts
+    return mayHaveMarkers(clean) ? withoutMarkers(clean, ignored) : clean;
 }
 
 std::string withoutEntities(std::string_view raw)

@@ -13,7 +13,8 @@ std::size_t endOfBook(std::string_view raw);
 ///  - what follows the end of a book (a glossary, say, stored with the book's last verse) is cut off;
 ///  - where a note stands between two words without a blank of its own, a blank is put behind it, since the note
 ///    goes and the words would run together;
-///  - the names of speakers, headings between the lines of a poem, go: the library leaves them in the text.
+///  - the names of speakers, headings between the lines of a poem, go: the library leaves them in the text;
+///  - markers of USFM that a conversion left in the text go.
 std::string cleanEntry(std::string_view whole);
 
 /// The library loses `&amp;`, `&lt;` and `&gt;` on the way to plain text where a module's headings can be switched off.

@@ -2,6 +2,7 @@
 
 #include "build_error.h"
 #include "messages.h"
+#include "stray_markers.h"
 #include "text_input.h"
 #include "word_gap.h"
 
@@ -91,6 +92,19 @@ void CVerseCollector::append(std::string_view utf8)
 }
 
 void CVerseCollector::addText(std::string_view utf8, std::size_t line)
+{
+    if (mayHaveMarkers(utf8) && (m_inTitle || m_inVerse)) {
+        unsigned int count = 0;
+        const std::string text = withoutMarkers(utf8, count);
+        for (; count != 0; --count)
+            found(ReaderRule::unknownMarker, line);
+        addPlainText(text, line);
+    } else {
+        addPlainText(utf8, line);
+    }
+}
+
+void CVerseCollector::addPlainText(std::string_view utf8, std::size_t line)
 {
     if (m_inTitle) {
         m_title += needsBlank(m_title, utf8) ? " " : "";

@@ -39,7 +39,7 @@ public:
 
     bool inVerse() const { return m_inVerse; }
 
-    /// Text of the verse, or of the title; outside both it is counted.
+    /// Text of the verse, or of the title, without markers of USFM; outside both it is counted.
     /// @param place  where it stands, for text outside
     void addText(std::string_view utf8, std::size_t line);
 
@@ -79,6 +79,7 @@ private:
 
     std::string place(std::size_t line) const;
     void append(std::string_view utf8);
+    void addPlainText(std::string_view utf8, std::size_t line);
     bool needsBlank(std::string_view before, std::string_view next);
     void countOutside(std::size_t line);
     void loseSigns();

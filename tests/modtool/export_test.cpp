@@ -157,6 +157,11 @@ TEST_F(Exports, BuildOfAnExportIsTheSameModule)
                     threeVerses);
 }
 
+TEST_F(Exports, BackslashesComeBack)
+{
+    expectRoundTrip("Gen\t1\t1\t\\nd Бог\\+nd* рече\\\\x \\\n");
+}
+
 TEST_F(Exports, TitlesOfBooksComeBack)
 {
     expectRoundTrip("# book: Gen\tGenesis \"1\" <&>\tGenesis\tGn\n" + threeVerses);

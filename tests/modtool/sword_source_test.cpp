@@ -111,6 +111,15 @@ TEST_F(SwordSource, WhatIsLeftOutIsCounted)
               "left out      2 texts outside the verses, first Gen 1\n");
 }
 
+TEST_F(SwordSource, MarkersOfUsfmGoAndAreCounted)
+{
+    m_sword.add("Made", {{"Gen 1:1", "на \\nd <w>Господа</w><note>\\nd Бога\\+nd*</note>"}});
+    const Result result = buildSword("Made");
+    ASSERT_EQ(result.code, 0) << result.err;
+    EXPECT_EQ(verse(0, 0, 0), "на Господа");
+    EXPECT_EQ(reported(result, "kept"), "          1 text of an unknown marker, first Gen 1:1");
+}
+
 TEST_F(SwordSource, KeepsCanonicalTitles)
 {
     EXPECT_EQ(textOf("<title canonical=\"true\" type=\"psalm\">Псалом на Давида.</title>Господи!"),

@@ -90,6 +90,14 @@ TEST(OsisVariety, SignOfAContinuedQuotationClingsToItsWord)
               "Gen 1:1 one \u201Ctwo, \u00B6 three four\n");
 }
 
+TEST(OsisVariety, MarkersOfUsfmGoAndAreCounted)
+{
+    const SourceBible bible = read("\\p x" + verse("the \\nd <w>LORD</w>\\+nd* said\\q2 \\ 1\\2"));
+    EXPECT_EQ(linesOf(bible), "Gen 1:1 the LORD said\\ 1\\2\n");
+    EXPECT_EQ(bible.findings.text(), "kept          3 texts of unknown markers, first Gen 1:1\n"
+                                     "left out      1 text outside the verses, first in line 1\n");
+}
+
 TEST(OsisVariety, NoteInsideAWordDividesItNot)
 {
     EXPECT_EQ(linesIn(verse("<w lemma='x'>begin<note>n</note>ning</w> <w>of<note>n</note></w>time")),

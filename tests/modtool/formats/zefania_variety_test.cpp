@@ -51,6 +51,13 @@ TEST(ZefaniaVariety, MarksInOneAnotherArePlainText)
               "Gen 1:1 In the beginning2 end\n");
 }
 
+TEST(ZefaniaVariety, MarkersOfUsfmGoAndAreCounted)
+{
+    const SourceBible bible = chapter("<VERS vnumber='1'>the \\nd LORD\\nd* said</VERS>");
+    EXPECT_EQ(linesOf(bible), "Gen 1:1 the LORD said\n");
+    EXPECT_EQ(bible.findings.text(), "kept          2 texts of unknown markers, first Gen 1:1\n");
+}
+
 TEST(ZefaniaVariety, NoteInsideAWordDividesItNot)
 {
     EXPECT_EQ(
