@@ -3,12 +3,9 @@
 set -euo pipefail
 kedrin=$1 kedrin_module=$2 pictures=$3
 source "$(dirname "$0")/smoke_lib.sh"
-export LC_ALL=C.UTF-8
-rm -rf "$pictures" && mkdir -p "$pictures"
-home=$(mktemp -d)
-"$kedrin_module" build --all-sword "$home/modules/bibles"
-ln -s "$kedrin" "$home/kedrin"
-start "$home/kedrin"
+"$kedrin_module" build --all-sword "$scratch/modules/bibles"
+ln -s "$kedrin" "$scratch/kedrin"
+start "$scratch/kedrin"
 
 # Psalm 119, verse 105, in both
 key F5; enter 'псалми' psalms
@@ -33,4 +30,3 @@ search 'lovingk' 60 260 hit
 
 menu 0 1
 ends 0
-rm -rf "$home"

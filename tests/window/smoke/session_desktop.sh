@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Sourced by session_test.sh: tells the program which desktop it runs on, by what real desktops leave for it to find.
 
 # use_desktop DPI PALETTE FOLDER: the resolution as a resource of the screen; dark colours as KDE's settings, in FOLDER.

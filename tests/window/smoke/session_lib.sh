@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Sourced after smoke_lib.sh by scripts that ask the program what it shows, through what it tells assistive technology.
 # They find things by role and name and so work at any size of the screen's dots.
 # Needs: $window_seen, $pictures, and after open_session $pid, $window and $scale (dots to the toolkit's pixel).
@@ -64,13 +65,13 @@ to() {
 # write_into NAME TEXT: replaces what stands in the box that has the keyboard, without what is completed; the box may
 # spell capitals its own way. A key can get lost (see enter), so it is typed again until it stands there.
 write_into() {
-    local attempt written
+    local written
     expect text "$1" focused
     case $2 in
         *[А-я]*) setxkbmap -layout bg -variant phonetic ;;
         *) setxkbmap -layout us ;;
     esac
-    for attempt in 1 2 3 4 5; do
+    for _ in 1 2 3 4 5; do
         key ctrl+a
         text "$2"
         key Delete

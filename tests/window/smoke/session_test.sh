@@ -8,14 +8,12 @@ here=$(dirname "$0")
 source "$here/smoke_lib.sh"
 source "$here/session_lib.sh"
 source "$here/session_desktop.sh"
-export LC_ALL=C.UTF-8
-rm -rf "$pictures" && mkdir -p "$pictures"
-home=$(mktemp -d)
-"$kedrin_module" build --all-sword "$home/modules/bibles" >"$pictures/build.txt"
-"$kedrin_module" export --to verse-lines "$home/modules/bibles/engkjv2006eb" "$home/kjv"
-"$kedrin_module" export --to verse-lines "$home/modules/bibles/engweb2015eb" "$home/web"
-ln -s "$kedrin" "$home/kedrin"
-use_desktop "$dpi" "$palette" "$home"
+
+"$kedrin_module" build --all-sword "$scratch/modules/bibles" >"$pictures/build.txt"
+"$kedrin_module" export --to verse-lines "$scratch/modules/bibles/engkjv2006eb" "$scratch/kjv"
+"$kedrin_module" export --to verse-lines "$scratch/modules/bibles/engweb2015eb" "$scratch/web"
+ln -s "$kedrin" "$scratch/kedrin"
+use_desktop "$dpi" "$palette" "$scratch"
 
 first='King James Version' second='World English Bible with Deuterocanon'
 search='Текст за търсене' list='Намерени стихове' page='Текст на главата'
@@ -23,7 +21,7 @@ part='Част от дума' case='Различаване на главни и 
 
 # What the texts say. verses TEXT; count TEXT WORD OPTION...: verses with the word, as grep finds it;
 # marked TEXT BOOK CHAPTER VERSE: the verse as the page shows it.
-verses() { grep -v '^#' "$home/$1"; }
+verses() { grep -v '^#' "$scratch/$1"; }
 count() { verses "$1" | cut -f 4 | grep -c "${@:3}" -- "$2"; }
 marked() { verses "$1" | awk -F '\t' -v place="$2 $3 $4" '$1 " " $2 " " $3 == place { print "[" $3 "] " $4 }'; }
 
@@ -54,7 +52,7 @@ find() {
 tick() { to 'check box' "$1" && key space; }
 
 start_reading() {
-    open_session "$home/kedrin"
+    open_session "$scratch/kedrin"
     shows Битие 1 1 "$(marked kjv Gen 1 1)"
 }
 
@@ -165,6 +163,7 @@ leave() {
 }
 
 start_reading
+[ "$scale" -eq $((dpi / 96)) ] || fail "$scale dots to the pixel"
 paper_is "$palette"
 page_is_kept
 picture 01-start
@@ -183,4 +182,3 @@ start_reading
 last=$beginning
 page_is_back 17-started-again
 leave
-rm -rf "$home"

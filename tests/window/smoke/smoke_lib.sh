@@ -1,11 +1,23 @@
-# Sourced by the scripts that drive the real program on a bare X server: no window manager, one screen of 710x680 or
-# more. Another process cannot be asked for its widgets, so what is compared is the picture of the page.
+# shellcheck shell=bash
+# Sourced by the scripts that drive the real program on a bare X server, with $pictures set: no window manager, one
+# screen of 710x680 or more. Another process cannot be asked for its widgets, so what is compared is the picture of the
+# page.
 
-page_region=440x480+216+128   # inside the chapter view of a window of 700x670 at 0,0
-deadline=${deadline:-150}                  # polls of a tenth of a second
+page_region=440x480+216+128 # inside the chapter view of a window of 700x670 at 0,0
+deadline=${deadline:-150}   # polls of a tenth of a second
 
 # A keyboard with Cyrillic letters and no others: xdotool would otherwise redefine keys while the program reads them.
 setxkbmap -layout bg -variant phonetic
+
+export LC_ALL=C.UTF-8
+rm -rf "$pictures" && mkdir -p "$pictures"
+scratch=$(mktemp -d) # gone with the script, as the program is
+pid=
+clean() {
+    [ -z "$pid" ] || kill "$pid" 2>/dev/null || true
+    rm -rf "$scratch"
+}
+trap clean EXIT
 
 fail() {
     import -window root "$pictures/failed.png" || true
@@ -17,7 +29,6 @@ fail() {
 open_window() {
     "$1" &
     pid=$!
-    trap 'kill $pid 2>/dev/null || true' EXIT
     window=$(timeout 60 xdotool search --all --sync --onlyvisible --pid "$pid" --name 'Kedrin за Linux' | head -n 1)
     [ -n "$window" ] || fail "no window"
     xdotool windowfocus "$window"
@@ -53,8 +64,7 @@ moved() { becomes_other "$1" "$deadline" || fail "$1: the page did not change"; 
 # enter TEXT NAME: types into the box that has the keyboard and waits for the page. Toolkit programs now and then lose
 # a key that is not pressed on a real keyboard (4 in 100 words, a bare line edit too), so it is typed again then.
 enter() {
-    local attempt
-    for attempt in 1 2 3 4; do
+    for _ in 1 2 3 4; do
         text "$1"
         key Return
         becomes_other "$2" 40 && return
@@ -65,8 +75,7 @@ enter() {
 
 # search TEXT X Y NAME: searches from the box that has the keyboard, clicks a row, and waits for the page.
 search() {
-    local attempt
-    for attempt in 1 2 3 4; do
+    for _ in 1 2 3 4; do
         text "$1"
         key Return
         click "$2" "$3"
@@ -152,6 +161,6 @@ ends() {
     done
     kill -0 "$pid" 2>/dev/null && fail "the program goes on"
     wait "$pid" || status=$?
-    trap - EXIT
+    pid=
     [ "$status" -eq "$1" ] || fail "status $status instead of $1"
 }

@@ -3,13 +3,10 @@
 set -euo pipefail
 kedrin=$1 write_modules=$2 pictures=$3
 source "$(dirname "$0")/smoke_lib.sh"
-export LC_ALL=C.UTF-8
-rm -rf "$pictures" && mkdir -p "$pictures"
-home=$(mktemp -d)/Читалня
+home=$scratch/Читалня
 mkdir "$home"
 "$write_modules" "$home/modules/bibles"
 ln -s "$kedrin" "$home/kedrin"
-cleanup() { rm -rf "$(dirname "$home")"; }
 
 start "$home/kedrin"
 beginning=$last
@@ -54,4 +51,3 @@ menu 1 1; moved opened-again
 
 menu 0 1
 ends 0
-cleanup
