@@ -22,7 +22,7 @@ std::string taken(gchar* text)
     return text == nullptr ? std::string() : std::string(text);
 }
 
-constexpr int rowsAtMost = 60; ///< of a list; more would take long to ask for
+constexpr int rowsAtMost = 8; ///< of a list; each takes as long to ask for as any widget
 
 struct NamedState
 {
@@ -143,8 +143,8 @@ void print(AtspiAccessible* object, bool inMenuBar)
         shown = taken(atspi_text_get_text(text.get(), 0, -1, nullptr));
     else if (role == ATSPI_ROLE_LIST)
         shown = std::to_string(children);
-    printLine(taken(atspi_accessible_get_role_name(object, nullptr)),
-              taken(atspi_accessible_get_name(object, nullptr)), place, states, shown);
+    printLine(taken(atspi_role_get_name(role)), taken(atspi_accessible_get_name(object, nullptr)), place,
+              states, shown);
     if (text != nullptr && role == ATSPI_ROLE_LABEL)
         printRuns(text.get());
     for (int i = 0; i < std::min(children, rowsAtMost); ++i)
