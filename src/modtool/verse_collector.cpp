@@ -107,6 +107,7 @@ void CVerseCollector::addText(std::string_view utf8, std::size_t line)
 void CVerseCollector::addPlainText(std::string_view utf8, std::size_t line)
 {
     if (m_inTitle) {
+        m_waitingLine = isBlank(utf8) ? m_waitingLine : line;
         m_title += needsBlank(m_title, utf8) ? " " : "";
         m_title += utf8;
         return;
@@ -143,8 +144,10 @@ void CVerseCollector::addOpeningSign(std::string_view utf8, std::size_t line)
 {
     if (m_inVerse || m_inTitle)
         addText(utf8, line);
-    else
+    else {
         m_signs += utf8;
+        m_waitingLine = line;
+    }
 }
 
 void CVerseCollector::addClosingSign(std::string_view utf8, std::size_t line)
@@ -164,7 +167,7 @@ void CVerseCollector::addClosingSign(std::string_view utf8, std::size_t line)
 void CVerseCollector::loseSigns()
 {
     if (!isBlank(std::exchange(m_signs, {})))
-        found(ReaderRule::outside, 0);
+        found(ReaderRule::outside, m_waitingLine);
 }
 
 void CVerseCollector::addBreak()
@@ -203,7 +206,7 @@ void CVerseCollector::placeTitle()
     if (isBlank(title))
         return;
     if (m_pieces.empty() || m_pieces.back().verse.book != m_book) {
-        found(ReaderRule::outside, 0);
+        found(ReaderRule::outside, m_waitingLine);
         return;
     }
     found(ReaderRule::canonicalTitle, 0);

@@ -94,6 +94,7 @@ private:
     std::string m_title; ///< waits for text to stand before
     std::string m_signs; ///< wait for the next verse
     std::uint32_t m_book = 0;
+    std::size_t m_waitingLine = 0; ///< of the title or sign that waits
     bool m_inVerse = false;
     bool m_inTitle = false;
     bool m_hasGap = false;

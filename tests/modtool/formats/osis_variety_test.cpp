@@ -121,6 +121,17 @@ TEST(OsisVariety, PsalmTitleThatIsAVerse)
     EXPECT_EQ(bible.findings.text(), "");
 }
 
+TEST(OsisVariety, TitlesAndSignsWithoutAVerseAreCountedWhereTheyStand)
+{
+    const std::string genesis = "<div type='book' osisID='Gen'>" + verse("one") + "</div>";
+    EXPECT_EQ(read("<div type='book' osisID='Ps'>\n<title type='psalm'>A psalm.</title>\n</div>" + genesis)
+                  .findings.text(),
+              "left out      1 text outside the verses, first in line 2\n");
+    EXPECT_EQ(read("<div type='book' osisID='Ps'>\n<q marker='x' who='Jesus' sID='a'/>\n</div>" + genesis)
+                  .findings.text(),
+              "left out      1 text outside the verses, first in line 2\n");
+}
+
 TEST(OsisVariety, VerseInsideAnyOtherTitleStays)
 {
     const SourceBible bible =
