@@ -93,7 +93,7 @@ private:
     std::string contentTo(const std::string& name)
     {
         const std::string endTag = "</" + name + '>';
-        const std::string content = withoutTags(take(m_rest.find(endTag)));
+        std::string content = withoutTags(take(m_rest.find(endTag)));
         take(endTag.size());
         return content;
     }

@@ -69,6 +69,16 @@ constexpr const char* zefaniaElements[] = {
     "CAPTION", "PROLOG", "REMARK",  "NOTE",      "XREF", "MEDIA",   "DIV",  "STYLE", "GRAM",  "GR", "gr",
     "SUP",     "BR",     "APPINFO", "PARAGRAPH", "VERS", "caption", "note", "ITEM",  "other", "H",  "B"};
 
+/// The word in a marker without its end, and in one with it.
+std::string beginOf(const std::string& marker) { return '\\' + marker + ' ' + word; }
+std::string wholeOf(const std::string& marker) { return beginOf(marker) + '\\' + marker + '*'; }
+
+/// The word in an element.
+std::string elementOf(const std::string& name, const std::string& attributes)
+{
+    return '<' + name + attributes + '>' + word + "</" + name + '>';
+}
+
 std::string fateInOsis(const std::string& before, const std::string& element)
 {
     return fateIn(readOsis("f.xml", "<osis><osisText><div type='book' osisID='Gen'><chapter osisID='Gen.1'>" +
@@ -78,8 +88,8 @@ std::string fateInOsis(const std::string& before, const std::string& element)
 TEST(NothingLost, InNoMarkerOfUsfm)
 {
     for (const std::string marker : usfmMarkers) {
-        const std::string marked = '\\' + marker + ' ' + word;
-        const std::string whole = marked + '\\' + marker + '*';
+        const std::string marked = beginOf(marker);
+        const std::string whole = wholeOf(marker);
         for (const std::string& text : {" one " + whole + " two", " one\n" + marked + "\n\\p two",
                                         " one\n\\v 2 " + marked, " one \\add " + whole + "\\add*"})
             EXPECT_NE(fateInUsfm("\\id GEN\n\\c 1\n\\p\n\\v 1" + text), "lost") << marker << ":\n" << text;
@@ -90,12 +100,14 @@ TEST(NothingLost, InNoMarkerOfUsfm)
     }
 }
 
+std::string titled(const std::string& content) { return "<title type='psalm'>one " + content + "</title>"; }
+
 TEST(NothingLost, InNoElementOfOsis)
 {
     const std::string first = "<verse osisID='Gen.1.1'>one ";
     for (const std::string name : osisElements) {
         const std::string attributes = name == "verse" ? " osisID='Gen.1.2'" : "";
-        const std::string element = '<' + name + attributes + '>' + word + "</" + name + '>';
+        const std::string element = elementOf(name, attributes);
         EXPECT_NE(fateInOsis(first + element + " two", "</verse></chapter>"), "lost") << name;
         EXPECT_NE(fateInOsis(element + first, "</verse></chapter>"), "lost") << name;
         EXPECT_NE(fateInOsis(first + "</verse>", element + "</chapter>"), "lost") << name;
@@ -103,9 +115,7 @@ TEST(NothingLost, InNoElementOfOsis)
         EXPECT_NE(fateInOsis("<verse osisID='Gen.1.1' sID='s'/>one", element + "<verse eID='s'/></chapter>"),
                   "lost")
             << name;
-        EXPECT_NE(fateInOsis("<title type='psalm'>one " + element + "</title>" + first, "</verse></chapter>"),
-                  "lost")
-            << name;
+        EXPECT_NE(fateInOsis(titled(element) + first, "</verse></chapter>"), "lost") << name;
     }
 }
 
@@ -113,7 +123,7 @@ TEST(NothingLost, InNoDivisionOfOsis)
 {
     const std::string first = "<verse osisID='Gen.1.1'>one ";
     for (const std::string type : divisionTypes) {
-        const std::string division = "<div type='" + type + "'>" + word + "</div>";
+        const std::string division = elementOf("div", " type='" + type + "'");
         EXPECT_NE(fateInOsis(division + first, "</verse></chapter>"), "lost") << type;
         EXPECT_NE(fateInOsis(first + division, "</verse></chapter>"), "lost") << type;
         EXPECT_NE(fateInOsis(first + "</verse></chapter>", division), "lost") << type;
@@ -124,7 +134,7 @@ TEST(NothingLost, InNoElementOfZefaniaXml)
 {
     for (const std::string name : zefaniaElements) {
         const std::string attributes = name == "VERS" ? " vnumber='9'" : "";
-        const std::string element = '<' + name + attributes + '>' + word + "</" + name + '>';
+        const std::string element = elementOf(name, attributes);
         for (const std::string& content :
              {"<VERS vnumber='1'>one " + element + " two</VERS>", element + "<VERS vnumber='1'>one</VERS>",
               "<VERS vnumber='1'>one</VERS>" + element})

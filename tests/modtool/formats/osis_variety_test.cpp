@@ -1,6 +1,5 @@
 // OSIS as different programs write it (doc/formats/osis.md).
 
-#include "build_error.h"
 #include "osis_reader.h"
 #include "source_text.h"
 
@@ -10,7 +9,6 @@ namespace {
 
 using namespace Kedrin::ModTool;
 using test_support::linesOf;
-using test_support::messageOf;
 
 SourceBible read(const std::string& content)
 {

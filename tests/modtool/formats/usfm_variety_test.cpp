@@ -163,14 +163,19 @@ TEST(UsfmVariety, UnknownMarkersOfEveryKindKeepTheirText)
     EXPECT_EQ(bible.findings.text(), "kept          4 texts of unknown markers, first Gen 1:1\n");
 }
 
+std::string inMarker(const std::string& marker, const std::string& text)
+{
+    return '\\' + marker + ' ' + text + '\\' + marker + '*';
+}
+
 TEST(UsfmVariety, CharacterMarkersOfTheStandardAreKnown)
 {
     for (const std::string marker :
          {"add", "bk", "dc",  "k",    "nd",  "ord", "pn", "png", "addpn", "qt",   "sig", "sls",
           "tl",  "wj", "em",  "bd",   "it",  "sc",  "no", "w",   "wg",    "wh",   "wa",  "ndx",
           "rb",  "qs", "qac", "bdit", "sup", "jmp", "xt", "lik", "liv1",  "litl", "ior", "iqt"}) {
-        const SourceBible bible = inVerse("a \\" + marker + " b\\" + marker + "* c \\add d \\+" + marker +
-                                          " e\\+" + marker + "*\\add* f");
+        const SourceBible bible =
+            inVerse("a " + inMarker(marker, "b") + " c \\add d " + inMarker('+' + marker, "e") + "\\add* f");
         EXPECT_EQ(linesOf(bible), "Gen 1:1 a b c d e f\n") << marker;
         EXPECT_EQ(bible.findings.text(), "") << marker;
     }
