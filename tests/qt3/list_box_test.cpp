@@ -36,8 +36,6 @@ private slots:
     void setCurrentItemHighlightsANewRowOnly();
     void longListAppearsAtOnce();
     void listWithoutModelHasNoRows();
-    void rowsShrinkUntilTheWidestFits();
-    void rowsHaveTheListsFontWhereItFits();
 
 private:
     void fill(int rows)
@@ -282,40 +280,6 @@ void ListBoxTest::listWithoutModelHasNoRows()
     QTest::keyClick(&list, Qt::Key_Return);
     QCOMPARE(list.currentItem(), -1);
     QCOMPARE(spy.count(), 0);
-}
-
-void ListBoxTest::rowsShrinkUntilTheWidestFits()
-{
-    fill(1000); // so many that there is a scroll bar
-    m_list->setFixedWidth(160);
-    m_list->setWidestRows({u"Битие 1:9"_s, u"Битие 1:1000"_s, u"Битие"_s});
-    const int rowHeight = m_list->visualRect(m_model.index(0)).height();
-    m_window->setFont(QFont(u"DejaVu Sans"_s, 30));
-    QCoreApplication::processEvents();
-    const QFontMetrics painted(m_list->paintedFont());
-    QVERIFY(painted.horizontalAdvance(u"Битие 1:1000"_s) < m_list->viewport()->width());
-    QCOMPARE(m_list->font().pointSize(), 30);
-    m_list->scrollToBottom();
-    const QRect last = m_list->visualRect(m_model.index(999));
-    QVERIFY(last.right() < m_list->viewport()->width());
-    QVERIFY(last.height() >= painted.height() && last.height() < 2 * rowHeight);
-}
-
-void ListBoxTest::rowsHaveTheListsFontWhereItFits()
-{
-    fill(3);
-    m_list->setFixedWidth(160);
-    QCOMPARE(m_list->paintedFont(), m_list->font());
-    m_list->setWidestRows({QString(200, u'щ')});
-    QVERIFY(m_list->paintedFont() != m_list->font());
-    m_list->setFixedWidth(100000);
-    QCoreApplication::processEvents();
-    QCOMPARE(m_list->paintedFont(), m_list->font());
-    m_list->setFixedWidth(160);
-    QCoreApplication::processEvents();
-    QVERIFY(m_list->paintedFont() != m_list->font());
-    m_list->setWidestRows({});
-    QCOMPARE(m_list->paintedFont(), m_list->font());
 }
 
 QTEST_MAIN(ListBoxTest)
