@@ -47,7 +47,7 @@ public:
         std::error_code error;
         std::filesystem::create_directories(m_directory, error);
         if (error)
-            throw CBuildError(message("%s: cannot be written (%s)", m_directory, error.message()));
+            failToWrite(m_directory, error.message());
         provideCommonStructure(m_directory);
         const std::vector<std::string> names = m_library.bibles();
         if (names.empty())

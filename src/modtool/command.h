@@ -26,7 +26,7 @@ public:
     /// What the parser cannot tell: "" or a sentence on what is wrong with the arguments.
     virtual std::string usageError() const { return ""; }
 
-    /// Runs the command. Errors are lines on `err`; nothing is thrown but std::bad_alloc.
+    /// Runs the command. Errors are lines on `err`; nothing is thrown.
     /// @returns the program's exit code
     virtual int run(const CommandStreams& streams) const = 0;
 };

@@ -16,12 +16,12 @@
 
 namespace Kedrin::ModTool {
 
-namespace {
-
-[[noreturn]] void failToWrite(const std::string& fileName, int error)
+void failToWrite(const std::string& name, const std::string& reason)
 {
-    throw CBuildError(message("%s: cannot be written (%s)", fileName, std::strerror(error)));
+    throw CBuildError(message("%s: cannot be written (%s)", name, reason));
 }
+
+namespace {
 
 /// A descriptor that is closed in any case.
 class CDescriptor
@@ -32,7 +32,7 @@ public:
           m_descriptor(::open(name.c_str(), flags, 0666))
     {
         if (m_descriptor < 0)
-            failToWrite(m_name, errno);
+            failToWrite(m_name, std::strerror(errno));
     }
     ~CDescriptor() { ::close(m_descriptor); }
     CDescriptor(const CDescriptor&) = delete;
@@ -43,7 +43,7 @@ public:
         while (!content.empty()) {
             const ssize_t written = ::write(m_descriptor, content.data(), content.size());
             if (written < 0 && errno != EINTR)
-                failToWrite(m_name, errno);
+                failToWrite(m_name, std::strerror(errno));
             if (written > 0)
                 content.remove_prefix(static_cast<std::size_t>(written));
         }
@@ -52,7 +52,7 @@ public:
     void sync() const
     {
         if (::fsync(m_descriptor) != 0)
-            failToWrite(m_name, errno);
+            failToWrite(m_name, std::strerror(errno));
     }
 
     /// Waits until no other descriptor of the file is locked.
@@ -60,13 +60,13 @@ public:
     {
         while (::flock(m_descriptor, LOCK_EX) != 0)
             if (errno != EINTR)
-                failToWrite(m_name, errno);
+                failToWrite(m_name, std::strerror(errno));
     }
 
     void empty() const
     {
         if (::ftruncate(m_descriptor, 0) != 0)
-            failToWrite(m_name, errno);
+            failToWrite(m_name, std::strerror(errno));
     }
 
     /// Whether the file still has the name it was opened by.
@@ -114,7 +114,7 @@ void replaceDurably(const std::string& fileName, std::string_view content)
             file.write(content);
             file.sync();
             if (::rename(beside.c_str(), fileName.c_str()) != 0)
-                failToWrite(fileName, errno);
+                failToWrite(fileName, std::strerror(errno));
         } catch (...) {
             ::unlink(beside.c_str());
             throw;

@@ -5,6 +5,11 @@
 
 namespace Kedrin::ModTool {
 
+/// Says that a file or folder cannot be written.
+/// @param reason  the system's
+/// @throws CBuildError  "%s: cannot be written (%s)"
+[[noreturn]] void failToWrite(const std::string& name, const std::string& reason);
+
 /// Writes a new file whole and has the disk keep it.
 /// @throws CBuildError  "%s: cannot be written (%s)"
 void writeDurably(const std::string& fileName, std::string_view content);

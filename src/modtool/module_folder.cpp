@@ -21,11 +21,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-[[noreturn]] void failToWrite(const std::string& name, const std::string& reason)
-{
-    throw CBuildError(message("%s: cannot be written (%s)", name, reason));
-}
-
 /// The path without links and without a trailing slash, so that its neighbours can be named.
 std::string plainPath(const std::string& path)
 {
