@@ -76,6 +76,14 @@ usage '--all-sword върви само с -q' build a --all-sword b
 usage 'за check е нужно или MODULE, или --list, не и двете' check m --list
 usage '„намери“ не е команда' намери m
 
+# The same in English.
+LANG=C.UTF-8
+usage '--width needs a value' show m Jn --width
+usage '--places may be given only once' check --places 5 --places 6 m
+usage '"find" is no command' find m
+usage 'A subcommand is required'
+LANG=bg_BG.UTF-8
+
 expect "what the system says" "kedrin-module: /proc/nowhere: не може да се запише" \
     "$("$tool" build "$work/a.txt" /proc/nowhere/a 2>&1 | sed 's/ (.*//')"
 for command in build check export show search info words diff; do
