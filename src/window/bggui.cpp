@@ -1,20 +1,8 @@
 #include "bggui.h"
 
-#include "chapter_view.h"
-#include "combo_box.h"
-#include "fit_check_box.h"
-#include "fit_push_button.h"
 #include "hit_list_model.h"
-#include "list_box.h"
-#include "panel_box.h"
-#include "popup_menu.h"
-#include "tab_bar.h"
 
-#include <QAction>
-#include <QGridLayout>
-#include <QMenuBar>
 #include <QStatusBar>
-#include <QToolBar>
 
 namespace {
 

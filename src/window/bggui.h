@@ -1,37 +1,27 @@
 #pragma once
 
+#include "chapter_view.h"
+#include "combo_box.h"
+#include "fit_check_box.h"
+#include "fit_push_button.h"
+#include "list_box.h"
+#include "panel_box.h"
+#include "popup_menu.h"
+#include "tab_bar.h"
+#include "tolvo_bible.h"
 #include "tolvo_ref.h"
 
+#include <QAction>
+#include <QGridLayout>
+#include <QGroupBox>
 #include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QToolBar>
 
 #include <map>
 #include <string>
 #include <vector>
-
-QT_BEGIN_NAMESPACE
-class QGridLayout;
-class QGroupBox;
-class QMenu;
-class QMenuBar;
-class QToolBar;
-QT_END_NAMESPACE
-
-namespace qt3 {
-class ChapterView;
-class ComboBox;
-class FitCheckBox;
-class FitPushButton;
-class FramelessBox;
-class ListBox;
-class PanelBox;
-class PopupMenu;
-class TabBar;
-} // namespace qt3
-
-namespace Kedrin::Tolvo {
-class CBible;
-class CBibleModules;
-} // namespace Kedrin::Tolvo
 
 class HitListModel;
 class WordListModel;
@@ -86,11 +76,6 @@ public:
     QAction* viewChapterHyperLinks;
     qt3::TabBar* tabsText = nullptr; ///< tab i belongs to the open translation i; made by init()
 
-    /// Shows the chapter of a reference with its verse marked and brought to the middle, and makes the three location
-    /// boxes agree. A global reference is converted; any other is taken as local. Does nothing without a current
-    /// translation, and nothing for good after a rendering that failed.
-    virtual void goToRef(const Kedrin::Tolvo::CRef& _ref);
-
     // The order of the slots is their index in the meta-object.
 public slots:
     virtual void init();
@@ -117,6 +102,12 @@ public slots:
     virtual void textBrowser_anchorClicked(const QString& name, const QString& href);
     virtual void viewChapterHyperLinks_toggled(bool);
     virtual void comboSearchText_textChanged(const QString&);
+
+public:
+    /// Shows the chapter of a reference with its verse marked and brought to the middle, and makes the three location
+    /// boxes agree. A global reference is converted; any other is taken as local. Does nothing without a current
+    /// translation, and nothing for good after a rendering that failed.
+    virtual void goToRef(const Kedrin::Tolvo::CRef& _ref);
 
 protected slots:
     /// Sets every text of the window; may be called again at any time.

@@ -4,7 +4,6 @@
 #include "about_texts.h"
 #include "message_box.h"
 #include "text.h"
-#include "tolvo_bible.h"
 
 #include <QApplication>
 #include <QFontDialog>

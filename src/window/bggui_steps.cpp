@@ -1,23 +1,10 @@
 #include "bggui.h"
 
 #include "chapter_document.h"
-#include "chapter_view.h"
-#include "combo_box.h"
-#include "fit_check_box.h"
-#include "fit_push_button.h"
 #include "hit_list_model.h"
-#include "list_box.h"
 #include "message_box.h"
-#include "panel_box.h"
-#include "popup_menu.h"
-#include "tab_bar.h"
 #include "text.h"
-#include "tolvo_bible.h"
 #include "word_list_model.h"
-
-#include <QAction>
-#include <QGridLayout>
-#include <QToolBar>
 
 #include <stdexcept>
 #include <utility>

@@ -1,17 +1,6 @@
 #include "bggui.h"
 
-#include "chapter_view.h"
-#include "combo_box.h"
-#include "fit_check_box.h"
-#include "fit_push_button.h"
-#include "list_box.h"
-#include "panel_box.h"
-#include "popup_menu.h"
-
-#include <QAction>
 #include <QLineEdit>
-#include <QMenuBar>
-#include <QToolBar>
 
 // Every text of the window. Tool tips that seem to belong to another control, and two misspelt words, are known to
 // readers and manuals as they stand.
