@@ -1,10 +1,9 @@
 #include "sword_markup.h"
 
 #include "stray_markers.h"
+#include "word_gap.h"
 
-#include <unicode/uchar.h>
 #include <unicode/unistr.h>
-#include <unicode/utf8.h>
 
 #include <algorithm>
 #include <charconv>
@@ -14,48 +13,6 @@ namespace Kedrin::ModTool {
 namespace {
 
 constexpr std::string_view noteEnd = "</note>";
-
-/// The first character that is not part of a tag; 0 at the end.
-char32_t firstVisible(std::string_view text)
-{
-    while (text.starts_with('<'))
-        text.remove_prefix(std::min(text.find('>'), text.size() - 1) + 1);
-    if (text.empty())
-        return 0;
-    std::int32_t i = 0;
-    UChar32 codePoint;
-    U8_NEXT(reinterpret_cast<const std::uint8_t*>(text.data()), i, static_cast<std::int32_t>(text.size()),
-            codePoint);
-    return codePoint < 0 ? 0 : static_cast<char32_t>(codePoint);
-}
-
-/// Whether a blank belongs before the character where it begins something new.
-bool beginsWord(char32_t codePoint)
-{
-    const auto c = static_cast<UChar32>(codePoint);
-    const auto type = u_charType(c);
-    return u_isalnum(c) || type == U_START_PUNCTUATION || type == U_INITIAL_PUNCTUATION;
-}
-
-/// Whether text that ends so wants no blank after it: it has one, or an opening bracket or quote, or is empty.
-bool endsOpen(std::string_view text)
-{
-    while (text.ends_with('>')) {
-        const std::size_t tag = text.rfind('<');
-        if (tag == std::string_view::npos)
-            break;
-        text = text.substr(0, tag);
-    }
-    if (text.empty())
-        return true;
-    auto i = static_cast<std::int32_t>(text.size());
-    UChar32 codePoint;
-    U8_PREV(reinterpret_cast<const std::uint8_t*>(text.data()), 0, i, codePoint);
-    if (codePoint < 0)
-        return false;
-    const auto type = u_charType(codePoint);
-    return u_isUWhiteSpace(codePoint) || type == U_START_PUNCTUATION || type == U_INITIAL_PUNCTUATION;
-}
 
 /// The entry without the names of those who speak: headings that the library's filter of headings leaves.
 std::string withoutSpeakers(std::string_view raw)
@@ -169,7 +126,7 @@ std::string cleanEntry(std::string_view whole)
          note = raw.find(noteEnd, begin)) {
         const std::size_t end = note + noteEnd.size();
         clean += raw.substr(begin, end - begin);
-        if (beginsWord(firstVisible(raw.substr(end))) && !endsOpen(beforeNote(raw.substr(0, note))))
+        if (needsSpaceBetween(withoutTags(beforeNote(raw.substr(0, note))), withoutTags(raw.substr(end))))
             clean += ' ';
         begin = end;
     }

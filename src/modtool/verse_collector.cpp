@@ -130,7 +130,7 @@ bool CVerseCollector::needsBlank(std::string_view before, std::string_view next)
     if (next.empty())
         return false;
     m_hasGapInWord = false;
-    return std::exchange(m_hasGap, false) && beginsWord(next) && !endsOpen(before);
+    return std::exchange(m_hasGap, false) && needsSpaceBetween(before, next);
 }
 
 void CVerseCollector::countOutside(std::size_t line)

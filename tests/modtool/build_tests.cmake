@@ -16,6 +16,7 @@ add_executable(modtool_tests
   verse_line_page_test.cpp
   verse_lines_test.cpp
   versification_test.cpp
+  word_gap_test.cpp
   word_index_test.cpp)
 target_compile_definitions(modtool_tests PRIVATE
   KEDRIN_FORMATS_FOLDER="${PROJECT_SOURCE_DIR}/doc/formats"

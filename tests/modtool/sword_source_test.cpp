@@ -143,6 +143,12 @@ TEST_F(SwordSource, NotesDoNotJoinWords)
               "едно две, три (четири)");
 }
 
+TEST_F(SwordSource, NoteBeforeAClosingMarkLeavesNoSpace)
+{
+    EXPECT_EQ(textOf("„Да бъде светлина.<note>а</note>“"), "„Да бъде светлина.“");
+    EXPECT_EQ(textOf("said,<note>а</note>“Let”<note>а</note>and"), "said, “Let” and");
+}
+
 TEST_F(SwordSource, JoinedVersesHaveTheirTextOnce)
 {
     m_sword.add("Made", {{"Gen 1:1", "два стиха"}, {"Gen 1:3", "край"}});
