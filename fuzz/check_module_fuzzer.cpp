@@ -19,5 +19,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     test_support::walkChapters(bible);
     test_support::walkScans(bible);
     test_support::walkWords(bible);
+    test_support::walkSearches(bible);
     return 0;
 }

@@ -40,6 +40,9 @@ public:
     CFileVector(const CFileVector&) = delete;
     CFileVector& operator=(const CFileVector&) = delete;
 
+    /// The same open file with no failed read behind it.
+    CFileVector afresh() const { return CFileVector(m_fin, m_size); }
+
     /// Number of whole records; a partial record at the end is not counted.
     std::size_t size() const { return m_size / sizeof(T); }
 
@@ -67,6 +70,8 @@ public:
     }
 
 private:
+    CFileVector(const CInputFile& fin, std::size_t size) : m_size(size), m_fin(fin) {}
+
     static unsigned int offsetOf(unsigned int recordIndex)
     {
         return recordIndex * static_cast<unsigned int>(sizeof(T));

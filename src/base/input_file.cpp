@@ -7,31 +7,41 @@
 
 namespace ut {
 
-CInputFile::CInputFile(const char* fileName) noexcept
-    : m_descriptor(::open(fileName, O_RDONLY | O_CLOEXEC | O_NONBLOCK)) // opening a pipe must not wait
+namespace {
+
+std::shared_ptr<const int> keepOpen(int descriptor)
 {
-    struct stat facts = {};
-    if (m_descriptor < 0)
+    const auto closeIt = [](const int* owned) {
+        ::close(*owned);
+        delete owned;
+    };
+    return {new int(descriptor), closeIt};
+}
+
+} // namespace
+
+CInputFile::CInputFile(const char* fileName) noexcept
+{
+    const int descriptor =
+        ::open(fileName, O_RDONLY | O_CLOEXEC | O_NONBLOCK); // opening a pipe must not wait
+    if (descriptor < 0)
         return;
-    if (::fstat(m_descriptor, &facts) == 0 && S_ISREG(facts.st_mode)) {
-        m_byteCount = static_cast<std::uint64_t>(facts.st_size);
+    struct stat facts = {};
+    if (::fstat(descriptor, &facts) != 0 || !S_ISREG(facts.st_mode)) {
+        ::close(descriptor);
         return;
     }
-    ::close(m_descriptor);
-    m_descriptor = -1;
+    m_descriptor = keepOpen(descriptor);
+    m_byteCount = static_cast<std::uint64_t>(facts.st_size);
 }
 
-CInputFile::~CInputFile()
+std::size_t CInputFile::readAt(std::uint64_t byteOffset, void* buffer, std::size_t byteCount) const noexcept
 {
-    if (m_descriptor >= 0)
-        ::close(m_descriptor);
-}
-
-std::size_t CInputFile::readAt(std::uint64_t byteOffset, void* buffer, std::size_t byteCount) noexcept
-{
+    if (!isOpen())
+        return 0;
     std::size_t total = 0;
     while (total < byteCount) {
-        const ssize_t got = ::pread(m_descriptor, static_cast<char*>(buffer) + total, byteCount - total,
+        const ssize_t got = ::pread(*m_descriptor, static_cast<char*>(buffer) + total, byteCount - total,
                                     static_cast<off_t>(byteOffset + total));
         if (got < 0 && errno == EINTR)
             continue;

@@ -2,32 +2,31 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 
 namespace ut {
 
 /// One regular file, open for reading at any place. Anything else under the name (a directory, a pipe, a
 /// device) counts as a file that cannot be opened, so that no name in a module folder can make a reader wait
-/// for ever. Nothing throws; the owner turns failures into its own messages.
+/// for ever. A copy shares the open file, which is closed with the last of them. Nothing throws; the owner turns
+/// failures into its own messages.
 class CInputFile
 {
 public:
     explicit CInputFile(const char* fileName) noexcept;
-    ~CInputFile();
-    CInputFile(const CInputFile&) = delete;
-    CInputFile& operator=(const CInputFile&) = delete;
 
-    bool isOpen() const noexcept { return m_descriptor >= 0; }
+    bool isOpen() const noexcept { return m_descriptor != nullptr; }
 
     /// Length in bytes when the file was opened; 0 when it is not open.
     std::uint64_t size() const noexcept { return m_byteCount; }
 
     /// Reads up to `byteCount` bytes from `byteOffset` on, in one system call where the system allows.
     /// @returns the bytes read: fewer than asked for at the end of the file or after an error
-    std::size_t readAt(std::uint64_t byteOffset, void* buffer, std::size_t byteCount) noexcept;
+    std::size_t readAt(std::uint64_t byteOffset, void* buffer, std::size_t byteCount) const noexcept;
 
 private:
-    int m_descriptor;
+    std::shared_ptr<const int> m_descriptor; ///< null: not open
     std::uint64_t m_byteCount = 0;
 };
 

@@ -111,6 +111,17 @@ TEST(FileVector, AfterAShortReadTheBoundsAreStillTestedFirst)
     EXPECT_EQ(file.readError(0), ioError);
 }
 
+TEST(FileVector, AfreshReadsTheSameFileWithNoFailureBehindIt)
+{
+    RecordFile<unsigned int> file(tenBytes);
+    EXPECT_EQ(file.readError(2), ioError);
+    ut::CFileVector<unsigned int> afresh = file.vector.afresh();
+    EXPECT_EQ(afresh.size(), 2u);
+    EXPECT_EQ(afresh[1], 0x08070605u);
+    EXPECT_EQ(messageOf<std::ios_base::failure>([&] { afresh[2]; }), ioError);
+    EXPECT_EQ(file.readError(0), ioError);
+}
+
 TEST(FileVector, ARefusedIndexDoesNoHarm)
 {
     RecordFile<unsigned int> file(tenBytes);

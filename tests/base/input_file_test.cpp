@@ -1,6 +1,7 @@
 #include "input_file.h"
 
 #include "allocation_watch.h"
+#include "forked.h"
 #include "read_watch.h"
 #include "spoiled.h"
 
@@ -9,6 +10,7 @@
 
 #include <fcntl.h>
 #include <filesystem>
+#include <memory>
 #include <unistd.h>
 
 namespace {
@@ -81,6 +83,20 @@ TEST(InputFile, ClosesWhatItOpened)
     const int after = ::open("/dev/null", O_RDONLY);
     ::close(after);
     EXPECT_EQ(before, after);
+}
+
+TEST(InputFile, CopiesShareTheFileUntilTheLastOfThemGoes)
+{
+    const TempFolder folder;
+    auto first = std::make_unique<ut::CInputFile>(folder.write("f", "0123456789").c_str());
+    const int before = test_support::openDescriptors();
+    ut::CInputFile copy = *first;
+    first.reset();
+    EXPECT_EQ(test_support::openDescriptors(), before);
+    EXPECT_EQ(copy.size(), 10u);
+    EXPECT_EQ(readAt(copy, 7, 3), "789");
+    copy = ut::CInputFile("");
+    EXPECT_EQ(test_support::openDescriptors(), before - 1);
 }
 
 TEST(InputFile, ReadsOnAfterASignal)

@@ -60,6 +60,7 @@ void walk(const std::string& folder)
     test_support::walkChapters(bible);
     test_support::walkScans(bible);
     test_support::walkWords(bible);
+    test_support::walkSearches(bible);
 }
 
 /// smallModule() with one file in memory, so that it can take thousands of contents.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <ios>
 #include <stdexcept>
 
 namespace test_support {
@@ -28,6 +29,23 @@ bool answered(const std::function<void()>& ask)
     } catch (const std::out_of_range&) {
         return false;
     }
+}
+
+/// As answered(); a damaged file is no answer either.
+bool answeredOrDamaged(const std::function<void()>& ask)
+{
+    try {
+        return answered(ask);
+    } catch (const std::ios_base::failure&) {
+        return false;
+    }
+}
+
+const std::vector<std::string>& searchedParts()
+{
+    static const std::vector<std::string> parts = {std::string(), std::string(1, '\0'), "\xE5",
+                                                   "\xC1\xEE\xE3", std::string(70000, 'x')};
+    return parts;
 }
 
 void forEveryChapter(const CBible& bible, const std::function<void(unsigned int, unsigned int)>& use)
@@ -91,7 +109,7 @@ void walkVerses(const CBible& bible)
 void walkChapters(const CBible& bible)
 {
     forEveryChapter(bible, [&](unsigned int book, unsigned int chapter) {
-        answered([&] {
+        answeredOrDamaged([&] {
             const std::vector<std::string> verses = bible.chapterVerses(book, chapter);
             check(verses.size() == bible.versesCount(book, chapter), "all verses of the chapter");
             for (unsigned int verse = 0; verse < std::min<std::size_t>(verses.size(), atMost); ++verse)
@@ -103,8 +121,7 @@ void walkChapters(const CBible& bible)
 void walkScans(const CBible& bible)
 {
     for (const bool caseSensitive : {false, true}) {
-        for (const std::string& part : {std::string(), std::string(1, '\0'), std::string("\xE5"),
-                                        std::string("\xC1\xEE\xE3"), std::string(70000, 'x')}) {
+        for (const std::string& part : searchedParts()) {
             std::vector<CRef> hits;
             answered([&] { bible.search(part, false, caseSensitive, hits); });
             walkHits(bible, hits);
@@ -121,13 +138,25 @@ void walkWords(const CBible& bible)
     }
 }
 
+void walkSearches(const CBible& bible)
+{
+    const auto search = [&](const std::string& text, bool wholeWord, bool caseSensitive) {
+        std::vector<CRef> hits;
+        answeredOrDamaged([&] { bible.searchVerses(text, wholeWord, caseSensitive, hits); });
+        walkHits(bible, hits);
+    };
+    for (const bool caseSensitive : {false, true})
+        for (const std::string& part : searchedParts())
+            search(part, false, caseSensitive);
+    for (unsigned int i = 0; i < std::min(bible.wordsCount(), atMost); ++i)
+        search(bible.getWord(i), true, false);
+}
+
 bool isPromisedEnd(const std::string& line)
 {
     const std::string let = " let out an exception that its contract does not name: ";
     const std::string vectorError = "CFileVector::operator [](): IO error";
-    if (line == "CConc::getVersesFor()" + let + vectorError)
-        return true;
-    for (const char* operation : {"CBible::operator []()", "CBible::chapterVerses()", "CBible::search()"})
+    for (const char* operation : {"CBible::operator []()", "CBible::search()"})
         for (const std::string& error : {vectorError, std::string("CBibleText::operator [](): I/O error")})
             if (line == operation + let + error)
                 return true;

@@ -8,11 +8,15 @@ namespace test_support {
 /// module. std::out_of_range is taken for an answer, as every caller must expect it. A foreign exception or a
 /// std::logic_error for a check that failed comes out; where a contract says so, the program ends.
 ///
-/// Five walks, because each may end the program: titles, counts, words and the mapping of references; verse by
-/// verse; chapter by chapter; the substring searches; the search of each word.
+/// Titles, counts, words and the mapping of references; then what the window asks for, where damaged files are
+/// an answer too (std::ios_base::failure): chapters and searches.
 void walkAnswers(const Kedrin::Tolvo::CBible& bible);
-void walkVerses(const Kedrin::Tolvo::CBible& bible);
 void walkChapters(const Kedrin::Tolvo::CBible& bible);
+void walkSearches(const Kedrin::Tolvo::CBible& bible);
+
+/// Three walks apart, because each may end the program: verse by verse; the substring searches; the search of each
+/// word.
+void walkVerses(const Kedrin::Tolvo::CBible& bible);
 void walkScans(const Kedrin::Tolvo::CBible& bible);
 void walkWords(const Kedrin::Tolvo::CBible& bible);
 

@@ -1,6 +1,6 @@
 // Damaged modules: each of the ten files missing, replaced, cut short, spoiled. What comes of it is always one of
 // three: the loading refuses with the promised message, which a proof gives as well; the translation answers, or
-// throws std::out_of_range; or the program ends with the one line that the contract of the operation promises.
+// throws what the operation's list names; or the program ends with the one line that the contract of the operation promises.
 
 #include "bible_walker.h"
 #include "forked.h"
@@ -119,16 +119,18 @@ protected:
         using namespace test_support;
         // where an end of the program is no promised outcome, one copy does for all
         static const std::vector<std::vector<Walk>> together = {
-            {walkAnswers, walkVerses, walkChapters, walkScans, walkWords}};
+            {walkAnswers, walkSearches, walkChapters, walkVerses, walkScans, walkWords}};
         static const std::vector<std::vector<Walk>> apart = {
-            {walkAnswers, walkVerses}, {walkChapters}, {walkScans}, {walkWords}};
+            {walkAnswers, walkSearches, walkChapters}, {walkVerses}, {walkScans}, {walkWords}};
         const bool binary = GetParam().ends_with(".bin");
         bool promised = true;
-        for (const std::vector<Walk>& walks : binary ? apart : together) {
+        const std::vector<std::vector<Walk>>& attempts = binary ? apart : together;
+        for (const std::vector<Walk>& walks : attempts) {
             const ForkedEnd end = runForked([&] { return proveLoadAndWalk(module, walks); });
             const std::string firstLine = end.standardError.substr(0, end.standardError.find('\n'));
             const bool quiet = end.exitCode == 0 && end.standardError.empty();
-            const bool ended = binary && end.signal == SIGABRT && isPromisedEnd(firstLine);
+            const bool mayEnd = binary && &walks != &attempts.front();
+            const bool ended = mayEnd && end.signal == SIGABRT && isPromisedEnd(firstLine);
             EXPECT_TRUE(quiet || ended)
                 << "exit code " << end.exitCode << ", signal " << end.signal << ", " << end.standardError;
             promised = promised && (quiet || ended);

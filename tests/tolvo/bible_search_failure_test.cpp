@@ -90,7 +90,7 @@ TEST_F(BibleSearchFailureDeathTest, HalfARecordInTheConcordanceEndsTheProgram)
     files.bytes["Conc.bin"].resize(15);
     load(files);
     EXPECT_DEATH(word("рече"),
-                 "CConc::getVersesFor\\(\\) let out .*: CFileVector::operator \\[\\]\\(\\): IO error");
+                 "CBible::search\\(\\) let out .*: CFileVector::operator \\[\\]\\(\\): IO error");
 }
 
 TEST_F(BibleSearchFailureDeathTest, DamagedTextDoesNotMatterToAWholeWord)

@@ -95,7 +95,7 @@ TEST_F(BibleVerses, ChapterBeyondTheTextsThrowsAsItsFirstMissingVerse)
               "CFileVector::operator [](): recordIndex out of range");
 }
 
-// Only std::out_of_range may come out of a verse or a chapter. A damaged text file is no case for the caller.
+// Only std::out_of_range may come out of a verse. A damaged text file is no case for its caller.
 TEST_F(BibleVersesDeathTest, DamagedTextEndsTheProgram)
 {
     ModuleFiles files = smallModule();
@@ -103,8 +103,6 @@ TEST_F(BibleVersesDeathTest, DamagedTextEndsTheProgram)
     const CBible& bible = load(files);
     EXPECT_DEATH(bible[CRef(0, 0, 1, false)],
                  "CBible::operator \\[\\]\\(\\) let out .*: CBibleText::operator \\[\\]\\(\\): I/O error");
-    EXPECT_DEATH(bible.chapterVerses(0, 0),
-                 "CBible::chapterVerses\\(\\) let out .*: CBibleText::operator \\[\\]\\(\\): I/O error");
     EXPECT_EQ(bible[CRef(0, 0, 0, false)], cp1251("Бог рече")); // a whole verse of the same file is read
 }
 
@@ -114,7 +112,6 @@ TEST_F(BibleVersesDeathTest, HalfAPointRecordEndsTheProgram)
     files.bytes["CompactPoint.bin"].resize(6);
     const CBible& bible = load(files);
     EXPECT_DEATH(bible[CRef(0, 0, 1, false)], "CFileVector::operator \\[\\]\\(\\): IO error");
-    EXPECT_DEATH(bible.chapterVerses(0, 0), "CFileVector::operator \\[\\]\\(\\): IO error");
 }
 
 } // namespace

@@ -5,6 +5,7 @@ add_executable(tolvo_engine_tests
   bible_modules_test.cpp
   bible_search_agreement_test.cpp
   bible_search_failure_test.cpp
+  bible_damage_test.cpp
   bible_search_test.cpp
   bible_test.cpp
   bible_verses_test.cpp

@@ -100,6 +100,8 @@ void useCatalogue(const Workshop& shop)
     std::vector<CRef> hits;
     bible->search("IGH", false, false, hits);
     expect(hits.size() == 1 && hits[0].isGlobal() && hits[0].verse() == 0, "CBible::search");
+    bible->searchVerses("day", true, false, hits);
+    expect(hits.size() == 1 && hits[0].verse() == 1, "CBible::searchVerses");
 }
 
 } // namespace

@@ -92,7 +92,7 @@ std::string CBible::operator[](const CRef& ref) const
 
 std::vector<std::string> CBible::chapterVerses(unsigned int bookID, unsigned int chapter) const
 {
-    return ut::lets_out<std::out_of_range>("CBible::chapterVerses()", [&] {
+    return ut::lets_out<std::out_of_range, std::ios_base::failure>("CBible::chapterVerses()", [&] {
         std::vector<std::string> verses;
         const unsigned int verseCount = m_structure->versesCount(bookID, chapter);
         if (verseCount == 0)

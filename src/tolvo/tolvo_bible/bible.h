@@ -57,7 +57,9 @@ public:
 
     /// The texts of all verses of a chapter, in order; book and chapter are local. What operator[] would give verse
     /// by verse, in two reads where the chapter lies together in the file.
-    /// @throws std::out_of_range  as operator[]; nothing else
+    /// @throws std::out_of_range       as operator[]
+    /// @throws std::ios_base::failure  as CBibleText::operator[]: the text is damaged, and each later chapter fails
+    ///                                 alike; nothing else
     std::vector<std::string> chapterVerses(unsigned int bookID, unsigned int chapter) const;
 
     /// Titles by global book number; "" for a book that the module lacks.
@@ -95,6 +97,13 @@ public:
     void search(const std::string& searchText, bool wholeWord, bool caseSensitive,
                 std::vector<CRef>& searchResult) const;
 
+    /// search() for a caller that goes on after a damaged file: a failed read of before does not end it, and none of
+    /// its own ends what is read after it.
+    /// @throws std::logic_error        as search()
+    /// @throws std::ios_base::failure  as CBibleText::operator[] and CFileVector::operator[]; nothing else
+    void searchVerses(const std::string& searchText, bool wholeWord, bool caseSensitive,
+                      std::vector<CRef>& searchResult) const;
+
     /// "num(31094) -> ref(b, c, v)" for local verse number 31094, or "Demo exception: " and what went wrong.
     std::string demoString() const;
 
@@ -107,8 +116,11 @@ private:
 
     CBible() = default; ///< no parts yet
     void openParts(const std::string& bibleFolder, Words words);
-    void searchWord(const std::string& word, std::vector<CRef>& searchResult) const;
-    void searchPart(const std::string& part, bool caseSensitive, std::vector<CRef>& searchResult) const;
+    void searchIn(CBibleText& text, CConc& conc, const std::string& searchText, bool wholeWord,
+                  bool caseSensitive, std::vector<CRef>& searchResult) const;
+    void searchWord(CConc& conc, const std::string& word, std::vector<CRef>& searchResult) const;
+    void searchPart(CBibleText& text, const std::string& part, bool caseSensitive,
+                    std::vector<CRef>& searchResult) const;
 
     CBibleStructure* m_structure = nullptr;
     CDiff* m_diff = nullptr;

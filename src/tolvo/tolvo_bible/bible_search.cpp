@@ -7,6 +7,7 @@
 #include "tolvo_bible/text_scan.h"
 #include "tolvo_bible/word_list.h"
 
+#include <ios>
 #include <stdexcept>
 
 namespace Kedrin::Tolvo {
@@ -57,35 +58,52 @@ void CBible::search(const std::string& searchText, bool wholeWord, bool caseSens
                     std::vector<CRef>& searchResult) const
 {
     ut::lets_out<std::logic_error>("CBible::search()", [&] {
-        if (wholeWord && caseSensitive)
-            throw std::logic_error("Whole words search may be only case insensitive");
-        searchResult.clear();
-        if (wholeWord)
-            searchWord(searchText, searchResult);
-        else
-            searchPart(searchText, caseSensitive, searchResult);
+        searchIn(*m_text, *m_conc, searchText, wholeWord, caseSensitive, searchResult);
     });
 }
 
-void CBible::searchWord(const std::string& word, std::vector<CRef>& searchResult) const
+void CBible::searchVerses(const std::string& searchText, bool wholeWord, bool caseSensitive,
+                          std::vector<CRef>& searchResult) const
+{
+    ut::lets_out<std::logic_error, std::ios_base::failure>("CBible::searchVerses()", [&] {
+        CBibleText text = m_text->afresh();
+        CConc conc = m_conc->afresh();
+        searchIn(text, conc, searchText, wholeWord, caseSensitive, searchResult);
+    });
+}
+
+void CBible::searchIn(CBibleText& text, CConc& conc, const std::string& searchText, bool wholeWord,
+                      bool caseSensitive, std::vector<CRef>& searchResult) const
+{
+    if (wholeWord && caseSensitive)
+        throw std::logic_error("Whole words search may be only case insensitive");
+    searchResult.clear();
+    if (wholeWord)
+        searchWord(conc, searchText, searchResult);
+    else
+        searchPart(text, searchText, caseSensitive, searchResult);
+}
+
+void CBible::searchWord(CConc& conc, const std::string& word, std::vector<CRef>& searchResult) const
 {
     const int wordIndex = m_wordList->indexOf(word);
     if (wordIndex == -1)
         return;
     std::vector<unsigned int> verseNums;
-    m_conc->getVersesFor(static_cast<unsigned int>(wordIndex), verseNums);
+    conc.readVersesFor(static_cast<unsigned int>(wordIndex), verseNums);
     searchResult.reserve(verseNums.size());
     CRefWalk refs(*this, *m_structure);
     for (const unsigned int verseNum : verseNums)
         searchResult.push_back(refs.globalRefOf(verseNum));
 }
 
-void CBible::searchPart(const std::string& part, bool caseSensitive, std::vector<CRef>& searchResult) const
+void CBible::searchPart(CBibleText& text, const std::string& part, bool caseSensitive,
+                        std::vector<CRef>& searchResult) const
 {
     const CTextScan scan(part, caseSensitive ? CTextScan::Case::exact : CTextScan::Case::ignored);
     CScanAhead needle(scan, !caseSensitive);
     CRefWalk refs(*this, *m_structure);
-    CVerseRun run(*m_text, 0, m_structure->totalVersesCount());
+    CVerseRun run(text, 0, m_structure->totalVersesCount());
     while (run.next())
         if (needle.isIn(run.text(), run.pieceEnd(), run.pieceNum()))
             searchResult.push_back(refs.globalRefOf(run.verseNum()));

@@ -36,7 +36,15 @@ public:
     std::string operator[](int localVerseNum);
 
 private:
+    friend class CBible;
     friend class CVerseRun;
+
+    /// The same open files with no failed read behind them.
+    CBibleText afresh() const { return CBibleText(*m_compactPoint, m_textStream); }
+    CBibleText(const ut::CFileVector<unsigned int>& compactPoint, const ut::CInputFile& textStream)
+        : m_compactPoint(new ut::CFileVector<unsigned int>(compactPoint.afresh())),
+          m_textStream(textStream)
+    {}
 
     std::unique_ptr<ut::CFileVector<unsigned int>> m_compactPoint; ///< first: it is opened first
     ut::CInputFile m_textStream;

@@ -26,6 +26,18 @@ public:
     void getVersesFor(unsigned int wordIndex, std::vector<unsigned int>& verseList);
 
 private:
+    friend class CBible;
+
+    /// The same open files with no failed read behind them.
+    CConc afresh() const { return CConc(m_conc, m_concPoint); }
+    CConc(const ut::CFileVector<unsigned short>& conc, const ut::CFileVector<unsigned int>& concPoint)
+        : m_conc(conc.afresh()),
+          m_concPoint(concPoint.afresh())
+    {}
+
+    /// getVersesFor() that lets a file which ends inside a record out as std::ios_base::failure.
+    void readVersesFor(unsigned int wordIndex, std::vector<unsigned int>& verseList);
+
     ut::CFileVector<unsigned short> m_conc;
     ut::CFileVector<unsigned int> m_concPoint;
 };
