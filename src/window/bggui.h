@@ -139,6 +139,7 @@ private:
     void translateMenus();
 
     void loadModules(const std::string& modulesPath);
+    void endWithTheEventLoop();
     void openTranslation(int bibleIndex);
     void closeTranslation(int bibleIndex);
     void selectAfterClosing(int closedTabIndex);

@@ -52,9 +52,8 @@ void BibleForm::init()
         menuTranslations_activated(0);
     } catch (const std::exception& ex) {
         qt3::MessageBox::critical(this, QStringLiteral("Грешка"), loadingMessage(ex));
-        // the event loop does not run yet; it honours this as soon as it does
         QMetaObject::invokeMethod(
-            qApp, [] { QApplication::exit(-1); }, Qt::QueuedConnection);
+            this, [this] { endWithTheEventLoop(); }, Qt::QueuedConnection);
     }
     comboBook_activated(0);
 }
@@ -80,6 +79,8 @@ void BibleForm::destroy()
 
 void BibleForm::menuTranslations_activated(int bibleIndex)
 {
+    if (tabsText == nullptr)
+        return; // the start has failed
     try {
         if (menuTranslations->isItemChecked(bibleIndex))
             closeTranslation(bibleIndex);
@@ -92,6 +93,8 @@ void BibleForm::menuTranslations_activated(int bibleIndex)
 
 void BibleForm::tabsText_selected(int tabID)
 {
+    if (tabsText == nullptr)
+        return; // the start has failed
     try {
         m_currentBibleI = static_cast<unsigned int>(tabsText->indexOf(tabID));
         m_currentBible = m_bibles.at(m_currentBibleI);
@@ -154,7 +157,9 @@ void BibleForm::btnSearch_pressed()
 
 void BibleForm::listSearchResults_highlighted(int i)
 {
-    goToRef(m_searchResults[static_cast<std::size_t>(i)]);
+    const auto hit = static_cast<std::size_t>(i);
+    if (hit < m_searchResults.size())
+        goToRef(m_searchResults[hit]);
 }
 
 void BibleForm::fileExit_activated() { close(); }

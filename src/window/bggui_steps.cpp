@@ -6,6 +6,10 @@
 #include "text.h"
 #include "word_list_model.h"
 
+#include <QApplication>
+#include <QThread>
+#include <QTimer>
+
 #include <stdexcept>
 #include <utility>
 
@@ -15,7 +19,7 @@ using namespace Kedrin::Tolvo;
 
 void BibleForm::loadModules(const std::string& modulesPath)
 {
-    m_bibleModules = new CBibleModules(modulesPath);
+    delete std::exchange(m_bibleModules, new CBibleModules(modulesPath));
     if (m_bibleModules->count() == 0)
         throw std::runtime_error(ut::format("No modules found under %s", modulesPath.c_str()));
     for (unsigned int translI = 0; translI < m_bibleModules->count(); ++translI)
@@ -31,6 +35,17 @@ void BibleForm::loadModules(const std::string& modulesPath)
     groupTextLayout->addWidget(textBrowser, 1, 0);
     connect(tabsText, &qt3::TabBar::selected, this, &BibleForm::tabsText_selected);
     m_currentBible = nullptr;
+}
+
+/// Ends a program whose start has failed, with -1, once its event loop runs. Until then the request waits with the
+/// form and goes with it: made without a running loop, or while a box is open, it would close every later box.
+void BibleForm::endWithTheEventLoop()
+{
+    constexpr int lookAgain = 10; // milliseconds
+    if (QThread::currentThread()->loopLevel() > 0 && QApplication::activeModalWidget() == nullptr)
+        QApplication::exit(-1);
+    else
+        QTimer::singleShot(lookAgain, this, &BibleForm::endWithTheEventLoop);
 }
 
 void BibleForm::openTranslation(int bibleIndex)

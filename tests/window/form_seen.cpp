@@ -42,6 +42,8 @@ QString FormFixture::red() const
 QStringList FormFixture::tabs() const
 {
     const qt3::TabBar* bar = m_form->tabsText;
+    if (bar == nullptr)
+        return {};
     QStringList labels;
     for (int i = 0; i < bar->count(); ++i)
         labels.append(i == bar->currentIndex() ? u'[' + bar->tabText(i) + u']' : bar->tabText(i));
