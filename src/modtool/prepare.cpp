@@ -36,9 +36,9 @@ void refuseUnfitText(const CTextEncoder& encoder, std::string_view text)
 void refuseForeignCharacters(const CTextEncoder& encoder, const SourceBible& source)
 {
     std::string list;
-    for (const auto& [codePoint, kind] : encoder.foreign())
-        if (!isReplacedAlways(codePoint))
-            list += "\n  " + message("%s, %s, first %s", describeCharacter(codePoint),
+    for (const auto& [character, kind] : encoder.foreign())
+        if (!kind.isAlways)
+            list += "\n  " + message("%s, %s, first %s", describeCharacter(character.codePoint),
                                      counted(kind.count, "time", "times"),
                                      source.placeOf(source.verses[kind.firstPlace]));
     if (!list.empty())
@@ -48,8 +48,9 @@ void refuseForeignCharacters(const CTextEncoder& encoder, const SourceBible& sou
 
 void reportReplaced(const CTextEncoder::Kinds& kinds, const SourceBible& source, BuildReport& report)
 {
-    for (const auto& [codePoint, kind] : kinds)
-        report.replaced.push_back({codePoint, kind, source.placeOf(source.verses[kind.firstPlace])});
+    for (const auto& [character, kind] : kinds)
+        report.replaced.push_back(
+            {character.codePoint, kind, source.placeOf(source.verses[kind.firstPlace])});
 }
 
 /// The global number of each book of the source; the report counts what is left out.

@@ -2,6 +2,7 @@
 
 #include "build_report.h"
 #include "cp1251.h"
+#include "look_alikes.h"
 #include "messages.h"
 #include "module_error.h"
 #include "substitutes.h"
@@ -25,7 +26,8 @@ std::string searchText(std::string_view utf8)
             bytes += *byte;
             continue;
         }
-        const std::string substitute = substituteFor(codePoint);
+        const icu::UnicodeString letter = cyrillicFor(text, i);
+        const std::string substitute = letter.isEmpty() ? substituteFor(codePoint) : substituteFor(letter);
         if (substitute == "?")
             throw CNotFound(message("no module can hold \"%s\" (%s)", utf8, describeCharacter(codePoint)));
         bytes += substitute;

@@ -178,7 +178,32 @@ std::string substituteFor(char32_t codePoint)
     return decomposed(codePoint).value_or("?");
 }
 
-bool isReplacedAlways(char32_t codePoint) { return codePoint == 0x040D || codePoint == 0x045D; }
+std::string substituteFor(const icu::UnicodeString& letter)
+{
+    std::string bytes;
+    for (int32_t i = 0; i < letter.length(); i = letter.moveIndex32(i, 1)) {
+        const auto codePoint = static_cast<char32_t>(letter.char32At(i));
+        const auto byte = ut::to_cp1251(codePoint);
+        bytes += byte ? std::string(1, *byte) : substituteFor(codePoint);
+    }
+    return bytes;
+}
+
+bool isReplacedAlways(char32_t codePoint)
+{
+    return codePoint == 0x0400 || codePoint == 0x040D || codePoint == 0x0450 || codePoint == 0x045D;
+}
+
+bool isReplacedAlways(const icu::UnicodeString& letter)
+{
+    constexpr char32_t grave = 0x0300;
+    for (int32_t i = 0; i < letter.length(); i = letter.moveIndex32(i, 1)) {
+        const auto codePoint = static_cast<char32_t>(letter.char32At(i));
+        if (codePoint != grave && !isReplacedAlways(codePoint) && !ut::to_cp1251(codePoint))
+            return false;
+    }
+    return true;
+}
 
 std::string characterName(char32_t codePoint)
 {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <unicode/unistr.h>
+
 #include <optional>
 #include <string>
 
@@ -12,8 +14,17 @@ namespace Kedrin::ModTool {
 ///  4. "?".
 std::string substituteFor(char32_t codePoint);
 
-/// Whether the character is replaced without being asked for: ѝ and Ѝ, which Bulgarian cannot be written without.
+/// The same for each character that Windows-1251 lacks, the others as they are.
+/// @param letter  a letter with its accents, composed (NFC)
+std::string substituteFor(const icu::UnicodeString& letter);
+
+/// Whether the character is replaced without being asked for: ѝ, ѐ and their capitals. Bulgarian cannot be written
+/// without the first, and the grave of both marks nothing but the stress.
 bool isReplacedAlways(char32_t codePoint);
+
+/// Whether nothing of the letter but a grave accent is lost.
+/// @param letter  Cyrillic, with its accents, composed (NFC)
+bool isReplacedAlways(const icu::UnicodeString& letter);
 
 /// The name of a character, "LATIN SMALL LETTER AE"; "<control-0007>" and the like for those without.
 std::string characterName(char32_t codePoint);

@@ -2,6 +2,7 @@
 
 #include "build_error.h"
 #include "cp1251.h"
+#include "look_alikes.h"
 #include "messages.h"
 #include "substitutes.h"
 
@@ -119,18 +120,24 @@ void CTextEncoder::encodeAny(std::string_view utf8, std::uint32_t place, std::st
         if (const char byte = m_bytes->byteOf(codePoint))
             folder.append(byte);
         else
-            for (const char substitute : replace(codePoint, place))
+            for (const char substitute : replace(text, i, place))
                 folder.append(substitute);
     }
 }
 
-const std::string& CTextEncoder::replace(char32_t codePoint, std::uint32_t place)
+const std::string& CTextEncoder::replace(const icu::UnicodeString& text, std::int32_t index,
+                                         std::uint32_t place)
 {
+    const auto codePoint = static_cast<char32_t>(text.char32At(index));
+    const icu::UnicodeString letter = cyrillicFor(text, index);
+    const bool isStress = isCyrillicStress(text, index);
     Kinds& kinds = codePoint == softHyphen ? m_softHyphens : m_foreign;
-    const auto [entry, isNew] = kinds.try_emplace(codePoint);
+    const auto [entry, isNew] = kinds.try_emplace({codePoint, isStress || !letter.isEmpty()});
     ReplacedCharacter& kind = entry->second;
     if (isNew) {
-        kind.to = substituteFor(codePoint);
+        kind.to = letter.isEmpty() ? substituteFor(codePoint) : substituteFor(letter);
+        kind.isAlways =
+            isStress || isReplacedAlways(codePoint) || (!letter.isEmpty() && isReplacedAlways(letter));
         kind.firstPlace = place;
     }
     ++kind.count;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <unicode/unistr.h>
+
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -9,22 +11,33 @@
 namespace Kedrin::ModTool {
 
 /// A kind of character that does not stand in the module as it stood in the source.
+struct ForeignCharacter
+{
+    char32_t codePoint;
+    bool isCyrillic; ///< a grave accent, or a Latin letter with an accent, in a Cyrillic word
+
+    auto operator<=>(const ForeignCharacter&) const = default; // NOLINT(modernize-use-nullptr)
+};
+
+/// What became of it.
 struct ReplacedCharacter
 {
     std::string to;               ///< Windows-1251; "": removed
+    bool isAlways = false;        ///< without being asked for
     std::uint64_t count = 0;      ///< how often
     std::uint32_t firstPlace = 0; ///< the `place` of the first
 };
 
 /// Turns UTF-8 text into the Windows-1251 text of a module: canonical composition (NFC), each run of white space one
-/// blank, none at the ends. What Windows-1251 lacks, and control characters, are replaced by substituteFor(); whether
-/// that is allowed is the caller's to decide, from foreign(). Soft hyphens are removed: they would hide words from the
+/// blank, none at the ends. What Windows-1251 lacks, and control characters, are replaced by substituteFor(), Latin
+/// letters with accents in Cyrillic words by cyrillicFor(); whether that is allowed is the caller's to decide, from
+/// foreign(). Soft hyphens are removed: they would hide words from the
 /// search.
 class CTextEncoder
 {
 public:
     using Kinds =
-        std::map<char32_t, ReplacedCharacter>; ///< by the character of the source, after composition
+        std::map<ForeignCharacter, ReplacedCharacter>; ///< by the character of the source, after composition
 
     CTextEncoder();
 
@@ -40,7 +53,7 @@ public:
 private:
     bool encodeSimple(std::string_view utf8, std::string& out) const;
     void encodeAny(std::string_view utf8, std::uint32_t place, std::string& out);
-    const std::string& replace(char32_t codePoint, std::uint32_t place);
+    const std::string& replace(const icu::UnicodeString& text, std::int32_t index, std::uint32_t place);
 
     std::shared_ptr<const class CByteTable> m_bytes;
     Kinds m_foreign;

@@ -50,18 +50,75 @@ TEST_F(Letters, BulgarianIWithGraveIsReplacedAndCountedWithoutBeingAsked)
     }
 }
 
-TEST_F(Letters, MacedonianIeWithGraveIsRefusedAndReplacedWhenAsked)
+TEST_F(Letters, IeWithGraveIsReplacedAndCountedWithoutBeingAsked)
 {
-    EXPECT_EQ(
-        refusal("Gen\t1\t1\tЀ ѐ\n"),
-        "kedrin-module: the text holds characters that Windows-1251 lacks (--substitute replaces them):\n"
-        "  U+0400 CYRILLIC CAPITAL LETTER IE WITH GRAVE, 1 time, first Gen 1:1\n"
-        "  U+0450 CYRILLIC SMALL LETTER IE WITH GRAVE, 1 time, first Gen 1:1\n");
-    const Result result = buildText("Ѐ ѐ", {"--substitute"});
-    EXPECT_EQ(verse(0, 0, 0), "Е е");
+    const Result result = buildText("Ѐ ѐ е\u0300", {});
+    ASSERT_EQ(result.code, 0) << result.err;
+    EXPECT_EQ(verse(0, 0, 0), "Е е е");
     EXPECT_EQ(replacedLines(result),
               "U+0400 CYRILLIC CAPITAL LETTER IE WITH GRAVE by \"Е\", 1 time, first Gen 1:1\n"
-              "U+0450 CYRILLIC SMALL LETTER IE WITH GRAVE by \"е\", 1 time, first Gen 1:1\n");
+              "U+0450 CYRILLIC SMALL LETTER IE WITH GRAVE by \"е\", 2 times, first Gen 1:1\n");
+}
+
+TEST_F(Letters, GraveStressOfAnyCyrillicLetterGoesAndIsCountedWithoutBeingAsked)
+{
+    const Result result =
+        buildText("а\u0300 О\u0300 у\u0300 ъ\u0300 ю\u0300 я\u0300 э\u0300 ы\u0300 і\u0300 ї\u0340", {});
+    ASSERT_EQ(result.code, 0) << result.err;
+    EXPECT_EQ(verse(0, 0, 0), "а О у ъ ю я э ы і ї");
+    EXPECT_EQ(replacedLines(result), "U+0300 COMBINING GRAVE ACCENT removed, 10 times, first Gen 1:1\n");
+}
+
+TEST_F(Letters, GraveOfAnotherLetterIsRefusedAndGoesWhenAsked)
+{
+    EXPECT_EQ(
+        refusal("Gen\t1\t1\tа\u0300 q\u0300 è\n"),
+        "kedrin-module: the text holds characters that Windows-1251 lacks (--substitute replaces them):\n"
+        "  U+00E8 LATIN SMALL LETTER E WITH GRAVE, 1 time, first Gen 1:1\n"
+        "  U+0300 COMBINING GRAVE ACCENT, 1 time, first Gen 1:1\n");
+    const Result result = buildText("а\u0300 q\u0300 è", {"--substitute"});
+    EXPECT_EQ(verse(0, 0, 0), "а q e");
+}
+
+TEST_F(Letters, LatinLetterWithGraveInACyrillicWordIsItsCyrillicLikeness)
+{
+    const Result sound = buildText("сè „Èва“ e\u0300те тù дò вàс зìма бý\u0300", {"--substitute"});
+    ASSERT_EQ(sound.code, 0) << sound.err;
+    EXPECT_EQ(verse(0, 0, 0), "се „Ева“ ете ти до вас зіма бу");
+    const Result always = buildText("сè „Èва“ e\u0300те тù дò вàс", {});
+    ASSERT_EQ(always.code, 0) << always.err;
+    EXPECT_EQ(verse(0, 0, 0), "се „Ева“ ете ти до вас");
+    EXPECT_EQ(replacedLines(always),
+              "U+00C8 LATIN CAPITAL LETTER E WITH GRAVE by \"Е\", 1 time, first Gen 1:1\n"
+              "U+00E0 LATIN SMALL LETTER A WITH GRAVE by \"а\", 1 time, first Gen 1:1\n"
+              "U+00E8 LATIN SMALL LETTER E WITH GRAVE by \"е\", 2 times, first Gen 1:1\n"
+              "U+00F2 LATIN SMALL LETTER O WITH GRAVE by \"о\", 1 time, first Gen 1:1\n"
+              "U+00F9 LATIN SMALL LETTER U WITH GRAVE by \"и\", 1 time, first Gen 1:1\n");
+}
+
+TEST_F(Letters, LatinLetterWithAnotherAccentInACyrillicWordIsItsLikenessWhenAsked)
+{
+    EXPECT_NE(refusal("Gen\t1\t1\tвáс\n").find("U+00E1 LATIN SMALL LETTER A WITH ACUTE, 1 time"),
+              std::string::npos);
+    const Result result = buildText("вáс сé кóй ýтро знâк", {"--substitute"});
+    EXPECT_EQ(verse(0, 0, 0), "вас се кой утро знак");
+}
+
+TEST_F(Letters, LatinDiaeresisInACyrillicWordIsALetterOfTheEncoding)
+{
+    const Result result = buildText("всë моï", {});
+    ASSERT_EQ(result.code, 0) << result.err;
+    EXPECT_EQ(verse(0, 0, 0), "всё мої");
+}
+
+TEST_F(Letters, LatinWordsKeepTheirLatinLetters)
+{
+    const Result result = buildText("café caféто è è-то сèé", {"--substitute"});
+    EXPECT_EQ(verse(0, 0, 0), "cafe cafeто e e-то сее");
+    EXPECT_NE(result.out.find("U+00E9 LATIN SMALL LETTER E WITH ACUTE by \"e\", 2 times"), std::string::npos)
+        << result.out;
+    EXPECT_NE(result.out.find("U+00E9 LATIN SMALL LETTER E WITH ACUTE by \"е\", 1 time"), std::string::npos)
+        << result.out;
 }
 
 TEST_F(Letters, MarksOfStressGoWhenAskedAndAreCounted)
