@@ -32,6 +32,18 @@ constexpr Row rows[] = {
      "jmp rb rt qs qac lik liv litl xt ior iqt wr "},
 };
 
+constexpr std::string_view noteParts =
+    " fr fk fq fqa fl fw fp ft fdc fv xo xop xk xq xta xot xnt xdc "; // with blanks around each
+
+bool isIn(std::string_view names, std::string_view base)
+{
+    for (std::size_t found = names.find(base); found != std::string_view::npos;
+         found = names.find(base, found + 1))
+        if (found != 0 && names[found - 1] == ' ' && names[found + base.size()] == ' ')
+            return true;
+    return false;
+}
+
 } // namespace
 
 UsfmMarker classify(std::string_view name)
@@ -40,12 +52,19 @@ UsfmMarker classify(std::string_view name)
     if (base.empty())
         return UsfmMarker::unknown;
     for (const Row& row : rows)
-        for (std::size_t found = row.names.find(base); found != std::string_view::npos;
-             found = row.names.find(base, found + 1))
-            if (row.names[found - 1] == ' ' && row.names[found + base.size()] == ' ')
-                return row.kind;
+        if (isIn(row.names, base))
+            return row.kind;
     return UsfmMarker::unknown;
 }
+
+bool isKnownMarker(std::string_view name)
+{
+    const bool isMilestone = name.ends_with("-s") || name.ends_with("-e");
+    return name == "line" ||
+           (!isMilestone && (classify(name) != UsfmMarker::unknown || isIn(noteParts, name)));
+}
+
+bool isBreak(std::string_view name) { return classify(name) != UsfmMarker::character; }
 
 bool marksWords(std::string_view name)
 {

@@ -27,6 +27,13 @@ enum class UsfmMarker
 /// @param name  without backslash, with its number: "q1"
 UsfmMarker classify(std::string_view name);
 
+/// Whether a name is a marker's, also one that stands only in notes. `\line`, which is no marker of USFM, counts: texts
+/// that came through a word processor have it.
+bool isKnownMarker(std::string_view name);
+
+/// Whether a known marker's text is apart from the one before it: any that does not mark characters.
+bool isBreak(std::string_view name);
+
 /// Whether what stands up to its end marker is one word or several, each whole: "w", "rb".
 bool marksWords(std::string_view name);
 

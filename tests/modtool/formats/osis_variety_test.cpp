@@ -91,9 +91,29 @@ TEST(OsisVariety, SignOfAContinuedQuotationClingsToItsWord)
 TEST(OsisVariety, MarkersOfUsfmGoAndAreCounted)
 {
     const SourceBible bible = read("\\p x" + verse("the \\nd <w>LORD</w>\\+nd* said\\q2 \\ 1\\2"));
-    EXPECT_EQ(linesOf(bible), "Gen 1:1 the LORD said\\ 1\\2\n");
+    EXPECT_EQ(linesOf(bible), "Gen 1:1 the LORD said \\ 1\\2\n");
     EXPECT_EQ(bible.findings.text(), "kept          3 texts of unknown markers, first Gen 1:1\n"
                                      "left out      1 text outside the verses, first in line 1\n");
+}
+
+TEST(OsisVariety, WordBehindABackslashStays)
+{
+    for (const char* text : {"\\43:1\\Now the land", "\\43:1\\it came", "a\\n b\\Add c",
+                             "C:\\p C:\\dir\\q1 x", "it\\it x", "\\foo* \\+\\x\\ \\q1„", "\\line5 \\ND x"})
+        EXPECT_EQ(linesIn(verse(text)), "Gen 1:1 " + std::string(text) + "\n");
+}
+
+TEST(OsisVariety, KnownMarkersOfUsfmGoWhereTheyMayStand)
+{
+    EXPECT_EQ(linesIn(verse("\\p \\nd Lord\\nd*, \\+add (\\wj O\\+nd God\\+nd*\\wj* \\ft note\\f*")),
+              "Gen 1:1 Lord, (OGod note\n");
+    EXPECT_EQ(linesIn(verse("\\p\\q1\\nd Lord\\nd*")), "Gen 1:1 Lord\n");
+}
+
+TEST(OsisVariety, MarkersOfParagraphsAndLinesJoinNoWords)
+{
+    EXPECT_EQ(linesIn(verse("one\\q1 two\\p\nthree.\\line four\\m")), "Gen 1:1 one two three. four\n");
+    EXPECT_EQ(linesIn(verse("one\\q2<w>two</w>\\tc3 three")), "Gen 1:1 one two three\n");
 }
 
 TEST(OsisVariety, NoteInsideAWordDividesItNot)
