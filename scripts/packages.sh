@@ -1,31 +1,81 @@
 # Sourced by ./run and ./test: which Debian packages they need, and how missing ones are installed.
+source "$(dirname "${BASH_SOURCE[0]}")/say.sh"
 
-build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev libicu-dev libsword-dev libcli11-dev libxml2-dev nlohmann-json3-dev libfmt-dev gettext)
+build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev libicu-dev libsword-dev libcli11-dev libxml2-dev
+    libexpat1-dev nlohmann-json3-dev libfmt-dev gettext)
 text_packages=(sword-text-kjv sword-text-web fonts-dejavu-core)
 screen_packages=(xvfb xauth xdotool x11-xkb-utils imagemagick)
 session_packages=(at-spi2-core dbus-daemon libatspi2.0-dev x11-utils)
-test_packages=(libgtest-dev libbenchmark-dev strace mandoc bash-completion)
+test_packages=(libgtest-dev libgmock-dev libbenchmark-dev strace mandoc bash-completion xz-utils)
 
 # need_packages NAME...: installs those that are not there, as root or through sudo.
+# Returns 1, explained, where that cannot be.
 need_packages() {
-    local installed missing=() package as_root=()
-    installed=$(dpkg-query -W -f '${Package} ${db:Status-Status}\n' "$@" 2>/dev/null | awk '$2 == "installed" {print $1}')
-    for package in "$@"; do
-        grep -qxF -- "$package" <<<"$installed" || missing+=("$package")
-    done
+    local missing=() as_root=()
+    missing_packages "$@"
     [ ${#missing[@]} -eq 0 ] && return 0
+    may_install || return 1
+    say "Installing Debian packages: ${missing[*]}" "Инсталират се пакети на Debian: ${missing[*]}"
+    install_packages
+}
 
-    if [ "$(id -u)" -ne 0 ]; then
-        if ! command -v sudo >/dev/null; then
-            echo "These Debian packages are missing, and neither root nor sudo is at hand to install them:" >&2
-            echo "    ${missing[*]}" >&2
-            echo "Ask whoever runs this machine for: apt-get install ${missing[*]}" >&2
-            return 1
-        fi
-        as_root=(sudo)
+# Sets `missing`. A package that dpkg has never heard of makes it fail, and is missing like the others.
+missing_packages() {
+    local installed package
+    installed=$(dpkg-query -W -f '${db:Status-Status} ${Package}\n' "$@" 2>/dev/null) || true
+    for package in "$@"; do
+        grep -qxF -- "installed $package" <<<"$installed" || missing+=("$package")
+    done
+}
+
+# Sets `as_root`, the words before a command that root has to run.
+may_install() {
+    if ! command -v apt-get >/dev/null; then
+        explain "There is no apt-get here to install what Kedrin needs: ${missing[*]}
+These scripts are made for Debian 12. On another system, install the same things and build with CMake (see CONTRIBUTING.md)." \
+            "Тук няма apt-get, за да се инсталира нужното за Kedrin: ${missing[*]}
+Скриптовете са за Debian 12. На друга система инсталирайте същото и сглобете програмата с CMake (вж. CONTRIBUTING.md)."
+        return 1
     fi
-    echo "Installing Debian packages: ${missing[*]}"
-    "${as_root[@]}" apt-get update -qq
-    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" \
-        >/dev/null
+    [ "$(id -u)" -eq 0 ] && return 0
+    as_root=(sudo)
+    if ! command -v sudo >/dev/null; then
+        explain "Debian packages are missing, and there is neither root nor sudo to install them: ${missing[*]}
+Ask the administrator of this machine for: apt-get install ${missing[*]}" \
+            "Липсват пакети на Debian, а няма нито права на root, нито sudo, за да се инсталират: ${missing[*]}
+Помолете администратора на машината за: apt-get install ${missing[*]}"
+        return 1
+    fi
+    if ! sudo true; then
+        explain "Debian packages are missing, and sudo refused to install them: ${missing[*]}
+Ask the administrator of this machine for: apt-get install ${missing[*]}" \
+            "Липсват пакети на Debian, а sudo отказа да се инсталират: ${missing[*]}
+Помолете администратора на машината за: apt-get install ${missing[*]}"
+        return 1
+    fi
+}
+
+# Lists that cannot be fetched may still do: one source of several may be out of order, or all archives at hand.
+install_packages() {
+    local PATH=$PATH:/usr/sbin:/sbin # dpkg's own programs, which su leaves out
+    local are_lists_fresh=true
+    if ! "${as_root[@]}" apt-get update -qq -o APT::Update::Error-Mode=any; then
+        are_lists_fresh=false
+        say "apt-get could not fetch all package lists (see above); going on with those of before." \
+            "apt-get не успя да изтегли всички списъци с пакети (вж. по-горе); продължава се със старите." >&2
+    fi
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null && return 0
+    if $are_lists_fresh; then
+        explain "apt-get could not install Debian packages (see above): ${missing[*]}
+They are all in Debian 12, section main. Put right what apt-get names, or its sources in /etc/apt, and try again." \
+            "apt-get не успя да инсталира пакети на Debian (вж. по-горе): ${missing[*]}
+Всички те са в Debian 12, раздел main. Поправете това, което apt-get посочва, или източниците му в /etc/apt и опитайте отново."
+    else
+        explain "apt-get could neither fetch the package lists nor install Debian packages (see above): ${missing[*]}
+Check the connection to the network and the sources in /etc/apt, and try again." \
+            "apt-get не успя нито да изтегли списъците с пакети, нито да инсталира пакети на Debian (вж. по-горе): ${missing[*]}
+Проверете връзката с мрежата и източниците в /etc/apt и опитайте отново."
+    fi
+    return 1
 }

@@ -1,0 +1,24 @@
+# Sourced by ./run and ./test, in the project's folder.
+
+# build_preset PRESET
+build_preset() {
+    local out=build/$1
+    [ -f "$out/build.ninja" ] || cmake --preset "$1" >/dev/null ||
+        fail "CMake could not prepare the build in $out (see above). If the project was moved or copied, remove $out and try again." \
+            "CMake не успя да подготви $out (вж. по-горе). Ако проектът е преместен или копиран, изтрийте $out и опитайте отново."
+    cmake --build --preset "$1" ||
+        fail "The build in $out failed (see above). Remove the cause, or $out if it is older than the sources, and try again." \
+            "Сглобяването в $out не успя (вж. по-горе). Отстранете причината, или изтрийте $out, ако е остаряла, и опитайте отново."
+}
+
+# can_write FILE: whether it is, or can become, a file that may be written.
+can_write() { [ ! -d "$1" ] && if [ -e "$1" ]; then [ -w "$1" ]; else [ -w "$(dirname -- "$1")" ]; fi; }
+
+# Qt and the module tool work in UTF-8, which a locale that is not installed does not give. The language stays.
+use_utf8() {
+    local messages=${LC_ALL:-${LC_MESSAGES:-${LANG-}}}
+    [ "$(locale charmap 2>/dev/null)" = UTF-8 ] && return
+    unset LC_ALL
+    export LC_CTYPE=C.UTF-8
+    [ -z "$messages" ] || export LC_MESSAGES=$messages
+}

@@ -1,0 +1,57 @@
+# Sourced by the scripts: they speak Bulgarian in a Bulgarian locale, installed or not, else English; and whatever ends
+# one of them, it ends with a sentence.
+
+case ${LC_ALL:-${LC_MESSAGES:-${LANG-}}} in
+    bg*) is_bulgarian=true ;;
+    *) is_bulgarian=false ;;
+esac
+is_explained=false
+failed_command=
+
+# say ENGLISH BULGARIAN
+say() {
+    if $is_bulgarian; then echo "$2"; else echo "$1"; fi
+}
+
+# explain ENGLISH BULGARIAN: says what failed and what to do; the script is expected to end.
+explain() {
+    say "$@" >&2
+    is_explained=true
+}
+
+# fail ENGLISH BULGARIAN: explains, and ends the script.
+fail() {
+    explain "$@"
+    exit 1
+}
+
+# Redefined by a script that leaves something to remove when it ends.
+clean_up() { :; }
+
+explain_end() {
+    local status=$1
+    trap - ERR
+    clean_up || true
+    if [ "$status" -ne 0 ] && ! $is_explained; then
+        say "$0: failed with status $status${failed_command:+ at: $failed_command}
+The messages above name the cause. Remove it and start $0 again." \
+            "$0: край с код $status${failed_command:+ при: $failed_command}
+Причината е в съобщенията по-горе. Отстранете я и стартирайте $0 отново." >&2
+    fi
+}
+
+# Ctrl-C and kill need no explanation.
+end_by_signal() {
+    is_explained=true
+    exit "$1"
+}
+
+# Called first by each script that is started by itself.
+explain_failures() {
+    set -E # functions and subshells tell the command that failed
+    trap 'failed_command="$BASH_COMMAND (${BASH_SOURCE[0]##*/}:$LINENO)"' ERR
+    trap 'explain_end $?' EXIT
+    trap 'end_by_signal 129' HUP
+    trap 'end_by_signal 130' INT
+    trap 'end_by_signal 143' TERM
+}
