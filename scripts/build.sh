@@ -14,11 +14,9 @@ build_preset() {
 # can_write FILE: whether it is, or can become, a file that may be written.
 can_write() { [ ! -d "$1" ] && if [ -e "$1" ]; then [ -w "$1" ]; else [ -w "$(dirname -- "$1")" ]; fi; }
 
-# Qt and the module tool work in UTF-8, which a locale that is not installed does not give. The language stays.
+# The toolkit works in UTF-8, which a locale that is not installed does not give. The language stays the user's.
 use_utf8() {
-    local messages=${LC_ALL:-${LC_MESSAGES:-${LANG-}}}
     [ "$(locale charmap 2>/dev/null)" = UTF-8 ] && return
-    unset LC_ALL
-    export LC_CTYPE=C.UTF-8
-    [ -z "$messages" ] || export LC_MESSAGES=$messages
+    export KEDRIN_LANGUAGE=$messages_locale LC_ALL=C.UTF-8
+    ! $is_bulgarian || export LANGUAGE=bg
 }

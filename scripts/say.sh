@@ -1,7 +1,8 @@
 # Sourced by the scripts: they speak Bulgarian in a Bulgarian locale, installed or not, else English; and whatever ends
 # one of them, it ends with a sentence.
 
-case ${LC_ALL:-${LC_MESSAGES:-${LANG-}}} in
+messages_locale=${KEDRIN_LANGUAGE:-${LC_ALL:-${LC_MESSAGES:-${LANG-}}}} # the first is set by use_utf8
+case $messages_locale in
     bg*) is_bulgarian=true ;;
     *) is_bulgarian=false ;;
 esac
@@ -23,6 +24,13 @@ explain() {
 fail() {
     explain "$@"
     exit 1
+}
+
+# end_explained: for COMMAND || end_explained, where the command has said itself why it failed.
+end_explained() {
+    local status=$?
+    is_explained=true
+    exit $status
 }
 
 # Redefined by a script that leaves something to remove when it ends.
