@@ -84,8 +84,10 @@ void checkTitles(const CTitles& titles)
     for (unsigned int book = 0; book < titles.booksCount(); ++book) {
         (void)(titles.fullTitle(book) + titles.shortTitle(book) + titles.abbreviatedTitle(book));
         const unsigned int globalID = titles.globalID(book);
-        require(titles.hasBook(globalID) && titles.localID(globalID) <= book,
-                "the first of equal books is found");
+        if (titles.hasBook(globalID))
+            require(titles.localID(globalID) <= book, "the first of equal books is found");
+        else
+            require(globalID == 0xFFFFFFFF, "a book that is not found has no number");
     }
     require(isOutOfRange([&] { titles.fullTitle(titles.booksCount()); }), "books end");
 }

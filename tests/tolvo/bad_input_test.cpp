@@ -1,5 +1,6 @@
 // Damaged modules: each of the ten files missing, replaced, cut short, spoiled. What comes of it is always one of
-// three: the loading refuses with the promised message, which a proof gives as well; the translation answers, or
+// three: the loading refuses with the promised message, which a proof gives as well (and a proof may refuse what loads,
+// but nothing whose first chapter cannot be read passes it); the translation answers, or
 // throws what the operation's list names; or the program ends with the one line that the contract of the operation promises.
 
 #include "bible_walker.h"
@@ -66,7 +67,6 @@ bool isPromisedRefusal(const std::string& message, const std::string& folder)
     const std::string inner = message.substr(start.size(), message.size() - start.size() - 1);
     for (const auto& [text, fileName] : std::vector<std::pair<std::string, std::string>>{
              {"CTitles::CTitles(): error opening file ", "BibleTitles.txt"},
-             {"CTitles::CTitles(): error reading file ", "BibleTitles.txt"},
              {"CBibleSructure::CBibleSructure(): error opening file ", "BibleStructure.csv"},
              {"CBibleSructure::CBibleSructure(): error reading file ", "BibleStructure.csv"},
              {"CDiff::CDiff(): error opening file ", "_Diff_.txt"},
@@ -76,6 +76,22 @@ bool isPromisedRefusal(const std::string& message, const std::string& folder)
              {"CFileVector::CFileVector(): cannot open file ", "Conc.bin"},
              {"CFileVector::CFileVector(): cannot open file ", "ConcP.bin"}})
         if (inner == text + folder + "/" + fileName)
+            return true;
+    return false;
+}
+
+/// Whether the message is one of those with which a proof refuses what loads.
+bool isPromisedDoubt(const std::string& message, const std::string& folder)
+{
+    const std::string start =
+        "CBible::CBible(): Error loading Bible (from folder " + folder + ");\nError message: \"";
+    for (const std::string& inner :
+         {"CTitles::CTitles(): error reading file " + folder + "/BibleTitles.txt",
+          "CBibleSructure::CBibleSructure(): error reading file " + folder + "/BibleStructure.csv",
+          std::string("CBibleSructure::ValidateBookID(): bookID out of range"),
+          std::string("CBibleSructure::ValidateChapterID(): chapter out of range"),
+          std::string("CBibleText::operator [](): I/O error")})
+        if (message == start + inner + "\"")
             return true;
     return false;
 }
@@ -90,10 +106,14 @@ int proveLoadAndWalk(const std::string& folder, const std::vector<Walk>& walks)
     const std::string proof = refusal([&] { CBible::Validate(folder); });
     CBible* bible = nullptr;
     const std::string loading = refusal([&] { bible = new CBible(folder); });
-    if (proof != loading)
+    if (bible == nullptr && proof != loading)
         return provenOtherwise;
     if (bible == nullptr)
         return isPromisedRefusal(loading, folder) ? 0 : unknownRefusal;
+    if (!proof.empty() && !isPromisedDoubt(proof, folder))
+        return unknownRefusal;
+    if (proof.empty())
+        bible->chapterVerses(0, 0);
     for (const Walk walk : walks)
         walk(*bible);
     delete bible;

@@ -124,17 +124,24 @@ TEST_F(BibleLoading, NoFolderIsAMissingTitlesFile)
               wrapped(module, "CTitles::CTitles(): error opening file " + module + "/BibleTitles.txt"));
 }
 
-TEST_F(BibleLoading, MalformedTitlesAndStructureAreNamed)
+TEST_F(BibleLoading, MalformedStructureIsNamed)
 {
     ModuleFiles files = smallModule();
     files.bytes["BibleStructure.csv"] = "2 2 1\r\n1\r\n";
     files.write(module);
     EXPECT_EQ(loadFailure(module), wrapped(module, "CBibleSructure::CBibleSructure(): error reading file " +
                                                        module + "/BibleStructure.csv"));
+}
+
+TEST_F(BibleLoading, ShortTitlesLoad)
+{
+    ModuleFiles files = smallModule();
     files.bytes["BibleTitles.txt"] = "2 0";
     files.write(module);
-    EXPECT_EQ(loadFailure(module),
-              wrapped(module, "CTitles::CTitles(): error reading file " + module + "/BibleTitles.txt"));
+    EXPECT_EQ(CBible(module).booksCount(), 2u);
+    files.bytes["BibleTitles.txt"] = "";
+    files.write(module);
+    EXPECT_EQ(CBible(module).booksCount(), 0u);
 }
 
 TEST_F(BibleLoading, StructureIsReadForAsManyBooksAsThereAreTitles)

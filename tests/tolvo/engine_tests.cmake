@@ -3,6 +3,7 @@ add_executable(tolvo_engine_tests
   bad_input_test.cpp
   bible_loading_test.cpp
   bible_modules_test.cpp
+  bible_proof_test.cpp
   bible_search_agreement_test.cpp
   bible_search_failure_test.cpp
   bible_damage_test.cpp

@@ -12,9 +12,26 @@
 #include "tolvo_bible/word_list.h"
 #include "ut_utils.h"
 
+#include <memory>
 #include <stdexcept>
 
 namespace Kedrin::Tolvo {
+
+namespace {
+
+std::string inFolder(const std::string& bibleFolder, const char* fileName)
+{
+    return bibleFolder + (bibleFolder.ends_with('/') ? "" : "/") + fileName;
+}
+
+[[noreturn]] void throwLoadingError(const std::string& bibleFolder, const std::exception& ex)
+{
+    throw std::runtime_error(
+        ut::format("CBible::CBible(): Error loading Bible (from folder %s);\nError message: \"%s\"",
+                   bibleFolder.c_str(), ex.what()));
+}
+
+} // namespace
 
 CBible::CBible(const std::string& bibleFolder)
 {
@@ -37,15 +54,33 @@ void CBible::Validate(const std::string& bibleFolder)
     ut::lets_out<std::runtime_error>("CBible::Validate()", [&] {
         CBible proof;
         proof.openParts(bibleFolder, Words::openOnly);
-        delete proof.m_info;
+        const std::unique_ptr<const CBibleInfo> info(proof.m_info); // which the destructor leaves
+        try {
+            proof.proveParts(bibleFolder);
+        } catch (const std::exception& ex) {
+            throwLoadingError(bibleFolder, ex);
+        }
     });
+}
+
+void CBible::proveParts(const std::string& bibleFolder) const
+{
+    if (!m_titles->m_isWhole)
+        throw ut::CIoFailure("CTitles::CTitles(): error reading file " +
+                             inFolder(bibleFolder, "BibleTitles.txt"));
+    const bool allHaveText = m_structure->totalVersesCount() <= m_text->m_compactPoint->size();
+    if (m_structure->m_furtherBook || !allHaveText)
+        throw ut::CIoFailure("CBibleSructure::CBibleSructure(): error reading file " +
+                             inFolder(bibleFolder, "BibleStructure.csv"));
+    CVerseRun firstChapter(*m_text, 0, m_structure->versesCount(0, 0));
+    while (firstChapter.next()) {
+    }
 }
 
 void CBible::openParts(const std::string& bibleFolder, Words words)
 {
     try {
-        const std::string folder = bibleFolder.ends_with('/') ? bibleFolder : bibleFolder + "/";
-        const auto path = [&](const char* fileName) { return folder + fileName; };
+        const auto path = [&](const char* fileName) { return inFolder(bibleFolder, fileName); };
 
         m_titles = new CTitles(path("BibleTitles.txt").c_str());
         m_structure = new CBibleStructure(path("BibleStructure.csv").c_str(), m_titles->booksCount());
@@ -56,11 +91,9 @@ void CBible::openParts(const std::string& bibleFolder, Words words)
         else
             CWordList::ValidateFile(path("WordList.txt").c_str());
         m_conc = new CConc(path("Conc.bin").c_str(), path("ConcP.bin").c_str());
-        m_info = new CBibleInfo(path("_Info_.txt").c_str(), folder_name(folder).c_str());
+        m_info = new CBibleInfo(path("_Info_.txt").c_str(), folder_name(bibleFolder).c_str());
     } catch (const std::exception& ex) {
-        throw std::runtime_error(
-            ut::format("CBible::CBible(): Error loading Bible (from folder %s);\nError message: \"%s\"",
-                       bibleFolder.c_str(), ex.what()));
+        throwLoadingError(bibleFolder, ex);
     }
 }
 

@@ -37,8 +37,13 @@ public:
     CBible(const CBible&) = delete;
     CBible& operator=(const CBible&) = delete;
 
-    /// Throws what the constructor would throw for this folder, and leaves nothing behind either way. The word
-    /// list is opened and not read: nothing in it can make the loading fail.
+    /// Throws what the constructor would throw for this folder; then refuses, with a message of the same form, what
+    /// loads and cannot be read:
+    ///     "CTitles::CTitles(): error reading file %s": a number or a title line is missing
+    ///     "CBibleSructure::CBibleSructure(): error reading file %s": a whole book follows those that have titles, or
+    ///     there are more verses than CompactPoint.bin has records
+    ///     what chapterVerses(0, 0) throws
+    /// Leaves nothing behind either way. The word list is opened and not read: nothing in it can make the loading fail.
     static void Validate(const std::string& bibleFolder);
 
     /// The same verse in local numbers; the argument is taken as global whatever its type. Not validated.
@@ -116,6 +121,7 @@ private:
 
     CBible() = default; ///< no parts yet
     void openParts(const std::string& bibleFolder, Words words);
+    void proveParts(const std::string& bibleFolder) const;
     void searchIn(CBibleText& text, CConc& conc, const std::string& searchText, bool wholeWord,
                   bool caseSensitive, std::vector<CRef>& searchResult) const;
     void searchWord(CConc& conc, const std::string& word, std::vector<CRef>& searchResult) const;

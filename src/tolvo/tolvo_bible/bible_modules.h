@@ -36,9 +36,11 @@ public:
     ///     module may be damaged.
     const CBible* loadBible(unsigned int bibleIndex) const;
 
-    /// Proves that loadBible() will succeed. Leaves no open file and no memory behind.
+    /// Proves that loadBible() will succeed and that the translation can be read from its beginning on. Leaves no open
+    /// file and no memory behind.
     /// @throws std::out_of_range   "CBibleModules::loadBible(): index out of range"
-    /// @throws std::runtime_error  what loading the module throws, text included (see CBible)
+    /// @throws std::runtime_error  what loading the module throws, text included, and besides what CBible::Validate
+    ///                             refuses
     void ValidateBible(unsigned int bibleIndex) const;
 
     /// The common numbering: BibleStructure.txt of the modules directory, 77 books; read at the first call that

@@ -24,6 +24,28 @@ std::size_t entryOf(const std::vector<unsigned int>& starts, unsigned int num)
     return exact || position == 0 ? position : position - 1;
 }
 
+/// A count sizes memory only when the file can hold as many numbers.
+bool canFollow(unsigned int count, const ut::CNumberReader& numbers)
+{
+    return count <= numbers.rest().size();
+}
+
+/// @returns false when the rest of the file is no whole book
+bool readBook(ut::CNumberReader& numbers, std::vector<unsigned int>& chapters)
+{
+    const auto chaptersCount = numbers.nextUnsigned();
+    if (!chaptersCount || !canFollow(*chaptersCount, numbers))
+        return false;
+    chapters.reserve(*chaptersCount);
+    for (unsigned int chapter = 0; chapter < *chaptersCount; ++chapter) {
+        const auto versesCount = numbers.nextUnsigned();
+        if (!versesCount)
+            return false;
+        chapters.push_back(*versesCount);
+    }
+    return true;
+}
+
 [[noreturn]] void throwUnreadable(const char* fileName)
 {
     throw ut::CIoFailure(ut::format("CBibleSructure::CBibleSructure(): error reading file %s", fileName));
@@ -50,22 +72,14 @@ void CBibleStructure::readBooks(const char* fileName, unsigned int booksCount)
         throw ut::CIoFailure(ut::format("CBibleSructure::CBibleSructure(): error opening file %s", fileName));
 
     ut::CNumberReader numbers(content);
-    const auto fits = [&](unsigned int count) { return count <= numbers.rest().size(); };
-    if (!fits(booksCount)) // a count sizes memory only when the file can hold as many numbers
+    if (!canFollow(booksCount, numbers))
         throwUnreadable(fileName);
     m_verses.resize(booksCount);
-    for (std::vector<unsigned int>& chapters : m_verses) {
-        const auto chaptersCount = numbers.nextUnsigned();
-        if (!chaptersCount || !fits(*chaptersCount))
+    for (std::vector<unsigned int>& chapters : m_verses)
+        if (!readBook(numbers, chapters))
             throwUnreadable(fileName);
-        chapters.reserve(*chaptersCount);
-        for (unsigned int chapter = 0; chapter < *chaptersCount; ++chapter) {
-            const auto versesCount = numbers.nextUnsigned();
-            if (!versesCount)
-                throwUnreadable(fileName);
-            chapters.push_back(*versesCount);
-        }
-    }
+    std::vector<unsigned int> further;
+    m_furtherBook = readBook(numbers, further);
 }
 
 void CBibleStructure::CalcStartNums()

@@ -14,7 +14,8 @@ namespace Kedrin::Tolvo {
 class CBibleStructure
 {
 public:
-    /// Reads exactly `booksCount` books; what follows them is ignored.
+    /// Reads exactly `booksCount` books; what follows them is ignored (CBibleModules::ValidateBible refuses a whole
+    /// further book).
     /// @throws std::ios_base::failure
     ///     "CBibleSructure::CBibleSructure(): error opening file %s"
     ///     "CBibleSructure::CBibleSructure(): error reading file %s": fewer numbers than the books need, a token
@@ -56,12 +57,15 @@ public:
     void CalcStartNums();
 
 private:
+    friend class CBible;
+
     void readBooks(const char* fileName, unsigned int booksCount);
 
     std::vector<std::vector<unsigned int>> m_verses; ///< m_verses[book][chapter]: verses in that chapter
     unsigned int m_totalVerseCount = 0;
     std::vector<std::vector<unsigned int>> m_startVerseNums; ///< [book][chapter]: number of its first verse
     std::vector<unsigned int> m_bookStartVerseNums;          ///< [book]: number of its first verse
+    bool m_furtherBook = false;                              ///< the file goes on with a whole book
 };
 
 } // namespace Kedrin::Tolvo

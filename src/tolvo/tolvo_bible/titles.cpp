@@ -6,9 +6,17 @@
 #include "text_reader.h"
 #include "ut_utils.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace Kedrin::Tolvo {
+
+namespace {
+
+constexpr std::size_t fewBooks = 256; // so many take little memory even if the file holds none of them
+constexpr unsigned int noGlobalBookID = 0xFFFFFFFF;
+
+} // namespace
 
 CTitles::CTitles(const char* fileName)
 {
@@ -21,25 +29,39 @@ void CTitles::read(const char* fileName)
     if (!ut::read_text_file(fileName, content))
         throw ut::CIoFailure(ut::format("CTitles::CTitles(): error opening file %s", fileName));
 
+    readTitles(readNumbers(content));
+}
+
+/// @returns what follows the last number that could be read
+std::string_view CTitles::readNumbers(std::string_view content)
+{
     ut::CNumberReader numbers(content);
     const auto booksCount = numbers.nextUnsigned();
-    if (!booksCount || *booksCount > numbers.rest().size()) // the file cannot hold as many numbers
-        throw ut::CIoFailure(ut::format("CTitles::CTitles(): error reading file %s", fileName));
-    m_globalBookIDs.reserve(*booksCount);
-    for (unsigned int book = 0; book < *booksCount; ++book) {
+    m_isWhole = booksCount && *booksCount <= std::max(fewBooks, numbers.rest().size());
+    m_globalBookIDs.assign(m_isWhole ? *booksCount : 0, noGlobalBookID);
+    std::string_view rest = numbers.rest();
+    for (unsigned int book = 0; book < m_globalBookIDs.size(); ++book) {
         const auto globalBookID = numbers.nextSigned();
-        if (!globalBookID)
-            throw ut::CIoFailure(ut::format("CTitles::CTitles(): error reading file %s", fileName));
-        m_globalBookIDs.push_back(static_cast<unsigned int>(*globalBookID));
-        m_globalsToLocalsMap.emplace(m_globalBookIDs.back(), book); // of equal numbers the first book stays
+        if (!globalBookID) {
+            m_isWhole = false;
+            break;
+        }
+        m_globalBookIDs[book] = static_cast<unsigned int>(*globalBookID);
+        m_globalsToLocalsMap.emplace(m_globalBookIDs[book], book); // of equal numbers the first book stays
+        rest = numbers.rest();
     }
+    return rest;
+}
 
-    ut::CLineReader lines(numbers.rest());
-    lines.next(); // the titles begin on the line after the last number
+/// The titles begin on the line after the last number.
+void CTitles::readTitles(std::string_view rest)
+{
+    ut::CLineReader lines(rest);
+    lines.next();
     for (std::vector<std::string>* titles : {&m_fullTitles, &m_shortTitles, &m_abbrTitles}) {
-        titles->reserve(*booksCount);
-        for (unsigned int book = 0; book < *booksCount; ++book) {
-            lines.next();
+        titles->reserve(booksCount());
+        for (unsigned int book = 0; book < booksCount(); ++book) {
+            m_isWhole = lines.next() && m_isWhole;
             titles->push_back(lines.line());
         }
     }

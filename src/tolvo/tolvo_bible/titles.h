@@ -4,6 +4,7 @@
 
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace Kedrin::Tolvo {
@@ -13,10 +14,10 @@ namespace Kedrin::Tolvo {
 class CTitles : public ITitles
 {
 public:
-    /// Title lines that are missing are empty titles.
-    /// @throws std::ios_base::failure
-    ///     "CTitles::CTitles(): error opening file %s"
-    ///     "CTitles::CTitles(): error reading file %s": no book count, or fewer global numbers than books
+    /// What is missing inside the file is not reported (CBibleModules::ValidateBible refuses it): a book count that
+    /// is no number, or far more than the file can hold, is 0 books; a book whose global number is missing has
+    /// 4294967295, which leads to no book; missing title lines are empty titles.
+    /// @throws std::ios_base::failure  "CTitles::CTitles(): error opening file %s"
     explicit CTitles(const char* fileName);
     virtual ~CTitles() = default;
     CTitles(const CTitles&) = delete;
@@ -44,13 +45,18 @@ public:
     void ValidateBookID(unsigned int bookID) const;
 
 private:
+    friend class CBible;
+
     void read(const char* fileName);
+    std::string_view readNumbers(std::string_view content);
+    void readTitles(std::string_view rest);
 
     std::vector<unsigned int> m_globalBookIDs;                 ///< [local book]
     std::map<unsigned int, unsigned int> m_globalsToLocalsMap; ///< global to local book number
     std::vector<std::string> m_fullTitles;                     ///< [local book], as are the next two
     std::vector<std::string> m_shortTitles;
     std::vector<std::string> m_abbrTitles;
+    bool m_isWhole = true; ///< the file holds the count, each number and each title line
 };
 
 } // namespace Kedrin::Tolvo
