@@ -60,7 +60,8 @@ BuildReport buildModule(const SourceBible& source, const std::string& path, cons
     if (!fingerprint.empty())
         folder.write(fingerprintFileName, fingerprint);
     progress.show(tr("reading back"), 2, steps);
-    checkWritten(folder.besidePath(), module, report.diff.kept);
+    report.letters.module = checkWritten(folder.besidePath(), module, report.diff.kept);
+    report.checkLetters();
     provideCommonStructure(folderOf(folder.path()));
     progress.show(tr("publishing"), 3, steps);
     folder.publish();

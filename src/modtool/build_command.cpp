@@ -58,6 +58,7 @@ CBuildCommand::CBuildCommand(CLI::App& program)
                      tr("Versification of the source, by its SWORD name"))
         ->type_name("NAME");
     addReadingOptions();
+    m_command->add_flag("-v,--verbose", m_verbose, tr("Say where the letters and digits of the source went"));
     m_command->add_flag("-q,--quiet", m_quiet, tr("No progress bar and no report"));
 }
 
@@ -126,7 +127,7 @@ std::string CBuildCommand::usageError() const
         return m_source.empty() || m_folder.empty()
                    ? tr("build needs SOURCE and MODULE-FOLDER, or --all-sword DIR")
                    : "";
-    const bool describesOne = !m_source.empty() || m_options.substitute || !m_options.fullTitle.empty() ||
+    const bool describesOne = !m_source.empty() || m_verbose || m_options.substitute || !m_options.fullTitle.empty() ||
                               !m_options.shortTitle.empty() || !m_options.abbreviatedTitle.empty() ||
                               !m_options.versification.empty() || m_options.sourceTitles ||
                               !m_copyrightFile.empty() || !m_readOptions.encoding.empty() ||
@@ -162,6 +163,8 @@ bool CBuildCommand::build(std::ostream& report, std::ostream& err, CProgress& pr
         buildModule(readSource(m_source, m_readOptions, progress), m_folder, options, "", progress);
     progress.clear();
     report << result.text();
+    if (m_verbose)
+        report << result.letterAccount();
     return true;
 }
 

@@ -36,6 +36,7 @@ private:
     std::string m_copyrightFile;
     ReadOptions m_readOptions;
     BuildOptions m_options;
+    bool m_verbose = false;
     bool m_quiet = false;
 };
 

@@ -1,5 +1,6 @@
 #include "build_report.h"
 
+#include "build_error.h"
 #include "messages.h"
 #include "substitutes.h"
 #include "ut_utils.h"
@@ -83,6 +84,47 @@ std::string BuildReport::text() const
     for (const ReplacedKind& kind : replaced)
         report += replacedLine(kind);
     return report;
+}
+
+std::int64_t BuildReport::lettersLeftOut() const
+{
+    std::uint64_t sum = findings.letters();
+    for (const OmittedBook& book : omittedBooks)
+        sum += book.letters;
+    return static_cast<std::int64_t>(sum);
+}
+
+void BuildReport::checkLetters() const
+{
+    if (!letters.source)
+        return;
+    const auto given = static_cast<std::int64_t>(*letters.source + letters.attributes) + letters.change;
+    const std::int64_t found = static_cast<std::int64_t>(letters.module) + lettersLeftOut();
+    if (given != found)
+        throw CBuildError(
+            message("the source has %s letters and digits, %s are accounted for; this is an error in "
+                    "kedrin-module, please report it",
+                    given, found));
+}
+
+std::string BuildReport::letterAccount() const
+{
+    if (!letters.source)
+        return "";
+    const auto part = [](const std::string& text) { return line("", text); };
+    std::string account =
+        line(translatable("letters"), message("%s letters and digits in the source", *letters.source));
+    if (letters.attributes != 0)
+        account += part(message("%s more in its attributes, taken as text", letters.attributes));
+    if (letters.change != 0)
+        account += part(message("%s more or fewer by replaced characters", letters.change));
+    account += part(message("%s in the verses of the module", letters.module));
+    for (const std::string& leftOut : findings.letterParts())
+        account += part(leftOut);
+    for (const OmittedBook& book : omittedBooks)
+        if (book.letters != 0)
+            account += part(message("%s in %s, not in the common numbering", book.letters, book.osis));
+    return account;
 }
 
 } // namespace Kedrin::ModTool

@@ -6,6 +6,7 @@
 #include "text_encoder.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,16 @@ struct OmittedBook
 {
     std::string osis;
     std::uint64_t versesCount;
+    std::uint64_t letters = 0; ///< and digits
+};
+
+/// What became of the letters and digits of a source.
+struct LetterAccount
+{
+    std::optional<std::uint64_t> source; ///< in its text; nothing: not counted
+    std::uint64_t attributes = 0;        ///< in the verses, from attributes of the source
+    std::int64_t change = 0;             ///< more or fewer by replaced and composed characters
+    std::uint64_t module = 0;            ///< in the verses as they are written
 };
 
 /// What a build did, for the user to read.
@@ -43,6 +54,7 @@ struct BuildReport
     std::uint64_t trimmedChapters = 0; ///< without text at the end of a book, left out
     std::uint64_t trimmedBooks = 0;    ///< without any text, left out
     std::vector<ReplacedKind> replaced;
+    LetterAccount letters;
 
     std::string versification;
     bool versificationGuessed = false; ///< chosen by its verse counts
@@ -50,6 +62,16 @@ struct BuildReport
 
     /// The report in full, lines ended by LF.
     std::string text() const;
+
+    /// Where the letters and digits of the source are, lines ended by LF; "" where they were not counted.
+    std::string letterAccount() const;
+
+    /// @throws CBuildError  "the source has %s letters and digits, %s are accounted for; this is an error in
+    ///                      kedrin-module, please report it"
+    void checkLetters() const;
+
+private:
+    std::int64_t lettersLeftOut() const;
 };
 
 /// Where the lines of the report go on after their labels.

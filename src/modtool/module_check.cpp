@@ -5,6 +5,7 @@
 #include "cp1251.h"
 #include "escape.h"
 #include "file_vector.h"
+#include "letters.h"
 #include "messages.h"
 #include "module_layout.h"
 #include "text_encoder.h"
@@ -91,13 +92,19 @@ void checkBooks(const std::string& folder, const ModuleData& module)
     }
 }
 
-void checkVerses(const std::string& folder, const ModuleData& module)
+/// @returns letters and digits of all verses
+std::uint64_t checkVerses(const std::string& folder, const ModuleData& module)
 {
+    std::uint64_t letters = 0;
     CBibleText text((folder + "/CompactText.bin").c_str(), (folder + "/CompactPoint.bin").c_str());
     CVerseRun run(text, 0, static_cast<unsigned int>(module.verses.size()));
-    while (run.next())
-        if (unescaped(run.text()) != module.verse(run.verseNum()))
+    while (run.next()) {
+        const std::string verse = unescaped(run.text());
+        if (verse != module.verse(run.verseNum()))
             differ(message("the text of %s", placeInModule(module, run.verseNum())));
+        letters += countLettersOf1251(verse);
+    }
+    return letters;
 }
 
 void checkWords(const std::string& folder, const ModuleData& module)
@@ -149,17 +156,18 @@ void checkPlaces(const CBible& bible, const ModuleData& module, unsigned int wan
 
 } // namespace
 
-void checkWritten(const std::string& folder, const ModuleData& module, unsigned int kept)
+std::uint64_t checkWritten(const std::string& folder, const ModuleData& module, unsigned int kept)
 {
     try {
         checkTextPoints(folder, module);
         checkWordPoints(folder, module.words);
         checkBooks(folder, module);
-        checkVerses(folder, module);
+        const std::uint64_t letters = checkVerses(folder, module);
         checkWords(folder, module);
         const CBible bible(folder);
         checkInfo(bible, module.info);
         checkPlaces(bible, module, kept);
+        return letters;
     } catch (const std::exception& ex) {
         throw CBuildError(message("%s: the written module does not read back: %s", folder, ex.what()));
     }

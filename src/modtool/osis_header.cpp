@@ -48,6 +48,8 @@ std::string elementText(CXmlReader& xml)
 void COsisHeader::read(CXmlReader& xml)
 {
     forEachInside(xml, [&](CXmlReader::Node node) {
+        if (node == CXmlReader::Node::text)
+            m_text += xml.text();
         if (node != CXmlReader::Node::start || xml.name() != "work")
             return;
         const std::string id = xml.attribute("osisWork");
@@ -66,11 +68,15 @@ void COsisHeader::read(CXmlReader& xml)
 void COsisHeader::readWork(CXmlReader& xml)
 {
     forEachInside(xml, [&](CXmlReader::Node node) {
+        if (node == CXmlReader::Node::text)
+            m_text += xml.text();
         if (node != CXmlReader::Node::start)
             return;
         const std::string element(xml.name());
         const std::string type = xml.attribute("type");
-        take(element, type, elementText(xml));
+        const std::string content = elementText(xml);
+        m_text += content;
+        take(element, type, content);
     });
 }
 

@@ -19,6 +19,7 @@ public:
 
     const SourceInfo& info() const { return m_info; }
     const std::string& versification() const { return m_versification; }
+    const std::string& text() const { return m_text; } ///< all that stands in the header
 
 private:
     void readWork(CXmlReader& xml);
@@ -27,6 +28,7 @@ private:
     std::string m_workId;
     SourceInfo m_info;
     std::string m_versification;
+    std::string m_text;
     bool m_found = false;   ///< the work that was wanted
     bool m_hasWork = false; ///< it, or the first
 };

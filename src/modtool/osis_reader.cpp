@@ -1,6 +1,7 @@
 #include "osis_reader.h"
 
 #include "build_error.h"
+#include "letter_proof.h"
 #include "messages.h"
 #include "osis_header.h"
 #include "osis_reference.h"
@@ -48,7 +49,7 @@ std::string closingSign(const std::string& opening)
 class CReader
 {
 public:
-    CReader(const std::string& fileName, std::string_view utf8) : m_xml(fileName, utf8) {}
+    CReader(const std::string& fileName, std::string_view utf8) : m_utf8(utf8), m_xml(fileName, utf8) {}
 
     SourceBible read()
     {
@@ -65,6 +66,7 @@ public:
         SourceBible bible = m_verses.finish();
         if (bible.verses.empty())
             throw CBuildError(message("%s: holds no verse", m_xml.fileName()));
+        bible.letters = proveXmlLetters(m_xml.fileName(), m_utf8, m_verses.takeLetters());
         return bible;
     }
 
@@ -121,6 +123,7 @@ private:
     {
         COsisHeader header(m_workId);
         header.read(m_xml);
+        m_verses.leaveOut(ReaderRule::metadata, header.text());
         m_verses.info() = header.info();
         m_verses.versification() = header.versification();
     }
@@ -212,7 +215,7 @@ private:
         const bool isExported = type == "x-module"; // one of the titles that export writes
         if (!isExported)
             m_verses.found(ReaderRule::title, m_xml.line());
-        const std::string text = titleText();
+        const std::string text = titleText(isExported ? ReaderRule::metadata : ReaderRule::title);
         m_verses.addBreak();
         if (!namesBook || m_verses.bookHasVerses() || !m_verses.titles().fullTitle.empty())
             return;
@@ -222,15 +225,17 @@ private:
     }
 
     /// The text of the title that is reached, up to its end or to a verse in it, which is read as any other.
-    std::string titleText()
+    std::string titleText(ReaderRule why)
     {
         std::string text;
         const int depth = m_xml.depth();
         for (auto node = m_xml.next(); node != CXmlReader::Node::none; node = m_xml.next()) {
             if (node == CXmlReader::Node::end && m_xml.depth() == depth)
                 break;
-            if (node == CXmlReader::Node::text)
+            if (node == CXmlReader::Node::text) {
                 text += m_xml.text();
+                m_verses.leaveOut(why, m_xml.text());
+            }
             if (node == CXmlReader::Node::start && m_xml.name() == "verse") {
                 startVerse();
                 break;
@@ -258,12 +263,13 @@ private:
     void skip(ReaderRule reason)
     {
         m_verses.found(reason, m_xml.line());
-        elementText(m_xml);
+        m_verses.leaveOut(reason, elementText(m_xml));
         m_verses.addGap();
     }
 
     static constexpr int noDepth = -1;
 
+    std::string_view m_utf8;
     CXmlReader m_xml;
     CVerseCollector m_verses;
     std::string m_workId;

@@ -5,6 +5,7 @@
 #include "common_books.h"
 #include "cp1251.h"
 #include "given_differences.h"
+#include "letters.h"
 #include "messages.h"
 #include "module_layout.h"
 #include "substitutes.h"
@@ -53,18 +54,41 @@ void reportReplaced(const CTextEncoder::Kinds& kinds, const SourceBible& source,
             {character.codePoint, kind, source.placeOf(source.verses[kind.firstPlace])});
 }
 
+/// Appends a verse to `text` and proves that its letters are there.
+ModuleData::Verse encodeVerse(const SourceBible& source, std::uint32_t index, CTextEncoder& encoder,
+                              std::string& text)
+{
+    const std::string_view utf8 = source.textOf(source.verses[index]);
+    const std::size_t offset = text.size();
+    const std::int64_t changeBefore = encoder.letterChange();
+    encoder.encode(utf8, index, text);
+    const std::int64_t change = encoder.letterChange() - changeBefore;
+    const auto given = static_cast<std::int64_t>(countLetters(utf8)) + change;
+    const auto found = static_cast<std::int64_t>(countLettersOf1251(std::string_view(text).substr(offset)));
+    if (given != found)
+        throw CBuildError(
+            message("%s: %s letters and digits were read, %s are accounted for; this is an error in "
+                    "kedrin-module, please report it",
+                    source.placeOf(source.verses[index]), given, found));
+    return {static_cast<std::uint32_t>(offset), static_cast<std::uint32_t>(text.size() - offset)};
+}
+
 /// The global number of each book of the source; the report counts what is left out.
 std::vector<std::optional<unsigned int>> globalBooks(const SourceBible& source, BuildReport& report)
 {
-    std::vector<std::uint64_t> verseCounts(source.books.size(), 0);
-    for (const SourceVerse& verse : source.verses)
-        ++verseCounts[verse.book];
     std::vector<std::optional<unsigned int>> globals;
-    for (std::size_t book = 0; book < source.books.size(); ++book) {
-        globals.push_back(globalIDOf(source.books[book]));
-        if (!globals.back())
-            report.omittedBooks.push_back({source.books[book], verseCounts[book]});
+    for (const std::string& osis : source.books)
+        globals.push_back(globalIDOf(osis));
+    std::vector<std::uint64_t> verseCounts(source.books.size(), 0);
+    std::vector<std::uint64_t> letters(source.books.size(), 0); // of the books left out
+    for (const SourceVerse& verse : source.verses) {
+        ++verseCounts[verse.book];
+        if (!globals[verse.book])
+            letters[verse.book] += countLetters(source.textOf(verse));
     }
+    for (std::size_t book = 0; book < source.books.size(); ++book)
+        if (!globals[book])
+            report.omittedBooks.push_back({source.books[book], verseCounts[book], letters[book]});
     if (!source.books.empty() && report.omittedBooks.size() == source.books.size())
         throw CBuildError(tr("no book of the source is in the common numbering"));
     return globals;
@@ -191,16 +215,14 @@ ModuleData prepareModule(const SourceBible& source, const BuildOptions& options,
         const SourceVerse& verse = source.verses[i];
         if (!globals[verse.book])
             continue;
-        const std::size_t offset = module.text.size();
-        encoder.encode(source.textOf(verse), i, module.text);
-        encoded[i] = {static_cast<std::uint32_t>(offset),
-                      static_cast<std::uint32_t>(module.text.size() - offset)};
+        encoded[i] = encodeVerse(source, i, encoder, module.text);
     }
     if (options.refuseUnfitText)
         refuseUnfitText(encoder, module.text);
     if (!options.substitute)
         refuseForeignCharacters(encoder, source);
     report.findings = source.findings;
+    report.letters = {source.letters, source.attributeLetters, encoder.letterChange(), 0};
     reportReplaced(encoder.softHyphens(), source, report);
     reportReplaced(encoder.foreign(), source, report);
 

@@ -57,6 +57,10 @@ struct SourceBible
     std::vector<SourceVerse> verses;    ///< ascending by book, chapter and verse; no place occurs twice
     SourceFindings findings;            ///< what the reader did by its rules
 
+    /// Letters and digits of the source's text, counted on another way than the reader's; nothing: not counted.
+    std::optional<std::uint64_t> letters;
+    std::uint64_t attributeLetters = 0; ///< those of the verses that stand in attributes of the source, not in its text
+
     std::string_view textOf(const SourceVerse& verse) const
     {
         return std::string_view(text).substr(verse.offset, verse.byteCount);

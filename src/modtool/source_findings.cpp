@@ -3,6 +3,8 @@
 #include "build_report.h"
 #include "messages.h"
 
+#include <numeric>
+
 namespace Kedrin::ModTool {
 
 namespace {
@@ -44,6 +46,7 @@ constexpr std::array<Wording, static_cast<std::size_t>(ReaderRule::count)> wordi
     wording(translatable("left out"), "text outside the verses", "texts outside the verses"),
     wording(translatable("ended"), "note without an end, with its paragraph",
             "notes without an end, with their paragraphs"),
+    Wording{"", "", ""}, // metadata has no line
 };
 
 } // namespace
@@ -52,12 +55,39 @@ std::string SourceFindings::text() const
 {
     std::string lines;
     for (std::size_t i = 0; i < wordings.size(); ++i)
-        if (const Occasions& found = m_found[i]; found.count != 0)
+        if (const Occasions& found = m_found[i];
+            found.count != 0 && static_cast<ReaderRule>(i) != ReaderRule::metadata)
             lines += padded(tr(wordings[i].label), labelColumns) +
                      message("%s, first %s", counted(found.count, wordings[i].singular, wordings[i].plural),
                              found.firstPlace) +
                      '\n';
     return lines;
+}
+
+std::uint64_t SourceFindings::letters() const
+{
+    return std::accumulate(m_letters.begin(), m_letters.end(), std::uint64_t{0});
+}
+
+std::vector<std::string> SourceFindings::letterParts() const
+{
+    std::vector<std::string> parts;
+    for (std::size_t i = 0; i < wordings.size(); ++i) {
+        if (m_letters[i] == 0)
+            continue;
+        switch (static_cast<ReaderRule>(i)) {
+        case ReaderRule::metadata:
+            parts.push_back(message("%s in titles and remarks of the source about itself", m_letters[i]));
+            break;
+        case ReaderRule::unknownMarker:
+            parts.push_back(message("%s in names of markers", m_letters[i]));
+            break;
+        default:
+            parts.push_back(message("%s in %s", m_letters[i],
+                                    counted(m_found[i].count, wordings[i].singular, wordings[i].plural)));
+        }
+    }
+    return parts;
 }
 
 } // namespace Kedrin::ModTool

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <string>
+#include <vector>
 
 namespace Kedrin::ModTool {
 
@@ -26,10 +27,11 @@ enum class ReaderRule
     figure,         ///< a picture, an index entry, a pronunciation: left out
     outside,        ///< text outside all verses, left out
     unfinishedNote, ///< a note without an end: ended with its paragraph
+    metadata,       ///< what the source says of itself, and what it calls its books: no line of its own in the report
     count
 };
 
-/// How often a reader met what, and where first.
+/// How often a reader met what, where first, and how many letters of the source were left out with it.
 class SourceFindings
 {
 public:
@@ -38,13 +40,22 @@ public:
         m_found[static_cast<std::size_t>(what)].add(place);
     }
 
+    /// Letters and digits that do not stand in the verses because of the rule.
+    void addLetters(ReaderRule what, std::uint64_t count) { m_letters[static_cast<std::size_t>(what)] += count; }
+
     const Occasions& operator[](ReaderRule what) const { return m_found[static_cast<std::size_t>(what)]; }
+    std::uint64_t letters(ReaderRule what) const { return m_letters[static_cast<std::size_t>(what)]; }
+    std::uint64_t letters() const; ///< of all kinds
 
     /// A line of the report for each kind that was met, ended by LF; "" for none.
     std::string text() const;
 
+    /// For the account of letters, where those that are not in the verses stood: "12 in 3 notes".
+    std::vector<std::string> letterParts() const;
+
 private:
     std::array<Occasions, static_cast<std::size_t>(ReaderRule::count)> m_found;
+    std::array<std::uint64_t, static_cast<std::size_t>(ReaderRule::count)> m_letters{};
 };
 
 } // namespace Kedrin::ModTool

@@ -2,6 +2,7 @@
 
 #include "build_error.h"
 #include "cp1251.h"
+#include "letters.h"
 #include "look_alikes.h"
 #include "messages.h"
 #include "substitutes.h"
@@ -115,8 +116,10 @@ void CTextEncoder::encodeAny(std::string_view utf8, std::uint32_t place, std::st
     if (U_FAILURE(status))
         throw CBuildError(message("the Unicode library fails: %s", u_errorName(status)));
     CBlankFolder folder(out);
+    m_letterChange -= static_cast<std::int64_t>(countLetters(utf8));
     for (int32_t i = 0; i < text.length(); i = text.moveIndex32(i, 1)) {
         const auto codePoint = static_cast<char32_t>(text.char32At(i));
+        m_letterChange += isLetterOrDigit(codePoint);
         if (const char byte = m_bytes->byteOf(codePoint))
             folder.append(byte);
         else
@@ -141,6 +144,7 @@ const std::string& CTextEncoder::replace(const icu::UnicodeString& text, std::in
         kind.firstPlace = place;
     }
     ++kind.count;
+    m_letterChange += static_cast<std::int64_t>(countLettersOf1251(kind.to)) - isLetterOrDigit(codePoint);
     if (kind.to == "?" && isLetter(codePoint))
         ++m_lostLetters;
     return kind.to;

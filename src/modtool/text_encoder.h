@@ -50,6 +50,10 @@ public:
     const Kinds& softHyphens() const { return m_softHyphens; }  ///< at most one entry
     std::uint64_t lostLetters() const { return m_lostLetters; } ///< letters for which only "?" was left
 
+    /// How many letters and digits more, or fewer, the encoded texts have than their sources: "ae" for "æ", nothing for
+    /// what was removed, one letter for two that were composed.
+    std::int64_t letterChange() const { return m_letterChange; }
+
 private:
     bool encodeSimple(std::string_view utf8, std::string& out) const;
     void encodeAny(std::string_view utf8, std::uint32_t place, std::string& out);
@@ -59,6 +63,7 @@ private:
     Kinds m_foreign;
     Kinds m_softHyphens;
     std::uint64_t m_lostLetters = 0;
+    std::int64_t m_letterChange = 0;
 };
 
 /// Metadata in Windows-1251, with substitutes wherever needed: "?" for bytes that are no UTF-8.

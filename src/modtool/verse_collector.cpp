@@ -1,6 +1,7 @@
 #include "verse_collector.h"
 
 #include "build_error.h"
+#include "letters.h"
 #include "messages.h"
 #include "stray_markers.h"
 #include "text_input.h"
@@ -76,12 +77,30 @@ void CVerseCollector::beginVerse(unsigned int chapter, const VerseNumber& number
         found(ReaderRule::versePart, line);
     if (number.first == 0)
         found(ReaderRule::verseZero, line);
-    addText(std::exchange(m_signs, {}), line);
+    addKnownText(std::exchange(m_signs, {}), line);
 }
 
 void CVerseCollector::endVerse()
 {
+    if (m_inVerse)
+        checkLetters();
     m_inVerse = m_inTitle = m_hasGap = m_outsideCounted = m_inWord = m_hasGapInWord = false;
+}
+
+/// All letters given until now are in the text, wait to come into it, or are counted as left out.
+void CVerseCollector::checkLetters()
+{
+    m_checkedBytes = std::min(m_checkedBytes, m_bible.text.size()); // blanks at its end may have gone
+    m_lettersStored += countLetters(std::string_view(m_bible.text).substr(m_checkedBytes));
+    m_checkedBytes = m_bible.text.size();
+    const std::uint64_t given = m_lettersGiven + m_bible.attributeLetters;
+    const std::uint64_t found =
+        m_lettersStored + countLetters(m_title) + countLetters(m_signs) + m_bible.findings.letters();
+    if (given != found)
+        throw CBuildError(
+            message("%s: %s letters and digits were read, %s are accounted for; this is an error in "
+                    "kedrin-module, please report it",
+                    place(0), given, found));
 }
 
 void CVerseCollector::append(std::string_view utf8)
@@ -93,9 +112,24 @@ void CVerseCollector::append(std::string_view utf8)
 
 void CVerseCollector::addText(std::string_view utf8, std::size_t line)
 {
+    m_lettersGiven += appendLetters(utf8, m_letters);
+    addKnownText(utf8, line);
+}
+
+void CVerseCollector::leaveOut(ReaderRule why, std::string_view utf8)
+{
+    const std::uint64_t count = appendLetters(utf8, m_letters);
+    m_lettersGiven += count;
+    m_bible.findings.addLetters(why, count);
+}
+
+/// Text whose letters are in the account already.
+void CVerseCollector::addKnownText(std::string_view utf8, std::size_t line)
+{
     if (mayHaveMarkers(utf8) && (m_inTitle || m_inVerse)) {
         unsigned int count = 0;
         const std::string text = withoutMarkers(utf8, count);
+        m_bible.findings.addLetters(ReaderRule::unknownMarker, countLetters(utf8) - countLetters(text));
         for (; count != 0; --count)
             found(ReaderRule::unknownMarker, line);
         addPlainText(text, line);
@@ -113,6 +147,7 @@ void CVerseCollector::addPlainText(std::string_view utf8, std::size_t line)
         return;
     }
     if (!m_inVerse) {
+        m_bible.findings.addLetters(ReaderRule::outside, countLetters(utf8));
         if (!isBlank(utf8))
             countOutside(line);
         return;
@@ -142,8 +177,9 @@ void CVerseCollector::countOutside(std::size_t line)
 
 void CVerseCollector::addOpeningSign(std::string_view utf8, std::size_t line)
 {
+    m_bible.attributeLetters += countLetters(utf8);
     if (m_inVerse || m_inTitle)
-        addText(utf8, line);
+        addKnownText(utf8, line);
     else {
         m_signs += utf8;
         m_waitingLine = line;
@@ -152,8 +188,9 @@ void CVerseCollector::addOpeningSign(std::string_view utf8, std::size_t line)
 
 void CVerseCollector::addClosingSign(std::string_view utf8, std::size_t line)
 {
+    m_bible.attributeLetters += countLetters(utf8);
     if (m_inVerse || m_inTitle || m_pieces.empty() || m_pieces.back().verse.book != m_book) {
-        addText(utf8, line);
+        addKnownText(utf8, line);
         return;
     }
     if (isBlank(utf8))
@@ -166,7 +203,9 @@ void CVerseCollector::addClosingSign(std::string_view utf8, std::size_t line)
 
 void CVerseCollector::loseSigns()
 {
-    if (!isBlank(std::exchange(m_signs, {})))
+    const std::string signs = std::exchange(m_signs, {});
+    m_bible.findings.addLetters(ReaderRule::outside, countLetters(signs));
+    if (!isBlank(signs))
         found(ReaderRule::outside, m_waitingLine);
 }
 
@@ -206,6 +245,7 @@ void CVerseCollector::placeTitle()
     if (isBlank(title))
         return;
     if (m_pieces.empty() || m_pieces.back().verse.book != m_book) {
+        m_bible.findings.addLetters(ReaderRule::outside, countLetters(title));
         found(ReaderRule::outside, m_waitingLine);
         return;
     }
@@ -275,8 +315,10 @@ SourceVerse CVerseCollector::joined(std::size_t begin, std::size_t end)
             const bool isRepeated = trimmed(pieceText) == trimmed(m_bible.textOf(m_pieces[i - 1].verse));
             m_bible.findings.add(isRepeated ? ReaderRule::verseRepeated : ReaderRule::verseAgain,
                                  m_bible.placeOf(piece.verse));
-            if (isRepeated)
+            if (isRepeated) {
+                m_bible.findings.addLetters(ReaderRule::verseRepeated, countLetters(pieceText));
                 continue;
+            }
         }
         text += pieceText;
         text += ' ';

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace Kedrin::ModTool {
@@ -35,6 +36,8 @@ public:
     void beginVerse(unsigned int chapter, const VerseNumber& number, std::size_t line);
 
     /// Ends the verse, if there is one.
+    /// @throws CBuildError  "%s: %s letters and digits were read, %s are accounted for; this is an error in
+    ///                      kedrin-module, please report it"
     void endVerse();
 
     bool inVerse() const { return m_inVerse; }
@@ -42,6 +45,9 @@ public:
     /// Text of the verse, or of the title, without markers of USFM; outside both it is counted.
     /// @param place  where it stands, for text outside
     void addText(std::string_view utf8, std::size_t line);
+
+    /// Text that does not come into the verses; found() counts the thing itself.
+    void leaveOut(ReaderRule why, std::string_view utf8);
 
     /// The end of a line, a paragraph, a cell: words do not run together over it.
     void addBreak();
@@ -52,8 +58,8 @@ public:
     void beginWord() { m_inWord = true; }
     void endWord();
 
-    /// The sign at the beginning of a quotation or paragraph, or at the end of a quotation. Outside the verses it goes
-    /// to the next verse, or to the last one.
+    /// The sign at the beginning of a quotation or paragraph, or at the end of a quotation, which stands in an attribute.
+    /// Outside the verses it goes to the next verse, or to the last one.
     void addOpeningSign(std::string_view utf8, std::size_t line);
     void addClosingSign(std::string_view utf8, std::size_t line);
 
@@ -67,6 +73,9 @@ public:
     SourceInfo& info() { return m_bible.info; }
     std::string& versification() { return m_bible.versification; }
 
+    /// The letters and digits of all texts that were given, in their order, since the last call.
+    std::string takeLetters() { return std::exchange(m_letters, {}); }
+
     /// The Bible that was collected, by the rules. Call it once.
     SourceBible finish();
 
@@ -79,6 +88,8 @@ private:
 
     std::string place(std::size_t line) const;
     void append(std::string_view utf8);
+    void checkLetters();
+    void addKnownText(std::string_view utf8, std::size_t line);
     void addPlainText(std::string_view utf8, std::size_t line);
     bool needsBlank(std::string_view before, std::string_view next);
     void countOutside(std::size_t line);
@@ -91,6 +102,10 @@ private:
     SourceBible m_bible;
     std::vector<Piece> m_pieces; ///< the last one is open while m_inVerse
     std::unordered_map<std::string, std::uint32_t> m_bookIndices;
+    std::string m_letters;
+    std::uint64_t m_lettersGiven = 0;
+    std::uint64_t m_lettersStored = 0; ///< of the first m_checkedBytes of the text
+    std::size_t m_checkedBytes = 0;
     std::string m_title; ///< waits for text to stand before
     std::string m_signs; ///< wait for the next verse
     std::uint32_t m_book = 0;

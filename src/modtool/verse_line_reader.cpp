@@ -1,6 +1,7 @@
 #include "verse_line_reader.h"
 
 #include "build_error.h"
+#include "letters.h"
 #include "messages.h"
 #include "text_input.h"
 #include "verse_line_header.h"
@@ -26,6 +27,23 @@ bool isBookId(std::string_view text)
 }
 
 auto placeIn(const SourceVerse& verse) { return std::tuple(verse.book, verse.chapter, verse.verse); }
+
+/// Letters and digits of the remarks and of what stands behind the third tab of the other lines.
+std::uint64_t lettersOfLines(std::string_view content)
+{
+    std::uint64_t count = 0;
+    int tabs = 0;
+    for (std::size_t i = 0; i < content.size();) {
+        const bool isText = tabs == 3 || content[i] == '#';
+        const std::size_t stop = isText ? content.find('\n', i) : content.find_first_of("\t\n", i);
+        const std::size_t end = std::min(stop, content.size() - 1) + 1;
+        if (isText)
+            count += countLetters(content.substr(i, end - i));
+        tabs = content[end - 1] == '\t' && !isText ? tabs + 1 : 0;
+        i = end;
+    }
+    return count;
+}
 
 class CParser
 {
@@ -53,6 +71,7 @@ public:
             throw CBuildError(message("%s: holds no verse", m_fileName));
         sortVerses();
         m_header.giveTo(m_bible);
+        m_bible.letters = lettersOfLines(content);
         return std::move(m_bible);
     }
 
@@ -83,6 +102,7 @@ private:
 
     void takeHeaderLine(std::string_view line)
     {
+        m_bible.findings.addLetters(ReaderRule::metadata, countLetters(line));
         try {
             m_header.take(line);
         } catch (const CBuildError& ex) {

@@ -2,6 +2,7 @@
 
 #include "book_ids.h"
 #include "build_error.h"
+#include "letter_proof.h"
 #include "messages.h"
 #include "osis_header.h"
 #include "text_input.h"
@@ -26,7 +27,7 @@ std::string lower(std::string_view name)
 class CReader
 {
 public:
-    CReader(const std::string& fileName, std::string_view utf8) : m_xml(fileName, utf8) {}
+    CReader(const std::string& fileName, std::string_view utf8) : m_utf8(utf8), m_xml(fileName, utf8) {}
 
     SourceBible read()
     {
@@ -44,6 +45,7 @@ public:
         SourceBible bible = m_verses.finish();
         if (bible.verses.empty())
             throw CBuildError(message("%s: holds no verse", m_xml.fileName()));
+        bible.letters = proveXmlLetters(m_xml.fileName(), m_utf8, m_verses.takeLetters());
         return bible;
     }
 
@@ -139,10 +141,13 @@ private:
         SourceInfo& info = m_verses.info();
         for (auto node = m_xml.isEmpty() ? CXmlReader::Node::none : m_xml.next();
              node != CXmlReader::Node::none && m_xml.depth() > depth; node = m_xml.next()) {
+            if (node == CXmlReader::Node::text)
+                m_verses.leaveOut(ReaderRule::metadata, m_xml.text());
             if (node != CXmlReader::Node::start)
                 continue;
             const std::string name = lower(m_xml.name());
             const std::string content = elementText(m_xml);
+            m_verses.leaveOut(ReaderRule::metadata, content);
             if (isBlank(content))
                 continue;
             if (name == "title" && info.fullTitle.empty())
@@ -163,10 +168,11 @@ private:
         if (m_xml.isEmpty())
             return;
         m_verses.found(reason, m_xml.line());
-        elementText(m_xml);
+        m_verses.leaveOut(reason, elementText(m_xml));
         m_verses.addGap();
     }
 
+    std::string_view m_utf8;
     CXmlReader m_xml;
     CVerseCollector m_verses;
     unsigned int m_chapter = 0;

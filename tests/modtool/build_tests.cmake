@@ -7,6 +7,8 @@ add_executable(modtool_tests
   build_fixture.cpp
   built_text_test.cpp
   diff_search_test.cpp
+  letter_account_test.cpp
+  letter_proof_test.cpp
   made_sword.cpp
   module_folder_test.cpp
   module_layout_test.cpp
