@@ -39,14 +39,18 @@ icu::UnicodeString likeness(UChar32 codePoint)
     return nfc->normalize(parts, status);
 }
 
-/// Where the word around an index begins and one past its end.
+/// The longest word of a word list has 39 letters; bounds what a hostile text without blanks costs.
+constexpr std::int32_t maxWordReach = 40;
+
+/// Where the word around an index begins and one past its end, both at most `maxWordReach` away.
 std::pair<std::int32_t, std::int32_t> wordAround(const icu::UnicodeString& text, std::int32_t index)
 {
     std::int32_t begin = index;
-    while (begin > 0 && isOfWord(text.char32At(text.moveIndex32(begin, -1))))
+    while (begin > 0 && index - begin < maxWordReach &&
+           isOfWord(text.char32At(text.moveIndex32(begin, -1))))
         begin = text.moveIndex32(begin, -1);
     std::int32_t end = index;
-    while (end < text.length() && isOfWord(text.char32At(end)))
+    while (end < text.length() && end - index < maxWordReach && isOfWord(text.char32At(end)))
         end = text.moveIndex32(end, 1);
     return {begin, end};
 }
@@ -80,7 +84,7 @@ bool isCyrillicStress(const icu::UnicodeString& text, std::int32_t index)
     if (text.char32At(index) != grave)
         return false;
     std::int32_t letter = index;
-    while (letter > 0 && isMark(text.char32At(letter)))
+    while (letter > 0 && index - letter < maxWordReach && isMark(text.char32At(letter)))
         letter = text.moveIndex32(letter, -1);
     const UChar32 codePoint = text.char32At(letter);
     return isOf(USCRIPT_CYRILLIC, codePoint) || !cyrillicFor(text, letter).isEmpty();

@@ -218,6 +218,11 @@ const std::vector<Hostile> lengths{
      },
      "the text holds characters that Windows-1251 lacks (--substitute replaces them):\n"
      "  U+FDFA ARABIC LIGATURE SALLALLAHOU ALAYHE WASALLAM, 5999000 times, first Gen 1:1"},
+    {"EndlessAccentedWordInVerseLines", [] { return line("1", repeated("\u0431\u00E0", 4u << 20)); },
+     "Gen 1:1: the verse has 2097152 bytes, 65535 are the most"},
+    {"EndlessStressInVerseLines", [] { return line("1", "\u0431" + repeated("\u0300")); },
+     "the text holds characters that Windows-1251 lacks (--substitute replaces them):\n"
+     "  U+0300 COMBINING GRAVE ACCENT, 8388568 times, first Gen 1:1"},
     {"WordsInVerseLines", [] { return words(1100000); }, "the text has more than 1048576 different words"},
     {"TextInVerseLines",
      [] {
