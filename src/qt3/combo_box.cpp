@@ -4,6 +4,7 @@
 #include "fit_font.h"
 
 #include <QFocusEvent>
+#include <QItemSelectionModel>
 #include <QListView>
 #include <QScrollBar>
 #include <QSignalBlocker>
@@ -11,6 +12,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace qt3 {
 
@@ -58,6 +60,8 @@ ComboBox::ComboBox(QWidget* parent) : QComboBox(parent)
 ComboBox::~ComboBox() { disconnect(m_modelGone); }
 
 void ComboBox::setReturn(Return what) { m_return = what; }
+
+void ComboBox::setKeepsTypedLetters(std::function<bool()> keeps) { m_keepsTyped = std::move(keeps); }
 
 int ComboBox::currentItem() const { return std::max(currentIndex(), 0); }
 
@@ -190,7 +194,8 @@ void ComboBox::complete()
         item = findItem(edit->text(), Qt::MatchStartsWith | Qt::MatchWrap, currentItem());
     if (item < 0)
         return;
-    const QString text = itemText(item);
+    const QString text =
+        m_keepsTyped && m_keepsTyped() ? edit->text() + itemText(item).mid(typedLength) : itemText(item);
     edit->setText(text);
     edit->setSelection(int(text.size()), typedLength - int(text.size()));
 }
@@ -208,7 +213,10 @@ void ComboBox::exchangeModel(QAbstractItemModel* model)
     disconnect(m_modelGone);
     if (model != m_items)
         m_modelGone = connect(model, &QObject::destroyed, this, [this] { setListModel(nullptr); });
+    const QItemSelectionModel* selection = view()->selectionModel();
     setModel(model);
+    if (view()->selectionModel() != selection)
+        delete selection; // the view leaves it to the model, which may stay
     setCurrentItem(0);
 }
 

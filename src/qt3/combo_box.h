@@ -2,6 +2,8 @@
 
 #include <QComboBox>
 
+#include <functional>
+
 class QStringListModel;
 
 namespace qt3 {
@@ -11,7 +13,8 @@ namespace qt3 {
 ///
 /// Completion: a character typed at the end of the text shows the first item, from the current one on and
 /// wrapping, that begins with the text (ignoring case), its added part selected; but an item that is the text
-/// wins, so that "2" is not taken for "20". The current item stays.
+/// wins, so that "2" is not taken for "20". The current item stays. The typed letters become the item's, unless
+/// setKeepsTypedLetters() says otherwise.
 ///
 /// A choice (from the list, by Up, Down or the wheel) makes the item current, shows it, and emits
 /// activatedItem() and then activatedText(). Up and Down start at the item whose text is shown, at the ends
@@ -43,6 +46,10 @@ public:
 
     /// goesToItem until something else is set.
     void setReturn(Return what);
+
+    /// Asked at each completion: whether the typed letters stay as they were typed and only the rest is the item's.
+    /// Without it they do not.
+    void setKeepsTypedLetters(std::function<bool()> keeps);
 
     /// The current item; 0 for an empty box, never -1.
     int currentItem() const;
@@ -98,6 +105,7 @@ private:
     int shownItem() const;
 
     Return m_return = Return::goesToItem;
+    std::function<bool()> m_keepsTyped;
     QStringListModel*
         m_items; // child of the line edit: the box itself would delete its own child on an exchange
     QMetaObject::Connection m_modelGone;

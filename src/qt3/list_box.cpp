@@ -126,9 +126,10 @@ void ListBox::focusInEvent(QFocusEvent* event)
 
 void ListBox::keyPressEvent(QKeyEvent* event)
 {
-    const bool confirms =
-        event->key() == Qt::Key_Space || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (!confirms || !isRowCurrentButUnselected(currentIndex())) {
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const bool chooses =
+        currentIndex().isValid() && (isReturn || (event->key() == Qt::Key_Space && !isCurrentRowSelected()));
+    if (!chooses) {
         QListView::keyPressEvent(event);
         return;
     }
@@ -141,15 +142,12 @@ void ListBox::mousePressEvent(QMouseEvent* event)
     const QModelIndex pressed = indexAt(event->position().toPoint());
     if (!pressed.isValid())
         return; // below the last row: the selection stays
-    const bool isAgain = isRowCurrentButUnselected(pressed);
+    const bool isAgain = pressed == currentIndex();
     QListView::mousePressEvent(event);
     if (isAgain)
         emit highlighted(pressed.row());
 }
 
-bool ListBox::isRowCurrentButUnselected(const QModelIndex& index) const
-{
-    return index.isValid() && index == currentIndex() && !selectionModel()->isSelected(index);
-}
+bool ListBox::isCurrentRowSelected() const { return selectionModel()->isSelected(currentIndex()); }
 
 } // namespace qt3

@@ -38,8 +38,8 @@ public:
 
 signals:
     /// A row became current: by a press of any mouse button, dragging over it, a key, setCurrentItem(); or
-    /// row 0 when the focus arrives other than by mouse and no row is current. Also a press, Space or Return
-    /// on the current row while it is not selected. Never -1.
+    /// row 0 when the focus arrives other than by mouse and no row is current. Also when the current row is chosen
+    /// again: by a press, by Return, or, while it is not selected, by Space. Never -1.
     void highlighted(int row);
 
 protected:
@@ -52,7 +52,7 @@ protected:
 
 private:
     void fitRows();
-    bool isRowCurrentButUnselected(const QModelIndex& index) const;
+    bool isCurrentRowSelected() const;
 
     QStringList m_widestRows;
     QFont m_paintedFont;

@@ -1,5 +1,9 @@
 #include "tab_bar.h"
 
+#include "accessible_tab_bar.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QSignalBlocker>
 #include <QWheelEvent>
 
@@ -10,6 +14,7 @@ TabBar::TabBar(QWidget* parent) : QTabBar(parent)
     setExpanding(false);
     setElideMode(Qt::ElideNone);
     setUsesScrollButtons(true);
+    AccessibleTabBar::install();
     connect(this, &QTabBar::currentChanged, this, [this](int index) {
         if (idAt(index) >= 0)
             makeCurrent(idAt(index));
@@ -58,7 +63,40 @@ int TabBar::indexOf(int id) const { return int(m_ids.indexOf(id)); }
 
 QString TabBar::label(int id) const { return m_labels.value(id); }
 
+void TabBar::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        choose(currentIndex());
+        break;
+    default:
+        QTabBar::keyPressEvent(event);
+    }
+}
+
+void TabBar::mousePressEvent(QMouseEvent* event)
+{
+    const int pressed = tabAt(event->position().toPoint());
+    const bool isAgain = event->button() == Qt::LeftButton && pressed == currentIndex();
+    QTabBar::mousePressEvent(event);
+    if (isAgain)
+        choose(pressed);
+}
+
 void TabBar::wheelEvent(QWheelEvent* event) { event->ignore(); }
+
+/// Selects the tab at an index, or tells that it was chosen again.
+void TabBar::choose(int index)
+{
+    if (!isTabEnabled(index))
+        return; // nor is there one at -1
+    if (index == currentIndex())
+        emit chosenAgain(idAt(index));
+    else
+        setCurrentIndex(index);
+}
 
 void TabBar::makeCurrent(int id)
 {

@@ -12,7 +12,8 @@ namespace qt3 {
 ///
 /// When the current tab is removed, the one current before it becomes current again (of tabs that were never
 /// current, the one added first), and nobody is told. What the user or other code does through Qt's own
-/// indices ends in selected() as well. The focus comes by Tab only, the wheel switches no tab.
+/// indices ends in selected() as well. The current tab chosen again is told apart from that, by chosenAgain(). The
+/// focus comes by Tab only, the wheel switches no tab.
 class TabBar : public QTabBar
 {
     Q_OBJECT
@@ -52,7 +53,13 @@ signals:
     /// mnemonic, or because the current one was disabled.
     void selected(int id);
 
+    /// The current tab was chosen although it is current: by a press of the left button, by Space, Return or Enter
+    /// while the bar has the focus, or through the accessibility interface.
+    void chosenAgain(int id);
+
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:
@@ -62,6 +69,9 @@ private:
     using QTabBar::setMovable;
     using QTabBar::setTabText;
 
+    friend class AccessibleTab;
+
+    void choose(int index);
     void makeCurrent(int id);
     void showCurrent();
 

@@ -43,7 +43,6 @@ private slots:
     void messageBoxOpeningTellsNothing();
     void qtsOwnIndexIsTheCurrentItem();
     void changesOfTheTextAreToldQtsWay();
-    void textOfALowBoxShrinksAndTheBoxKeepsItsFont();
 
 private:
     void chooseFromList(int row)
@@ -276,21 +275,6 @@ void ComboBoxTest::changesOfTheTextAreToldQtsWay()
     m->box->setEditText(u"написано"_s);
     m->box->setCurrentItem(1);
     QCOMPARE(spy.count(), 2);
-}
-
-void ComboBoxTest::textOfALowBoxShrinksAndTheBoxKeepsItsFont()
-{
-    QWidget parent;
-    qt3::ComboBox box(&parent);
-    box.setGeometry(0, 0, 130, 30);
-    parent.setFont(QFont(u"DejaVu Sans"_s, 12));
-    parent.show();
-    QCOMPARE(box.lineEdit()->font(), box.font());
-    parent.setFont(QFont(u"DejaVu Sans"_s, 24));
-    QVERIFY(box.lineEdit()->fontMetrics().height() <= box.lineEdit()->height());
-    QCOMPARE(box.font().pointSize(), 24);
-    box.resize(130, 80);
-    QCOMPARE(box.lineEdit()->font(), box.font());
 }
 
 QTEST_MAIN(ComboBoxTest)

@@ -44,6 +44,7 @@ private slots:
     void textSetKeepsItsCaseInACaselessList();
     void callerKeepsTheList();
     void boxMayDieBeforeOrAfterTheList();
+    void exchangesLeaveNothingBehind();
 
 private:
     std::unique_ptr<ComboFixture> m;
@@ -248,6 +249,28 @@ void ComboListTest::boxMayDieBeforeOrAfterTheList()
     box.setListModel(list);
     delete list;
     QCOMPARE(box.count(), 0);
+}
+
+void ComboListTest::exchangesLeaveNothingBehind()
+{
+    WordModel words;
+    m->box->setListModel(&words);
+    m->box->showPopup();
+    m->box->hidePopup();
+    m->box->setListModel(nullptr);
+    const auto objects = m->box->findChildren<QObject*>().size();
+    for (int i = 0; i < 20; ++i) {
+        auto more = std::make_unique<WordModel>();
+        m->box->setListModel(&words);
+        m->box->setListModel(more.get());
+        more.reset();
+        m->box->setItems({u"едно"_s});
+        m->box->setListModel(nullptr);
+    }
+    QCOMPARE(m->box->findChildren<QObject*>().size(), objects);
+    m->box->showPopup();
+    QVERIFY(m->box->view()->selectionModel() != nullptr);
+    m->box->hidePopup();
 }
 
 QTEST_MAIN(ComboListTest)

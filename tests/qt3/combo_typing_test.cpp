@@ -22,6 +22,7 @@ private slots:
     void cleanup() { m.reset(); }
 
     void typingCompletesIgnoringCase();
+    void typedLettersStayWhereTheBoxIsToKeepThem();
     void completionStartsAtTheCurrentItemAndWraps();
     void itemThatIsTheTextWinsOverALongerOne();
     void completionLeavesTheCurrentItem();
@@ -67,6 +68,23 @@ void ComboTypingTest::typingCompletesIgnoringCase()
     QCOMPARE(selected(), u"ка"_s);
     QCOMPARE(m->box->lineEdit()->cursorPosition(), 2);
     QCOMPARE(m->takeTold(), QStringList());
+}
+
+void ComboTypingTest::typedLettersStayWhereTheBoxIsToKeepThem()
+{
+    bool keeps = true;
+    m->box->setKeepsTypedLetters([&] { return keeps; });
+    typeInstead(u"лУ"_s);
+    QCOMPARE(m->text(), u"лУка"_s);
+    QCOMPARE(selected(), u"ка"_s);
+    m->type(u"КА"_s); // an item, but for case
+    QCOMPARE(m->text(), u"лУКА"_s);
+    QCOMPARE(selected(), QString());
+    m->type(u"!"_s);
+    QCOMPARE(m->text(), u"лУКА!"_s);
+    keeps = false;
+    typeInstead(u"лУ"_s);
+    QCOMPARE(m->text(), u"Лука"_s);
 }
 
 void ComboTypingTest::completionStartsAtTheCurrentItemAndWraps()

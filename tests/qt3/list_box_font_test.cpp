@@ -1,10 +1,27 @@
 #include "list_box.h"
 
+#include <QProxyStyle>
+#include <QScrollBar>
 #include <QStringListModel>
 #include <QTest>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Has a scroll bar that leaves the rows little.
+class BroadBarStyle : public QProxyStyle
+{
+public:
+    using QProxyStyle::QProxyStyle;
+    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override
+    {
+        return metric == PM_ScrollBarExtent ? 90 : QProxyStyle::pixelMetric(metric, option, widget);
+    }
+};
+
+} // namespace
 
 class ListBoxFontTest : public QObject
 {
@@ -16,6 +33,7 @@ private slots:
 
     void rowsShrinkUntilTheWidestFits();
     void rowsHaveTheListsFontWhereItFits();
+    void anotherStyleAloneFitsTheRowsAnew();
 
 private:
     void fill(int rows)
@@ -76,6 +94,24 @@ void ListBoxFontTest::rowsHaveTheListsFontWhereItFits()
     QCoreApplication::processEvents();
     QVERIFY(m_list->paintedFont() != m_list->font());
     m_list->setWidestRows({});
+    QCOMPARE(m_list->paintedFont(), m_list->font());
+}
+
+void ListBoxFontTest::anotherStyleAloneFitsTheRowsAnew()
+{
+    fill(3);
+    m_list->setFixedWidth(160);
+    m_list->setWidestRows({u"Битие 1:100"_s});
+    QCOMPARE(m_list->paintedFont(), m_list->font());
+    BroadBarStyle broad(u"Fusion"_s);
+    QStyle* before = m_list->style();
+    for (QWidget* widget :
+         {static_cast<QWidget*>(m_list->verticalScrollBar()), static_cast<QWidget*>(m_list)})
+        widget->setStyle(&broad);
+    QVERIFY(m_list->paintedFont() != m_list->font());
+    for (QWidget* widget :
+         {static_cast<QWidget*>(m_list->verticalScrollBar()), static_cast<QWidget*>(m_list)})
+        widget->setStyle(before);
     QCOMPARE(m_list->paintedFont(), m_list->font());
 }
 

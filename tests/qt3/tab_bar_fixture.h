@@ -37,10 +37,11 @@ protected:
     {
         QTest::mousePress(m_bar.get(), button, {}, m_bar->tabRect(m_bar->indexOf(id)).center());
     }
-    QList<int> emitted() const
+    QList<int> emitted() const { return ids(*m_spy); }
+    static QList<int> ids(const QSignalSpy& spy)
     {
         QList<int> ids;
-        for (const QList<QVariant>& arguments : *m_spy)
+        for (const QList<QVariant>& arguments : spy)
             ids.append(arguments.at(0).toInt());
         return ids;
     }

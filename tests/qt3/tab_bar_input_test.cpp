@@ -20,6 +20,10 @@ private slots:
     void wheelSwitchesNoTab();
     void disabledTabIsSkippedAndCannotBeClicked();
     void mnemonicSelects();
+    void currentTabChosenAgainIsToldApart();
+    void keysChooseTheCurrentTabAgain_data();
+    void keysChooseTheCurrentTabAgain();
+    void otherButtonsChooseNothingAgain();
 };
 
 void TabBarInputTest::tabLeftOverIsCurrentAndAClickOnItEmitsNothing()
@@ -108,6 +112,56 @@ void TabBarInputTest::mnemonicSelects()
     show();
     QTest::keyClick(m_bar.get(), Qt::Key_T, Qt::AltModifier);
     QCOMPARE(emitted(), QList<int>({1}));
+}
+
+void TabBarInputTest::currentTabChosenAgainIsToldApart()
+{
+    const QSignalSpy again(m_bar.get(), &qt3::TabBar::chosenAgain);
+    addThree();
+    show();
+    press(0);
+    QCOMPARE(ids(again), QList<int>({0}));
+    QCOMPARE(emitted(), QList<int>());
+    press(2);
+    QCOMPARE(ids(again), QList<int>({0}));
+    QCOMPARE(emitted(), QList<int>({2}));
+    press(2);
+    QTest::mouseRelease(m_bar.get(), Qt::LeftButton, {}, m_bar->tabRect(2).center());
+    QCOMPARE(ids(again), QList<int>({0, 2}));
+    QCOMPARE(emitted(), QList<int>({2}));
+}
+
+void TabBarInputTest::keysChooseTheCurrentTabAgain_data()
+{
+    QTest::addColumn<Qt::Key>("key");
+    QTest::newRow("Space") << Qt::Key_Space;
+    QTest::newRow("Return") << Qt::Key_Return;
+    QTest::newRow("Enter") << Qt::Key_Enter;
+}
+
+void TabBarInputTest::keysChooseTheCurrentTabAgain()
+{
+    QFETCH(Qt::Key, key);
+    const QSignalSpy again(m_bar.get(), &qt3::TabBar::chosenAgain);
+    QTest::keyClick(m_bar.get(), key);
+    QCOMPARE(again.count(), 0); // there is no tab
+    addThree();
+    m_bar->setCurrentTab(1);
+    show();
+    QTest::keyClick(m_bar.get(), key);
+    QCOMPARE(ids(again), QList<int>({1}));
+    QCOMPARE(emitted(), QList<int>({1}));
+}
+
+void TabBarInputTest::otherButtonsChooseNothingAgain()
+{
+    const QSignalSpy again(m_bar.get(), &qt3::TabBar::chosenAgain);
+    addThree();
+    show();
+    press(0, Qt::RightButton);
+    press(0, Qt::MiddleButton);
+    QTest::mousePress(m_bar.get(), Qt::LeftButton, {}, QPoint(m_bar->tabRect(2).right() + 5, 5));
+    QCOMPARE(again.count(), 0);
 }
 
 QTEST_MAIN(TabBarInputTest)

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QAccessibleWidget>
+
+#include <map>
+
+namespace qt3 {
+
+class TabBar;
+
+/// One tab as assistive technology sees it. Its press chooses the tab, the current one too.
+class AccessibleTab : public QAccessibleInterface, public QAccessibleActionInterface
+{
+public:
+    AccessibleTab(TabBar* bar, int index) : m_bar(bar), m_index(index) {}
+
+    bool isValid() const override;
+    QObject* object() const override { return nullptr; }
+    QWindow* window() const override;
+    QAccessibleInterface* parent() const override;
+    QAccessibleInterface* child(int) const override { return nullptr; }
+    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+    int childCount() const override { return 0; }
+    int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+    QString text(QAccessible::Text what) const override;
+    void setText(QAccessible::Text, const QString&) override {}
+    QRect rect() const override;
+    QAccessible::Role role() const override { return QAccessible::PageTab; }
+    QAccessible::State state() const override;
+    void* interface_cast(QAccessible::InterfaceType type) override;
+
+    QStringList actionNames() const override;
+    void doAction(const QString& name) override;
+    QStringList keyBindingsForAction(const QString& name) const override;
+
+private:
+    TabBar* m_bar;
+    int m_index;
+};
+
+/// A TabBar as assistive technology sees it: its tabs, then the buttons that scroll them. The toolkit's own
+/// interface does nothing when the current tab is pressed.
+class AccessibleTabBar : public QAccessibleWidget
+{
+public:
+    /// From now on every TabBar gets this interface. Once is enough.
+    static void install();
+
+    explicit AccessibleTabBar(TabBar* bar);
+    ~AccessibleTabBar() override;
+    QAccessibleInterface* child(int index) const override;
+    QAccessibleInterface* focusChild() const override;
+    int childCount() const override;
+    int indexOfChild(const QAccessibleInterface* child) const override;
+
+private:
+    TabBar& bar() const;
+
+    mutable std::map<int, QAccessible::Id> m_tabs; ///< by index; registered when they are asked for
+};
+
+} // namespace qt3
