@@ -59,6 +59,7 @@ BibleForm::BibleForm(QWidget* parent, const char* name, Qt::WindowFlags fl) : QM
     languageChange();
     resize(QSize(700, 670).expandedTo(minimumSizeHint()));
     makeConnections();
+    textBrowser->setFocus(); // the keys that scroll work at once, and none of them presses a button
     init();
 }
 
@@ -101,6 +102,8 @@ void BibleForm::createSearchOptions()
         placed<qt3::FitCheckBox>("checkPartialWord", groupSearchOptions, QRect(0, 30, 110, 24));
     comboSearchText = placed<qt3::ComboBox>("comboSearchText", groupSearchOptions, QRect(0, 0, 130, 30));
     comboSearchText->setReturn(qt3::ComboBox::Return::givesText);
+    comboSearchText->setKeepsTypedLetters(
+        [this] { return checkPartialWord->isChecked() && checkCaseSensitive->isChecked(); });
 }
 
 void BibleForm::createTextGroup(QWidget* parent)

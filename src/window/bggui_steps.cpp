@@ -34,6 +34,10 @@ void BibleForm::loadModules(const std::string& modulesPath)
     groupTextLayout->addWidget(tabsText, 0, 0);
     groupTextLayout->addWidget(textBrowser, 1, 0);
     connect(tabsText, &qt3::TabBar::selected, this, &BibleForm::tabsText_selected);
+    connect(tabsText, &qt3::TabBar::chosenAgain, this, [this](int tabID) {
+        if (m_currentBible == nullptr)
+            tabsText_selected(tabID);
+    });
     m_currentBible = nullptr;
 }
 
@@ -177,14 +181,17 @@ void BibleForm::restoreBoxes()
     comboVerse->setCurrentItem(static_cast<int>(m_shownRef.verse()));
 }
 
-/// Searches the current translation for m_currentSearchText and lists what is found.
+/// Searches the current translation for m_currentSearchText and lists what is found. A search that fails leaves the
+/// rows of the one before it.
 void BibleForm::listHits()
 {
     try {
         const bool wholeWord = !checkPartialWord->isChecked();
         const bool caseSensitive = !wholeWord && checkCaseSensitive->isChecked();
+        std::vector<CRef> hits;
+        m_currentBible->searchVerses(qt3::to1251(m_currentSearchText), wholeWord, caseSensitive, hits);
         m_hits->clear(); // rows never outlive the hits that they print
-        m_currentBible->search(qt3::to1251(m_currentSearchText), wholeWord, caseSensitive, m_searchResults);
+        m_searchResults = std::move(hits);
         if (m_searchResults.empty()) {
             qt3::MessageBox::information(this, QStringLiteral("Резултат от търсенето"),
                                          QStringLiteral("Текста не е намерен в текущия превод"));
