@@ -1,12 +1,10 @@
-// Whole Bibles: those of Debian's SWORD packages where they are installed, and the texts in the folder that
-// KEDRIN_TEST_DATA names, or beside the project.
+// Whole Bibles: those of Debian's SWORD packages, texts made of them, and those of KEDRIN_TEST_DATA where it is.
 
 #include "build_fixture.h"
+#include "made_lines.h"
+#include "real_data.h"
 #include "text_encoder.h"
 
-#include <algorithm>
-#include <array>
-#include <cstdio>
 #include <memory>
 
 namespace {
@@ -29,32 +27,14 @@ protected:
         m_bible = std::make_unique<CBible>(made());
     }
 
-    /// Builds a text of the test data; skips the test where there is none.
-    void buildData(const std::string& name, const std::vector<std::string>& options)
+    void buildLines(const std::string& lines, const std::vector<std::string>& options)
     {
-        const char* folder = std::getenv("KEDRIN_TEST_DATA");
-        const std::string path = (folder ? folder : KEDRIN_NEIGHBOUR_DATA) + ('/' + name);
-        if (std::filesystem::exists(path))
-            m_lines = build_test::bytesOf(path);
-        else if (std::filesystem::exists(path + ".xz"))
-            unpack(path + ".xz");
-        else
-            GTEST_SKIP() << "no " << path;
+        ASSERT_FALSE(lines.empty());
+        m_lines = lines;
         const Result result = build(m_lines, options);
         ASSERT_EQ(result.code, 0) << result.err;
         m_report = result.out;
         m_bible = std::make_unique<CBible>(made());
-    }
-
-    void unpack(const std::string& path)
-    {
-        const std::unique_ptr<std::FILE, int (*)(std::FILE*)> pipe(
-            ::popen(("xz -dc '" + path + "'").c_str(), "r"), ::pclose);
-        ASSERT_TRUE(pipe);
-        std::array<char, 65536> piece;
-        while (const std::size_t count = std::fread(piece.data(), 1, piece.size(), pipe.get()))
-            m_lines.append(piece.data(), count);
-        ASSERT_FALSE(m_lines.empty());
     }
 
     bool isReported(const std::string& line) const { return m_report.find(line) != std::string::npos; }
@@ -140,11 +120,43 @@ TEST_F(RealText, WebOfDebianIsWholeWithItsDeuterocanonicalBooks)
         EXPECT_TRUE(isReported("left out      " + std::string(book) + ": ")) << book;
 }
 
+TEST_F(RealText, MadeCyrillicIsWhole)
+{
+    ASSERT_NO_FATAL_FAILURE(buildLines(build_test::cyrillicLines("KJV"), {}));
+    EXPECT_TRUE(isReported("holds         66 books, 1189 chapters, 31102 verses\n")) << m_report;
+    EXPECT_TRUE(isReported("numbering     KJV (fits best)\n"));
+    EXPECT_FALSE(isReported("replaced"));
+    EXPECT_EQ(hits("\xE1\xE5\xE3\xE0\xF2"), 139u); // "begat", letter for letter
+    expectEveryLine("none");
+}
+
+TEST_F(RealText, MadeSynodalIsWholeAndProfitsInJonahAlone)
+{
+    ASSERT_NO_FATAL_FAILURE(buildLines(build_test::synodalLines(), {}));
+    EXPECT_TRUE(isReported("holds         77 books, 1361 chapters, 37087 verses\n")) << m_report;
+    EXPECT_TRUE(isReported("numbering     Synodal (fits best)\n"));
+    EXPECT_TRUE(isReported("34150 of 37087 verses keep their place both ways (34140 without any record)\n"));
+    EXPECT_TRUE(isReported("left out      PrMan: 12 verses, not in the common numbering\n"));
+    EXPECT_FALSE(isReported("replaced"));
+    expectEveryLine("PrMan");
+}
+
+TEST_F(RealText, MadeMatthewNeedsOneSubstitute)
+{
+    std::string lines = build_test::cyrillicLines("KJV", {"Matt"});
+    for (const char* place : {"Matt\t15\t28\t", "Matt\t28\t20\t"})
+        lines.insert(lines.find('\n', lines.find(place)), " ѝ");
+    ASSERT_NO_FATAL_FAILURE(buildLines(lines, {"--substitute"}));
+    EXPECT_TRUE(isReported("holds         1 book, 28 chapters, 1071 verses\n")) << m_report;
+    EXPECT_TRUE(isReported("replaced      U+045D CYRILLIC SMALL LETTER I WITH GRAVE by \"и\", 2 times, "
+                           "first Matt 15:28\n"));
+}
+
+#ifdef KEDRIN_TEST_DATA
+
 TEST_F(RealText, BulgarianOf1940IsWhole)
 {
-    buildData("bg-1940.vpl", {});
-    if (!m_bible)
-        return;
+    ASSERT_NO_FATAL_FAILURE(buildLines(build_test::realText("bg-1940.vpl"), {}));
     EXPECT_TRUE(isReported("holds         66 books, 1189 chapters, 31101 verses\n")) << m_report;
     EXPECT_TRUE(isReported("numbering     KJV (fits best)\n"));
     EXPECT_FALSE(isReported("replaced"));
@@ -154,9 +166,7 @@ TEST_F(RealText, BulgarianOf1940IsWhole)
 
 TEST_F(RealText, RussianSynodalIsWholeAndProfitsInJonahAlone)
 {
-    buildData("ru-synodal.vpl", {});
-    if (!m_bible)
-        return;
+    ASSERT_NO_FATAL_FAILURE(buildLines(build_test::realText("ru-synodal.vpl"), {}));
     EXPECT_TRUE(isReported("holds         77 books, 1361 chapters, 37086 verses\n")) << m_report;
     EXPECT_TRUE(isReported("numbering     Synodal (fits best)\n"));
     EXPECT_TRUE(isReported("34150 of 37086 verses keep their place both ways (34140 without any record)\n"));
@@ -167,12 +177,12 @@ TEST_F(RealText, RussianSynodalIsWholeAndProfitsInJonahAlone)
 
 TEST_F(RealText, MatthewOfOurDaysNeedsOneSubstitute)
 {
-    buildData("bg-kjv-matt.vpl", {"--substitute"});
-    if (!m_bible)
-        return;
+    ASSERT_NO_FATAL_FAILURE(buildLines(build_test::realText("bg-kjv-matt.vpl"), {"--substitute"}));
     EXPECT_TRUE(isReported("holds         1 book, 28 chapters, 1071 verses\n")) << m_report;
     EXPECT_TRUE(isReported("replaced      U+045D CYRILLIC SMALL LETTER I WITH GRAVE by \"и\", 2 times, "
                            "first Matt 15:28\n"));
 }
+
+#endif
 
 } // namespace

@@ -4,14 +4,13 @@
 
 #include <array>
 #include <cstdio>
-#include <cstdlib>
 #include <memory>
 
 namespace build_test {
 
 namespace {
 
-std::string unpacked(const std::string& path)
+[[maybe_unused]] std::string unpacked(const std::string& path)
 {
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> pipe(
         ::popen(("xz -dc '" + path + "'").c_str(), "r"), ::pclose);
@@ -29,13 +28,16 @@ std::string unpacked(const std::string& path)
 
 } // namespace
 
-std::string realText(const std::string& name)
+std::string realText([[maybe_unused]] const std::string& name)
 {
-    const char* folder = std::getenv("KEDRIN_TEST_DATA");
-    const std::string path = (folder ? folder : KEDRIN_NEIGHBOUR_DATA) + ('/' + name);
+#ifdef KEDRIN_TEST_DATA
+    const std::string path = KEDRIN_TEST_DATA "/" + name;
     if (std::filesystem::exists(path))
         return bytesOf(path);
-    return std::filesystem::exists(path + ".xz") ? unpacked(path + ".xz") : "";
+    if (std::filesystem::exists(path + ".xz"))
+        return unpacked(path + ".xz");
+#endif
+    return "";
 }
 
 } // namespace build_test
