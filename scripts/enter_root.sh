@@ -1,0 +1,23 @@
+#!/usr/bin/env bash
+# enter_root.sh ROOT COMMAND: runs COMMAND in the copy of the project in ROOT, with the devices that programs count on.
+# For fresh_root.sh, which starts it in namespaces of its own; whatever is mounted here goes with them.
+set -euo pipefail
+root=$1 command=$2
+mount --bind "$root" "$root" # tests that mount something want / to be a mount point
+mount -t proc proc "$root/proc"
+mount -t tmpfs -o mode=0755 tmpfs "$root/dev"
+for device in full null random tty urandom zero; do
+    : >"$root/dev/$device"
+    mount --bind "/dev/$device" "$root/dev/$device"
+done
+mkdir "$root/dev/pts" "$root/dev/shm"
+mount -t devpts -o newinstance,ptmxmode=0666,mode=0620 devpts "$root/dev/pts"
+mount -t tmpfs -o mode=1777 tmpfs "$root/dev/shm"
+ln -s pts/ptmx "$root/dev/ptmx"
+ln -s /proc/self/fd "$root/dev/fd"
+ln -s /proc/self/fd/0 "$root/dev/stdin"
+ln -s /proc/self/fd/1 "$root/dev/stdout"
+ln -s /proc/self/fd/2 "$root/dev/stderr"
+exec chroot "$root" env -i HOME=/root PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin TERM=dumb \
+    ${http_proxy:+http_proxy="$http_proxy"} ${https_proxy:+https_proxy="$https_proxy"} \
+    bash -c "cd /kedrin && $command"
