@@ -18,6 +18,8 @@ ln -s /proc/self/fd "$root/dev/fd"
 ln -s /proc/self/fd/0 "$root/dev/stdin"
 ln -s /proc/self/fd/1 "$root/dev/stdout"
 ln -s /proc/self/fd/2 "$root/dev/stderr"
+hostname fresh # sudo wants a name that it can resolve
+{ cat /etc/hosts && echo '127.0.0.1 fresh'; } >"$root/etc/hosts"
 exec chroot "$root" env -i HOME=/root PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin TERM=dumb \
     ${http_proxy:+http_proxy="$http_proxy"} ${https_proxy:+https_proxy="$https_proxy"} \
     bash -c "cd /kedrin && $command"
