@@ -2,8 +2,8 @@
 
 #include "build_error.h"
 #include "messages.h"
-#include "sword_left_out.h"
 #include "sword_markup.h"
+#include "sword_verses.h"
 
 #include <unicode/unistr.h>
 
@@ -13,7 +13,6 @@
 #include <swmgr.h>
 #include <swmodule.h>
 #include <swversion.h>
-#include <versekey.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -79,124 +78,6 @@ SourceInfo infoOf(const sword::SWModule& module)
     return info;
 }
 
-/// Valid UTF-8 whatever the module holds; bytes that are none become U+FFFD.
-std::string utf8Of(const sword::SWBuf& text)
-{
-    std::string utf8;
-    return icu::UnicodeString::fromUTF8(icu::StringPiece(text.c_str(), static_cast<int32_t>(text.length())))
-        .toUTF8String(utf8);
-}
-
-/// Walks the verses of one module.
-class CVerseWalk
-{
-public:
-    CVerseWalk(sword::SWModule& module, const std::function<void(std::size_t, std::size_t)>& progress)
-        : m_module(module),
-          m_progress(progress),
-          m_key(static_cast<sword::VerseKey*>(module.createKey()))
-    {
-        m_key->setPersist(true);
-        m_key->setIntros(true);
-        m_key->setAutoNormalize(true);
-        m_module.setKey(m_key.get());
-    }
-    ~CVerseWalk() { m_module.setKey(""); }
-    CVerseWalk(const CVerseWalk&) = delete;
-    CVerseWalk& operator=(const CVerseWalk&) = delete;
-
-    void readInto(SourceBible& bible)
-    {
-        constexpr std::size_t versesBetweenReports = 500;
-        m_key->setPosition(sword::BOTTOM);
-        const auto last = static_cast<std::size_t>(m_key->getIndex());
-        std::size_t done = 0;
-        for (m_key->setPosition(sword::TOP); !m_key->popError(); m_key->increment(1)) {
-            addVerse(bible);
-            if (++done % versesBetweenReports == 0)
-                m_progress(std::min(static_cast<std::size_t>(m_key->getIndex()), last), last);
-        }
-    }
-
-private:
-    void addVerse(SourceBible& bible)
-    {
-        const char* raw = m_module.getRawEntry();
-        const bool isIntroduction = m_key->getChapter() == 0 || m_key->getVerse() == 0;
-        if (isIntroduction) {
-            countLeftOut(raw ? raw : "", true, place(), bible.findings);
-            return;
-        }
-        const bool repeats = m_lastKey && m_module.isLinked(m_lastKey.get(), m_key.get());
-        m_lastKey.reset(static_cast<sword::VerseKey*>(m_key->clone()));
-        if (!raw || !*raw || repeats)
-            return;
-        countLeftOut(raw, false, place(), bible.findings);
-        const std::string clean = withoutEntities(cleanEntry(raw));
-        const std::size_t offset = bible.text.size();
-        const sword::SWBuf plain = m_module.renderText(clean.c_str(), static_cast<int>(clean.size()));
-        bible.text += withMeantCharacters(utf8Of(plain));
-        bible.verses.push_back({bookIndex(bible), static_cast<std::uint16_t>(m_key->getChapter()),
-                                static_cast<std::uint16_t>(m_key->getVerse()),
-                                static_cast<std::uint32_t>(offset),
-                                static_cast<std::uint32_t>(bible.text.size() - offset), 0});
-    }
-
-    /// "Gen 1:1", "Gen 1" and "Gen" for introductions, "the beginning" for that of the whole.
-    std::string place() const
-    {
-        if (m_key->getTestament() == 0 || m_key->getBook() == 0)
-            return tr("the beginning");
-        std::string text = m_key->getOSISBookName();
-        if (m_key->getChapter() != 0)
-            text += ' ' + std::to_string(m_key->getChapter());
-        return m_key->getVerse() == 0 ? text : text + ':' + std::to_string(m_key->getVerse());
-    }
-
-    std::uint32_t bookIndex(SourceBible& bible) const
-    {
-        const char* osis = m_key->getOSISBookName();
-        if (bible.books.empty() || bible.books.back() != osis)
-            bible.books.emplace_back(osis);
-        return static_cast<std::uint32_t>(bible.books.size() - 1);
-    }
-
-    sword::SWModule& m_module;
-    const std::function<void(std::size_t, std::size_t)>& m_progress;
-    std::unique_ptr<sword::VerseKey> m_key;
-    std::unique_ptr<sword::VerseKey> m_lastKey;
-};
-
-/// Gives plain text of every module. Notes, headings and lexical marks can be switched off in a module only when its
-/// configuration names their filters; many name just those of their own text, some none, so here all are named.
-class CPlainManager : public sword::SWMgr
-{
-public:
-    CPlainManager()
-        : SWMgr(nullptr, nullptr, false, new sword::MarkupFilterMgr(sword::FMT_PLAIN, sword::ENC_UTF8))
-    {}
-
-protected:
-    void addGlobalOptionFilters(sword::SWModule* module, sword::ConfigEntMap& section) override
-    {
-        sword::ConfigEntMap all = section;
-        const auto format = all.find("SourceType");
-        const auto named = all.equal_range("GlobalOptionFilter");
-        std::vector<std::string> missing;
-        for (const char* kind :
-             {"Strongs", "Morph", "Lemma", "Footnotes", "Headings", "Scripref", "Variants"}) {
-            const std::string filter =
-                (format == all.end() ? "" : format->second.c_str()) + std::string(kind);
-            if (std::none_of(named.first, named.second,
-                             [&](const auto& entry) { return entry.second == filter.c_str(); }))
-                missing.push_back(filter);
-        }
-        for (const std::string& filter : missing)
-            all.insert({"GlobalOptionFilter", filter.c_str()});
-        SWMgr::addGlobalOptionFilters(module, all);
-    }
-};
-
 } // namespace
 
 class CSwordLibrary::CPrivate
@@ -206,12 +87,10 @@ public:
     {
         sword::SWLog::getSystemLog()->setLogLevel(0);
         sword::LocaleMgr::getSystemLocaleMgr()->setDefaultLocaleName("en");
-        m_manager = std::make_unique<CPlainManager>();
+        // any markup manager: it sees to it that entries are UTF-8
+        m_manager = std::make_unique<sword::SWMgr>(
+            nullptr, nullptr, false, new sword::MarkupFilterMgr(sword::FMT_PLAIN, sword::ENC_UTF8));
         m_manager->load();
-        for (const char* option : {"Headings", "Footnotes", "Cross-references", "Strong's Numbers",
-                                   "Morphological Tags", "Lemmas", "Glosses", "Enumerations"})
-            m_manager->setGlobalOption(option, "Off");
-        m_manager->setGlobalOption("Textual Variants", "Primary Reading");
     }
 
     sword::SWModule& module(const std::string& name) const
@@ -222,7 +101,7 @@ public:
         return *found;
     }
 
-    std::unique_ptr<CPlainManager> m_manager;
+    std::unique_ptr<sword::SWMgr> m_manager;
 };
 
 CSwordLibrary::CSwordLibrary() : m_private(std::make_unique<CPrivate>()) {}
@@ -269,7 +148,7 @@ SourceBible CSwordLibrary::read(const std::string& name,
     bible.versification = entry(module, "Versification");
     if (bible.versification.empty())
         bible.versification = "KJV"; // the library's own default
-    CVerseWalk(module, progress).readInto(bible);
+    readSwordVerses(module, progress, bible);
     return bible;
 }
 

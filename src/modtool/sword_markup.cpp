@@ -1,39 +1,122 @@
 #include "sword_markup.h"
 
-#include "stray_markers.h"
-#include "word_gap.h"
+#include "letters.h"
 
+#include <libxml/HTMLparser.h>
 #include <unicode/unistr.h>
 
 #include <algorithm>
 #include <charconv>
+#include <optional>
 
 namespace Kedrin::ModTool {
 
 namespace {
 
-constexpr std::string_view noteEnd = "</note>";
+using Form = SwordPiece::Form;
 
-/// The entry without the names of those who speak: headings that the library's filter of headings leaves.
-std::string withoutSpeakers(std::string_view raw)
+constexpr std::size_t maxTagBytes = 65536; // bounds the time for an entry of "<" alone
+
+bool isAsciiLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+
+bool isAsciiDigit(char c) { return c >= '0' && c <= '9'; }
+
+bool isWhiteSpace(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
+
+struct Reference
 {
-    constexpr std::string_view begin = "<speaker";
-    constexpr std::string_view end = "</speaker>";
-    std::string rest(raw);
-    for (std::size_t speaker = rest.find(begin); speaker != std::string::npos;
-         speaker = rest.find(begin, speaker)) {
-        const std::size_t stop = rest.find(end, speaker);
-        if (stop == std::string::npos)
-            break;
-        rest.erase(speaker, stop + end.size() - speaker);
-    }
-    return rest;
+    char32_t codePoint;
+    std::size_t byteCount;
+};
+
+std::optional<char32_t> numberIn(std::string_view digits, int base)
+{
+    std::uint32_t value = 0;
+    const char* end = digits.data() + digits.size();
+    const auto [stop, error] = std::from_chars(digits.data(), end, value, base);
+    if (error != std::errc() || stop != end || value == 0 || value > 0x10FFFF || U_IS_SURROGATE(value))
+        return std::nullopt;
+    return value;
 }
 
-/// The text before a note, given all that stands before the note's end tag.
-std::string_view beforeNote(std::string_view upToEnd)
+std::optional<char32_t> codePointOf(std::string_view name)
 {
-    return upToEnd.substr(0, std::min(upToEnd.rfind("<note"), upToEnd.size()));
+    if (name.starts_with("#x") || name.starts_with("#X"))
+        return numberIn(name.substr(2), 16);
+    if (name.starts_with('#'))
+        return numberIn(name.substr(1), 10);
+    const std::string terminated(name);
+    const htmlEntityDesc* known = htmlEntityLookup(reinterpret_cast<const xmlChar*>(terminated.c_str()));
+    return known ? std::optional<char32_t>(known->value) : std::nullopt;
+}
+
+/// The reference to a character that the text begins with.
+std::optional<Reference> referenceAt(std::string_view text)
+{
+    constexpr std::size_t longest = 12;
+    const bool isGbf = text.starts_with("<CA") || text.starts_with("<CG>");
+    const std::size_t end = text.substr(0, longest).find(isGbf ? '>' : ';');
+    if (end == std::string_view::npos || !(isGbf || text.starts_with('&')))
+        return std::nullopt;
+    const auto codePoint = text.starts_with("<CG") ? U'>'
+                           : isGbf                 ? numberIn(text.substr(3, end - 3), 10)
+                                                   : codePointOf(text.substr(1, end - 1));
+    return codePoint ? std::optional<Reference>({*codePoint, end + 1}) : std::nullopt;
+}
+
+/// Bytes of the tag that the text begins with; 0 where it begins with none. A ">" in quotes belongs to the attribute.
+std::size_t tagLength(std::string_view text)
+{
+    if (text.size() < 3 || !(isAsciiLetter(text[1]) || text[1] == '/' || text[1] == '!' || text[1] == '?') ||
+        referenceAt(text))
+        return 0;
+    text = text.substr(0, maxTagBytes);
+    if (text.starts_with("<!--")) {
+        const std::size_t end = text.find("-->");
+        return end == std::string_view::npos ? 0 : end + 3;
+    }
+    const std::size_t first = text.find('>');
+    if (first == std::string_view::npos)
+        return 0;
+    const std::string_view reach = text.substr(0, text.find('<', 1));
+    bool isQuoted = false;
+    for (std::size_t i = 0; i < reach.size(); ++i) {
+        if (reach[i] == '>' && !isQuoted)
+            return i + 1;
+        isQuoted = isQuoted != (reach[i] == '"');
+    }
+    return first < reach.size() ? first + 1 : 0;
+}
+
+bool isGbfPair(std::string_view name)
+{
+    return name.size() >= 2 && (name[0] == 'R' || name[0] == 'T') && isAsciiLetter(name[1]) &&
+           std::all_of(name.begin() + 2, name.end(), isAsciiDigit);
+}
+
+SwordPiece pieceOfTag(std::string_view tag)
+{
+    const bool isEnd = tag[1] == '/';
+    std::string_view name = tag.substr(isEnd ? 2 : 1);
+    const auto nameEnd = std::find_if(name.begin(), name.end(),
+                                      [](char c) { return isWhiteSpace(c) || c == '/' || c == '>'; });
+    name = name.substr(0, static_cast<std::size_t>(nameEnd - name.begin()));
+    if (isEnd)
+        return {Form::end, tag, name};
+    for (const std::string_view pair : {"RF", "RX", "TS"})
+        if (isGbfPair(name) && name[0] == pair[0] && (name[1] & ~0x20) == pair[1])
+            return {name[1] == pair[1] ? Form::start : Form::end, tag, pair};
+    const bool standsAlone = tag.ends_with("/>") || tag[1] == '!' || tag[1] == '?';
+    return {standsAlone ? Form::empty : Form::start, tag, name};
+}
+
+/// Where the next tag begins, or the end of the text.
+std::size_t textLength(std::string_view text)
+{
+    std::size_t end = text.find('<');
+    while (end != std::string_view::npos && tagLength(text.substr(end)) == 0)
+        end = text.find('<', end + 1);
+    return std::min(end, text.size());
 }
 
 std::string withoutTags(std::string_view text)
@@ -47,8 +130,6 @@ std::string withoutTags(std::string_view text)
     }
     return plain;
 }
-
-bool isAsciiLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
 /// The character whose 16-bit number, with a sign, is given in decimal; "" for none.
 std::string characterOf(std::string_view number)
@@ -86,69 +167,68 @@ std::string takeControl(std::string_view& text)
     return word == "par" || word == "line" ? "\n" : character;
 }
 
-struct Entity
-{
-    std::string_view escaped;
-    std::string_view standIn; ///< U+F8F0 and the next ones
-    std::string_view meant;
-};
-
-constexpr Entity entities[] = {
-    {"&amp;", "\xEF\xA3\xB0", "&"}, {"&lt;", "\xEF\xA3\xB1", "<"}, {"&gt;", "\xEF\xA3\xB2", ">"}};
-
-void replaceAll(std::string& text, std::string_view from, std::string_view to)
-{
-    for (std::size_t i = text.find(from); i != std::string::npos; i = text.find(from, i + to.size()))
-        text.replace(i, from.size(), to);
-}
-
 } // namespace
 
-std::size_t endOfBook(std::string_view raw)
+std::vector<SwordPiece> swordPieces(std::string_view raw)
 {
-    for (std::size_t begin = raw.find("<div "); begin != std::string_view::npos;
-         begin = raw.find("<div ", begin + 1)) {
-        const std::string_view tag = raw.substr(begin, raw.find('>', begin) - begin);
-        if (tag.find(" eID=") != std::string_view::npos &&
-            tag.find(" type=\"book\"") != std::string_view::npos)
-            return begin;
+    std::vector<SwordPiece> pieces;
+    while (!raw.empty()) {
+        if (const std::size_t length = textLength(raw); length != 0) {
+            pieces.push_back({Form::text, raw.substr(0, length), ""});
+            raw.remove_prefix(length);
+        }
+        if (raw.empty())
+            break;
+        const std::size_t length = tagLength(raw);
+        pieces.push_back(pieceOfTag(raw.substr(0, length)));
+        raw.remove_prefix(length);
     }
-    return std::string_view::npos;
+    return pieces;
 }
 
-std::string cleanEntry(std::string_view whole)
+std::string_view swordAttribute(std::string_view tag, std::string_view name)
 {
-    const std::string entry = withoutSpeakers(whole.substr(0, endOfBook(whole)));
-    const std::string_view raw(entry);
-    std::string clean;
-    std::size_t begin = 0;
-    for (std::size_t note = raw.find(noteEnd); note != std::string_view::npos;
-         note = raw.find(noteEnd, begin)) {
-        const std::size_t end = note + noteEnd.size();
-        clean += raw.substr(begin, end - begin);
-        if (needsSpaceBetween(withoutTags(beforeNote(raw.substr(0, note))), withoutTags(raw.substr(end))))
-            clean += ' ';
-        begin = end;
+    for (std::size_t i = tag.find(name, 1); i != std::string_view::npos; i = tag.find(name, i + 1)) {
+        const std::string_view rest = tag.substr(i + name.size());
+        if (!isWhiteSpace(tag[i - 1]) || rest.size() < 2 || rest[0] != '=' ||
+            (rest[1] != '"' && rest[1] != '\''))
+            continue;
+        const std::string_view value = rest.substr(2);
+        return value.substr(0, value.find(rest[1]));
     }
-    clean += raw.substr(begin);
-    unsigned int ignored = 0; // countLeftOut() counts
-    return mayHaveMarkers(clean) ? withoutMarkers(clean, ignored) : clean;
+    return "";
 }
 
-std::string withoutEntities(std::string_view raw)
+std::string swordCharacters(std::string_view text)
 {
-    std::string text(raw);
-    for (const Entity& entity : entities)
-        replaceAll(text, entity.escaped, entity.standIn);
-    return text;
+    std::string characters;
+    while (!text.empty()) {
+        const std::size_t plain = std::min(text.find_first_of("&<"), text.size());
+        characters += text.substr(0, plain);
+        text.remove_prefix(plain);
+        if (const auto reference = referenceAt(text)) {
+            icu::UnicodeString(static_cast<UChar32>(reference->codePoint)).toUTF8String(characters);
+            text.remove_prefix(reference->byteCount);
+        } else if (!text.empty()) {
+            characters += text.front();
+            text.remove_prefix(1);
+        }
+    }
+    return characters;
 }
 
-std::string withMeantCharacters(std::string_view plain)
+std::uint64_t lettersOfEntry(std::string_view raw)
 {
-    std::string text(plain);
-    for (const Entity& entity : entities)
-        replaceAll(text, entity.standIn, entity.meant);
-    return text;
+    std::uint64_t count = 0;
+    for (std::size_t begin = 0, i = 0; i <= raw.size();) {
+        const std::size_t tag = i < raw.size() && raw[i] == '<' ? tagLength(raw.substr(i)) : 0;
+        if (tag != 0 || i == raw.size()) {
+            count += countLetters(swordCharacters(raw.substr(begin, i - begin)));
+            begin = i + tag;
+        }
+        i += std::max<std::size_t>(tag, 1);
+    }
+    return count;
 }
 
 std::string plainConfiguration(std::string_view value)

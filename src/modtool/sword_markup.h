@@ -1,27 +1,41 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Kedrin::ModTool {
 
-/// Where the tag that ends a book begins in a raw entry, or npos. Containers are stored as pairs of empty elements with
-/// ids.
-std::size_t endOfBook(std::string_view raw);
+/// A tag of a SWORD entry, or the text between two. The markup may be OSIS, ThML, TEI or GBF.
+struct SwordPiece
+{
+    enum class Form
+    {
+        text,
+        start,
+        end,
+        empty ///< also tags of GBF that stand alone, and comments
+    };
 
-/// A raw SWORD entry made fit for being rendered as plain text:
-///  - what follows the end of a book (a glossary, say, stored with the book's last verse) is cut off;
-///  - where a note stands between two words without a blank of its own, a blank is put behind it, since the note
-///    goes and the words would run together;
-///  - the names of speakers, headings between the lines of a poem, go: the library leaves them in the text;
-///  - markers of USFM that a conversion left in the text go.
-std::string cleanEntry(std::string_view whole);
+    Form form;
+    std::string_view bytes; ///< as in the entry
+    std::string_view name;  ///< of a tag: "note"; of a pair of GBF that of its start: "RF"
+};
 
-/// The library loses `&amp;`, `&lt;` and `&gt;` on the way to plain text where a module's headings can be switched off.
-/// The first function puts characters for private use in their place, the second makes the characters that were
-/// meant of those.
-std::string withoutEntities(std::string_view raw);
-std::string withMeantCharacters(std::string_view plain);
+/// The pieces of an entry, in their order; together they are the entry. A "<" that begins no tag, and one whose tag does
+/// not end, are text.
+std::vector<SwordPiece> swordPieces(std::string_view raw);
+
+/// An attribute of a tag, "" where it has none of the name.
+std::string_view swordAttribute(std::string_view tag, std::string_view name);
+
+/// Text with its character references (`&amp;`, `&#1073;`, the names of HTML, `<CA65>` of GBF) made characters. A
+/// reference that is not known stays as it is.
+std::string swordCharacters(std::string_view text);
+
+/// The letters and digits of a raw entry, whatever elements they stand in.
+std::uint64_t lettersOfEntry(std::string_view raw);
 
 /// A paragraph of a module's configuration as plain text: RTF controls become line ends or go, HTML tags go.
 /// @returns its lines, none of them empty

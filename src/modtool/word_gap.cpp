@@ -130,7 +130,8 @@ bool needsSpaceBetween(std::string_view before, std::string_view next)
     const UChar32 last = takeLast(rest);
     if (before.empty() || (last >= 0 && u_isUWhiteSpace(last)))
         return false;
-    const CQuoteState quotes(before);
+    constexpr std::size_t longest = 4096; // bounds the time for a verse of notes alone
+    const CQuoteState quotes(before.substr(before.size() - std::min(before.size(), longest)));
     return !quotes.lastOpens() && beginsWord(quotes, next);
 }
 

@@ -17,6 +17,7 @@ add_executable(modtool_tests
   read_back_test.cpp
   real_data.cpp
   real_texts_test.cpp
+  sword_entry_test.cpp
   sword_source_test.cpp
   verse_line_page_test.cpp
   verse_lines_test.cpp

@@ -2,8 +2,11 @@
 
 #include <rawtext.h>
 #include <versekey.h>
+#include <zipcomprs.h>
+#include <ztext.h>
 
 #include <cstdlib>
+#include <memory>
 
 namespace build_test {
 
@@ -16,6 +19,21 @@ sword::VerseKey keyOf(const std::string& place, const std::string& versification
     key.setIntros(true);
     key.setText(place.c_str());
     return key;
+}
+
+std::unique_ptr<sword::SWText> emptyText(const std::string& data, const std::string& versification,
+                                         bool isCompressed)
+{
+    if (isCompressed) {
+        sword::zText::createModule(data.c_str(), CHAPTERBLOCKS, versification.c_str());
+        return std::make_unique<sword::zText>(
+            data.c_str(), nullptr, nullptr, CHAPTERBLOCKS, new sword::ZipCompress(), nullptr, sword::ENC_UTF8,
+            sword::DIRECTION_LTR, sword::FMT_OSIS, nullptr, versification.c_str());
+    }
+    sword::RawText::createModule(data.c_str(), versification.c_str());
+    return std::make_unique<sword::RawText>(data.c_str(), nullptr, nullptr, nullptr, sword::ENC_UTF8,
+                                            sword::DIRECTION_LTR, sword::FMT_OSIS, nullptr,
+                                            versification.c_str());
 }
 
 } // namespace
@@ -39,20 +57,19 @@ MadeSword::~MadeSword()
 }
 
 void MadeSword::add(const std::string& name, const Entries& entries, const std::string& configuration,
-                    const std::string& versification) const
+                    const std::string& versification, const Form& form) const
 {
     m_folder.write("sword/mods.d/" + name + ".conf",
-                   '[' + name + "]\nDataPath=./texts/" + name +
-                       "/\nModDrv=RawText\nSourceType=OSIS\nEncoding=UTF-8\nVersification=" + versification +
+                   '[' + name + "]\nDataPath=./texts/" + name + "/\nModDrv=" +
+                       (form.isCompressed ? "zText\nBlockType=CHAPTER\nCompressType=ZIP" : "RawText") +
+                       "\nSourceType=" + form.markup + "\nEncoding=UTF-8\nVersification=" + versification +
                        '\n' + configuration);
     const std::string data = m_path + "/texts/" + name;
     std::filesystem::create_directories(data);
-    sword::RawText::createModule(data.c_str(), versification.c_str());
-    sword::RawText text(data.c_str(), nullptr, nullptr, nullptr, sword::ENC_UTF8, sword::DIRECTION_LTR,
-                        sword::FMT_OSIS, nullptr, versification.c_str());
+    const auto text = emptyText(data, versification, form.isCompressed);
     for (const auto& [place, raw] : entries) {
-        text.setKey(keyOf(place, versification));
-        text.setEntry(raw.c_str(), static_cast<long>(raw.size()));
+        text->setKey(keyOf(place, versification));
+        text->setEntry(raw.c_str(), static_cast<long>(raw.size()));
     }
 }
 

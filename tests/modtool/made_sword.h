@@ -19,11 +19,22 @@ public:
 
     using Entries = std::vector<std::pair<std::string, std::string>>; ///< "Gen 1:1", raw entry
 
-    /// Installs a Bible whose entries are OSIS.
+    struct Form
+    {
+        std::string markup = "OSIS";
+        bool isCompressed = false;
+    };
+
+    /// Installs a Bible.
     /// @param configuration    more lines of its configuration
     /// @param versification    a name of the library's
     void add(const std::string& name, const Entries& entries, const std::string& configuration = {},
-             const std::string& versification = "KJV") const;
+             const std::string& versification = "KJV") const
+    {
+        add(name, entries, configuration, versification, Form());
+    }
+    void add(const std::string& name, const Entries& entries, const std::string& configuration,
+             const std::string& versification, const Form& form) const;
 
     /// Has the second verse share the entry of the first, as a text does that joins verses.
     void link(const std::string& name, const std::string& first, const std::string& second) const;

@@ -2,14 +2,11 @@
 
 #include "build_fixture.h"
 #include "made_sword.h"
-#include "sword_markup.h"
 
 namespace {
 
 using build_test::Result;
 using build_test::run;
-using Kedrin::ModTool::cleanEntry;
-using Kedrin::ModTool::plainConfiguration;
 
 class SwordSource : public build_test::Building
 {
@@ -158,6 +155,78 @@ TEST_F(SwordSource, JoinedVersesHaveTheirTextOnce)
     EXPECT_EQ(verse(0, 0, 0), "два стиха");
     EXPECT_EQ(verse(0, 0, 1), "");
     EXPECT_EQ(reported(result, "without text"), "  1 verse inside a chapter, first Gen 1:2");
+    EXPECT_EQ(reported(result, "joined"), "        1 range of verses, its text at the first, first Gen 1:1");
+}
+
+TEST_F(SwordSource, EmptyEntriesAreNoRange)
+{
+    for (const bool isCompressed : {false, true}) {
+        m_sword.add("Made", {{"Job 1:1", "първи"}, {"Job 1:3", "трети"}}, "", "KJV", {"OSIS", isCompressed});
+        const Result result = buildSword("Made");
+        ASSERT_EQ(result.code, 0) << result.err;
+        EXPECT_EQ(verse(0, 0, 0), "първи");
+        EXPECT_EQ(verse(0, 0, 2), "трети");
+        EXPECT_EQ(result.out.find("joined"), std::string::npos) << result.out;
+    }
+}
+
+TEST_F(SwordSource, VerseThatBeginsInAPsalmTitleIsWhole)
+{
+    EXPECT_EQ(textOf("<div type=\"x-milestone\" subType=\"x-preverse\" sID=\"pv1\"/>"
+                     "<title canonical=\"true\" type=\"psalm\">"
+                     "<div type=\"x-milestone\" subType=\"x-preverse\" eID=\"pv1\"/>Псалом Давидов.</title>"
+                     "<lg sID=\"gen2\"/><l sID=\"gen3\"/>Господи, кой ще живее…<l eID=\"gen3\"/>"
+                     "<lg eID=\"gen2\"/>"),
+              "Псалом Давидов. Господи, кой ще живее…");
+}
+
+TEST_F(SwordSource, EmphasisLeavesNoSigns)
+{
+    EXPECT_EQ(textOf("darkness <hi type=\"italic\">was</hi> upon"), "darkness was upon");
+}
+
+TEST_F(SwordSource, TextOfOneLetterIsText)
+{
+    EXPECT_EQ(textOf("О"), "О");
+    EXPECT_EQ(textOf("О<note>бел.</note>Ти"), "О Ти");
+}
+
+TEST_F(SwordSource, PsalmTitleOfAChapterStandsBeforeItsFirstVerse)
+{
+    m_sword.add("Made", {{"Ps 3:0", "<title canonical=\"true\">Псалом "},
+                         {"Ps 3:1", "Давидов.</title>Господи"},
+                         {"Ps 4:0", "<title canonical=\"true\">Глас</title>"}});
+    const Result result = buildSword("Made");
+    ASSERT_EQ(result.code, 0) << result.err;
+    EXPECT_EQ(verse(0, 2, 0), "Псалом Давидов. Господи");
+    EXPECT_EQ(reported(result, "joined"), "        1 psalm title, put before its text, first Ps 3");
+    EXPECT_EQ(reported(result, "left out"), "      1 text outside the verses, first Ps 4");
+}
+
+TEST_F(SwordSource, NoteOverTwoVersesIsLeftOutOfBoth)
+{
+    m_sword.add("Made", {{"Gen 1:1", "а <note>б"}, {"Gen 1:2", "в</note> г"}, {"Gen 1:3", "д <note>е"}});
+    const Result result = buildSword("Made");
+    ASSERT_EQ(result.code, 0) << result.err;
+    EXPECT_EQ(verse(0, 0, 0), "а");
+    EXPECT_EQ(verse(0, 0, 1), "г");
+    EXPECT_EQ(verse(0, 0, 2), "д е") << "a note without an end";
+    EXPECT_EQ(reported(result, "left out"), "      1 note, first Gen 1:1");
+}
+
+TEST_F(SwordSource, EveryMarkupKeepsItsText)
+{
+    const std::pair<const char*, const char*> entries[] = {
+        {"OSIS", "а <w lemma=\"strong:H1\">б</w> <hi>в</hi><note>г</note>"},
+        {"ThML", "а <sync type=\"Strongs\" value=\"H1\"/><i>б</i>\nв<note>г</note>"},
+        {"GBF", "а<WH1> <FI>б<Fi> в<RF>г<Rf>"},
+        {"TEI", "а <hi rend=\"italic\">б</hi> <etym>в</etym><note>г</note>"},
+        {"Plaintext", "а б\nв"}};
+    for (const auto& [markup, raw] : entries) {
+        m_sword.add("Made", {{"Gen 1:1", raw}}, "", "KJV", {markup, false});
+        ASSERT_EQ(buildSword("Made").code, 0) << markup;
+        EXPECT_EQ(verse(0, 0, 0), "а б в") << markup;
+    }
 }
 
 TEST_F(SwordSource, IsCountedByItsOwnVersification)
@@ -181,33 +250,6 @@ TEST_F(SwordSource, EmptyBibleHoldsNoBook)
 {
     m_sword.add("Made", {});
     EXPECT_EQ(buildSword("Made").err, "kedrin-module: the source holds no text\n");
-}
-
-TEST(SwordEntry, EndsWithItsBook)
-{
-    EXPECT_EQ(cleanEntry("край.<div eID=\"g1\" osisID=\"Rev\" type=\"book\"/><div>речник</div>"), "край.");
-    EXPECT_EQ(cleanEntry("а<div eID=\"g1\" type=\"x-p\"/>б"), "а<div eID=\"g1\" type=\"x-p\"/>б");
-}
-
-TEST(SwordEntry, IsWithoutTheNamesOfSpeakers)
-{
-    EXPECT_EQ(cleanEntry("а <speaker>Невяста</speaker> б<speaker who=\"x\">Друзя</speaker>"), "а  б");
-    EXPECT_EQ(cleanEntry("а <speaker>б"), "а <speaker>б");
-}
-
-TEST(SwordEntry, DamagedMarkupIsSurvived)
-{
-    for (const char* raw :
-         {"<", "a<note", "</note>", "<note></note><", "a</note>b</note", "<div ", "\xD0</note>\xD0"})
-        EXPECT_LE(cleanEntry(raw).size(), std::string_view(raw).size() + 2) << raw;
-}
-
-TEST(SwordConfiguration, IsPlainText)
-{
-    EXPECT_EQ(plainConfiguration("a\\par b\\line c"), "a\nb\nc");
-    EXPECT_EQ(plainConfiguration("{\\b bold} \\u8217?x"), "bold ’x");
-    EXPECT_EQ(plainConfiguration("see <a href=\"x\">here</a>"), "see here");
-    EXPECT_EQ(plainConfiguration("\\"), "");
 }
 
 } // namespace
