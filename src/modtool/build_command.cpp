@@ -31,7 +31,8 @@ constexpr const char* page =
                  "  0  done\n"
                  "  1  the source was refused, or something could not be read or written\n"
                  "  2  the arguments make no sense\n"
-                 "  3  the part of the program that knows the SWORD library is not installed");
+                 "  3  the report cannot be written, or the part of the program that knows the SWORD library is not "
+                 "installed");
 
 } // namespace
 

@@ -27,7 +27,7 @@ constexpr const char* page = translatable("A module is a folder that holds one o
                                           "  0  sound: no errors (with --strict: nor warnings)\n"
                                           "  1  defects\n"
                                           "  2  the arguments make no sense\n"
-                                          "  3  something could not be checked");
+                                          "  3  something could not be checked, or the report cannot be written");
 
 constexpr std::size_t defaultMaxPlaces = 5;
 constexpr std::size_t mostMaxPlaces = 1000;

@@ -34,8 +34,10 @@ CProgramParser::CProgramParser()
     require_subcommand(1);
 }
 
-int runCommandLine(CLI::App& parser, std::span<const ICommand* const> commands, int argc,
-                   const char* const* argv, const CommandStreams& streams)
+namespace {
+
+int parseAndRun(CLI::App& parser, std::span<const ICommand* const> commands, int argc,
+                const char* const* argv, const CommandStreams& streams)
 {
     try {
         parser.parse(argc, argv);
@@ -54,6 +56,18 @@ int runCommandLine(CLI::App& parser, std::span<const ICommand* const> commands, 
             return wrong.empty() ? command->run(streams) : refuseUsage(streams.err, wrong);
         }
     return exitUsage; // not reached: the parser requires a command
+}
+
+} // namespace
+
+int runCommandLine(CLI::App& parser, std::span<const ICommand* const> commands, int argc,
+                   const char* const* argv, const CommandStreams& streams)
+{
+    const int result = parseAndRun(parser, commands, argc, argv, streams);
+    if (streams.out.flush())
+        return result;
+    sayError(streams.err, tr("the output cannot be written"));
+    return exitUnwritten;
 }
 
 CLI::App* addCommand(CLI::App& program, const char* name, const char* description, const char* page)

@@ -18,7 +18,8 @@ public:
 /// Reads the command line and runs the command that it names. Help goes to `out`; a command line that makes no sense is
 /// answered on `err`.
 /// @param commands  those that were added to `parser`
-/// @returns the command's exit code; exitDone after help, exitUsage where the arguments make no sense
+/// @returns the command's exit code; exitDone after help, exitUsage where the arguments make no sense; exitUnwritten,
+///          after a line on `err`, where `out` did not take all that was written
 int runCommandLine(CLI::App& parser, std::span<const ICommand* const> commands, int argc,
                    const char* const* argv, const CommandStreams& streams);
 

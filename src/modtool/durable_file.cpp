@@ -16,9 +16,19 @@
 
 namespace Kedrin::ModTool {
 
+namespace fs = std::filesystem;
+
 void failToWrite(const std::string& name, const std::string& reason)
 {
     throw CBuildError(message("%s: cannot be written (%s)", name, reason));
+}
+
+bool isRegularFile(int descriptor)
+{
+    struct stat facts
+    {
+    };
+    return ::fstat(descriptor, &facts) == 0 && S_ISREG(facts.st_mode);
 }
 
 namespace {
@@ -29,7 +39,7 @@ class CDescriptor
 public:
     CDescriptor(const std::string& name, int flags)
         : m_name(name),
-          m_descriptor(::open(name.c_str(), flags, 0666))
+          m_descriptor(::open(name.c_str(), flags | O_CLOEXEC, 0666))
     {
         if (m_descriptor < 0)
             failToWrite(m_name, std::strerror(errno));
@@ -53,6 +63,12 @@ public:
     {
         if (::fsync(m_descriptor) != 0)
             failToWrite(m_name, std::strerror(errno));
+    }
+
+    void requireRegular() const
+    {
+        if (!isRegularFile(m_descriptor))
+            failToWrite(m_name, tr("it is no regular file"));
     }
 
     /// Waits until no other descriptor of the file is locked.
@@ -91,21 +107,38 @@ private:
 
 void writeDurably(const std::string& fileName, std::string_view content)
 {
-    const CDescriptor file(fileName, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC);
+    const CDescriptor file(fileName, O_WRONLY | O_CREAT | O_TRUNC);
     file.write(content);
     file.sync();
 }
 
-void syncFolder(const std::string& folder) { CDescriptor(folder, O_RDONLY | O_DIRECTORY | O_CLOEXEC).sync(); }
+void syncFolder(const std::string& folder) { CDescriptor(folder, O_RDONLY | O_DIRECTORY).sync(); }
+
+namespace {
+
+/// The file that a link leads to, whether it is there or not; of anything else the name itself.
+std::string withoutLinks(const std::string& fileName)
+{
+    constexpr int mostLinks = 40; // as the system follows
+    fs::path path = fileName;
+    std::error_code ignored;
+    for (int links = 0; fs::is_symlink(fs::symlink_status(path, ignored)); ++links) {
+        if (links == mostLinks)
+            failToWrite(fileName, std::strerror(ELOOP));
+        path = path.parent_path() / fs::read_symlink(path, ignored);
+    }
+    return path.string();
+}
 
 /// The name of the file beside is always the same, so that what an interrupted process left is taken over. Of several
 /// that write at once, one holds the lock; the others find its content in place, or a new file to write.
-void replaceDurably(const std::string& fileName, std::string_view content)
+void replaceByRename(const std::string& fileName, std::string_view content)
 {
     const std::string folder = folderOf(fileName);
-    const std::string beside = folder + "/." + std::filesystem::path(fileName).filename().string() + ".new";
+    const std::string beside = folder + "/." + fs::path(fileName).filename().string() + ".new";
     while (contentOf(fileName) != content) {
-        const CDescriptor file(beside, O_WRONLY | O_CREAT | O_CLOEXEC);
+        const CDescriptor file(beside, O_WRONLY | O_CREAT | ownFile);
+        file.requireRegular();
         file.lock();
         if (!file.isNamed())
             continue;
@@ -124,6 +157,20 @@ void replaceDurably(const std::string& fileName, std::string_view content)
     }
 }
 
+} // namespace
+
+void replaceDurably(const std::string& fileName, std::string_view content)
+{
+    struct stat facts
+    {
+    };
+    const bool exists = ::stat(fileName.c_str(), &facts) == 0;
+    if (exists && !S_ISREG(facts.st_mode))
+        CDescriptor(fileName, O_WRONLY | O_NOCTTY).write(content);
+    else
+        replaceByRename(withoutLinks(fileName), content);
+}
+
 std::string contentOf(const std::string& fileName)
 {
     std::string content;
@@ -132,7 +179,7 @@ std::string contentOf(const std::string& fileName)
 
 std::string folderOf(const std::string& path)
 {
-    const std::string parent = std::filesystem::path(path).parent_path().string();
+    const std::string parent = fs::path(path).parent_path().string();
     return parent.empty() ? "." : parent;
 }
 

@@ -1,4 +1,5 @@
 #include "language.h"
+#include "process_setup.h"
 #include "query_commands.h"
 #include "query_program.h"
 #include "whole_program.h"
@@ -8,6 +9,7 @@
 int main(int argc, char* argv[])
 {
     using namespace Kedrin::ModTool;
+    setUpProcess();
     if (argc < 2 || !CQueryCommands::isOne(argv[1]))
         return becomeWholeProgram(argv);
     chooseLanguage();

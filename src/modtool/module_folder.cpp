@@ -90,9 +90,13 @@ CModuleFolder::~CModuleFolder()
 void CModuleFolder::lock()
 {
     for (;;) {
-        m_lock = ::open(m_lockName.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+        m_lock = ::open(m_lockName.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | ownFile, 0666);
         if (m_lock < 0)
             failToWrite(m_lockName, std::strerror(errno));
+        if (!isRegularFile(m_lock)) {
+            ::close(m_lock);
+            failToWrite(m_lockName, tr("it is no regular file"));
+        }
         if (::flock(m_lock, LOCK_EX | LOCK_NB) != 0) {
             ::close(m_lock);
             throw CFolderBusy(message("%s: another build of this folder is running", m_path));

@@ -7,10 +7,11 @@ namespace Kedrin::ModTool {
 /// Exit codes of kedrin-module.
 enum ExitCode
 {
-    exitDone = 0,     ///< all went well
-    exitFailed = 1,   ///< the source was refused or something could not be read or written; `check`: defects
-    exitUsage = 2,    ///< the arguments make no sense
-    exitUnchecked = 3 ///< `check`: something could not be checked
+    exitDone = 0,      ///< all went well
+    exitFailed = 1,    ///< the source was refused or something could not be read or written; `check`: defects
+    exitUsage = 2,     ///< the arguments make no sense
+    exitUnchecked = 3, ///< `check`: something could not be checked
+    exitUnwritten = 3  ///< standard output could not be written
 };
 
 /// The program: reads the arguments, runs a command.

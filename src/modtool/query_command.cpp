@@ -1,6 +1,5 @@
 #include "query_command.h"
 
-#include "messages.h"
 #include "module_error.h"
 
 #include <CLI/CLI.hpp>
@@ -12,11 +11,7 @@ bool CQueryCommand::isChosen() const { return m_command->parsed(); }
 int CQueryCommand::run(const CommandStreams& streams) const
 {
     try {
-        const int result = answer(streams.out);
-        streams.out.flush();
-        if (!streams.out)
-            throw CModuleError(tr("the output cannot be written"));
-        return result;
+        return answer(streams.out);
     } catch (const CNotFound& ex) {
         sayError(streams.err, ex.what());
         return queryNothing;

@@ -1,8 +1,10 @@
 #include "language.h"
+#include "process_setup.h"
 #include "program.h"
 
 int main(int argc, char* argv[])
 {
+    Kedrin::ModTool::setUpProcess();
     Kedrin::ModTool::chooseLanguage();
     return Kedrin::ModTool::runProgram(argc, argv);
 }

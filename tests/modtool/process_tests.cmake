@@ -7,6 +7,7 @@ add_executable(modtool_process_tests
   hostile_source_test.cpp
   interrupted_build_test.cpp
   module_path_test.cpp
+  output_test.cpp
   tool_process.cpp
   traced_call.cpp)
 target_compile_definitions(modtool_process_tests PRIVATE KEDRIN_MODULE_PROGRAM="$<TARGET_FILE:kedrin-module>")

@@ -1,0 +1,21 @@
+#include "process_setup.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <initializer_list>
+
+namespace Kedrin::ModTool {
+
+void setUpProcess()
+{
+    std::signal(SIGXFSZ, SIG_IGN);
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        const int unusable = stream == STDIN_FILENO ? O_WRONLY : O_RDONLY;
+        if (::fcntl(stream, F_GETFD) < 0)
+            ::open("/dev/null", unusable); // takes the lowest number that is free, which is the stream's
+    }
+}
+
+} // namespace Kedrin::ModTool
