@@ -130,13 +130,15 @@ private:
         return place;
     }
 
+    /// The next entry that is not empty.
     std::string nextRawEntry()
     {
-        m_key->increment(1);
-        if (m_key->popError())
-            return "";
-        std::string next = rawEntry();
-        m_key->decrement(1);
+        const sword::VerseKey here(*m_key);
+        std::string next;
+        for (m_key->increment(1); !m_key->popError() && next.empty(); m_key->increment(1))
+            next = rawEntry();
+        m_key->popError();
+        m_key->positionFrom(here);
         return next;
     }
 

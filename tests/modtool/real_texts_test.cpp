@@ -19,7 +19,7 @@ protected:
     /// Builds an installed Bible; skips the test where it is not installed.
     void buildInstalled(const std::string& name)
     {
-        const Result result = build_test::run({"build", "sword:" + name, made(), "--substitute"});
+        const Result result = build_test::run({"build", "sword:" + name, made(), "--substitute", "--verbose"});
         if (result.err.starts_with("kedrin-module: no SWORD Bible is named"))
             GTEST_SKIP() << result.err;
         ASSERT_EQ(result.code, 0) << result.err;
@@ -92,6 +92,8 @@ TEST_F(RealText, KjvOfDebianIsWhole)
         return;
     EXPECT_TRUE(isReported("holds         66 books, 1189 chapters, 31102 verses\n")) << m_report;
     EXPECT_TRUE(isReported("31102 of 31102 verses keep their place both ways (31102 without any record)\n"));
+    EXPECT_TRUE(isReported("letters       3414532 letters and digits in the source\n")) << m_report;
+    EXPECT_TRUE(isReported("              3226548 in the verses of the module\n"));
     EXPECT_TRUE(at(53, 3, 16).starts_with("¶ For God so loved the world, that he gave his only begotten Son"))
         << at(53, 3, 16);
     EXPECT_EQ(
@@ -111,6 +113,9 @@ TEST_F(RealText, WebOfDebianIsWholeWithItsDeuterocanonicalBooks)
     if (!m_bible)
         return;
     EXPECT_TRUE(isReported("holds         76 books, 1358 chapters, 36817 verses\n")) << m_report;
+    EXPECT_TRUE(isReported("letters       3880231 letters and digits in the source\n")) << m_report;
+    EXPECT_TRUE(isReported("              3664070 in the verses of the module\n"));
+    EXPECT_TRUE(isReported("joined        6 ranges of verses, their text at the first, first Sir 11:15\n"));
     EXPECT_TRUE(at(53, 3, 16).starts_with("For God so loved the world")) << at(53, 3, 16);
     EXPECT_TRUE(at(40, 1, 1).starts_with("The book of the words of Tobit")) << at(40, 1, 1);
     EXPECT_TRUE(at(18, 119, 176).starts_with("I have gone astray like a lost sheep.")) << at(18, 119, 176);

@@ -1,16 +1,18 @@
 // Raw SWORD entries: what of them is text, what is left out and counted, and that nothing else goes.
 
 #include "letters.h"
+#include "random_entry.h"
 #include "sword_elements.h"
 #include "sword_entry.h"
 #include "sword_markup.h"
 
 #include <gtest/gtest.h>
 
-#include <random>
-
 namespace {
 
+using build_test::preverse;
+using build_test::randomEntry;
+using build_test::verseBegin;
 using Kedrin::ModTool::beginsInside;
 using Kedrin::ModTool::countLetters;
 using Kedrin::ModTool::endsInside;
@@ -53,9 +55,6 @@ std::string reportOf(const std::string& raw, const SwordPlace& place = {"Gen 1:1
     readAt(raw, place, findings);
     return findings.text();
 }
-
-const std::string preverse = "<div type=\"x-milestone\" subType=\"x-preverse\" sID=\"pv1\"/>";
-const std::string verseBegin = "<div type=\"x-milestone\" subType=\"x-preverse\" eID=\"pv1\"/>";
 
 TEST(SwordEntry, VerseThatBeginsInAPsalmTitleIsWhole)
 {
@@ -228,81 +227,6 @@ TEST(SwordEntry, DamagedMarkupIsSurvived)
          {"<", "a<note", "</note>", "<note></note><", "a</note>b</note", "<div ", "</>", "<>", "< >", "<!--",
           "<w a=\"", "&", "&;", "&#;", "&#x;", "<CA>", "<CA65", "<R>", "<T"})
         EXPECT_LE(textOf(raw).size(), std::string_view(raw).size()) << raw;
-}
-
-/// Pieces of every markup, some broken.
-std::string randomEntry(std::mt19937& random)
-{
-    static const std::vector<std::string> pieces{"дума",
-                                                 "Word7",
-                                                 " ",
-                                                 " ",
-                                                 "“",
-                                                 "„",
-                                                 "<note>",
-                                                 "</note>",
-                                                 "<note n=\"1\">",
-                                                 "<note/>",
-                                                 "<title>",
-                                                 "<title canonical=\"true\">",
-                                                 "<title type=\"psalm\">",
-                                                 "</title>",
-                                                 "<title canonical=\"false\">",
-                                                 "<w>",
-                                                 "<w lemma=\"strong:H1\">",
-                                                 "</w>",
-                                                 "<hi>",
-                                                 "</hi>",
-                                                 "<divineName>",
-                                                 "</divineName>",
-                                                 "<l>",
-                                                 "</l>",
-                                                 "<lg>",
-                                                 "<lb/>",
-                                                 "<seg type=\"x-variant\" subType=\"x-2\">",
-                                                 "</seg>",
-                                                 "<rdg type=\"alt\">",
-                                                 "</rdg>",
-                                                 "<speaker>",
-                                                 "</speaker>",
-                                                 "<div>",
-                                                 "</div>",
-                                                 "<div class=\"sechead\">",
-                                                 "<div type=\"variant\" class=\"2\">",
-                                                 "<scripRef>",
-                                                 "</scripRef>",
-                                                 "<RF>",
-                                                 "<Rf>",
-                                                 "<TS>",
-                                                 "<Ts>",
-                                                 "<WG12>",
-                                                 "<CA65>",
-                                                 "<CM>",
-                                                 preverse,
-                                                 verseBegin,
-                                                 "<div eID=\"b\" type=\"book\"/>",
-                                                 "&amp;",
-                                                 "&#1073;",
-                                                 "&x;",
-                                                 "&",
-                                                 "<",
-                                                 ">",
-                                                 "\\nd ",
-                                                 "\\nd*",
-                                                 "ß",
-                                                 "ѝ",
-                                                 "\u0345",
-                                                 "42",
-                                                 "Ⅷ",
-                                                 "<!-- а -->",
-                                                 "<note",
-                                                 "\n"};
-    std::uniform_int_distribution<std::size_t> length(0, 30);
-    std::uniform_int_distribution<std::size_t> which(0, pieces.size() - 1);
-    std::string raw;
-    for (std::size_t i = length(random); i != 0; --i)
-        raw += pieces[which(random)];
-    return raw;
 }
 
 TEST(SwordEntry, LettersOfAnyEntryAreInItsTextOrInTheReport)

@@ -2,6 +2,7 @@
 
 #include "build_fixture.h"
 #include "made_sword.h"
+#include "random_entry.h"
 
 namespace {
 
@@ -205,12 +206,15 @@ TEST_F(SwordSource, PsalmTitleOfAChapterStandsBeforeItsFirstVerse)
 
 TEST_F(SwordSource, NoteOverTwoVersesIsLeftOutOfBoth)
 {
-    m_sword.add("Made", {{"Gen 1:1", "а <note>б"}, {"Gen 1:2", "в</note> г"}, {"Gen 1:3", "д <note>е"}});
+    m_sword.add(
+        "Made",
+        {{"Gen 1:1", "а <note>б"}, {"Gen 1:3", "в</note> г"}, {"Gen 1:4", "д <note>е"}, {"Gen 1:5", "ж"}});
     const Result result = buildSword("Made");
     ASSERT_EQ(result.code, 0) << result.err;
     EXPECT_EQ(verse(0, 0, 0), "а");
-    EXPECT_EQ(verse(0, 0, 1), "г");
-    EXPECT_EQ(verse(0, 0, 2), "д е") << "a note without an end";
+    EXPECT_EQ(verse(0, 0, 2), "г") << "behind an empty verse";
+    EXPECT_EQ(verse(0, 0, 3), "д е") << "a note without an end";
+    EXPECT_EQ(verse(0, 0, 4), "ж");
     EXPECT_EQ(reported(result, "left out"), "      1 note, first Gen 1:1");
 }
 
@@ -226,6 +230,20 @@ TEST_F(SwordSource, EveryMarkupKeepsItsText)
         m_sword.add("Made", {{"Gen 1:1", raw}}, "", "KJV", {markup, false});
         ASSERT_EQ(buildSword("Made").code, 0) << markup;
         EXPECT_EQ(verse(0, 0, 0), "а б в") << markup;
+    }
+}
+
+TEST_F(SwordSource, LettersOfAnyBibleAddUp)
+{
+    std::mt19937 random(3);
+    for (const char* markup : {"OSIS", "ThML", "GBF", "TEI", "Plaintext"}) {
+        build_test::MadeSword::Entries entries{{"Gen 1:31", "край"}};
+        for (int verse = 0; verse <= 30; ++verse)
+            entries.emplace_back("Gen 1:" + std::to_string(verse), build_test::randomEntry(random));
+        m_sword.add("Made", entries, "", "KJV", {markup, true});
+        const Result result = run({"build", "sword:Made", made(), "--substitute", "--verbose"});
+        ASSERT_EQ(result.code, 0) << markup << ": " << result.err;
+        EXPECT_NE(result.out.find(" letters and digits in the source\n"), std::string::npos) << result.out;
     }
 }
 
