@@ -7,8 +7,8 @@
 
 #include <unicode/unistr.h>
 
+#include <encfiltmgr.h>
 #include <localemgr.h>
-#include <markupfiltmgr.h>
 #include <swlog.h>
 #include <swmgr.h>
 #include <swmodule.h>
@@ -87,9 +87,8 @@ public:
     {
         sword::SWLog::getSystemLog()->setLogLevel(0);
         sword::LocaleMgr::getSystemLocaleMgr()->setDefaultLocaleName("en");
-        // any markup manager: it sees to it that entries are UTF-8
-        m_manager = std::make_unique<sword::SWMgr>(
-            nullptr, nullptr, false, new sword::MarkupFilterMgr(sword::FMT_PLAIN, sword::ENC_UTF8));
+        m_manager = std::make_unique<sword::SWMgr>(nullptr, nullptr, false,
+                                                   new sword::EncodingFilterMgr(sword::ENC_UTF8));
         m_manager->load();
     }
 

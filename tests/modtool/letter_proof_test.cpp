@@ -43,14 +43,14 @@ std::string fault(const std::string& line, const std::string& source, const std:
 
 } // namespace
 
-TEST(Letters, AreUnicodesLettersAndNumbers)
+TEST(LetterCount, AreUnicodesLettersAndNumbers)
 {
     EXPECT_EQ(lettersOf("a1 \u0431\u0300-\u00BD\u2164\u05D0\U00010330_\u20AC."), "a1\u0431\u00BD\u2164\u05D0\U00010330");
     EXPECT_EQ(countLetters("a1 \u0431\u0300-\u00BD\u2164\u05D0\U00010330_\u20AC."), 7u);
     EXPECT_EQ(countLetters(""), 0u);
 }
 
-TEST(Letters, AgreeWithTheCategoryOfEveryCharacter)
+TEST(LetterCount, AgreeWithTheCategoryOfEveryCharacter)
 {
     for (UChar32 c = 0; c <= 0x10FFFF; ++c) {
         if (U_IS_SURROGATE(c))
@@ -64,7 +64,7 @@ TEST(Letters, AgreeWithTheCategoryOfEveryCharacter)
     }
 }
 
-TEST(Letters, OfWindows1251AreThoseOfUnicode)
+TEST(LetterCount, OfWindows1251AreThoseOfUnicode)
 {
     EXPECT_EQ(countLettersOf1251("a1 \xC0\xFF\xA8\xB5-\x98\x88\xB9"), 6u); // А я Ё µ, not € nor №
 }
