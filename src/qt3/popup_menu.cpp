@@ -1,6 +1,9 @@
 #include "popup_menu.h"
 
 #include <QAction>
+#include <QStyleOptionMenuItem>
+
+#include <algorithm>
 
 namespace qt3 {
 
@@ -28,6 +31,16 @@ void PopupMenu::setItemChecked(int id, bool checked)
         return;
     item->isChecked = checked;
     item->action->setChecked(checked);
+}
+
+/// The style draws the column of check marks in proportion to the row, 0.79 of its height, but measures the menu with
+/// a column of fixed width: with a large font the longest text would be cut.
+void PopupMenu::initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const
+{
+    QMenu::initStyleOption(option, action);
+    const QSize text(0, option->fontMetrics.height());
+    const int row = style()->sizeFromContents(QStyle::CT_MenuItem, option, text, this).height();
+    option->maxIconWidth = std::max(option->maxIconWidth, row * 4 / 5 + 1);
 }
 
 } // namespace qt3

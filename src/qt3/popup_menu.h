@@ -6,7 +6,8 @@
 namespace qt3 {
 
 /// A menu of items with identifiers and check marks. A check mark is plain state: only setItemChecked()
-/// changes it, never the choice of the item, and QAction::isChecked() of an item always tells the same.
+/// changes it, never the choice of the item, and QAction::isChecked() of an item always tells the same. A text is
+/// never cut for the sake of a large font.
 class PopupMenu : public QMenu
 {
     Q_OBJECT
@@ -30,6 +31,9 @@ signals:
     /// The user has chosen an item, by mouse, Return or mnemonic; the menu is closed, the check mark as
     /// before.
     void activatedId(int id);
+
+protected:
+    void initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const override;
 
 private:
     using QMenu::clear; // would leave the identifiers behind

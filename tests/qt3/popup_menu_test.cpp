@@ -23,6 +23,8 @@ private slots:
     void menuIsClosedWhenTheChoiceIsReported();
     void mnemonicChooses();
     void actionsCheckOfOtherHandsIsRefused();
+    void longestTextIsWholeAtAnyFont_data();
+    void longestTextIsWholeAtAnyFont();
 
 private:
     void click(int row)
@@ -165,6 +167,33 @@ void PopupMenuTest::actionsCheckOfOtherHandsIsRefused()
     action->toggle();
     QVERIFY(!action->isChecked());
     QVERIFY(!m_menu->isItemChecked(0));
+}
+
+void PopupMenuTest::longestTextIsWholeAtAnyFont_data()
+{
+    QTest::addColumn<int>("points");
+    for (const int points : {6, 8, 12, 14, 18, 24, 36, 72})
+        QTest::addRow("%d points", points) << points;
+}
+
+/// What is painted right of the column of check marks does not change when the menu gets wider.
+void PopupMenuTest::longestTextIsWholeAtAnyFont()
+{
+    QFETCH(int, points);
+    qt3::PopupMenu menu;
+    menu.setFont(QFont(u"DejaVu Sans"_s, points));
+    menu.insertItem(u"Нов превод"_s, 0);
+    menu.insertItem(u"Къс"_s, 1);
+    menu.setItemChecked(0, true);
+    menu.popup(QPoint(0, 0));
+    QVERIFY(QTest::qWaitForWindowExposed(&menu));
+    const QRect row = menu.actionGeometry(menu.actions().constFirst());
+    const QImage fitting = menu.grab(row.adjusted(2, 2, -8, -2)).toImage();
+    menu.setMinimumWidth(menu.width() + 200);
+    menu.resize(menu.width() + 200, menu.height());
+    QCoreApplication::processEvents();
+    const QImage roomy = menu.grab(row.adjusted(2, 2, -8, -2)).toImage();
+    QVERIFY(fitting == roomy);
 }
 
 QTEST_MAIN(PopupMenuTest)
