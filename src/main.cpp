@@ -1,16 +1,22 @@
 #include "application.h"
 #include "bggui.h"
+#include "no_display.h"
 #include "ut_utils.h"
 
 #include <iostream>
+#include <memory>
 
 /// Opens the window on the modules beside the program and runs until it is closed. Only argv[0] is read; the rest is
 /// the toolkit's. An exception that nobody answered is written to standard output, and the status is 0 all the same.
+/// Where no window can be opened, one sentence on standard error says so, and the status is 1.
 int main(int argc, char** argv)
 {
     try {
         ut::extract_application_dirPath(argv[0]); // the window looks for modules there
+        auto noDisplay = std::make_unique<qt3::NoDisplay>(argc, argv);
         qt3::Application a(argc, argv);
+        noDisplay->checkScreen();
+        noDisplay.reset();
         BibleForm w;
         w.show();
         QObject::connect(&a, &QGuiApplication::lastWindowClosed, &a, &QCoreApplication::quit);
