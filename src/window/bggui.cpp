@@ -169,14 +169,14 @@ void BibleForm::createMenus()
     menubar->setFont(
         QFont(menubar->font())); // pins family and size: a font chosen later leaves the bar alone
 
-    menuFile = new QMenu(this);
+    menuFile = new qt3::PopupMenu(this);
     menuFile->addAction(fileExit);
     menuTranslations = new qt3::PopupMenu(this);
-    menuView = new QMenu(this);
+    menuView = new qt3::PopupMenu(this);
     menuView->addActions({viewFont, viewChapterHyperLinks});
     menuView->addSeparator();
     menuView->addActions({viewLocationToolbar, viewSearchBar});
-    menuHelp = new QMenu(this);
+    menuHelp = new qt3::PopupMenu(this);
     menuHelp->addActions({helpAbout, helpAboutQt});
     menuHelp->addSeparator();
     menuHelp->addAction(helpWhatsThis);

@@ -62,6 +62,7 @@ private slots:
     void largeFontKeepsThePanelsPlaces();
     void largeFontLeavesTheHitsApart();
     void largeFontLeavesTheSearchTextWhole();
+    void largeFontLeavesTheMenusWhole();
 };
 
 void FontTest::cancelledFontDialogChangesNothing()
@@ -187,6 +188,32 @@ void FontTest::largeFontLeavesTheSearchTextWhole()
     form.setFont(before);
     QCoreApplication::processEvents();
     QCOMPARE(field->font().pointSizeF(), before.pointSizeF());
+}
+
+/// A menu that is made wider paints no text otherwise.
+void FontTest::largeFontLeavesTheMenusWhole()
+{
+    const FontKeeper keeper;
+    FormFixture window;
+    window.install("а", alphaModule("Стар превод на Библията"));
+    window.install("б", betaModule("Нов"));
+    BibleForm& form = window.open();
+    QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 24));
+    setLargeFont(form);
+    for (QMenu* menu :
+         {static_cast<QMenu*>(form.menuTranslations), form.menuView, form.menuFile, form.menuHelp}) {
+        menu->popup({0, 0});
+        QVERIFY(QTest::qWaitForWindowExposed(menu));
+        const int key =
+            menu->fontMetrics().horizontalAdvance(QStringLiteral("F8")) + 40; // stands at the right
+        const QRect texts = menu->rect().adjusted(2, 2, -key, -2);
+        const QImage fitting = menu->grab(texts).toImage();
+        menu->setMinimumWidth(menu->width() + 150);
+        menu->resize(menu->minimumWidth(), menu->height());
+        QCoreApplication::processEvents();
+        QVERIFY2(menu->grab(texts).toImage() == fitting, menu->objectName().toUtf8().constData());
+        menu->close();
+    }
 }
 
 QTEST_MAIN(FontTest)
