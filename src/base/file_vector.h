@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cerrno>
 #include <cstddef>
 #include <cstdint>
 #include <stdexcept>
@@ -29,11 +30,11 @@ class CFileVector
 
 public:
     /// @throws std::ios_base::failure  "CFileVector::CFileVector(): cannot open file %s"; nothing else
-    explicit CFileVector(const char* fileName) : m_fin(fileName)
+    CFileVector(const char* fileName) : m_fin(fileName)
     {
-        lets_out<std::ios_base::failure>("CFileVector::CFileVector()", [&] {
+        lets_out<std::ios_base::failure>("CFileVector::CFileVector()", [&, reason = errno] {
             if (!m_fin.isOpen())
-                throw CIoFailure(format("CFileVector::CFileVector(): cannot open file %s", fileName));
+                throw CIoFailure(format("CFileVector::CFileVector(): cannot open file %s", fileName), reason);
         });
         m_size = static_cast<std::size_t>(m_fin.size());
     }

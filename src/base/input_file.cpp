@@ -1,5 +1,8 @@
 #include "input_file.h"
 
+#include "io_failure.h"
+#include "ut_utils.h"
+
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -18,17 +21,25 @@ std::shared_ptr<const int> keepOpen(int descriptor)
     return {new int(descriptor), closeIt};
 }
 
+bool readsAsEmpty(int descriptor)
+{
+    char byte = 0;
+    return ::read(descriptor, &byte, 1) == 0;
+}
+
 } // namespace
 
 CInputFile::CInputFile(const char* fileName) noexcept
 {
-    const int descriptor =
-        ::open(fileName, O_RDONLY | O_CLOEXEC | O_NONBLOCK); // opening a pipe must not wait
+    constexpr int withoutWaiting = O_NONBLOCK | O_NOCTTY; // of a pipe or a terminal
+    const int descriptor = ::open(fileName, O_RDONLY | O_CLOEXEC | withoutWaiting);
     if (descriptor < 0)
         return;
     struct stat facts = {};
-    if (::fstat(descriptor, &facts) != 0 || !S_ISREG(facts.st_mode)) {
+    ::fstat(descriptor, &facts);
+    if (!S_ISREG(facts.st_mode) && !(S_ISCHR(facts.st_mode) && readsAsEmpty(descriptor))) {
         ::close(descriptor);
+        errno = 0;
         return;
     }
     m_descriptor = keepOpen(descriptor);
@@ -54,11 +65,26 @@ std::size_t CInputFile::readAt(std::uint64_t byteOffset, void* buffer, std::size
 
 bool read_text_file(const char* fileName, std::string& content)
 {
-    CInputFile file(fileName);
-    if (!file.isOpen() || file.size() > maxTextFileBytes)
+    const CInputFile file(fileName);
+    if (!file.isOpen())
         return false;
+    if (file.size() > maxTextFileBytes) {
+        errno = EFBIG;
+        return false;
+    }
     content.resize(static_cast<std::size_t>(file.size()));
     return file.readAt(0, content.data(), content.size()) == content.size();
+}
+
+std::string text_of_file(const char* operation, const char* fileName)
+{
+    std::string content;
+    if (read_text_file(fileName, content))
+        return content;
+    const int reason = errno;
+    if (reason == EFBIG)
+        throw CIoFailure(format("%s: file %s is longer than 64 MiB", operation, fileName), reason);
+    throw CIoFailure(format("%s: error opening file %s", operation, fileName), reason);
 }
 
 } // namespace ut

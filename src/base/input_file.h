@@ -7,13 +7,14 @@
 
 namespace ut {
 
-/// One regular file, open for reading at any place. Anything else under the name (a directory, a pipe, a
-/// device) counts as a file that cannot be opened, so that no name in a module folder can make a reader wait
-/// for ever. A copy shares the open file, which is closed with the last of them. Nothing throws; the owner turns
+/// One regular file, open for reading at any place; a character device that reads as empty (/dev/null) counts as an
+/// empty one. Anything else under the name (a directory, a pipe, another device) counts as a file that cannot be
+/// opened, so that no name in a module folder can make a reader wait for ever. A copy shares the open file, which is closed with the last of them. Nothing throws; the owner turns
 /// failures into its own messages.
 class CInputFile
 {
 public:
+    /// Where the file does not open, errno tells why: 0 if the system would have opened it.
     explicit CInputFile(const char* fileName) noexcept;
 
     bool isOpen() const noexcept { return m_descriptor != nullptr; }
@@ -34,7 +35,13 @@ private:
 inline constexpr std::uint64_t maxTextFileBytes = 64u << 20;
 
 /// Reads a whole text file.
-/// @returns false when it cannot be opened, cannot be read to its end, or is longer than maxTextFileBytes
+/// @returns false when it cannot be opened, cannot be read to its end, or is longer than maxTextFileBytes; errno tells
+///          why, EFBIG for the last
 bool read_text_file(const char* fileName, std::string& content);
+
+/// The same for a reader that cannot do without the file.
+/// @param operation  the reader's, as its messages begin: "CTitles::CTitles()"
+/// @throws std::ios_base::failure  "%s: error opening file %s"; "%s: file %s is longer than 64 MiB"; code() is errno
+std::string text_of_file(const char* operation, const char* fileName);
 
 } // namespace ut

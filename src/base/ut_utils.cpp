@@ -1,5 +1,6 @@
 #include "ut_utils.h"
 
+#include <cerrno>
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
@@ -21,6 +22,8 @@ std::string format(const char* fmt, ...)
     std::string text(length > 0 ? static_cast<std::size_t>(length) : 0, '\0');
     if (!text.empty())
         std::vsnprintf(text.data(), text.size() + 1, fmt, printed);
+    else if (length < 0)
+        text = std::string("ut::format(): cannot expand \"") + fmt + "\": " + std::strerror(errno);
     va_end(printed);
     return text;
 }

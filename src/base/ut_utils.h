@@ -6,7 +6,8 @@
 /// here knows UTF-8. None of these functions throws anything but std::bad_alloc.
 namespace ut {
 
-/// The printf-style expansion of `fmt`, of any length.
+/// The printf-style expansion of `fmt`, of any length. Where there is none (it would have more than 2 GiB, or a wide
+/// character that the locale lacks), the text says so: "ut::format(): cannot expand \"%s\": " and the system's reason.
 [[gnu::format(printf, 1, 2)]] std::string format(const char* fmt, ...);
 
 /// `s` without one trailing line ending: CR LF, LF or CR. Of several line endings only the last goes; blanks

@@ -19,6 +19,8 @@
 #include "tolvo_bible/bible_text.h"
 #include "tolvo_bible/conc.h"
 #include "tolvo_bible/diff.h"
+#include "tolvo_bible/folder_name.h"
+#include "tolvo_bible/text_scan.h"
 #include "tolvo_bible/titles.h"
 #include "tolvo_bible/word_list.h"
 #include "tolvo_ref.h"

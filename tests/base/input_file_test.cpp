@@ -65,6 +65,37 @@ TEST(InputFile, WhatIsNoReadableFileDoesNotOpen)
     }
 }
 
+TEST(InputFile, ADeviceThatReadsAsEmptyIsAnEmptyFile)
+{
+    const TempFolder folder;
+    std::filesystem::create_symlink("/dev/null", folder.path() / "link");
+    for (const std::string& name : {std::string("/dev/null"), folder.file("link")}) {
+        ut::CInputFile file(name.c_str());
+        EXPECT_TRUE(file.isOpen());
+        EXPECT_EQ(file.size(), 0u);
+        EXPECT_EQ(readAt(file, 0, 4), "");
+        std::string content = "left over";
+        EXPECT_TRUE(ut::read_text_file(name.c_str(), content));
+        EXPECT_EQ(content, "");
+    }
+    for (const char* name : {"/dev/zero", "/dev/urandom", "/dev/full"})
+        EXPECT_FALSE(ut::CInputFile(name).isOpen()) << name;
+}
+
+TEST(InputFile, ErrnoTellsWhyItDoesNotOpen)
+{
+    const TempFolder folder;
+    const std::pair<std::string, int> reasons[] = {{folder.file("missing"), ENOENT},
+                                                   {folder.write("file", "") + "/inside", ENOTDIR},
+                                                   {folder.path().string(), 0},
+                                                   {"/dev/zero", 0}};
+    for (const auto& [name, reason] : reasons) {
+        errno = EIO;
+        EXPECT_FALSE(ut::CInputFile(name.c_str()).isOpen());
+        EXPECT_EQ(errno, reason) << name;
+    }
+}
+
 TEST(InputFile, ALinkToAFileOpens)
 {
     const TempFolder folder;
@@ -166,6 +197,7 @@ TEST(TextFile, LongerThanTheLimitTakesNoMemory)
     {
         const test_support::AllocationWatch watch;
         EXPECT_FALSE(ut::read_text_file(path.c_str(), content));
+        EXPECT_EQ(errno, EFBIG);
         EXPECT_LT(watch.total(), 4096u);
     }
     std::filesystem::resize_file(path, ut::maxTextFileBytes);

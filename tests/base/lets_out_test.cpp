@@ -6,6 +6,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cerrno>
+#include <ios>
 #include <stdexcept>
 
 namespace {
@@ -120,6 +122,22 @@ TEST(IoFailure, ACopyKeepsTheText)
     const ut::CIoFailure original("text");
     const ut::CIoFailure copy(original); // NOLINT(performance-unnecessary-copy-initialization)
     EXPECT_STREQ(copy.what(), "text");
+}
+
+TEST(IoFailure, TextIsExactOfACopyAsTheStandardClassToo)
+{
+    const std::string text = "CTitles::CTitles(): error opening file f";
+    for (const ut::CIoFailure& failure : {ut::CIoFailure(text), ut::CIoFailure(text, EMFILE)}) {
+        EXPECT_STREQ(failure.what(), text.c_str());
+        const std::ios_base::failure copy = failure; // NOLINT: as a handler that takes it by value gets it
+        EXPECT_STREQ(copy.what(), text.c_str());
+    }
+}
+
+TEST(IoFailure, CodeIsTheSystemsReason)
+{
+    EXPECT_EQ(ut::CIoFailure("text", EMFILE).code(), std::errc::too_many_files_open);
+    EXPECT_EQ(ut::CIoFailure("text").code(), std::make_error_code(std::io_errc::stream));
 }
 
 } // namespace

@@ -23,6 +23,14 @@ TEST(Format, GrowsPast1023Characters)
     }
 }
 
+TEST(Format, SaysWhatItCannotExpand)
+{
+    const wchar_t noCharacter[] = {static_cast<wchar_t>(0x110000), 0};
+    EXPECT_EQ(ut::format("<%ls>", noCharacter),
+              "ut::format(): cannot expand \"<%ls>\": Invalid or incomplete multibyte or wide character");
+    EXPECT_EQ(ut::format("<%ls>", L"a"), "<a>");
+}
+
 TEST(Format, KeepsBytesThatAreNoUtf8)
 {
     EXPECT_EQ(ut::format("<%s>", "\xC1\xEE\xE3\xFF"), "<\xC1\xEE\xE3\xFF>");

@@ -76,16 +76,6 @@ TEST_F(BibleModules, LinkToAFolderIsAModuleAndLinkToAFileIsNone)
     EXPECT_NO_THROW(modules.ValidateBible(0));
 }
 
-TEST_F(BibleModules, FolderWhoseNameIsNoUtf8IsLeftOut)
-{
-    std::error_code refused;
-    std::filesystem::create_directory(folder.path() / "\xC1\xEE\xE3", refused);
-    if (refused)
-        GTEST_SKIP() << "this file system takes UTF-8 names only";
-    addUntitled("one");
-    EXPECT_EQ(titles(), Titles{"one"});
-}
-
 TEST_F(BibleModules, NothingInsideAFolderIsLookedAt)
 {
     std::filesystem::create_directory(folder.path() / "empty");

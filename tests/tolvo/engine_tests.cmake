@@ -11,6 +11,9 @@ add_executable(tolvo_engine_tests
   bible_test.cpp
   bible_verses_test.cpp
   cut_while_open_test.cpp
+  interface_test.cpp
+  long_file_test.cpp
+  module_names_test.cpp
   text_scan_test.cpp
   verse_run_piece_test.cpp)
 target_link_libraries(tolvo_engine_tests PRIVATE test_support kedrin_options GTest::gtest_main)
@@ -48,3 +51,8 @@ add_test(NAME third_program.LinksByAPlainCommand
 if(tolvo_leaks_that_stay)
   set_tests_properties(third_program.UsesEveryClass third_program.LinksByAPlainCommand ${tolvo_leaks_that_stay})
 endif()
+
+# The engine in a project of somebody else's, which sets no language level.
+add_test(NAME third_program.CompilesInAnotherProject
+  COMMAND ${CMAKE_COMMAND} -DCXX=${CMAKE_CXX_COMPILER} -DSOURCE_DIR=${CMAKE_SOURCE_DIR}
+    -DBINARY_DIR=${CMAKE_CURRENT_BINARY_DIR}/other_project -P ${CMAKE_CURRENT_SOURCE_DIR}/other_project_test.cmake)

@@ -31,7 +31,7 @@ public:
     /// @param bibleFolder  native path, with or without a trailing '/', not empty
     /// @throws std::runtime_error  "CBible::CBible(): Error loading Bible (from folder %s);\nError message:
     ///                             \"%s\"", the folder as given and the reader's message; nothing else
-    explicit CBible(const std::string& bibleFolder);
+    CBible(const std::string& bibleFolder);
     /// Releases every part but the information record, which stays until the process ends.
     virtual ~CBible();
     CBible(const CBible&) = delete;

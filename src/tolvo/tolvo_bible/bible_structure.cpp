@@ -67,10 +67,7 @@ CBibleStructure::CBibleStructure(const char* fileName, unsigned int booksCount)
 
 void CBibleStructure::readBooks(const char* fileName, unsigned int booksCount)
 {
-    std::string content;
-    if (!ut::read_text_file(fileName, content))
-        throw ut::CIoFailure(ut::format("CBibleSructure::CBibleSructure(): error opening file %s", fileName));
-
+    const std::string content = ut::text_of_file("CBibleSructure::CBibleSructure()", fileName);
     ut::CNumberReader numbers(content);
     if (!canFollow(booksCount, numbers))
         throwUnreadable(fileName);

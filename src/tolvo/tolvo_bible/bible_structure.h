@@ -17,7 +17,7 @@ public:
     /// Reads exactly `booksCount` books; what follows them is ignored (CBibleModules::ValidateBible refuses a whole
     /// further book).
     /// @throws std::ios_base::failure
-    ///     "CBibleSructure::CBibleSructure(): error opening file %s"
+    ///     "CBibleSructure::CBibleSructure(): error opening file %s"; "...: file %s is longer than 64 MiB"
     ///     "CBibleSructure::CBibleSructure(): error reading file %s": fewer numbers than the books need, a token
     ///     that is no unsigned number, or more verses than 32 bits count
     CBibleStructure(const char* fileName, unsigned int booksCount);

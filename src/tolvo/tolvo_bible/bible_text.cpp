@@ -5,6 +5,7 @@
 #include "ut_utils.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <stdexcept>
 #include <utility>
 
@@ -27,9 +28,10 @@ CBibleText::CBibleText(const char* textFileName, const char* pointFileName)
     : m_compactPoint(std::make_unique<ut::CFileVector<unsigned int>>(pointFileName)),
       m_textStream(textFileName)
 {
-    ut::lets_out<std::ios_base::failure>("CBibleText::CBibleText()", [&] {
+    ut::lets_out<std::ios_base::failure>("CBibleText::CBibleText()", [&, reason = errno] {
         if (!m_textStream.isOpen())
-            throw ut::CIoFailure(ut::format("CBibleText::CBibleText(): error opening file %s", textFileName));
+            throw ut::CIoFailure(ut::format("CBibleText::CBibleText(): error opening file %s", textFileName),
+                                 reason);
     });
 }
 

@@ -1,19 +1,15 @@
 #include "tolvo_bible/diff.h"
 
 #include "input_file.h"
-#include "io_failure.h"
 #include "lets_out.h"
 #include "text_reader.h"
-#include "ut_utils.h"
 
 namespace Kedrin::Tolvo {
 
 CDiff::CDiff(const char* fileName)
 {
     ut::lets_out<std::ios_base::failure>("CDiff::CDiff()", [&] {
-        std::string content;
-        if (!ut::read_text_file(fileName, content))
-            throw ut::CIoFailure(ut::format("CDiff::CDiff(): error opening file %s", fileName));
+        const std::string content = ut::text_of_file("CDiff::CDiff()", fileName);
         ut::CNumberReader numbers(content);
         for (;;) {
             const auto book = numbers.nextUnsigned();

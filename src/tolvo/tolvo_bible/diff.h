@@ -18,8 +18,8 @@ public:
     using Table = std::map<CRef, CRefDelta>; ///< key: the reference, of unknown type, where a record begins
 
     /// Reading stops at the first record that is not five whole numbers; nothing is inserted for it.
-    /// @throws std::ios_base::failure  "CDiff::CDiff(): error opening file %s"
-    explicit CDiff(const char* fileName);
+    /// @throws std::ios_base::failure  "CDiff::CDiff(): error opening file %s"; "...: file %s is longer than 64 MiB"
+    CDiff(const char* fileName);
     CDiff(const CDiff&) = delete;
     CDiff& operator=(const CDiff&) = delete;
 

@@ -3,24 +3,60 @@
 #include "cp1251.h"
 
 #include <QDir>
-#include <QFile>
+#include <QStringDecoder>
+
+#include <algorithm>
+#include <filesystem>
 
 namespace Kedrin::Tolvo {
 
+namespace {
+
+/// UTF-8; each byte that is none as Windows-1251.
+QString decoded(const std::string& native)
+{
+    const auto text = QString::fromUtf8(native.c_str());
+    if (!text.contains(QChar::ReplacementCharacter))
+        return text;
+    QString legible;
+    for (std::size_t at = 0; at < native.size();) {
+        std::size_t length = std::min<std::size_t>(4, native.size() - at);
+        QString character;
+        for (; length > 0; --length) {
+            QStringDecoder decoder(QStringConverter::Utf8, QStringConverter::Flag::Stateless);
+            character = decoder.decode(QByteArrayView(native.data() + at, static_cast<qsizetype>(length)));
+            if (!decoder.hasError() && character.size() > 0)
+                break;
+        }
+        legible += length > 0 ? character : QString(QChar(ut::from_cp1251(native[at])));
+        at += std::max<std::size_t>(length, 1);
+    }
+    return legible;
+}
+
+} // namespace
+
 std::string folder_name(const std::string& folderPath)
 {
-    const QString path = QDir::cleanPath(QFile::decodeName(folderPath.c_str()));
-    return ut::to_cp1251(QDir(path).dirName().toStdU16String());
+    const QString path = QDir::cleanPath(QString::fromLatin1(folderPath.c_str())); // a character a byte
+    return ut::to_cp1251(decoded(QDir(path).dirName().toLatin1().toStdString()).toStdU16String());
 }
 
 std::vector<std::string> sub_folders(const std::string& folderPath)
 {
-    QDir folder(QFile::decodeName(folderPath.c_str()), QString(), QDir::Name | QDir::IgnoreCase);
-    folder.setFilter(QDir::Dirs);
+    std::vector<std::pair<QString, std::string>> folders; // without regard to case, and as it is
+    std::error_code error;
+    for (std::filesystem::directory_iterator it(folderPath, error), end; !error && it != end;
+         it.increment(error)) {
+        std::string name = it->path().filename().string();
+        std::error_code unknown;
+        if (!name.starts_with('.') && it->is_directory(unknown))
+            folders.emplace_back(decoded(name).toLower(), std::move(name));
+    }
+    std::sort(folders.begin(), folders.end());
     std::vector<std::string> names;
-    for (const QString& name : folder.entryList())
-        if (!name.startsWith(u'.'))
-            names.push_back(QFile::encodeName(name).toStdString());
+    for (auto& folder : folders)
+        names.push_back(std::move(folder.second));
     return names;
 }
 

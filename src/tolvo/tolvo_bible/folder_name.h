@@ -5,7 +5,8 @@
 
 namespace Kedrin::Tolvo {
 
-/// The last component of a folder's path (native bytes), in Windows-1251: the title of a module that has none.
+/// The last component of a folder's path (native bytes), in Windows-1251: the title of a module that has none. Bytes that
+/// are no UTF-8 are taken for Windows-1251, in which older systems wrote such names.
 std::string folder_name(const std::string& folderPath);
 
 /// Names of the sub-folders of a folder, in native bytes, sorted by name without regard to case; links to folders

@@ -1,10 +1,8 @@
 #include "tolvo_bible/titles.h"
 
 #include "input_file.h"
-#include "io_failure.h"
 #include "lets_out.h"
 #include "text_reader.h"
-#include "ut_utils.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -25,10 +23,7 @@ CTitles::CTitles(const char* fileName)
 
 void CTitles::read(const char* fileName)
 {
-    std::string content;
-    if (!ut::read_text_file(fileName, content))
-        throw ut::CIoFailure(ut::format("CTitles::CTitles(): error opening file %s", fileName));
-
+    const std::string content = ut::text_of_file("CTitles::CTitles()", fileName);
     readTitles(readNumbers(content));
 }
 

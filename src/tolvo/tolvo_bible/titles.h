@@ -17,8 +17,8 @@ public:
     /// What is missing inside the file is not reported (CBibleModules::ValidateBible refuses it): a book count that
     /// is no number, or far more than the file can hold, is 0 books; a book whose global number is missing has
     /// 4294967295, which leads to no book; missing title lines are empty titles.
-    /// @throws std::ios_base::failure  "CTitles::CTitles(): error opening file %s"
-    explicit CTitles(const char* fileName);
+    /// @throws std::ios_base::failure  "CTitles::CTitles(): error opening file %s"; "...: file %s is longer than 64 MiB"
+    CTitles(const char* fileName);
     virtual ~CTitles() = default;
     CTitles(const CTitles&) = delete;
     CTitles& operator=(const CTitles&) = delete;

@@ -1,7 +1,6 @@
 #include "tolvo_bible/word_list.h"
 
 #include "input_file.h"
-#include "io_failure.h"
 #include "lets_out.h"
 #include "text_reader.h"
 #include "ut_utils.h"
@@ -15,10 +14,7 @@ namespace {
 
 constexpr std::size_t maxLineBytes = 40; // the CR included
 
-[[noreturn]] void throwUnopened(const char* wordListPath)
-{
-    throw ut::CIoFailure(ut::format("CWordList::CWordList(): error opening file %s", wordListPath));
-}
+constexpr const char* loading = "CWordList::CWordList()";
 
 } // namespace
 
@@ -29,7 +25,7 @@ bool caseInsensitiveComp(const std::string& s1, const std::string& s2)
 
 CWordList::CWordList(const char* wordListPath, const char* /*wordPointPath*/, bool loadIntoMem)
 {
-    ut::lets_out<std::ios_base::failure>("CWordList::CWordList()", [&] {
+    ut::lets_out<std::ios_base::failure>(loading, [&] {
         if (!loadIntoMem)
             throw std::logic_error("CWordList::CWordList(): loadIntoMem == false is not implemented yet");
         load(wordListPath);
@@ -38,9 +34,7 @@ CWordList::CWordList(const char* wordListPath, const char* /*wordPointPath*/, bo
 
 void CWordList::load(const char* wordListPath)
 {
-    std::string content;
-    if (!ut::read_text_file(wordListPath, content))
-        throwUnopened(wordListPath);
+    const std::string content = ut::text_of_file(loading, wordListPath);
     m_words.reserve(static_cast<std::size_t>(std::count(content.begin(), content.end(), '\n')) + 1);
     ut::CLineReader lines(content, maxLineBytes);
     while (lines.next())
@@ -54,7 +48,7 @@ void CWordList::ValidateFile(const char* wordListPath)
     ut::lets_out<std::ios_base::failure>("CWordList::ValidateFile()", [&] {
         const ut::CInputFile file(wordListPath);
         if (!file.isOpen() || file.size() > ut::maxTextFileBytes)
-            throwUnopened(wordListPath);
+            ut::text_of_file(loading, wordListPath); // refuses it
     });
 }
 

@@ -21,7 +21,8 @@ public:
     /// @param loadIntoMem    must be true: a list read from disk is not implemented, and the refusal
     ///                       (std::logic_error) is outside the contract, so it ends the program
     /// A line of more than 40 bytes, its CR included, ends the list before it.
-    /// @throws std::ios_base::failure  "CWordList::CWordList(): error opening file %s"
+    /// @throws std::ios_base::failure  "CWordList::CWordList(): error opening file %s"; "...: file %s is longer than
+    ///                                 64 MiB"
     CWordList(const char* wordListPath, const char* wordPointPath, bool loadIntoMem);
     CWordList(const CWordList&) = delete;
     CWordList& operator=(const CWordList&) = delete;
