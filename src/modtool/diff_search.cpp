@@ -63,11 +63,21 @@ public:
         return gained;
     }
 
+    /// One round over all numbers that have records.
+    void simplify()
+    {
+        std::vector<unsigned int> books;
+        for (const auto& entry : m_shifts)
+            books.push_back(entry.first);
+        for (const unsigned int book : books)
+            simplify(book);
+    }
+
     std::vector<DiffRecord> records() const
     {
         std::vector<DiffRecord> all;
         for (const auto& [book, shifts] : m_shifts) {
-            const auto records = recordsFor(book, shifts.toGlobal, shifts.toLocal);
+            const auto records = recordsOf(book, shifts);
             all.insert(all.end(), records->begin(), records->end());
         }
         return all;
@@ -86,11 +96,41 @@ private:
                shifted(pair.global, shiftsOf(pair.localBook).toLocal) == pair.local;
     }
 
-    bool canBeWritten(unsigned int book) const
+    bool canBeWritten(unsigned int book) const { return recordsOf(book, shiftsOf(book)).has_value(); }
+
+    /// A number that stands for no second chapter on one of the ways may be shifted on it as the other way needs: one
+    /// record says both.
+    std::optional<std::vector<DiffRecord>> recordsOf(unsigned int book, BookShifts shifts) const
     {
-        const BookShifts shifts = shiftsOf(book);
-        return recordsFor(book, shifts.toGlobal, shifts.toLocal).has_value();
+        if (!m_toGlobal.contains(book) && shifts.toLocal.chapters == 0)
+            shifts.toGlobal = reverse(shifts.toLocal);
+        if (!m_toLocal.contains(book) && shifts.toGlobal.chapters == 0)
+            shifts.toLocal = reverse(shifts.toGlobal);
+        return recordsFor(book, shifts.toGlobal, shifts.toLocal);
     }
+
+    /// Takes fewer records where they keep as many verses.
+    void simplify(unsigned int book)
+    {
+        const unsigned int before = kept();
+        const BookShifts shifts = shiftsOf(book);
+        BookShifts best = shifts;
+        std::size_t bestSize = recordsOf(book, shifts)->size();
+        for (const BookShifts& simple :
+             {BookShifts(), BookShifts{shifts.toGlobal, {}}, BookShifts{{}, shifts.toLocal},
+              BookShifts{reverse(shifts.toLocal), shifts.toLocal},
+              BookShifts{shifts.toGlobal, reverse(shifts.toGlobal)}}) {
+            const auto records = recordsOf(book, simple);
+            m_shifts[book] = simple;
+            if (records && records->size() < bestSize && kept() >= before) {
+                best = simple;
+                bestSize = records->size();
+            }
+        }
+        m_shifts[book] = best;
+    }
+
+    static Shift reverse(Shift shift) { return {-shift.chapters, -shift.verses}; }
 
     /// Chooses both shifts of one book together, for a verse is kept only when both are right. They belong to two
     /// numbers, and each number's other shift to another book.
@@ -216,6 +256,7 @@ std::vector<DiffRecord> chooseDiffRecords(const std::vector<VersePair>& pairs, D
     figures.keptWithout = search.kept();
     while (search.improve()) {
     }
+    search.simplify();
     figures.kept = search.kept();
     return search.records();
 }

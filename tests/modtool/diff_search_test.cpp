@@ -144,6 +144,38 @@ std::vector<VersePair> madePairs(std::mt19937& random)
     return pairs;
 }
 
+TEST_F(DiffSearch, NumberOfNoOtherBookNeedsNoSecondRecord)
+{
+    std::vector<VersePair> pairs;
+    for (unsigned int verse = 0; verse < 10; ++verse)
+        pairs.push_back({0, {1, verse + 1}, 50, {1, verse}});
+    DiffFigures figures;
+    const std::vector<DiffRecord> records = chooseDiffRecords(pairs, figures);
+    EXPECT_EQ(recordsText(records), "1 2 2 0 -1\n51 2 2 0 -1\n");
+    EXPECT_EQ(keptBy(records, pairs), 10u);
+    for (VersePair& pair : pairs)
+        std::swap(pair.local, pair.global);
+    EXPECT_EQ(recordsText(chooseDiffRecords(pairs, figures)), "1 2 1 0 1\n51 2 1 0 1\n");
+}
+
+TEST_F(DiffSearch, NoRecordIsIdle)
+{
+    std::mt19937 random(20240301);
+    for (unsigned int round = 0; round < 300; ++round) {
+        std::vector<VersePair> pairs = madePairs(random);
+        for (VersePair& pair : pairs)
+            pair.globalBook += round % 3; // some numbers are of a local book or of a global one only
+        DiffFigures figures;
+        const std::vector<DiffRecord> records = chooseDiffRecords(pairs, figures);
+        for (std::size_t i = 0; i < records.size(); ++i) {
+            std::vector<DiffRecord> others = records;
+            others.erase(others.begin() + static_cast<std::ptrdiff_t>(i));
+            ASSERT_LT(keptBy(others, pairs), figures.kept) << "round " << round << ", record " << i << '\n'
+                                                           << recordsText(records);
+        }
+    }
+}
+
 TEST_F(DiffSearch, NeverKeepsLessThanWithoutRecordsAndCountsAsTheEngine)
 {
     std::mt19937 random(20240229);
