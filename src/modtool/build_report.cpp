@@ -42,6 +42,31 @@ std::string trimmedLine(const BuildReport& report)
                                                   counted(report.trimmedBooks, "book", "books")));
 }
 
+/// What a file of USFM without verses is by its code; "" where that does not say.
+std::string matterOf(std::string_view code)
+{
+    static constexpr std::pair<std::string_view, const char*> matters[] = {
+        {"FRT", translatable("front matter")},   {"INT", translatable("introduction")},
+        {"BAK", translatable("back matter")},    {"CNC", translatable("concordance")},
+        {"GLO", translatable("glossary")},       {"TDX", translatable("index of topics")},
+        {"NDX", translatable("index of names")}, {"OTH", translatable("other matter")}};
+    for (const auto& [known, name] : matters)
+        if (code == known)
+            return tr(name);
+    return "";
+}
+
+std::string omittedLine(const OmittedBook& book)
+{
+    if (book.versesCount != 0)
+        return line(translatable("left out"), message("%s: %s, not in the common numbering", book.osis,
+                                                      counted(book.versesCount, "verse", "verses")));
+    const std::string matter = matterOf(book.osis);
+    return line(translatable("left out"), matter.empty()
+                                              ? message("%s: a book without verses", book.osis)
+                                              : message("%s: %s, without verses", book.osis, matter));
+}
+
 std::string numberingLines(const BuildReport& report)
 {
     const DiffFigures& diff = report.diff;
@@ -72,8 +97,7 @@ std::string BuildReport::text() const
                          line(translatable("words"), message("%s different of %s", wordsCount, occurrences)) +
                          numberingLines(*this);
     for (const OmittedBook& book : omittedBooks)
-        report += line(translatable("left out"), message("%s: %s, not in the common numbering", book.osis,
-                                                         counted(book.versesCount, "verse", "verses")));
+        report += omittedLine(book);
     report += findings.text();
     report += trimmedLine(*this);
     report += occasions(translatable("without text"), emptyVerses, "verse inside a chapter",
@@ -81,6 +105,9 @@ std::string BuildReport::text() const
     report +=
         occasions(translatable("without text"), emptyChapters, "chapter inside a book, kept as one verse",
                   "chapters inside books, each kept as one verse");
+    report += occasions(translatable("left out"), longWords,
+                        "word of more than 39 bytes from the list of words, its verse kept",
+                        "words of more than 39 bytes from the list of words, their verses kept");
     for (const ReplacedKind& kind : replaced)
         report += replacedLine(kind);
     return report;

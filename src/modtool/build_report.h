@@ -44,7 +44,7 @@ struct BuildReport
     std::size_t chaptersCount = 0;
     std::size_t versesCount = 0;
     std::size_t wordsCount = 0;
-    std::uint64_t occurrences = 0; ///< running words
+    std::uint64_t occurrences = 0; ///< running words of the list
 
     SourceFindings findings;               ///< what the reader of the source did
     std::vector<OmittedBook> omittedBooks; ///< not in the common numbering
@@ -53,6 +53,7 @@ struct BuildReport
     std::uint64_t trimmedVerses = 0; ///< without text at the end of a chapter, left out
     std::uint64_t trimmedChapters = 0; ///< without text at the end of a book, left out
     std::uint64_t trimmedBooks = 0;    ///< without any text, left out
+    Occasions longWords;               ///< too long for the list of words
     std::vector<ReplacedKind> replaced;
     LetterAccount letters;
 

@@ -150,7 +150,8 @@ private:
         const auto expected = textWord ? m_textWords.versesOf(*textWord) : std::span<const std::uint16_t>();
         const bool isSound = !m_concordance || m_concordance->checkNext(m_word, expected);
         const bool mayStandUnread = m_concordance && m_concordance->namesUnread();
-        if (m_text && !textWord && !m_word.empty() && !mayStandUnread)
+        const bool isTooLong = m_word.size() > CWordIndexer::maxWordBytes; // which is a finding of its own
+        if (m_text && !textWord && !m_word.empty() && !mayStandUnread && !isTooLong)
             m_findings.addLazily(CheckID::wordUnused, place);
         return isSound;
     }

@@ -139,7 +139,7 @@ std::vector<BookTitles> bookTitles(const SourceBible& source, const std::vector<
     return titles;
 }
 
-WordIndex indexWords(const ModuleData& module)
+WordIndex indexWords(const ModuleData& module, BuildReport& report)
 {
     CWordIndexer indexer;
     for (unsigned int verseNum = 0; verseNum < module.verses.size(); ++verseNum) {
@@ -147,10 +147,8 @@ WordIndex indexWords(const ModuleData& module)
         if (indexer.count() > maxCheckedWords)
             throw CBuildError(message("the text has more than %s different words", maxCheckedWords));
     }
-    if (const auto& word = indexer.longWord())
-        throw CBuildError(message("%s: the word \"%s\" has %s bytes, %s are the most",
-                                  placeInModule(module, word->verseNum), toUtf8(word->word),
-                                  word->word.size(), CWordIndexer::maxWordBytes));
+    if (const auto& words = indexer.longWords(); words.count != 0)
+        report.longWords = {words.count, placeInModule(module, words.firstVerse)};
     return indexer.finish();
 }
 
@@ -229,7 +227,7 @@ ModuleData prepareModule(const SourceBible& source, const BuildOptions& options,
     layOut(source, globals, encoded, module, report);
     module.bookTitles =
         bookTitles(source, module.books, options.sourceTitles.value_or(source.info.keepsTitles));
-    module.words = indexWords(module);
+    module.words = indexWords(module, report);
     const bool isNamed = !options.versification.empty();
     chooseNumbering(module, isNamed ? options.versification : source.versification,
                     isNamed ? std::nullopt : source.info.differences, report);

@@ -21,7 +21,6 @@ inline constexpr std::size_t maxLineBytes = 255;
 ///     "no book of the source is in the common numbering", "the source holds no text"
 ///     "%s: the module would hold more than 65534 verses"
 ///     "%s: the verse has %u bytes, 65535 are the most"
-///     "%s: the word \"%s\" has %u bytes, 39 are the most"
 ///     "the text has %u bytes, 16777216 are the most", "the text has more than 1048576 different words": with more of
 ///     them checkModule() does not look at all of it
 ///     "the full title has %u bytes, 255 are the most", "the full title is empty"; the same with "short title" and

@@ -85,6 +85,7 @@ void CWordIndexer::addChunk(std::string_view text, unsigned int verseNum)
         known = m_chunks.emplace(text, segment(text, verseNum)).first;
     const Chunk chunk = known->second;
     m_occurrences += chunk.count;
+    m_longWords.count += chunk.longWordsCount;
     for (std::uint32_t i = chunk.first; i < chunk.first + chunk.count; ++i) {
         Spelling& spelling = m_spellings[m_chunkSpellings[i]];
         ++spelling.count;
@@ -98,13 +99,18 @@ void CWordIndexer::addChunk(std::string_view text, unsigned int verseNum)
 CWordIndexer::Chunk CWordIndexer::segment(std::string_view text, unsigned int verseNum)
 {
     const auto first = static_cast<std::uint32_t>(m_chunkSpellings.size());
+    std::uint32_t longWordsCount = 0;
     m_boundaries->forEachWord(text, [&](std::size_t begin, std::size_t length) {
         const std::string_view word = text.substr(begin, length);
-        if (length > maxWordBytes && !m_longWord)
-            m_longWord = LongWord{std::string(word), verseNum};
-        m_chunkSpellings.push_back(spellingOf(word));
+        if (length <= maxWordBytes) {
+            m_chunkSpellings.push_back(spellingOf(word));
+            return;
+        }
+        if (m_longWords.first.empty())
+            m_longWords = {0, std::string(word), verseNum};
+        ++longWordsCount;
     });
-    return {first, static_cast<std::uint32_t>(m_chunkSpellings.size()) - first};
+    return {first, static_cast<std::uint32_t>(m_chunkSpellings.size()) - first, longWordsCount};
 }
 
 std::uint32_t CWordIndexer::spellingOf(std::string_view text)

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -16,21 +15,23 @@ struct WordIndex
     std::vector<std::string> words;        ///< Windows-1251, in the order of Tolvo::caseInsensitiveComp
     std::vector<std::uint32_t> firstEntry; ///< [word], and one more: where its verses begin in `verseNums`
     std::vector<std::uint16_t> verseNums;  ///< verse numbers from 0, ascending for each word, none twice
-    std::uint64_t occurrences = 0;         ///< running words of the text
+    std::uint64_t occurrences = 0;         ///< running words of the text that are in the list
 };
 
 /// Collects the words of a module, verse after verse. A word is a segment between Unicode word boundaries that holds
-/// a letter or a digit. Words that differ only in case, as ut::cyr_stricmp sees it, are one entry, spelt as most often
+/// a letter or a digit; one that is longer than a line of the word list is left out. Words that differ only in case, as ut::cyr_stricmp sees it, are one entry, spelt as most often
 /// in the text; of equally frequent spellings the one met first.
 class CWordIndexer
 {
 public:
     static constexpr std::size_t maxWordBytes = 39; ///< a line of the word list has 40, its CR included
 
-    struct LongWord
+    /// Words that are left out.
+    struct LongWords
     {
-        std::string word;
-        unsigned int verseNum;
+        std::uint64_t count = 0;
+        std::string first;
+        unsigned int firstVerse = 0; ///< the number of the verse that holds it
     };
 
     CWordIndexer();
@@ -43,8 +44,7 @@ public:
     /// How many words there are so far.
     std::size_t count() const { return m_lastVerse.size(); }
 
-    /// The first word too long for a word list, if there is any.
-    const std::optional<LongWord>& longWord() const { return m_longWord; }
+    const LongWords& longWords() const { return m_longWords; }
 
     /// The index of all that was added. Call it once.
     WordIndex finish();
@@ -68,6 +68,7 @@ private:
     {
         std::uint32_t first; ///< in m_chunkSpellings
         std::uint32_t count;
+        std::uint32_t longWordsCount;
     };
     struct Posting
     {
@@ -90,7 +91,7 @@ private:
     std::vector<std::uint32_t> m_lastVerse; ///< [word]: the last verse that holds it, plus 1
     std::vector<Posting> m_postings;
     std::uint64_t m_occurrences = 0;
-    std::optional<LongWord> m_longWord;
+    LongWords m_longWords;
 };
 
 } // namespace Kedrin::ModTool

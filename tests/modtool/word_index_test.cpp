@@ -70,13 +70,45 @@ TEST_F(Words, AreTakenAfterSubstitution)
     EXPECT_EQ(words(), (List{"Caesar", "cafe"}));
 }
 
-TEST_F(Words, Of39BytesAreTakenAndOf40Refused)
+TEST_F(Words, Of39BytesAreListedAndLongerOnesCountedAndLeftOutOfTheList)
 {
     EXPECT_EQ(wordsOf(std::string(39, 'x')), (List{std::string(39, 'x')}));
-    const std::string word(40, 'y');
-    std::filesystem::remove_all(made());
-    EXPECT_EQ(refusal("Gen\t1\t1\tа\nGen\t2\t1\tб " + word + "\n"),
-              "kedrin-module: Gen 2:1: the word \"" + word + "\" has 40 bytes, 39 are the most\n");
+    const std::string word(40, 'y'), other(4000, 'z');
+    const auto result =
+        build("Gen\t1\t1\tа\nGen\t2\t1\tб " + word + ' ' + word + "\nGen\t2\t2\t" + other + "\n");
+    ASSERT_EQ(result.code, 0) << result.err;
+    EXPECT_EQ(words(), (List{"а", "б"}));
+    EXPECT_EQ(verse(0, 1, 0), "б " + word + ' ' + word);
+    EXPECT_NE(result.out.find("\nwords         2 different of 2\n"), std::string::npos) << result.out;
+    EXPECT_NE(
+        result.out.find("\nleft out      3 words of more than 39 bytes from the list of words, their verses "
+                        "kept, first Gen 2:1\n"),
+        std::string::npos)
+        << result.out;
+    EXPECT_EQ(build_test::run({"check", made()}).code, 0) << build_test::run({"check", made()}).out;
+}
+
+TEST_F(Words, TooLongForTheListAreFoundInsideWordsOnly)
+{
+    const std::string word = "Unendlich" + std::string(40, 'y');
+    ASSERT_EQ(build("Gen\t1\t1\tа " + word + "\n").code, 0);
+    const Kedrin::Tolvo::CBible bible(made());
+    std::vector<Kedrin::Tolvo::CRef> hits;
+    bible.search(word, true, false, hits);
+    EXPECT_EQ(hits.size(), 0u);
+    bible.search("unendlichyy", false, false, hits);
+    EXPECT_EQ(hits.size(), 1u);
+    bible.search(word, false, true, hits);
+    EXPECT_EQ(hits.size(), 1u);
+}
+
+TEST_F(Words, MayAllBeTooLong)
+{
+    const auto result = build("Gen\t1\t1\t" + std::string(40, 'y') + "\n");
+    ASSERT_EQ(result.code, 0) << result.err;
+    EXPECT_EQ(words(), List());
+    EXPECT_EQ(verse(0, 0, 0), std::string(40, 'y'));
+    EXPECT_EQ(build_test::run({"check", made()}).code, 0) << build_test::run({"check", made()}).out;
 }
 
 TEST_F(Words, CanBeFoundWithTheEngine)

@@ -36,6 +36,19 @@ protected:
     }
 };
 
+TEST_F(OddBooks, WithoutVersesAreSaidToBeWhatTheyAre)
+{
+    const Result result =
+        buildSource("a.usfm", "\\id FRT\n\\p Words\n\\id GEN\n\\c 1\n\\v 1 а\n\\id GLO\n\\id XXA\n"
+                              "\\id XXB\n\\c 1\n\\v 1 б\n");
+    ASSERT_EQ(result.code, 0) << result.err;
+    EXPECT_EQ(leftOutLines(result), "left out      FRT: front matter, without verses\n"
+                                    "left out      GLO: glossary, without verses\n"
+                                    "left out      XXA: a book without verses\n" +
+                                        lineOf("XXB", "1 verse") +
+                                        "left out      1 text outside the verses, first in line 2\n");
+}
+
 TEST_F(OddBooks, OfVerseLinesAreLeftOutAndCounted)
 {
     const Result result =
