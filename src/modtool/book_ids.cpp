@@ -2,6 +2,9 @@
 
 #include "common_books.h"
 
+#include <unicode/uchar.h>
+#include <unicode/utf8.h>
+
 #include <algorithm>
 #include <array>
 #include <numeric>
@@ -77,20 +80,40 @@ unsigned int placeInOrder(const std::string& osis, BookOrder order)
 
 char upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
+bool startsWithLetter(std::string_view utf8)
+{
+    std::int32_t i = 0;
+    UChar32 codePoint = -1;
+    if (!utf8.empty())
+        U8_NEXT(reinterpret_cast<const std::uint8_t*>(utf8.data()), i, static_cast<std::int32_t>(utf8.size()),
+                codePoint);
+    return codePoint >= 0 && u_isalpha(codePoint);
+}
+
 bool isCodeByte(char c) { return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'); }
 
 } // namespace
 
 std::string osisOfUsfm(std::string_view code)
 {
+    constexpr std::string_view byteOrderMark = "\uFEFF";
+    if (code.starts_with(byteOrderMark))
+        code.remove_prefix(byteOrderMark.size());
     std::string wanted(code.substr(0, 4));
     std::transform(wanted.begin(), wanted.end(), wanted.begin(), upper);
-    if (wanted.size() != 3 || !std::all_of(wanted.begin(), wanted.end(), isCodeByte))
+    const auto end = std::find_if_not(wanted.begin(), wanted.end(), isCodeByte);
+    if (end - wanted.begin() != 3 || startsWithLetter(code.substr(3)))
         return "";
+    wanted.resize(3);
     for (const UsfmBook& book : usfmBooks)
         if (book.code == wanted)
             return std::string(book.osis);
     return wanted;
+}
+
+bool isUsfmCode(std::string_view osis)
+{
+    return osis.size() == 3 && std::all_of(osis.begin(), osis.end(), isCodeByte);
 }
 
 std::string osisOfZefania(unsigned int number)

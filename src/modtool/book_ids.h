@@ -8,8 +8,12 @@
 namespace Kedrin::ModTool {
 
 /// The OSIS id of a USFM book code, in any case: "GEN" gives "Gen". A code without an OSIS id of a Bible's book
-/// ("FRT", "XXA") gives itself, "" a code that is no code: three letters and digits.
+/// ("FRT", "XXA") gives itself, "" what does not begin with three letters and digits and go on with anything else
+/// ("GEN,", "GEN-").
 std::string osisOfUsfm(std::string_view code);
+
+/// Whether osisOfUsfm() has given a code itself: three capital letters and digits.
+bool isUsfmCode(std::string_view osis);
 
 /// The OSIS id of a book number of Zefania XML: 1 to 66 in Protestant order, from 67 on the books beside them. A number
 /// without a book gives "Book" and the number.

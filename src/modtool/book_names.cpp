@@ -6,6 +6,8 @@
 #include <unicode/uchar.h>
 #include <unicode/unistr.h>
 
+#include <algorithm>
+
 namespace Kedrin::ModTool {
 
 namespace {
@@ -110,6 +112,23 @@ icu::UnicodeString withDigits(const icu::UnicodeString& name)
     return name;
 }
 
+/// The only book of which `accept` takes the key of a name; nothing for none or several.
+template <typename Accept>
+std::string onlyBook(Accept&& accept)
+{
+    std::string osis;
+    for (unsigned int globalID = 0; globalID < commonBooksCount; ++globalID) {
+        const std::vector<std::string> names = commonBookNames(globalID);
+        if (!std::any_of(names.begin(), names.end(),
+                         [&](const std::string& name) { return accept(nameKey(name)); }))
+            continue;
+        if (!osis.empty())
+            return "";
+        osis = commonBooks()[globalID].osis;
+    }
+    return osis;
+}
+
 } // namespace
 
 std::string nameKey(std::string_view utf8)
@@ -141,6 +160,22 @@ std::vector<std::string> commonBookNames(unsigned int globalID)
         rest.remove_prefix(std::min(bar + 1, rest.size()));
     }
     return names;
+}
+
+std::string osisOfName(std::string_view utf8)
+{
+    const std::string wanted = nameKey(utf8);
+    return onlyBook([&](const std::string& key) { return key == wanted; });
+}
+
+std::string osisOfShortName(std::string_view utf8)
+{
+    const std::string osis = osisOfName(utf8);
+    const std::string wanted = nameKey(utf8);
+    const auto isOfLetter = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; };
+    if (!osis.empty() || std::count_if(wanted.begin(), wanted.end(), isOfLetter) < 3)
+        return osis;
+    return onlyBook([&](const std::string& key) { return key.starts_with(wanted); });
 }
 
 } // namespace Kedrin::ModTool

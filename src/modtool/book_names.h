@@ -15,4 +15,11 @@ std::string nameKey(std::string_view utf8);
 /// Bulgarian titles, the English name and the usual English and Bulgarian abbreviations. UTF-8.
 std::vector<std::string> commonBookNames(unsigned int globalID);
 
+/// The OSIS id of the only book of the common numbering that is called so, in any case and with any punctuation;
+/// "" where there is none or there are several.
+std::string osisOfName(std::string_view utf8);
+
+/// The same for a name that may be cut short, to three letters at least.
+std::string osisOfShortName(std::string_view utf8);
+
 } // namespace Kedrin::ModTool

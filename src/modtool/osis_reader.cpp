@@ -81,7 +81,7 @@ private:
         else if (name == "verse")
             startVerse();
         else if (name == "chapter" && m_xml.attribute("eID").empty())
-            m_verses.beginChapter();
+            startChapter();
         else if (name == "div")
             startDivision();
         else if (name == "q")
@@ -145,13 +145,24 @@ private:
         m_verseDepth = m_xml.isEmpty() ? noDepth : m_xml.depth();
     }
 
+    void startChapter()
+    {
+        m_verses.beginChapter();
+        const auto number = chapterOf(m_xml.attribute("osisID"));
+        m_chapter = number.value_or(m_chapter + 1);
+    }
+
     void beginVerse(const std::string& id)
     {
-        const auto reference = parseOsisReferences(id);
-        if (!reference)
-            m_xml.fail(message("%s is no reference to a verse", inQuotes(id)));
-        m_verses.beginBook(reference->book);
-        m_verses.beginVerse(reference->chapter, reference->verse, m_xml.line());
+        if (const auto reference = parseOsisReferences(id)) {
+            m_verses.beginBook(reference->book);
+            m_verses.beginVerse(reference->chapter, reference->verse, m_xml.line());
+            m_chapter = reference->chapter;
+        } else if (m_verses.inBook()) {
+            m_verses.beginVerseWithoutNumber(std::max(m_chapter, 1u), m_xml.line());
+        } else {
+            m_xml.fail(message("%s is no reference to a verse, such as Gen.1.1", inQuotes(id)));
+        }
     }
 
     void startDivision()
@@ -171,6 +182,7 @@ private:
         const std::size_t colon = id.find(':');
         m_verses.beginBook(colon == std::string::npos ? id : id.substr(colon + 1));
         m_verses.beginChapter();
+        m_chapter = 0;
     }
 
     /// The sign of a quotation that goes on clings to the word behind it; other signs stand alone.
@@ -275,6 +287,7 @@ private:
     std::string m_workId;
     std::string m_openId;                  ///< sID of the verse between milestones that is open
     std::vector<std::string> m_quoteSigns; ///< closing signs of the quotations that are open
+    unsigned int m_chapter = 0;            ///< where a verse without a reference stands
     int m_verseDepth = noDepth;            ///< of the verse element that is open
     int m_titleDepth = noDepth;            ///< of the title that belongs to the text
 };

@@ -14,7 +14,7 @@ namespace Kedrin::ModTool {
 /// @throws CBuildError
 ///     what CXmlReader throws
 ///     "%s:%u: the root element is %s, not osis"
-///     "%s:%u: %s is no reference to a verse"
+///     "%s:%u: %s is no reference to a verse, such as Gen.1.1", before any book
 ///     "%s: holds no verse"
 SourceBible readOsis(const std::string& fileName, std::string_view utf8);
 

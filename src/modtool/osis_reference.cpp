@@ -1,5 +1,6 @@
 #include "osis_reference.h"
 
+#include "common_books.h"
 #include "source_bible.h"
 
 #include <algorithm>
@@ -7,6 +8,18 @@
 namespace Kedrin::ModTool {
 
 namespace {
+
+/// "Jude.5": such a book's verses may go without the chapter.
+std::optional<OsisReference> inBookOfOneChapter(std::string_view text, std::size_t point, bool isPart)
+{
+    const auto global = globalIDOf(text.substr(0, point));
+    if (!global || commonBooks()[*global].verseCounts.size() != 1)
+        return std::nullopt;
+    const auto verse = parseVerseNumber(text.substr(point + 1));
+    if (!verse)
+        return std::nullopt;
+    return OsisReference{text.substr(0, point), 1, {verse->first, verse->last, verse->isPart || isPart}};
+}
 
 std::optional<OsisReference> parseReference(std::string_view text)
 {
@@ -17,11 +30,11 @@ std::optional<OsisReference> parseReference(std::string_view text)
     const std::size_t first = text.find('.');
     const std::size_t second = first == std::string_view::npos ? first : text.find('.', first + 1);
     if (second == std::string_view::npos || first == 0)
-        return std::nullopt;
+        return inBookOfOneChapter(text, first, part != std::string_view::npos);
     std::string_view verseText = text.substr(second + 1);
     const auto chapter = parseVerseNumber(text.substr(first + 1, second - first - 1));
     const auto verse = parseVerseNumber(verseText.substr(0, verseText.find('.')));
-    if (!chapter || !verse || chapter->first != chapter->last || chapter->first == 0)
+    if (!chapter || !verse || chapter->first != chapter->last)
         return std::nullopt;
     return OsisReference{text.substr(0, first),
                          chapter->first,
@@ -49,11 +62,17 @@ std::optional<OsisReference> parseOsisReferences(std::string_view list)
     const std::size_t sign = list.find_last_of(" -");
     if (!reference || sign == std::string_view::npos)
         return reference;
-    const auto last = lastVerse(list.substr(sign + 1), *reference);
-    if (!last)
-        return std::nullopt;
-    reference->verse.last = *last;
+    if (const auto last = lastVerse(list.substr(sign + 1), *reference))
+        reference->verse.last = *last;
     return reference;
+}
+
+std::optional<unsigned int> chapterOf(std::string_view reference)
+{
+    const std::size_t point = reference.find('.');
+    const auto number =
+        point == std::string_view::npos ? std::nullopt : parseVerseNumber(reference.substr(point + 1));
+    return number ? std::optional(number->first) : std::nullopt;
 }
 
 } // namespace Kedrin::ModTool

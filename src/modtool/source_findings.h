@@ -11,23 +11,26 @@ namespace Kedrin::ModTool {
 /// What a reader may meet that does not stand in the module as it stands in the source.
 enum class ReaderRule
 {
-    verseRange,     ///< several verses with one text: the first has it
-    versePart,      ///< verse 1a, 1b: joined
-    verseAgain,     ///< a verse given twice: joined
-    verseRepeated,  ///< given twice with the same text: taken once
-    verseZero,      ///< put before the verse that follows
-    canonicalTitle, ///< a psalm title: put before the text that follows
-    greekBook,      ///< Greek Esther or Daniel, taken for Esther or Daniel
-    unknownMarker,  ///< its text is kept
-    unmarkedQuote,  ///< a quotation for which the source gives no sign
-    note,           ///< a footnote or cross reference, left out
-    title,          ///< a heading, left out
-    otherReading,   ///< left out
-    secondNumber,   ///< another numbering's number of a chapter or verse, left out
-    figure,         ///< a picture, an index entry, a pronunciation: left out
-    outside,        ///< text outside all verses, left out
-    unfinishedNote, ///< a note without an end: ended with its paragraph
-    metadata,       ///< what the source says of itself, and what it calls its books: no line of its own in the report
+    verseRange,           ///< several verses with one text: the first has it
+    versePart,            ///< verse 1a, 1b: joined
+    verseAgain,           ///< a verse given twice: joined
+    verseRepeated,        ///< given twice with the same text: taken once
+    verseZero,            ///< put before the verse that follows
+    canonicalTitle,       ///< a psalm title: put before the text that follows
+    verseWithoutNumber,   ///< goes on with the verse before it
+    chapterWithoutNumber, ///< taken for the one that follows
+    bookByName,           ///< a book without a number or code, known by its name
+    greekBook,            ///< Greek Esther or Daniel, taken for Esther or Daniel
+    unknownMarker,        ///< its text is kept
+    unmarkedQuote,        ///< a quotation for which the source gives no sign
+    note,                 ///< a footnote or cross reference, left out
+    title,                ///< a heading, left out
+    otherReading,         ///< left out
+    secondNumber,         ///< another numbering's number of a chapter or verse, left out
+    figure,               ///< a picture, an index entry, a pronunciation: left out
+    outside,              ///< text outside all verses, left out
+    unfinishedNote,       ///< a note without an end: ended with its paragraph
+    metadata,             ///< what the source says of itself, and what it calls its books: no line in the report
     count
 };
 

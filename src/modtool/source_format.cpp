@@ -10,7 +10,10 @@
 #include "zefania_reader.h"
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 
 namespace Kedrin::ModTool {
 
@@ -29,21 +32,40 @@ std::string lower(std::string text)
 /// Archives hold files whose names begin with a point beside those that users see.
 bool isHidden(const fs::path& file) { return file.filename().string().starts_with('.'); }
 
+bool hasUsfmExtension(const fs::path& file)
+{
+    const std::string extension = lower(file.extension().string());
+    return extension == ".usfm" || extension == ".sfm" || extension == ".ptx" || extension == ".scp";
+}
+
+/// Whether a regular file begins with `\id`, perhaps behind a byte order mark.
+bool beginsAsUsfm(const fs::path& file)
+{
+    constexpr std::string_view mark = "\uFEFF", id = "\\id";
+    std::error_code ignored;
+    std::array<char, mark.size() + id.size()> bytes{};
+    if (!fs::is_regular_file(file, ignored) ||
+        !std::ifstream(file, std::ios::binary).read(bytes.data(), bytes.size()))
+        return false;
+    std::string_view head(bytes.data(), bytes.size());
+    head.remove_prefix(head.starts_with(mark) ? mark.size() : 0);
+    return head.starts_with(id);
+}
+
+/// The files with an extension of USFM or, where there are none, those that begin as such files do.
 std::vector<fs::path> usfmFiles(const std::string& folder)
 {
-    std::vector<fs::path> files;
+    std::vector<fs::path> files, others;
     std::error_code error;
-    for (fs::directory_iterator file(folder, error), end; !error && file != end; file.increment(error)) {
-        const std::string extension = lower(file->path().extension().string());
-        if (isHidden(file->path()))
-            continue;
-        if (extension == ".usfm" || extension == ".sfm" || extension == ".ptx")
-            files.push_back(file->path());
-    }
+    for (fs::directory_iterator file(folder, error), end; !error && file != end; file.increment(error))
+        if (!isHidden(file->path()))
+            (hasUsfmExtension(file->path()) ? files : others).push_back(file->path());
     if (error)
         throw CBuildError(message("%s: cannot be read", folder));
     if (files.empty())
-        throw CBuildError(message("%s: holds no USFM file (*.usfm, *.sfm, *.ptx)", folder));
+        std::copy_if(others.begin(), others.end(), std::back_inserter(files), beginsAsUsfm);
+    if (files.empty())
+        throw CBuildError(message("%s: holds no USFM file (*.usfm, *.sfm, *.ptx, *.scp)", folder));
     std::sort(files.begin(), files.end());
     return files;
 }

@@ -31,12 +31,12 @@ struct ReadOptions
 /// @throws CBuildError  "%s: is XML, but neither OSIS nor Zefania (its root element is %s)"
 SourceFormat detectFormat(std::string_view utf8, const std::string& fileName);
 
-/// Reads a file of any format, or a folder of USFM files (*.usfm, *.sfm, *.ptx, in the order of their names, or in
+/// Reads a file of any format, or a folder of USFM files (*.usfm, *.sfm, *.ptx, *.scp, or else any that begin with \id, in the order of their names, or in
 /// Protestant order where the names do not all begin with a number). What the source does not call itself, it is called
 /// after its file.
 /// @throws CBuildError
 ///     what readText(), detectFormat() and the formats' readers throw
-///     "%s: is a folder, which only USFM may be", "%s: holds no USFM file (*.usfm, *.sfm, *.ptx)"
+///     "%s: is a folder, which only USFM may be", "%s: holds no USFM file (*.usfm, *.sfm, *.ptx, *.scp)"
 ///     "%s: holds more than 64 MiB"
 SourceBible readSourceFile(const std::string& path, const ReadOptions& options);
 

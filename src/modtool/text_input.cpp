@@ -145,7 +145,7 @@ std::string decodedText(std::string content, const std::string& fileName, const 
         requireUtf8(content, fileName);
     else
         content = converted(content, fileName, name);
-    if (content.starts_with(byteOrderMark))
+    while (content.starts_with(byteOrderMark)) // files that were put together have several
         content.erase(0, byteOrderMark.size());
     return content;
 }

@@ -72,6 +72,11 @@ bool marksWords(std::string_view name)
     return base == "w" || base == "wg" || base == "wh" || base == "wa" || base == "rb";
 }
 
+bool hasUnnamedAttribute(std::string_view name)
+{
+    return isIn(" w wg wh wa rb jmp xt ref k ", baseName(name));
+}
+
 bool endsParagraph(UsfmMarker marker) { return marker < UsfmMarker::note && marker != UsfmMarker::cell; }
 
 } // namespace Kedrin::ModTool

@@ -37,6 +37,9 @@ bool isBreak(std::string_view name);
 /// Whether what stands up to its end marker is one word or several, each whole: "w", "rb".
 bool marksWords(std::string_view name);
 
+/// Whether what stands behind a '|' before the marker's end is an attribute even without a name: "w", "rb".
+bool hasUnnamedAttribute(std::string_view name);
+
 /// Whether the marker ends the paragraph before it.
 bool endsParagraph(UsfmMarker marker);
 

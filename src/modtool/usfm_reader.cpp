@@ -1,6 +1,7 @@
 #include "usfm_reader.h"
 
 #include "book_ids.h"
+#include "book_names.h"
 #include "build_error.h"
 #include "messages.h"
 #include "text_input.h"
@@ -8,9 +9,14 @@
 #include "usfm_tokens.h"
 #include "verse_collector.h"
 
+#include <algorithm>
+#include <optional>
+
 namespace Kedrin::ModTool {
 
 namespace {
+
+constexpr std::string_view byteOrderMark = "\uFEFF";
 
 /// The text without the signs that stand for a blank or for a place where a line may be broken.
 std::string plainText(std::string_view text)
@@ -23,6 +29,43 @@ std::string plainText(std::string_view text)
         i += isLineBreak ? 1 : 0;
     }
     return plain;
+}
+
+/// Whether a text is attributes with their names: `lemma="x" strong='H1'`.
+bool areAttributes(std::string_view text)
+{
+    constexpr std::string_view blanks = " \t\r\n";
+    bool hasAny = false;
+    for (;;) {
+        text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
+        if (text.empty())
+            return hasAny;
+        const std::size_t equals = text.find('=');
+        if (equals == 0 || equals == std::string_view::npos ||
+            text.substr(0, equals).find_first_of("\"'|") != std::string_view::npos)
+            return false;
+        text.remove_prefix(equals + 1);
+        text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
+        const std::size_t end = text.empty() || (text[0] != '"' && text[0] != '\'') ? std::string_view::npos
+                                                                                    : text.find(text[0], 1);
+        if (end == std::string_view::npos)
+            return false;
+        text.remove_prefix(end + 1);
+        hasAny = true;
+    }
+}
+
+/// Where the attributes in a text before an end marker begin, at their '|'; npos where it has none. Markers that have
+/// an attribute without a name take anything for it.
+std::size_t attributesBegin(std::string_view text, std::string_view endMarker)
+{
+    if (endMarker.empty())
+        return std::string_view::npos;
+    const std::size_t bar = hasUnnamedAttribute(endMarker) ? text.find('|') : text.rfind('|');
+    const bool isAny = hasUnnamedAttribute(endMarker);
+    return bar != std::string_view::npos && (isAny || areAttributes(text.substr(bar + 1)))
+               ? bar
+               : std::string_view::npos;
 }
 
 /// Walks one file.
@@ -62,8 +105,10 @@ private:
 
     void text(std::string_view content)
     {
-        if (m_openCharacters > 0 && m_tokens.isAtEndMarker())
-            content = content.substr(0, content.find('|'));
+        if (content.ends_with(byteOrderMark)) // of a file that was put behind another one
+            content.remove_suffix(byteOrderMark.size());
+        if (m_openCharacters > 0)
+            content = content.substr(0, attributesBegin(content, m_tokens.nextEndMarker()));
         if (m_skip == Skip::nothing) {
             m_verses.addText(plainText(content), m_line);
             return;
@@ -179,37 +224,56 @@ private:
     void book()
     {
         const std::string_view code = m_tokens.word();
-        const std::string osis = osisOfUsfm(code);
-        if (osis.empty())
-            refuse(m_fileName, m_line, message("%s is no book code", inQuotes(code)));
-        m_tokens.restOfLine();
+        const std::string_view rest = m_tokens.restOfLine();
+        const std::string osis = bookOf(code, rest);
         m_mainTitle = false;
         m_verses.beginBook(osis);
         m_verses.beginChapter();
+        m_hasChapter = false;
         m_chapter = 1; // a book of one chapter may go without its marker
+    }
+
+    /// The OSIS id by the book's code or, where that is none, by a name in its place.
+    std::string bookOf(std::string_view code, std::string_view rest)
+    {
+        const std::string osis = osisOfUsfm(code);
+        if (!osis.empty() && !isUsfmCode(osis)) // one of the standard's
+            return osis;
+        const std::string line = std::string(code) + ' ' + std::string(rest);
+        for (const std::string& named : {osisOfName(code), osis, osisOfName(line)})
+            if (!named.empty()) {
+                if (named != osis)
+                    m_verses.found(ReaderRule::bookByName, m_line);
+                return named;
+            }
+        refuse(m_fileName, m_line,
+               message("%s is no book code: write one behind \\id, such as GEN", inQuotes(code)));
     }
 
     void chapter()
     {
-        const std::string_view word = m_tokens.word();
-        const auto number = parseVerseNumber(word);
-        if (!number || number->first == 0 || number->first != number->last)
-            refuse(m_fileName, m_line, message("%s is no chapter number", inQuotes(word)));
-        if (m_chapter == 0)
-            refuse(m_fileName, m_line, tr("a chapter before any \\id"));
-        m_chapter = number->first;
+        if (!m_chapter)
+            refuse(m_fileName, m_line,
+                   tr("a chapter before any \\id: write one with the book's code, such as \\id GEN"));
+        const auto number = parseVerseNumber(m_tokens.number());
         m_verses.beginChapter();
+        if (!number)
+            m_verses.found(ReaderRule::chapterWithoutNumber, m_line);
+        m_chapter = number ? number->first : nextChapter();
+        m_hasChapter = true;
     }
+
+    unsigned int nextChapter() const { return m_hasChapter ? std::min(*m_chapter + 1, maxSourceNumber) : 1; }
 
     void verse()
     {
-        const std::string_view word = m_tokens.word();
-        const auto number = parseVerseNumber(word);
-        if (!number)
-            refuse(m_fileName, m_line, message("%s is no verse number", inQuotes(word)));
-        if (m_chapter == 0)
-            refuse(m_fileName, m_line, tr("a verse before any \\id"));
-        m_verses.beginVerse(m_chapter, *number, m_line);
+        if (!m_chapter)
+            refuse(m_fileName, m_line,
+                   tr("a verse before any \\id: write one with the book's code, such as \\id GEN"));
+        if (const auto number = parseVerseNumber(m_tokens.number()))
+            m_verses.beginVerse(*m_chapter, *number, m_line);
+        else
+            m_verses.beginVerseWithoutNumber(std::max(*m_chapter, 1u), m_line);
     }
 
     void field(std::string_view name)
@@ -241,7 +305,8 @@ private:
     CUsfmTokens m_tokens;
     CVerseCollector& m_verses;
     std::size_t m_line = 1;
-    unsigned int m_chapter = 0;
+    std::optional<unsigned int> m_chapter; ///< nothing before any book
+    bool m_hasChapter = false;             ///< whether the book has a marker of one
     unsigned int m_openCharacters =
         0; ///< character markers without their end: attributes may follow after '|'
     Skip m_skip = Skip::nothing;

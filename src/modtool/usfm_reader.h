@@ -21,8 +21,8 @@ public:
     /// Reads one file; its books follow those of the files before.
     /// @param utf8  the file's content, without byte order mark
     /// @throws CBuildError
-    ///     "%s:%u: a verse before any \\id", the same with "chapter"
-    ///     "%s:%u: %s is no book code", the same with "chapter number" and "verse number"
+    ///     "%s:%u: a verse before any \\id: write one with the book's code, such as \\id GEN", the same with "chapter"
+    ///     "%s:%u: %s is no book code: write one behind \\id, such as GEN"
     void read(const std::string& fileName, std::string_view utf8);
 
     /// All that was read. Call it once.

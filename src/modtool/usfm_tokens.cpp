@@ -1,5 +1,7 @@
 #include "usfm_tokens.h"
 
+#include "verse_number.h"
+
 #include <algorithm>
 
 namespace Kedrin::ModTool {
@@ -11,6 +13,8 @@ bool isNameByte(char c)
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-' || c == '_';
 }
 
+constexpr std::size_t maxNumberBytes = 40; // of a list of verses
+
 bool isBlankByte(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 
 std::string_view withoutNumber(std::string_view marker)
@@ -18,6 +22,26 @@ std::string_view withoutNumber(std::string_view marker)
     while (!marker.empty() && marker.back() >= '0' && marker.back() <= '9')
         marker.remove_suffix(1);
     return marker;
+}
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+/// Whether a chapter or verse marker stands close to its number.
+bool isBeforeNumber(std::string_view text)
+{
+    return text.size() > 1 && (text[0] == 'c' || text[0] == 'v') && isDigit(text[1]);
+}
+
+/// How many bytes of a word are a number: all of it, or its longest beginning that is one and ends with a digit.
+std::size_t numberBytes(std::string_view word)
+{
+    if (parseVerseNumber(word))
+        return word.size();
+    for (std::size_t end = std::min(word.size(), maxNumberBytes); end > 0; --end)
+        if (isDigit(word[end - 1]) && (end == word.size() || !isDigit(word[end])) &&
+            parseVerseNumber(word.substr(0, end)))
+            return end;
+    return 0;
 }
 
 /// How many bytes the name at the front of the text has.
@@ -60,7 +84,7 @@ UsfmToken CUsfmTokens::marker()
     take(1);
     if (m_rest.starts_with('+'))
         take(1);
-    const std::string_view name = take(nameBytes(m_rest));
+    const std::string_view name = take(isBeforeNumber(m_rest) ? 1 : nameBytes(m_rest));
     if (m_rest.starts_with('*')) {
         take(1);
         return {UsfmToken::Kind::endMarker, name, {}, line};
@@ -72,13 +96,13 @@ UsfmToken CUsfmTokens::marker()
     return {UsfmToken::Kind::marker, name, {}, line};
 }
 
-bool CUsfmTokens::isAtEndMarker() const
+std::string_view CUsfmTokens::nextEndMarker() const
 {
     if (!m_rest.starts_with('\\'))
-        return false;
+        return {};
     const std::string_view name = m_rest.substr(m_rest.starts_with("\\+") ? 2 : 1);
     const std::size_t byteCount = nameBytes(name);
-    return byteCount != 0 && name.substr(byteCount).starts_with('*');
+    return name.substr(byteCount).starts_with('*') ? name.substr(0, byteCount) : std::string_view();
 }
 
 /// Takes `\*`, with attributes before it, where the marker has such an end; a milestone's attributes up to the end of
@@ -100,6 +124,18 @@ bool CUsfmTokens::takeMilestoneEnd(bool isMilestone)
 std::string_view CUsfmTokens::restOfLine()
 {
     return take(std::min(m_rest.find_first_of("\\\r\n"), m_rest.size()));
+}
+
+std::string_view CUsfmTokens::number()
+{
+    const CUsfmTokens before = *this;
+    const std::string_view whole = word();
+    const std::size_t byteCount = numberBytes(whole);
+    if (byteCount == whole.size())
+        return whole;
+    *this = before;
+    take(static_cast<std::size_t>(whole.data() - m_rest.data()) + byteCount);
+    return whole.substr(0, byteCount);
 }
 
 std::string_view CUsfmTokens::word()

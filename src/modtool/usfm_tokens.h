@@ -23,7 +23,8 @@ struct UsfmToken
     std::size_t line;      ///< from 1
 };
 
-/// Cuts a USFM text into its markers and texts. One blank or line end after a marker belongs to it.
+/// Cuts a USFM text into its markers and texts. One blank or line end after a marker belongs to it; \v and \c may stand
+/// close to their number ("\v24").
 class CUsfmTokens
 {
 public:
@@ -32,8 +33,9 @@ public:
 
     UsfmToken next();
 
-    /// Whether a character marker's end comes next: what stands behind a '|' before it are attributes.
-    bool isAtEndMarker() const;
+    /// The name of the end marker that comes next: what stands behind a '|' before it may be attributes. "" where none
+    /// comes.
+    std::string_view nextEndMarker() const;
 
     /// The text up to the end of the line or the next marker; reads on behind it.
     std::string_view restOfLine();
@@ -41,6 +43,10 @@ public:
     /// The text up to the next blank, line end or marker, behind blanks; reads on behind it and one blank, which may be a
     /// no-break one.
     std::string_view word();
+
+    /// The number of a chapter or verse, behind blanks; reads on behind it as word() does, or at the text where that
+    /// stands close to it ("3And", "3аз"). "" where no number stands there.
+    std::string_view number();
 
 private:
     std::string_view take(std::size_t byteCount);

@@ -65,16 +65,33 @@ void CVerseCollector::beginChapter()
 
 void CVerseCollector::beginVerse(unsigned int chapter, const VerseNumber& number, std::size_t line)
 {
-    endVerse();
-    m_pieces.push_back(
-        {{m_book, static_cast<std::uint16_t>(chapter), static_cast<std::uint16_t>(number.first),
-          static_cast<std::uint32_t>(m_bible.text.size()), 0, static_cast<std::uint32_t>(line)},
-         number.isPart});
-    m_inVerse = true;
+    if (chapter == 0)
+        return openVerse(1, {0, 0, false}, true, line);
+    openVerse(chapter, number, number.isPart, line);
     if (number.last != number.first)
         found(ReaderRule::verseRange, line);
     if (number.isPart)
         found(ReaderRule::versePart, line);
+}
+
+void CVerseCollector::beginVerseWithoutNumber(unsigned int chapter, std::size_t line)
+{
+    const Piece* before = m_pieces.empty() ? nullptr : &m_pieces.back();
+    const bool goesOn = before && before->verse.book == m_book && before->verse.chapter == chapter;
+    const unsigned int number = goesOn ? before->verse.verse : 0;
+    openVerse(chapter, {number, number, false}, true, line);
+    found(ReaderRule::verseWithoutNumber, line);
+}
+
+void CVerseCollector::openVerse(unsigned int chapter, const VerseNumber& number, bool isPart,
+                                std::size_t line)
+{
+    endVerse();
+    m_pieces.push_back(
+        {{m_book, static_cast<std::uint16_t>(chapter), static_cast<std::uint16_t>(number.first),
+          static_cast<std::uint32_t>(m_bible.text.size()), 0, static_cast<std::uint32_t>(line)},
+         isPart});
+    m_inVerse = true;
     if (number.first == 0)
         found(ReaderRule::verseZero, line);
     addKnownText(std::exchange(m_signs, {}), line);

@@ -32,8 +32,12 @@ public:
     /// Ends what belongs to the chapter before.
     void beginChapter();
 
-    /// Begins a verse of the book and ends the one before it.
+    /// Begins a verse of the book and ends the one before it. Chapter 0 is text before the first verse of chapter 1.
     void beginVerse(unsigned int chapter, const VerseNumber& number, std::size_t line);
+
+    /// Begins a verse whose number cannot be read: it goes on with the one before it in the chapter, or stands before
+    /// the first.
+    void beginVerseWithoutNumber(unsigned int chapter, std::size_t line);
 
     /// Ends the verse, if there is one.
     /// @throws CBuildError  "%s: %s letters and digits were read, %s are accounted for; this is an error in
@@ -86,6 +90,7 @@ private:
         bool isPart;
     };
 
+    void openVerse(unsigned int chapter, const VerseNumber& number, bool isPart, std::size_t line);
     std::string place(std::size_t line) const;
     void append(std::string_view utf8);
     void checkLetters();

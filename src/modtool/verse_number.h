@@ -13,7 +13,7 @@ struct VerseNumber
     bool isPart;       ///< 1a, or with a Cyrillic letter
 };
 
-/// Reads "3", "3a", "3-5", "3,5". Zero is a number.
+/// Reads "3", "3a", "3-5", "3,5", with blanks around and points and commas behind. Zero is a number.
 /// @returns nothing where the text is none of these, a number is larger than maxSourceNumber, or the last is smaller
 ///     than the first
 std::optional<VerseNumber> parseVerseNumber(std::string_view text);

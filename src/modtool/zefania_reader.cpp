@@ -1,6 +1,7 @@
 #include "zefania_reader.h"
 
 #include "book_ids.h"
+#include "book_names.h"
 #include "build_error.h"
 #include "letter_proof.h"
 #include "messages.h"
@@ -10,6 +11,7 @@
 #include "xml_reader.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace Kedrin::ModTool {
 
@@ -97,39 +99,63 @@ private:
         return m_xml.attribute(name.c_str());
     }
 
-    unsigned int number(const char* attributeName, const char* complaint) const
-    {
-        const std::string text = attribute(attributeName);
-        const auto value = parseVerseNumber(text);
-        if (!value || value->first != value->last || value->first == 0)
-            m_xml.fail(message(complaint, inQuotes(text)));
-        return value->first;
-    }
-
     void startBook()
     {
-        m_verses.beginBook(osisOfZefania(number("bnumber", translatable("%s is no book number"))));
-        m_verses.beginChapter();
-        m_chapter = 0;
+        const std::string name = attribute("bname");
         const std::string brief = attribute("bsname");
-        m_verses.titles() = {attribute("bname"), brief, brief};
+        m_unknownBook.clear();
+        m_verses.beginBook(bookOf(name, brief));
+        m_verses.beginChapter();
+        m_chapter.reset();
+        m_verses.titles() = {name, brief, brief};
+    }
+
+    /// The OSIS id by the book's number or, where that is none, by one of its names.
+    std::string bookOf(const std::string& name, const std::string& brief)
+    {
+        const std::string number = attribute("bnumber");
+        if (const auto value = parseVerseNumber(number); value && value->first != 0)
+            return osisOfZefania(value->first);
+        std::string osis;
+        for (const std::string& text : {name, brief, number})
+            if (osis.empty())
+                osis = osisOfShortName(text);
+        if (!osis.empty()) {
+            m_verses.found(ReaderRule::bookByName, m_xml.line());
+            return osis;
+        }
+        m_unknownBook = message("%s is no book number, and %s no known name of a book: "
+                                "write the number into bnumber, such as 1 for Genesis",
+                                inQuotes(number), inQuotes(name));
+        m_unknownLine = m_xml.line();
+        return osisOfZefania(0);
     }
 
     void startChapter()
     {
-        m_chapter = number("cnumber", translatable("%s is no chapter number"));
         m_verses.beginChapter();
+        const auto number = parseVerseNumber(attribute("cnumber"));
+        m_chapter = number ? number->first : m_chapter.value_or(0) + 1;
+        if (!number)
+            m_verses.found(ReaderRule::chapterWithoutNumber, m_xml.line());
     }
 
     void startVerse()
     {
-        const std::string text = attribute("vnumber");
-        auto verse = parseVerseNumber(text);
-        if (!verse || !m_verses.inBook() || m_chapter == 0)
-            m_xml.fail(message("%s is no verse number", inQuotes(text)));
-        if (const auto last = parseVerseNumber(attribute("enumber")); last && last->last > verse->last)
-            verse->last = last->last;
-        m_verses.beginVerse(m_chapter, *verse, m_xml.line());
+        if (!m_verses.inBook())
+            m_xml.fail(tr("a verse before any BIBLEBOOK"));
+        if (!m_unknownBook.empty())
+            refuse(m_xml.fileName(), m_unknownLine, m_unknownBook);
+        const unsigned int chapter =
+            m_chapter.value_or(1); // a book of one chapter may go without its element
+        auto verse = parseVerseNumber(attribute("vnumber"));
+        if (!verse) {
+            m_verses.beginVerseWithoutNumber(std::max(chapter, 1u), m_xml.line());
+        } else {
+            if (const auto last = parseVerseNumber(attribute("enumber")); last && last->last > verse->last)
+                verse->last = last->last;
+            m_verses.beginVerse(chapter, *verse, m_xml.line());
+        }
         if (m_xml.isEmpty())
             m_verses.endVerse();
     }
@@ -175,7 +201,9 @@ private:
     std::string_view m_utf8;
     CXmlReader m_xml;
     CVerseCollector m_verses;
-    unsigned int m_chapter = 0;
+    std::string m_unknownBook;             ///< complaint of the book that was begun; "" where it is known
+    std::size_t m_unknownLine = 0;         ///< where it begins
+    std::optional<unsigned int> m_chapter; ///< of the book; nothing before its first one
 };
 
 } // namespace

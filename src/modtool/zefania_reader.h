@@ -13,7 +13,8 @@ namespace Kedrin::ModTool {
 /// @throws CBuildError
 ///     what CXmlReader throws
 ///     "%s:%u: the root element is %s, not XMLBIBLE"
-///     "%s:%u: %s is no book number", the same with "chapter number" and "verse number"
+///     "%s:%u: %s is no book number, and %s no known name of a book: write the number into bnumber, such as 1 for
+///     Genesis", for a book with verses; "%s:%u: a verse before any BIBLEBOOK"
 ///     "%s: holds no verse"
 SourceBible readZefania(const std::string& fileName, std::string_view utf8);
 

@@ -191,17 +191,35 @@ TEST(OsisReader, GreekEstherIsEstherWhereThereIsNoOther)
               "EsthGr 1:1 a\nEsth 1:1 b\n");
 }
 
-TEST(OsisReader, RefusesNumbersOutsideTheLimits)
+TEST(OsisReader, VerseWithoutAReferenceGoesOnWithTheOneBefore)
 {
-    EXPECT_EQ(errorIn("<verse osisID='Gen.1.4294967297'>a</verse>"),
-              "f.xml:2: \"Gen.1.4294967297\" is no reference to a verse");
-    EXPECT_EQ(errorIn("<verse osisID='Gen.65535.1'>a</verse>"),
-              "f.xml:2: \"Gen.65535.1\" is no reference to a verse");
-    EXPECT_EQ(errorIn("<verse osisID='Gen.0.1'>a</verse>"),
-              "f.xml:2: \"Gen.0.1\" is no reference to a verse");
-    EXPECT_EQ(errorIn("<verse osisID='../../x'>a</verse>"),
-              "f.xml:2: \"../../x\" is no reference to a verse");
-    EXPECT_EQ(errorIn("<verse>a</verse>"), "f.xml:2: \"\" is no reference to a verse");
+    for (const std::string id :
+         {"", "Gen", "Gen.1", "Gen.1.4294967297", "Gen.65535.1", "../../x", "Gen.1.x", "1"}) {
+        const SourceBible bible =
+            read("<verse osisID='Gen.1.3'>a</verse><verse osisID='" + id + "'>b</verse>");
+        EXPECT_EQ(linesOf(bible), "Gen 1:3 a b\n") << id;
+        EXPECT_EQ(bible.findings.text(),
+                  "joined        1 verse without a number, to the verse before it, first Gen 1:3\n")
+            << id;
+        EXPECT_EQ(errorIn("<verse osisID='" + id + "'>a</verse>"),
+                  "f.xml:2: \"" + id + "\" is no reference to a verse, such as Gen.1.1");
+    }
+    EXPECT_EQ(linesOf(read("<div type='book' osisID='Gen'><chapter osisID='Gen.2'><verse osisID='x'>a</verse>"
+                           "<verse osisID='Gen.2.1'>b</verse></chapter></div>")),
+              "Gen 2:1 a b\n");
+    EXPECT_EQ(linesOf(read("<verse osisID='Gen.1.1 x'>a</verse>")), "Gen 1:1 a\n");
+}
+
+TEST(OsisReader, BookOfOneChapterMayGoWithoutIt)
+{
+    EXPECT_EQ(linesOf(read("<verse osisID='Jude.5'>a</verse><verse osisID='KJV:Obad.6-8'>b</verse>")),
+              "Jude 1:5 a\nObad 1:6 b\n");
+}
+
+TEST(OsisReader, ChapterZeroStandsBeforeTheFirstVerse)
+{
+    EXPECT_EQ(linesOf(read("<verse osisID='Gen.0.1'>a</verse><verse osisID='Gen.1.1'>b</verse>")),
+              "Gen 1:1 a b\n");
 }
 
 TEST(OsisReader, RefusesMoreThanAThousandBooks)

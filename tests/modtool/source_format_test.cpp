@@ -81,11 +81,29 @@ TEST(SourceFormat, FolderWithoutUsfmIsRefused)
     const TempFolder folder;
     const std::string path = folder.path().string();
     EXPECT_EQ(messageOf<CBuildError>([&] { readSourceFile(path, asDetected); }),
-              path + ": holds no USFM file (*.usfm, *.sfm, *.ptx)");
+              path + ": holds no USFM file (*.usfm, *.sfm, *.ptx, *.scp)");
     ReadOptions osis;
     osis.format = SourceFormat::osis;
     EXPECT_EQ(messageOf<CBuildError>([&] { readSourceFile(path, osis); }),
               path + ": is a folder, which only USFM may be");
+}
+
+TEST(SourceFormat, FilesOfAFolderMayHaveOtherExtensions)
+{
+    for (const std::string extension : {".SCP", ".scp", ".SFM", ".Usfm", ".PTX"}) {
+        const test_support::TempFolder folder;
+        folder.write("01" + extension, "\\id GEN\n\\c 1\n\\v 1 a\n");
+        folder.write("02" + extension, "\\id EXO\n\\c 1\n\\v 1 b\n");
+        folder.write("03.bak", "\\id LEV\n\\c 1\n\\v 1 c\n");
+        EXPECT_EQ(linesOf(readSourceFile(folder.path().string(), {})), "Gen 1:1 a\nExod 1:1 b\n")
+            << extension;
+    }
+    const test_support::TempFolder folder;
+    folder.write("01.txt", "\uFEFF\\id GEN\n\\c 1\n\\v 1 a\n");
+    folder.write("02", "\\id EXO\n\\c 1\n\\v 1 b\n");
+    folder.write("readme.txt", "No \\id here.\n");
+    folder.write("short", "\\i");
+    EXPECT_EQ(linesOf(readSourceFile(folder.path().string(), {})), "Gen 1:1 a\nExod 1:1 b\n");
 }
 
 TEST(SourceFormat, BooksInProtestantAndOrthodoxOrder)

@@ -155,13 +155,83 @@ TEST(UsfmReader, TitlesOfBooks)
 
 TEST(UsfmReader, RefusesWhatHasNoPlace)
 {
-    EXPECT_EQ(errorIn("\\c 1\n\\v 1 a"), "f.usfm:1: a chapter before any \\id");
-    EXPECT_EQ(errorIn("\\v 1 a"), "f.usfm:1: a verse before any \\id");
-    EXPECT_EQ(errorIn("\\id GENESIS\n"), "f.usfm:1: \"GENESIS\" is no book code");
-    EXPECT_EQ(errorIn("\\id GEN\n\\c 4000000000\n"), "f.usfm:2: \"4000000000\" is no chapter number");
-    EXPECT_EQ(errorIn("\\id GEN\n\\c 1\n\\v 4000000000 a\n"), "f.usfm:3: \"4000000000\" is no verse number");
-    EXPECT_EQ(errorIn("\\id GEN\n\\c 1\n\\v\n"), "f.usfm:3: \"\" is no verse number");
+    EXPECT_EQ(errorIn("\\c 1\n\\v 1 a"),
+              "f.usfm:1: a chapter before any \\id: write one with the book's code, such as \\id GEN");
+    EXPECT_EQ(errorIn("\\v 1 a"),
+              "f.usfm:1: a verse before any \\id: write one with the book's code, such as \\id GEN");
+    for (const std::string code : {"GENSIS", "", "\u0411\u0411\u0411", "G", "GEN\u0411"})
+        EXPECT_EQ(errorIn("\\id " + code + "\n"),
+                  "f.usfm:1: \"" + code + "\" is no book code: write one behind \\id, such as GEN");
     EXPECT_EQ(errorIn("\\id GEN\n\\c 1\n\\p text\n"), "f.usfm: holds no verse");
+}
+
+TEST(UsfmReader, CodeOfABookMayBeWrittenInAnyForm)
+{
+    for (const std::string line : {"GEN, free words", "GEN- free words", "GEN\u2014words", "gen", "GEN.",
+                                   "GEN:", "\uFEFFGEN", " GEN", "Gen \u2013 x"}) {
+        const SourceBible bible = read("\\id " + line + "\n\\c 1\n\\v 1 a");
+        EXPECT_EQ(linesOf(bible), "Gen 1:1 a\n") << line;
+        EXPECT_EQ(bible.findings.text(), "") << line;
+    }
+}
+
+TEST(UsfmReader, BookWithoutACodeIsTakenByItsName)
+{
+    for (const std::string line : {"Genesis", "GENESIS, a book", "Битие", "Бит."}) {
+        const SourceBible bible = read("\\id " + line + "\n\\c 1\n\\v 1 a");
+        EXPECT_EQ(linesOf(bible), "Gen 1:1 a\n") << line;
+        EXPECT_EQ(bible.findings.text(),
+                  "taken         1 book by its name, being without a number or code, first in line 1\n")
+            << line;
+    }
+    EXPECT_EQ(linesOf(read("\\id 1 Samuel\n\\c 1\n\\v 1 a")), "1Sam 1:1 a\n");
+    EXPECT_EQ(linesOf(read("\\id Joh\n\\c 1\n\\v 1 a")), "John 1:1 a\n");
+}
+
+TEST(UsfmReader, MarkOfAFilePutBehindAnotherOneIsNoText)
+{
+    EXPECT_EQ(linesOf(read("\\id GEN\n\\c 1\n\\v 1 a\n\uFEFF\\id EXO\n\\c 1\n\\v 1 b")),
+              "Gen 1:1 a\nExod 1:1 b\n");
+}
+
+TEST(UsfmReader, NumberMayStandCloseToItsMarkerOrItsText)
+{
+    const SourceBible bible =
+        read("\\id GEN\n\\c1\n\\v1 a\\v2-3 b\\v4\u0430 c\n\\v 5И d\\v6. e\\v 7) f\n\\v8-9и g\\v10за");
+    EXPECT_EQ(linesOf(bible),
+              "Gen 1:1 a\nGen 1:2 b\nGen 1:4 c\nGen 1:5 И d\nGen 1:6 e\nGen 1:7 f\nGen 1:8 g\nGen 1:10 за\n");
+    EXPECT_EQ(bible.findings[ReaderRule::verseWithoutNumber].count, 0u);
+}
+
+TEST(UsfmReader, VerseWithoutANumberGoesOnWithTheOneBefore)
+{
+    const SourceBible bible = read("\\id GEN\n\\c 1\n\\v И a\n\\v 1 b\n\\v\nc\n\\v 4000000000 d\n\\v 2 e\n");
+    EXPECT_EQ(linesOf(bible), "Gen 1:1 И a b c 4000000000 d\nGen 1:2 e\n");
+    EXPECT_EQ(bible.findings.text(),
+              "joined        1 verse 0, put before the next verse, first Gen 1:0\n"
+              "joined        3 verses without a number, to the verses before them, first Gen 1:0\n");
+}
+
+TEST(UsfmReader, ChapterWithoutANumberIsTheNextOne)
+{
+    const SourceBible bible = read("\\id GEN\n\\c\n\\v 1 a\n\\c x\n\\v 1 b\n\\c 4000000000\n\\v 1 c\n");
+    EXPECT_EQ(linesOf(bible), "Gen 1:1 a\nGen 2:1 b\nGen 3:1 c\n");
+    EXPECT_EQ(bible.findings[ReaderRule::chapterWithoutNumber].count, 3u);
+}
+
+TEST(UsfmReader, ChapterZeroStandsBeforeTheFirstVerse)
+{
+    const SourceBible bible = read("\\id SIR\n\\c 0\n\\v 1 a\n\\v 2 b\n\\c 1\n\\v 1 c\n\\c 1\n\\v 2 d");
+    EXPECT_EQ(linesOf(bible), "Sir 1:1 a b c\nSir 1:2 d\n");
+    EXPECT_EQ(bible.findings.text(), "joined        2 verses 0, put before the next verse, first Sir 1:0\n");
+}
+
+TEST(UsfmReader, BarIsAnAttributeOnlyWhereTheMarkerHasOne)
+{
+    EXPECT_EQ(linesIn("\\wj one|two\\wj* \\nd a|b=c\\nd* \\add x|y=\"z\" w\\add*"),
+              "Gen 1:1 one|two a|b=c x|y=\"z\" w\n");
+    EXPECT_EQ(linesIn("\\wj one|x-id=\"1\" link-href='b'\\wj* \\zz a|b|c=\"d\"\\zz* \\w go|G1\\w*"),
+              "Gen 1:1 one a|b go\n");
 }
 
 TEST(UsfmReader, ExampleOfTheFormatPage)

@@ -89,13 +89,54 @@ TEST(ZefaniaReader, TitlesAndCopyright)
     EXPECT_EQ(bible.bookTitles[0].abbreviatedTitle, "Gen");
 }
 
-TEST(ZefaniaReader, RefusesNumbersThatAreNone)
+TEST(ZefaniaReader, BookWithoutANumberIsTakenByItsName)
 {
-    EXPECT_EQ(errorIn("<BIBLEBOOK bnumber='x'/>"), "f.xml:1: \"x\" is no book number");
-    EXPECT_EQ(errorIn("<BIBLEBOOK bnumber='1'><CHAPTER cnumber='70000'/></BIBLEBOOK>"),
-              "f.xml:1: \"70000\" is no chapter number");
-    EXPECT_EQ(errorIn("<BIBLEBOOK bnumber='1'><CHAPTER cnumber='1'><VERS>a</VERS></CHAPTER></BIBLEBOOK>"),
-              "f.xml:1: \"\" is no verse number");
+    const std::string verse = "<CHAPTER cnumber='1'><VERS vnumber='1'>a</VERS></CHAPTER></BIBLEBOOK>";
+    for (const std::string book :
+         {"bnumber='0' bname='Genesis'", "bname='Genesis'", "bnumber='' bsname='Gen'",
+          "bnumber='x' bname='БИТИЕ'", "bnumber='0' bname='Book one' bsname='Бит.'",
+          "bnumber='70000' bname='genes'", "bnumber='Gen'"}) {
+        const SourceBible bible = read("<BIBLEBOOK " + book + ">" + verse);
+        EXPECT_EQ(linesOf(bible), "Gen 1:1 a\n") << book;
+        EXPECT_EQ(bible.findings.text(),
+                  "taken         1 book by its name, being without a number or code, first in line 1\n")
+            << book;
+    }
+    EXPECT_EQ(errorIn("<BIBLEBOOK bnumber='0' bname='Jo'>" + verse),
+              "f.xml:1: \"0\" is no book number, and \"Jo\" no known name of a book: write the number into "
+              "bnumber, "
+              "such as 1 for Genesis");
+    EXPECT_EQ(linesOf(read("<BIBLEBOOK bnumber='0' bname='Preface'>Words</BIBLEBOOK><BIBLEBOOK bnumber='1'>" +
+                           verse)),
+              "Gen 1:1 a\n");
+}
+
+TEST(ZefaniaReader, NumbersThatAreNoneStopNothing)
+{
+    const SourceBible bible =
+        read("<BIBLEBOOK bnumber='1'><CHAPTER cnumber='70000'><VERS>a</VERS><VERS vnumber='1'>b</VERS>"
+             "<VERS vnumber='?'>c</VERS><VERS vnumber=' 2.'>d</VERS><VERS vnumber='70000'>e</VERS></CHAPTER>"
+             "<CHAPTER cnumber=''><VERS vnumber='1'>f</VERS></CHAPTER></BIBLEBOOK>");
+    EXPECT_EQ(linesOf(bible), "Gen 1:1 a b c\nGen 1:2 d e\nGen 2:1 f\n");
+    EXPECT_EQ(bible.findings.text(),
+              "joined        1 verse 0, put before the next verse, first Gen 1:0\n"
+              "joined        3 verses without a number, to the verses before them, first Gen 1:0\n"
+              "taken         2 chapters without a number for the next ones, first in line 1\n");
+}
+
+TEST(ZefaniaReader, ChapterZeroOrNoneIsOfTheFirst)
+{
+    EXPECT_EQ(linesOf(read("<BIBLEBOOK bnumber='1'><CHAPTER cnumber='0'><VERS vnumber='1'>a</VERS></CHAPTER>"
+                           "<CHAPTER cnumber='1'><VERS vnumber='1'>b</VERS></CHAPTER></BIBLEBOOK>")),
+              "Gen 1:1 a b\n");
+    EXPECT_EQ(linesOf(read("<BIBLEBOOK bnumber='31'><VERS vnumber='1'>a</VERS></BIBLEBOOK>")),
+              "Obad 1:1 a\n");
+}
+
+TEST(ZefaniaReader, RefusesVersesOfNoBook)
+{
+    EXPECT_EQ(errorIn("<CHAPTER cnumber='1'><VERS vnumber='1'>a</VERS></CHAPTER>"),
+              "f.xml:1: a verse before any BIBLEBOOK");
     EXPECT_EQ(errorIn(""), "f.xml: holds no verse");
 }
 
