@@ -1,5 +1,6 @@
 #include "book_ids.h"
 
+#include "book_names.h"
 #include "common_books.h"
 
 #include <unicode/uchar.h>
@@ -111,9 +112,17 @@ std::string osisOfUsfm(std::string_view code)
     return wanted;
 }
 
-bool isUsfmCode(std::string_view osis)
+std::string osisOfUsfmLine(std::string_view code, std::string_view rest)
 {
-    return osis.size() == 3 && std::all_of(osis.begin(), osis.end(), isCodeByte);
+    const std::string osis = osisOfUsfm(code);
+    const bool isUnknown = std::all_of(osis.begin(), osis.end(), isCodeByte); // such as FRT, or none
+    if (!isUnknown)
+        return osis;
+    const std::string line = std::string(code) + ' ' + std::string(rest);
+    for (const std::string& named : {osisOfName(code), osis, osisOfName(line)})
+        if (!named.empty())
+            return named;
+    return "";
 }
 
 std::string osisOfZefania(unsigned int number)

@@ -12,8 +12,11 @@ namespace Kedrin::ModTool {
 /// ("GEN,", "GEN-").
 std::string osisOfUsfm(std::string_view code);
 
-/// Whether osisOfUsfm() has given a code itself: three capital letters and digits.
-bool isUsfmCode(std::string_view osis);
+/// The OSIS id of the book that a line \id begins: by its code or, where that is none of the standard's, by a name.
+/// @param code  the first word
+/// @param rest  what follows it
+/// @returns "" where neither is known
+std::string osisOfUsfmLine(std::string_view code, std::string_view rest);
 
 /// The OSIS id of a book number of Zefania XML: 1 to 66 in Protestant order, from 67 on the books beside them. A number
 /// without a book gives "Book" and the number.

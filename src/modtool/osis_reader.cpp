@@ -147,9 +147,9 @@ private:
 
     void startChapter()
     {
-        m_verses.beginChapter();
         const auto number = chapterOf(m_xml.attribute("osisID"));
         m_chapter = number.value_or(m_chapter + 1);
+        m_verses.beginChapter(m_chapter);
     }
 
     void beginVerse(const std::string& id)

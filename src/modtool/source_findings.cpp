@@ -2,12 +2,17 @@
 
 #include "build_report.h"
 #include "messages.h"
+#include "text_input.h"
 
+#include <algorithm>
 #include <numeric>
 
 namespace Kedrin::ModTool {
 
 namespace {
+
+constexpr std::size_t maxNamed = 200;   ///< there are 151 psalms
+constexpr std::size_t shownBytes = 120; ///< of a text
 
 struct Wording
 {
@@ -49,24 +54,67 @@ constexpr std::array<Wording, static_cast<std::size_t>(ReaderRule::count)> wordi
     wording(translatable("left out"), "other reading", "other readings"),
     wording(translatable("left out"), "number of another numbering", "numbers of another numbering"),
     wording(translatable("left out"), "figure or index entry", "figures or index entries"),
+    wording(translatable("left out"), "text before a psalm's first verse, perhaps its title",
+            "texts before a psalm's first verse, perhaps its title"),
     wording(translatable("left out"), "text outside the verses", "texts outside the verses"),
     wording(translatable("ended"), "note without an end, with its paragraph",
             "notes without an end, with their paragraphs"),
-    Wording{"", "", ""}, // metadata has no line
+    Wording{"", "", ""}, // attributes and metadata have no line
+    Wording{"", "", ""},
 };
 
 } // namespace
 
+void SourceFindings::addPsalmText(const std::string& place, std::string_view utf8)
+{
+    if (m_psalmTexts.size() == maxNamed)
+        return;
+    m_psalmTexts.emplace_back(place, "");
+    extendPsalmText(utf8);
+}
+
+void SourceFindings::extendPsalmText(std::string_view utf8)
+{
+    constexpr std::string_view blanks = " \t\r\n";
+    if (m_psalmTexts.empty())
+        return;
+    std::string& text = m_psalmTexts.back().second;
+    while (text.size() <= shownBytes && !utf8.empty()) {
+        const std::size_t wordEnd = std::min(utf8.find_first_of(blanks), utf8.size());
+        text += utf8.substr(0, wordEnd);
+        const std::size_t next = std::min(utf8.find_first_not_of(blanks, wordEnd), utf8.size());
+        text += next != wordEnd && !text.empty() ? " " : "";
+        utf8.remove_prefix(next);
+    }
+}
+
+std::string SourceFindings::psalmTextLines() const
+{
+    std::string lines;
+    for (const auto& [place, text] : m_psalmTexts) {
+        const std::string_view trimmed = std::string_view(text).substr(0, text.find_last_not_of(' ') + 1);
+        lines += std::string(labelColumns, ' ') + place + ": " + inQuotes(trimmed, shownBytes) + '\n';
+    }
+    if (m_psalmTexts.size() == maxNamed)
+        lines += std::string(labelColumns, ' ') + "...\n";
+    return lines;
+}
+
 std::string SourceFindings::text() const
 {
     std::string lines;
-    for (std::size_t i = 0; i < wordings.size(); ++i)
-        if (const Occasions& found = m_found[i];
-            found.count != 0 && static_cast<ReaderRule>(i) != ReaderRule::metadata)
-            lines += padded(tr(wordings[i].label), labelColumns) +
-                     message("%s, first %s", counted(found.count, wordings[i].singular, wordings[i].plural),
-                             found.firstPlace) +
-                     '\n';
+    for (std::size_t i = 0; i < wordings.size(); ++i) {
+        const auto what = static_cast<ReaderRule>(i);
+        const Occasions& found = m_found[i];
+        if (found.count == 0 || !hasLine(what))
+            continue;
+        lines += padded(tr(wordings[i].label), labelColumns) +
+                 message("%s, first %s", counted(found.count, wordings[i].singular, wordings[i].plural),
+                         found.firstPlace) +
+                 '\n';
+        if (what == ReaderRule::psalmText)
+            lines += psalmTextLines();
+    }
     return lines;
 }
 
@@ -84,6 +132,9 @@ std::vector<std::string> SourceFindings::letterParts() const
         switch (static_cast<ReaderRule>(i)) {
         case ReaderRule::metadata:
             parts.push_back(message("%s in titles and remarks of the source about itself", m_letters[i]));
+            break;
+        case ReaderRule::attribute:
+            parts.push_back(message("%s in attributes of markers", m_letters[i]));
             break;
         case ReaderRule::unknownMarker:
             parts.push_back(message("%s in names of markers", m_letters[i]));

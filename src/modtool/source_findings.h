@@ -4,6 +4,8 @@
 
 #include <array>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace Kedrin::ModTool {
@@ -28,9 +30,11 @@ enum class ReaderRule
     otherReading,         ///< left out
     secondNumber,         ///< another numbering's number of a chapter or verse, left out
     figure,               ///< a picture, an index entry, a pronunciation: left out
+    psalmText,            ///< text before a psalm's first verse, which may be its title: left out and named
     outside,              ///< text outside all verses, left out
     unfinishedNote,       ///< a note without an end: ended with its paragraph
-    metadata,             ///< what the source says of itself, and what it calls its books: no line in the report
+    attribute,            ///< of a marker: no line in the report
+    metadata, ///< what the source says of itself, and what it calls its books: no line in the report
     count
 };
 
@@ -44,21 +48,34 @@ public:
     }
 
     /// Letters and digits that do not stand in the verses because of the rule.
-    void addLetters(ReaderRule what, std::uint64_t count) { m_letters[static_cast<std::size_t>(what)] += count; }
+    void addLetters(ReaderRule what, std::uint64_t count)
+    {
+        m_letters[static_cast<std::size_t>(what)] += count;
+    }
 
     const Occasions& operator[](ReaderRule what) const { return m_found[static_cast<std::size_t>(what)]; }
     std::uint64_t letters(ReaderRule what) const { return m_letters[static_cast<std::size_t>(what)]; }
     std::uint64_t letters() const; ///< of all kinds
 
-    /// A line of the report for each kind that was met, ended by LF; "" for none.
+    /// Names a text of ReaderRule::psalmText that was counted.
+    void addPsalmText(const std::string& place, std::string_view utf8);
+
+    /// The text of the last one goes on.
+    void extendPsalmText(std::string_view utf8);
+
+    /// A line of the report for each kind that was met and for each text that is named, ended by LF; "" for none.
     std::string text() const;
 
     /// For the account of letters, where those that are not in the verses stood: "12 in 3 notes".
     std::vector<std::string> letterParts() const;
 
 private:
+    static bool hasLine(ReaderRule what) { return what < ReaderRule::attribute; }
+    std::string psalmTextLines() const;
+
     std::array<Occasions, static_cast<std::size_t>(ReaderRule::count)> m_found;
     std::array<std::uint64_t, static_cast<std::size_t>(ReaderRule::count)> m_letters{};
+    std::vector<std::pair<std::string, std::string>> m_psalmTexts; ///< places and texts, bounded
 };
 
 } // namespace Kedrin::ModTool

@@ -86,7 +86,7 @@ SourceBible readUsfmFolder(const std::string& folder, const std::string& encodin
         byteCount += content.size();
         if (byteCount > maxSourceBytes)
             throw CBuildError(message("%s: holds more than 64 MiB", folder));
-        reader.read(file.string(), content);
+        reader.read(file.string(), content, file.filename().string());
     }
     SourceBible bible = reader.finish(folder);
     if (!std::all_of(files.begin(), files.end(), beginsWithDigit))

@@ -160,12 +160,11 @@ void refuse(const std::string& fileName, std::size_t line, const std::string& wh
     throw CBuildError(fileName + ':' + std::to_string(line) + ": " + what);
 }
 
-std::string inQuotes(std::string_view utf8)
+std::string inQuotes(std::string_view utf8, std::size_t shownBytes)
 {
-    constexpr std::size_t shownBytes = 40;
     if (utf8.size() <= shownBytes)
         return '"' + std::string(utf8) + '"';
-    std::int32_t end = shownBytes;
+    auto end = static_cast<std::int32_t>(shownBytes);
     U8_SET_CP_START(reinterpret_cast<const std::uint8_t*>(utf8.data()), 0, end);
     return '"' + std::string(utf8.substr(0, static_cast<std::size_t>(end))) + "...\"";
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -26,7 +27,7 @@ std::string decodedText(std::string content, const std::string& fileName, const 
 [[noreturn]] void refuse(const std::string& fileName, std::size_t line, const std::string& what);
 
 /// A piece of a source as a message shows it, in quotes: short, so that a hostile line stays a line.
-std::string inQuotes(std::string_view utf8);
+std::string inQuotes(std::string_view utf8, std::size_t shownBytes = 40);
 
 /// Whether there is nothing in the text but blanks, tabs and line ends.
 bool isBlank(std::string_view text);

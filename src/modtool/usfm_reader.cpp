@@ -1,10 +1,11 @@
 #include "usfm_reader.h"
 
 #include "book_ids.h"
-#include "book_names.h"
 #include "build_error.h"
 #include "messages.h"
 #include "text_input.h"
+#include "usfm_attributes.h"
+#include "usfm_letters.h"
 #include "usfm_markers.h"
 #include "usfm_tokens.h"
 #include "verse_collector.h"
@@ -17,56 +18,6 @@ namespace Kedrin::ModTool {
 namespace {
 
 constexpr std::string_view byteOrderMark = "\uFEFF";
-
-/// The text without the signs that stand for a blank or for a place where a line may be broken.
-std::string plainText(std::string_view text)
-{
-    std::string plain;
-    plain.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool isLineBreak = text[i] == '/' && text.substr(i + 1).starts_with('/');
-        plain += text[i] == '~' || isLineBreak ? ' ' : text[i];
-        i += isLineBreak ? 1 : 0;
-    }
-    return plain;
-}
-
-/// Whether a text is attributes with their names: `lemma="x" strong='H1'`.
-bool areAttributes(std::string_view text)
-{
-    constexpr std::string_view blanks = " \t\r\n";
-    bool hasAny = false;
-    for (;;) {
-        text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
-        if (text.empty())
-            return hasAny;
-        const std::size_t equals = text.find('=');
-        if (equals == 0 || equals == std::string_view::npos ||
-            text.substr(0, equals).find_first_of("\"'|") != std::string_view::npos)
-            return false;
-        text.remove_prefix(equals + 1);
-        text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
-        const std::size_t end = text.empty() || (text[0] != '"' && text[0] != '\'') ? std::string_view::npos
-                                                                                    : text.find(text[0], 1);
-        if (end == std::string_view::npos)
-            return false;
-        text.remove_prefix(end + 1);
-        hasAny = true;
-    }
-}
-
-/// Where the attributes in a text before an end marker begin, at their '|'; npos where it has none. Markers that have
-/// an attribute without a name take anything for it.
-std::size_t attributesBegin(std::string_view text, std::string_view endMarker)
-{
-    if (endMarker.empty())
-        return std::string_view::npos;
-    const std::size_t bar = hasUnnamedAttribute(endMarker) ? text.find('|') : text.rfind('|');
-    const bool isAny = hasUnnamedAttribute(endMarker);
-    return bar != std::string_view::npos && (isAny || areAttributes(text.substr(bar + 1)))
-               ? bar
-               : std::string_view::npos;
-}
 
 /// Walks one file.
 class CFile
@@ -89,6 +40,8 @@ public:
                 marker(token.name);
             else if (token.kind == UsfmToken::Kind::endMarker)
                 endMarker(token.name);
+            else
+                m_verses.leaveOut(ReaderRule::attribute, token.text);
         }
         m_verses.endTitle();
         m_verses.endVerse();
@@ -107,18 +60,21 @@ private:
     {
         if (content.ends_with(byteOrderMark)) // of a file that was put behind another one
             content.remove_suffix(byteOrderMark.size());
+        const std::string_view whole = content;
         if (m_openCharacters > 0)
             content = content.substr(0, attributesBegin(content, m_tokens.nextEndMarker()));
         if (m_skip == Skip::nothing) {
-            m_verses.addText(plainText(content), m_line);
+            m_verses.addText(plainUsfm(content), m_line);
+            m_verses.leaveOut(ReaderRule::attribute, whole.substr(content.size()));
             return;
         }
+        m_verses.leaveOut(m_skipReason, whole);
         if (!m_skipCounted && !isBlank(content)) {
             m_verses.found(m_skipReason, m_line);
             m_skipCounted = true;
         }
         if (m_takesTitle && m_noteInTitle.empty())
-            m_verses.titles().fullTitle += plainText(content);
+            m_verses.titles().fullTitle += plainUsfm(content);
     }
 
     void marker(std::string_view name)
@@ -126,8 +82,11 @@ private:
         const UsfmMarker kind = classify(name);
         if (m_takesTitle && kind == UsfmMarker::note)
             m_noteInTitle = name;
-        if (!stopsSkipping(kind, name))
+        if (!stopsSkipping(kind, name)) {
+            if (kind == UsfmMarker::verse)
+                m_tokens.number(); // of a sidebar
             return;
+        }
         if (endsParagraph(kind)) {
             m_openCharacters = 0;
             m_verses.endWord();
@@ -225,29 +184,18 @@ private:
     {
         const std::string_view code = m_tokens.word();
         const std::string_view rest = m_tokens.restOfLine();
-        const std::string osis = bookOf(code, rest);
+        const std::string osis = osisOfUsfmLine(code, rest);
+        if (osis.empty())
+            refuse(m_fileName, m_line,
+                   message("%s is no book code: write one behind \\id, such as GEN", inQuotes(code)));
+        m_verses.leaveOut(ReaderRule::metadata, rest);
         m_mainTitle = false;
         m_verses.beginBook(osis);
         m_verses.beginChapter();
+        if (osis != osisOfUsfm(code))
+            m_verses.found(ReaderRule::bookByName, m_line);
         m_hasChapter = false;
         m_chapter = 1; // a book of one chapter may go without its marker
-    }
-
-    /// The OSIS id by the book's code or, where that is none, by a name in its place.
-    std::string bookOf(std::string_view code, std::string_view rest)
-    {
-        const std::string osis = osisOfUsfm(code);
-        if (!osis.empty() && !isUsfmCode(osis)) // one of the standard's
-            return osis;
-        const std::string line = std::string(code) + ' ' + std::string(rest);
-        for (const std::string& named : {osisOfName(code), osis, osisOfName(line)})
-            if (!named.empty()) {
-                if (named != osis)
-                    m_verses.found(ReaderRule::bookByName, m_line);
-                return named;
-            }
-        refuse(m_fileName, m_line,
-               message("%s is no book code: write one behind \\id, such as GEN", inQuotes(code)));
     }
 
     void chapter()
@@ -256,11 +204,11 @@ private:
             refuse(m_fileName, m_line,
                    tr("a chapter before any \\id: write one with the book's code, such as \\id GEN"));
         const auto number = parseVerseNumber(m_tokens.number());
-        m_verses.beginChapter();
-        if (!number)
-            m_verses.found(ReaderRule::chapterWithoutNumber, m_line);
         m_chapter = number ? number->first : nextChapter();
         m_hasChapter = true;
+        m_verses.beginChapter(*m_chapter);
+        if (!number)
+            m_verses.found(ReaderRule::chapterWithoutNumber, m_line);
     }
 
     unsigned int nextChapter() const { return m_hasChapter ? std::min(*m_chapter + 1, maxSourceNumber) : 1; }
@@ -278,7 +226,9 @@ private:
 
     void field(std::string_view name)
     {
-        const std::string content = plainText(m_tokens.restOfLine());
+        const std::string_view line = m_tokens.restOfLine();
+        m_verses.leaveOut(name == "rem" ? ReaderRule::outside : ReaderRule::metadata, line);
+        const std::string content = plainUsfm(line);
         if (!m_verses.inBook())
             return;
         BookTitles& titles = m_verses.titles();
@@ -324,14 +274,17 @@ class CUsfmReader::CPrivate
 {
 public:
     CVerseCollector verses;
+    std::uint64_t letters = 0;
 };
 
 CUsfmReader::CUsfmReader() : m_private(std::make_unique<CPrivate>()) {}
 CUsfmReader::~CUsfmReader() = default;
 
-void CUsfmReader::read(const std::string& fileName, std::string_view utf8)
+void CUsfmReader::read(const std::string& fileName, std::string_view utf8, const std::string& shownName)
 {
+    m_private->verses.setFile(shownName);
     CFile(fileName, utf8, m_private->verses).read();
+    m_private->letters += proveUsfmLetters(fileName, utf8, m_private->verses.takeLetters());
 }
 
 SourceBible CUsfmReader::finish(const std::string& source)
@@ -339,6 +292,7 @@ SourceBible CUsfmReader::finish(const std::string& source)
     SourceBible bible = m_private->verses.finish();
     if (bible.verses.empty())
         throw CBuildError(message("%s: holds no verse", source));
+    bible.letters = m_private->letters;
     return bible;
 }
 

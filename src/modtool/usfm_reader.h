@@ -19,11 +19,13 @@ public:
     CUsfmReader& operator=(const CUsfmReader&) = delete;
 
     /// Reads one file; its books follow those of the files before.
-    /// @param utf8  the file's content, without byte order mark
+    /// @param utf8       the file's content, without byte order mark
+    /// @param shownName  what the report calls the file in its places; "": it does not
     /// @throws CBuildError
+    ///     what CLetterProof throws
     ///     "%s:%u: a verse before any \\id: write one with the book's code, such as \\id GEN", the same with "chapter"
     ///     "%s:%u: %s is no book code: write one behind \\id, such as GEN"
-    void read(const std::string& fileName, std::string_view utf8);
+    void read(const std::string& fileName, std::string_view utf8, const std::string& shownName = "");
 
     /// All that was read. Call it once.
     /// @param source  for the message

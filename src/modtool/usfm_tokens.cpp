@@ -13,8 +13,6 @@ bool isNameByte(char c)
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-' || c == '_';
 }
 
-constexpr std::size_t maxNumberBytes = 40; // of a list of verses
-
 bool isBlankByte(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 
 std::string_view withoutNumber(std::string_view marker)
@@ -30,18 +28,6 @@ bool isDigit(char c) { return c >= '0' && c <= '9'; }
 bool isBeforeNumber(std::string_view text)
 {
     return text.size() > 1 && (text[0] == 'c' || text[0] == 'v') && isDigit(text[1]);
-}
-
-/// How many bytes of a word are a number: all of it, or its longest beginning that is one and ends with a digit.
-std::size_t numberBytes(std::string_view word)
-{
-    if (parseVerseNumber(word))
-        return word.size();
-    for (std::size_t end = std::min(word.size(), maxNumberBytes); end > 0; --end)
-        if (isDigit(word[end - 1]) && (end == word.size() || !isDigit(word[end])) &&
-            parseVerseNumber(word.substr(0, end)))
-            return end;
-    return 0;
 }
 
 /// How many bytes the name at the front of the text has.
@@ -89,8 +75,9 @@ UsfmToken CUsfmTokens::marker()
         take(1);
         return {UsfmToken::Kind::endMarker, name, {}, line};
     }
-    if (takeMilestoneEnd(name.ends_with("-s") || name.ends_with("-e")))
-        return {UsfmToken::Kind::milestone, name, {}, line};
+    const std::string_view rest = m_rest;
+    if (baseName(name) != "id" && takeMilestoneEnd(name.ends_with("-s") || name.ends_with("-e")))
+        return {UsfmToken::Kind::milestone, name, rest.substr(0, rest.size() - m_rest.size()), line};
     if (!m_rest.empty() && isBlankByte(m_rest.front()))
         take(m_rest.starts_with("\r\n") ? 2 : 1);
     return {UsfmToken::Kind::marker, name, {}, line};
@@ -130,7 +117,7 @@ std::string_view CUsfmTokens::number()
 {
     const CUsfmTokens before = *this;
     const std::string_view whole = word();
-    const std::size_t byteCount = numberBytes(whole);
+    const std::size_t byteCount = verseNumberBytes(whole);
     if (byteCount == whole.size())
         return whole;
     *this = before;
@@ -147,6 +134,18 @@ std::string_view CUsfmTokens::word()
     if (!m_rest.empty() && m_rest.front() != '\\')
         take(m_rest.starts_with(noBreak) ? noBreak.size() : 1);
     return taken;
+}
+
+std::string plainUsfm(std::string_view text)
+{
+    std::string plain;
+    plain.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool isLineBreak = text[i] == '/' && text.substr(i + 1).starts_with('/');
+        plain += text[i] == '~' || isLineBreak ? ' ' : text[i];
+        i += isLineBreak ? 1 : 0;
+    }
+    return plain;
 }
 
 } // namespace Kedrin::ModTool

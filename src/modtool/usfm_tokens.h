@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace Kedrin::ModTool {
@@ -19,7 +20,7 @@ struct UsfmToken
 
     Kind kind;
     std::string_view name; ///< of a marker: without backslash, plus sign and star: "q1"
-    std::string_view text; ///< of a text
+    std::string_view text; ///< of a text; of a milestone, its attributes and end
     std::size_t line;      ///< from 1
 };
 
@@ -60,5 +61,8 @@ private:
 /// A marker's name without its number, or range of columns, and the -s or -e of a milestone: "q" for "q1", "tc" for
 /// "tc1-2".
 std::string_view baseName(std::string_view marker);
+
+/// A text without the signs that stand for a blank or for a place where a line may be broken: '~', "//".
+std::string plainUsfm(std::string_view text);
 
 } // namespace Kedrin::ModTool

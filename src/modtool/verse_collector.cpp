@@ -55,12 +55,14 @@ void CVerseCollector::beginBook(std::string_view osis)
         m_bible.bookTitles.emplace_back();
     }
     m_book = entry->second;
+    m_psalm = 0;
 }
 
-void CVerseCollector::beginChapter()
+void CVerseCollector::beginChapter(unsigned int number)
 {
     endVerse();
     placeTitle();
+    m_psalm = inBook() && m_bible.books[m_book] == "Ps" ? number : 0;
 }
 
 void CVerseCollector::beginVerse(unsigned int chapter, const VerseNumber& number, std::size_t line)
@@ -92,6 +94,7 @@ void CVerseCollector::openVerse(unsigned int chapter, const VerseNumber& number,
           static_cast<std::uint32_t>(m_bible.text.size()), 0, static_cast<std::uint32_t>(line)},
          isPart});
     m_inVerse = true;
+    m_psalm = 0;
     if (number.first == 0)
         found(ReaderRule::verseZero, line);
     addKnownText(std::exchange(m_signs, {}), line);
@@ -164,9 +167,8 @@ void CVerseCollector::addPlainText(std::string_view utf8, std::size_t line)
         return;
     }
     if (!m_inVerse) {
-        m_bible.findings.addLetters(ReaderRule::outside, countLetters(utf8));
         if (!isBlank(utf8))
-            countOutside(line);
+            leaveOutside(utf8, line);
         return;
     }
     if (!m_title.empty() && !isBlank(utf8))
@@ -185,10 +187,16 @@ bool CVerseCollector::needsBlank(std::string_view before, std::string_view next)
     return std::exchange(m_hasGap, false) && needsSpaceBetween(before, next);
 }
 
-void CVerseCollector::countOutside(std::size_t line)
+void CVerseCollector::leaveOutside(std::string_view utf8, std::size_t line)
 {
+    const ReaderRule why = m_psalm == 0 ? ReaderRule::outside : ReaderRule::psalmText;
+    m_bible.findings.addLetters(why, countLetters(utf8));
     if (!m_outsideCounted)
-        found(ReaderRule::outside, line);
+        found(why, line);
+    if (m_psalm != 0 && !m_outsideCounted)
+        m_bible.findings.addPsalmText("Ps " + std::to_string(m_psalm) + ", " + place(line), utf8);
+    else if (m_psalm != 0)
+        m_bible.findings.extendPsalmText(utf8);
     m_outsideCounted = true;
 }
 
@@ -280,7 +288,7 @@ std::string CVerseCollector::place(std::size_t line) const
 {
     if (!m_pieces.empty() && (m_inVerse || line == 0))
         return m_bible.placeOf(m_pieces.back().verse);
-    return message("in line %s", line);
+    return m_file.empty() ? message("in line %s", line) : message("in line %s of %s", line, m_file);
 }
 
 SourceBible CVerseCollector::finish()

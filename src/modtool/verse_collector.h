@@ -29,8 +29,12 @@ public:
     /// The titles of the book that was begun last.
     BookTitles& titles() { return m_bible.bookTitles[m_book]; }
 
+    /// The file that is read, for places in a source of several; "" where there is only one.
+    void setFile(const std::string& name) { m_file = name; }
+
     /// Ends what belongs to the chapter before.
-    void beginChapter();
+    /// @param number  0 where it is not known yet
+    void beginChapter(unsigned int number = 0);
 
     /// Begins a verse of the book and ends the one before it. Chapter 0 is text before the first verse of chapter 1.
     void beginVerse(unsigned int chapter, const VerseNumber& number, std::size_t line);
@@ -97,7 +101,7 @@ private:
     void addKnownText(std::string_view utf8, std::size_t line);
     void addPlainText(std::string_view utf8, std::size_t line);
     bool needsBlank(std::string_view before, std::string_view next);
-    void countOutside(std::size_t line);
+    void leaveOutside(std::string_view utf8, std::size_t line);
     void loseSigns();
     void placeTitle();
     void takeGreekBooks();
@@ -113,7 +117,9 @@ private:
     std::size_t m_checkedBytes = 0;
     std::string m_title; ///< waits for text to stand before
     std::string m_signs; ///< wait for the next verse
+    std::string m_file;
     std::uint32_t m_book = 0;
+    unsigned int m_psalm = 0;      ///< whose verses have not begun; 0: none
     std::size_t m_waitingLine = 0; ///< of the title or sign that waits
     bool m_inVerse = false;
     bool m_inTitle = false;

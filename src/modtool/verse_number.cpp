@@ -63,4 +63,17 @@ std::optional<VerseNumber> parseVerseNumber(std::string_view text)
     return number;
 }
 
+std::size_t verseNumberBytes(std::string_view word)
+{
+    constexpr std::size_t maxBytes = 40; // of a list of verses
+    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+    if (parseVerseNumber(word))
+        return word.size();
+    for (std::size_t end = std::min(word.size(), maxBytes); end > 0; --end)
+        if (isDigit(word[end - 1]) && (end == word.size() || !isDigit(word[end])) &&
+            parseVerseNumber(word.substr(0, end)))
+            return end;
+    return 0;
+}
+
 } // namespace Kedrin::ModTool

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string_view>
 
@@ -17,5 +18,9 @@ struct VerseNumber
 /// @returns nothing where the text is none of these, a number is larger than maxSourceNumber, or the last is smaller
 ///     than the first
 std::optional<VerseNumber> parseVerseNumber(std::string_view text);
+
+/// How many bytes of a word are a number: all of it, or its longest beginning that is one and ends with a digit ("3And",
+/// "3аз"); 0 where it begins with none.
+std::size_t verseNumberBytes(std::string_view word);
 
 } // namespace Kedrin::ModTool

@@ -133,9 +133,9 @@ private:
 
     void startChapter()
     {
-        m_verses.beginChapter();
         const auto number = parseVerseNumber(attribute("cnumber"));
         m_chapter = number ? number->first : m_chapter.value_or(0) + 1;
+        m_verses.beginChapter(*m_chapter);
         if (!number)
             m_verses.found(ReaderRule::chapterWithoutNumber, m_xml.line());
     }

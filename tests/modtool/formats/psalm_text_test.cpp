@@ -1,0 +1,81 @@
+// Text between a psalm's beginning and its first verse, which a source does not mark as a title: named in the report.
+
+#include "osis_reader.h"
+#include "source_format.h"
+#include "temp_folder.h"
+#include "usfm_reader.h"
+#include "zefania_reader.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace Kedrin::ModTool;
+
+std::string findingsOfUsfm(const std::string& text)
+{
+    CUsfmReader reader;
+    reader.read("f.usfm", text);
+    return reader.finish("f.usfm").findings.text();
+}
+
+} // namespace
+
+TEST(PsalmTexts, OfUsfmAreNamedWithTheirPlace)
+{
+    EXPECT_EQ(findingsOfUsfm("\\id PSA\n\\c 3\n\\p Псалом на\n  Давида.\n\\q1\n\\v 1 a\n\\c 4\n\\p "
+                             "Asaph\n\\v 1 b\n\\c 5\n\\v 1 c\n"),
+              "left out      2 texts before a psalm's first verse, perhaps its title, first in line 3\n"
+              "              Ps 3, in line 3: \"Псалом на Давида.\"\n"
+              "              Ps 4, in line 8: \"Asaph\"\n");
+}
+
+TEST(PsalmTexts, OfAFolderAreNamedWithTheirFile)
+{
+    const test_support::TempFolder folder;
+    folder.write("01.usfm", "\\id GEN\n\\p Intro\n\\c 1\n\\v 1 a\n");
+    folder.write("19-PSA.usfm", "\\id PSA\n\\c 150\n\\p Praise\n\\v 1 a\n");
+    EXPECT_EQ(readSourceFile(folder.path().string(), {}).findings.text(),
+              "left out      1 text before a psalm's first verse, perhaps its title, first in line 3 of "
+              "19-PSA.usfm\n"
+              "              Ps 150, in line 3 of 19-PSA.usfm: \"Praise\"\n"
+              "left out      1 text outside the verses, first in line 2 of 01.usfm\n");
+}
+
+TEST(PsalmTexts, OfXmlAreNamedWithTheirPlace)
+{
+    EXPECT_EQ(
+        readOsis(
+            "f.xml",
+            "<osis><osisText><div type='book' osisID='Ps'><chapter osisID='Ps.3'><p>A <hi>psalm</hi>.</p>"
+            "<verse osisID='Ps.3.1'>a</verse></chapter></div></osisText></osis>")
+            .findings.text(),
+        "left out      1 text before a psalm's first verse, perhaps its title, first in line 1\n"
+        "              Ps 3, in line 1: \"A psalm.\"\n");
+    EXPECT_EQ(
+        readZefania(
+            "f.xml",
+            "<XMLBIBLE><BIBLEBOOK bnumber='19'><CHAPTER cnumber='3'>\nA psalm.\n<VERS vnumber='1'>a</VERS>"
+            "</CHAPTER></BIBLEBOOK></XMLBIBLE>")
+            .findings.text(),
+        "left out      1 text before a psalm's first verse, perhaps its title, first in line 3\n"
+        "              Ps 3, in line 3: \"A psalm.\"\n");
+}
+
+TEST(PsalmTexts, AreNoneInOtherBooksBehindAVerseOrWhereTheSourceSaysWhatTheyAre)
+{
+    EXPECT_EQ(findingsOfUsfm("\\id PSA\n\\ip About\n\\p Book\n\\c 3\n\\s Head\n\\d Title\n\\cd "
+                             "About\n\\p\n\\v 1 a\n\\esb\n\\p Side\n\\esbe\n"
+                             "\\id HAB\n\\c 3\n\\p Prayer\n\\v 1 a\n")
+                  .find("psalm's first verse"),
+              std::string::npos);
+}
+
+TEST(PsalmTexts, AreShownShort)
+{
+    std::string text;
+    for (int i = 0; i < 40; ++i)
+        text += "words ";
+    const std::string findings = findingsOfUsfm("\\id PSA\n\\c 1\n\\p " + text + "\n\\v 1 a\n");
+    EXPECT_NE(findings.find(": \"" + text.substr(0, 120) + "...\"\n"), std::string::npos) << findings;
+}
