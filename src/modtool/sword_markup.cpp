@@ -64,6 +64,18 @@ std::optional<Reference> referenceAt(std::string_view text)
     return codePoint ? std::optional<Reference>({*codePoint, end + 1}) : std::nullopt;
 }
 
+/// Bytes of the comment that the text begins with; 0 where it does not end.
+std::size_t commentLength(std::string_view text)
+{
+    constexpr std::size_t longest = 4096;
+    constexpr std::size_t shortest = std::string_view("<!---->").size();
+    text = text.substr(0, longest);
+    for (std::size_t end = text.find('>'); end != std::string_view::npos; end = text.find('>', end + 1))
+        if (end + 1 >= shortest && text.substr(end - 2, 2) == "--")
+            return end + 1;
+    return 0;
+}
+
 /// Bytes of the tag that the text begins with; 0 where it begins with none. A ">" in quotes belongs to the attribute.
 std::size_t tagLength(std::string_view text)
 {
@@ -71,10 +83,8 @@ std::size_t tagLength(std::string_view text)
         referenceAt(text))
         return 0;
     text = text.substr(0, maxTagBytes);
-    if (text.starts_with("<!--")) {
-        const std::size_t end = text.find("-->");
-        return end == std::string_view::npos ? 0 : end + 3;
-    }
+    if (text.starts_with("<!--"))
+        return commentLength(text);
     const std::size_t first = text.find('>');
     if (first == std::string_view::npos)
         return 0;

@@ -99,7 +99,8 @@ private:
                                 u_charType(previous) == U_DASH_PUNCTUATION;
         const bool endsWord = !rest.empty() && u_isUWhiteSpace(takeFirst(rest));
         m_lastOpens = isBracket(c) || (mayOpen(c) && standsFree && !endsWord);
-        if (m_lastOpens)
+        constexpr std::size_t most = 16; // more are in no text; bounds the time
+        if (m_lastOpens && m_open.size() < most)
             m_open.push_back(c);
     }
 
@@ -107,18 +108,14 @@ private:
     bool m_lastOpens = false;
 };
 
-/// Whether a blank belongs before the text: it begins with a letter, a digit or an opening mark. What follows a mark
-/// decides whether it opens; where nothing does, its usual meaning.
-bool beginsWord(const CQuoteState& before, std::string_view next)
+/// Whether a mark that may open does. What follows it decides; where nothing does, its usual meaning.
+bool opens(UChar32 mark, const CQuoteState& before, std::string_view rest)
 {
-    const UChar32 c = takeFirst(next);
-    if (c < 0 || !mayOpen(c))
-        return c >= 0 && (u_isalnum(c) || isBracket(c));
-    if (before.isClosedBy(c))
+    if (before.isClosedBy(mark))
         return false;
-    if (next.empty())
-        return u_charType(c) == U_INITIAL_PUNCTUATION;
-    const UChar32 following = takeFirst(next);
+    if (rest.empty())
+        return u_charType(mark) == U_INITIAL_PUNCTUATION;
+    const UChar32 following = takeFirst(rest);
     return following >= 0 && (u_isalnum(following) || isBracket(following) || isQuote(following));
 }
 
@@ -128,11 +125,15 @@ bool needsSpaceBetween(std::string_view before, std::string_view next)
 {
     std::string_view rest = before;
     const UChar32 last = takeLast(rest);
-    if (before.empty() || (last >= 0 && u_isUWhiteSpace(last)))
+    const UChar32 first = takeFirst(next);
+    if (before.empty() || first < 0 || (last >= 0 && u_isUWhiteSpace(last)) || isBracket(last))
         return false;
-    constexpr std::size_t longest = 4096; // bounds the time for a verse of notes alone
+    const bool beginsWord = u_isalnum(first) || isBracket(first);
+    if (!isQuote(last) && !mayOpen(first))
+        return beginsWord;
+    constexpr std::size_t longest = 1024; // bounds the time for a verse of notes alone
     const CQuoteState quotes(before.substr(before.size() - std::min(before.size(), longest)));
-    return !quotes.lastOpens() && beginsWord(quotes, next);
+    return !quotes.lastOpens() && (beginsWord || (mayOpen(first) && opens(first, quotes, next)));
 }
 
 } // namespace Kedrin::ModTool

@@ -134,7 +134,8 @@ TEST(SwordEntry, SignsOfTheSourceAloneAreText)
     EXPECT_EQ(textOf("<list><item>а</item><item>б</item></list>"), "а б");
     EXPECT_EQ(textOf("a < b > c << d"), "a < b > c << d");
     EXPECT_EQ(textOf("AT&T &c. & край"), "AT&T &c. & край");
-    EXPECT_EQ(textOf("<w gloss=\"a>b\">в</w><!-- <г> -->д"), "вд");
+    EXPECT_EQ(textOf("<w gloss=\"a>b\">в</w><!-- <г> -->д<!---->е"), "вде");
+    EXPECT_EQ(textOf("<!-->а"), "<!-->а") << "no end";
 }
 
 TEST(SwordEntry, ReferencesAreCharacters)
