@@ -2,8 +2,10 @@
 
 #include "input_file.h"
 #include "messages.h"
+#include "system_reason.h"
 
 #include <algorithm>
+#include <cerrno>
 
 namespace Kedrin::ModTool {
 
@@ -20,8 +22,10 @@ std::optional<std::string> readForCheck(const std::string& folder, std::string_v
                                         CheckID missing)
 {
     const std::string path = folder + '/' + std::string(name);
-    ut::CInputFile file(path.c_str());
+    const ut::CInputFile file(path.c_str());
     if (!file.isOpen()) {
+        if (errno == EMFILE || errno == ENFILE || errno == ENOMEM) // which says nothing of the module
+            throw CCheckError(message("%s: cannot be read", shownPath(path)) + systemReason(errno));
         findings.add(missing, name);
         return std::nullopt;
     }

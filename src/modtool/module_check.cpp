@@ -8,6 +8,7 @@
 #include "letters.h"
 #include "messages.h"
 #include "module_layout.h"
+#include "system_reason.h"
 #include "text_encoder.h"
 #include "tolvo_bible.h"
 
@@ -169,7 +170,8 @@ std::uint64_t checkWritten(const std::string& folder, const ModuleData& module, 
         checkPlaces(bible, module, kept);
         return letters;
     } catch (const std::exception& ex) {
-        throw CBuildError(message("%s: the written module does not read back: %s", folder, ex.what()));
+        throw CBuildError(
+            message("%s: the written module does not read back: %s", folder, withSystemReason(ex)));
     }
 }
 

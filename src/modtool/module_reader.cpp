@@ -5,9 +5,11 @@
 #include "input_file.h"
 #include "messages.h"
 #include "plain_text.h"
+#include "system_reason.h"
 
 #include <unicode/unistr.h>
 
+#include <cerrno>
 #include <filesystem>
 
 namespace Kedrin::ModTool {
@@ -46,7 +48,7 @@ CModuleReader::CModuleReader(const std::string& folder) : m_folder(withoutSlashe
     try {
         open();
     } catch (const std::exception& ex) {
-        throw CModuleError(message("%s: the module cannot be read: %s", m_folder, ex.what()));
+        throw CModuleError(message("%s: the module cannot be read: %s", m_folder, withSystemReason(ex)));
     }
     validate();
 }
@@ -65,7 +67,11 @@ void CModuleReader::open()
 /// With every verse backed by four bytes of a file, no number of verses is too large to walk through.
 void CModuleReader::validate()
 {
-    const std::uint64_t points = ut::CInputFile((m_folder + "/CompactPoint.bin").c_str()).size() / 4;
+    const std::string pointFileName = m_folder + "/CompactPoint.bin";
+    const ut::CInputFile pointFile(pointFileName.c_str());
+    if (!pointFile.isOpen()) // though the text has it open
+        throw CModuleError(message("%s: cannot be read", pointFileName) + systemReason(errno));
+    const std::uint64_t points = pointFile.size() / 4;
     if (m_structure->totalVersesCount() > points)
         throw CModuleError(
             message("%s: BibleStructure.csv counts %s verses, CompactPoint.bin has places for %s", m_folder,

@@ -3,6 +3,7 @@
 #include "input_file.h"
 #include "messages.h"
 #include "plain_text.h"
+#include "system_reason.h"
 
 namespace Kedrin::ModTool {
 
@@ -26,7 +27,7 @@ CModuleWords::CModuleWords(const std::string& folder) : m_folder(folder)
             std::make_unique<CWordList>(path("WordList.txt").c_str(), path("WordPoint.bin").c_str(), true);
         m_concordance = std::make_unique<CConc>(path("Conc.bin").c_str(), path("ConcP.bin").c_str());
     } catch (const std::exception& ex) {
-        throw CModuleError(message("%s: the words cannot be read: %s", folder, ex.what()));
+        throw CModuleError(message("%s: the words cannot be read: %s", folder, withSystemReason(ex)));
     }
     refuseBrokenRecords(path("Conc.bin"), 2);
     refuseBrokenRecords(path("ConcP.bin"), 4);

@@ -218,6 +218,32 @@ TEST_F(Output, NothingToWriteNeedsNoOutput)
     }
 }
 
+/// The loader of programs needs a descriptor of its own, so 4 is the fewest with which one starts.
+TEST_F(Output, TooFewDescriptorsAreSaid)
+{
+    for (const Command& command : {tool({"info", made()}), tool({"words", made()}), buildOf(newSource())}) {
+        unsigned int refused = 0;
+        int exitCode = -1;
+        for (rlim_t count = 4; count < 32 && exitCode != 0; ++count) {
+            SCOPED_TRACE(command.at(1) + " with " + std::to_string(count));
+            const auto limited = [&] {
+                for (int descriptor = 3; descriptor < 100; ++descriptor)
+                    ::fcntl(descriptor, F_SETFD, FD_CLOEXEC);
+                const rlimit limit = {count, count};
+                ::setrlimit(RLIMIT_NOFILE, &limit);
+            };
+            const ForkedEnd end = runWith(limited, command);
+            exitCode = end.exitCode;
+            if (exitCode == 0)
+                break;
+            ++refused;
+            EXPECT_NE(end.standardError.find("Too many open files"), std::string::npos) << end.standardError;
+        }
+        EXPECT_EQ(exitCode, 0);
+        EXPECT_GT(refused, 0u) << command.at(1);
+    }
+}
+
 TEST_F(Output, FileBeyondTheLimitOfTheProcessIsSaid)
 {
     constexpr rlim_t roomForTheMessage = 1024; // standard error is a file too
