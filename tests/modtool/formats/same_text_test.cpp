@@ -195,8 +195,7 @@ protected:
 TEST_F(SameText, EnglishOf1769DiffersOnlyWhereTheLibraryCapitalises)
 {
     const MarkedBible bible = build_test::installedBible("KJV");
-    if (bible.empty())
-        GTEST_SKIP() << "no SWORD Bible KJV";
+    ASSERT_FALSE(bible.empty()) << "sword-text-kjv is not installed";
     build("sword:KJV", "plain");
     buildMarked(bible);
     constexpr std::size_t markers = 27; // of USFM, each a backslash and two letters in the source
@@ -219,8 +218,7 @@ TEST_F(SameText, EnglishOf1769DiffersOnlyWhereTheLibraryCapitalises)
 TEST_F(SameText, EnglishOfOurDaysIsTheSame)
 {
     const MarkedBible bible = build_test::installedBible("WEB");
-    if (bible.empty())
-        GTEST_SKIP() << "no SWORD Bible WEB";
+    ASSERT_FALSE(bible.empty()) << "sword-text-web is not installed";
     m_versification = "NRSVA";
     build("sword:WEB", "plain");
     buildMarked(bible);
