@@ -12,11 +12,12 @@ using test_support::plainBook;
 
 namespace {
 
-/// Two chapters of five verses; the place of the last verse in the text is not told.
+/// Two chapters of five verses; the text ends inside the last one.
 ModuleFiles cutModule()
 {
     ModuleFiles files = makeModule("Отрязан", {plainBook(0, "Битие", {5, 5})});
-    files.bytes["CompactPoint.bin"].resize(9 * 4);
+    std::string& text = files.bytes["CompactText.bin"];
+    text.resize(text.size() - 3);
     return files;
 }
 
@@ -67,14 +68,14 @@ class LockTest : public QObject
     Q_OBJECT
 
 private slots:
-    void filesThatDisagree();
+    void textThatIsCut();
     void chapterThatTheOtherTranslationLacks();
     void hitInABookThatTheOtherTranslationLacks();
     void exceptionOfAnotherKind();
     void otherWindowsAreLockedToo();
 };
 
-void LockTest::filesThatDisagree()
+void LockTest::textThatIsCut()
 {
     FormFixture window;
     window.install("а", cutModule());
