@@ -4,6 +4,7 @@
 #include "built_process.h"
 #include "traced_call.h"
 
+#include <fcntl.h>
 #include <sched.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
@@ -125,6 +126,20 @@ TEST_F(FullDisk, IsSaidOfTheModuleWhereTwoMovesReplaceIt)
 
 void writeTo(const std::string& fileName, const std::string& content) { std::ofstream(fileName) << content; }
 
+/// Keeps what this process mounts in its own mount namespace to that. In a changed root, "/" need not be a mount point:
+/// then it is done at the root of the namespace, which entering the namespace leads to.
+bool keepMountsPrivate()
+{
+    const auto madePrivate = [] { return ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0; };
+    if (madePrivate())
+        return true;
+    const std::string workingFolder = std::filesystem::current_path();
+    const int changedRoot = ::open("/", O_PATH | O_DIRECTORY | O_CLOEXEC);
+    const int ownNamespace = ::open("/proc/self/ns/mnt", O_RDONLY | O_CLOEXEC);
+    return ::setns(ownNamespace, CLONE_NEWNS) == 0 && madePrivate() && ::fchdir(changedRoot) == 0 &&
+           ::chroot(".") == 0 && ::chdir(workingFolder.c_str()) == 0;
+}
+
 /// A disk in memory in place of a folder; this (forked) process and those that it starts alone see it. Others than root
 /// need leave to make user namespaces.
 bool mountDisk(const std::string& folder)
@@ -138,8 +153,7 @@ bool mountDisk(const std::string& folder)
         writeTo("/proc/self/uid_map", "0 " + std::to_string(user) + " 1");
         writeTo("/proc/self/gid_map", "0 " + std::to_string(group) + " 1");
     }
-    return ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
-           ::mount("none", folder.c_str(), "tmpfs", 0, nullptr) == 0;
+    return keepMountsPrivate() && ::mount("none", folder.c_str(), "tmpfs", 0, nullptr) == 0;
 }
 
 /// What a disk has only so much of.
