@@ -132,6 +132,13 @@ int AccessibleTabBar::indexOfChild(const QAccessibleInterface* child) const
     return button < 0 ? -1 : bar().count() + button;
 }
 
+QString AccessibleTabBar::text(QAccessible::Text what) const
+{
+    const int current = bar().currentIndex();
+    return what == QAccessible::Name && current >= 0 ? child(current)->text(what)
+                                                     : QAccessibleWidget::text(what);
+}
+
 TabBar& AccessibleTabBar::bar() const { return *static_cast<TabBar*>(widget()); }
 
 } // namespace qt3

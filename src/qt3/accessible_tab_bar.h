@@ -52,6 +52,8 @@ public:
     QAccessibleInterface* focusChild() const override;
     int childCount() const override;
     int indexOfChild(const QAccessibleInterface* child) const override;
+    /// The name is that of the current tab, as the toolkit gives it: a reader hears it when the focus comes.
+    QString text(QAccessible::Text what) const override;
 
 private:
     TabBar& bar() const;

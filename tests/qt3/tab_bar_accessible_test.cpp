@@ -42,6 +42,7 @@ void TabBarAccessibleTest::tabsAreNamedAndTheCurrentOneIsSelected()
     QVERIFY(seen()->child(0)->state().selected && !seen()->child(1)->state().selected);
     m_bar->setCurrentTab(1);
     QVERIFY(!seen()->child(0)->state().selected && seen()->child(1)->state().selected);
+    QCOMPARE(seen()->text(QAccessible::Name), u"Four"_s);
     QCOMPARE(seen()->child(1)->parent(), seen());
     QCOMPARE(seen()->indexOfChild(seen()->child(1)), 1);
 }
