@@ -58,8 +58,8 @@ void add(Tests& tests, const std::string& name, const QStringList& command, bool
         return;
     }
     const QStringList functions = command.size() > 1 ? command.mid(1) : functionsOf(command.first());
-    for (const QString& function : functions)
-        names.insert((program + u':' + function).toStdString());
+    for (const QString& function : functions) // "function" or "function:row"
+        names.insert((program + u':' + function.section(u':', 0, 0)).toStdString());
 }
 
 } // namespace

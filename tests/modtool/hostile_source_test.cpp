@@ -166,11 +166,9 @@ const std::vector<Hostile> entities{
 
 const std::vector<Hostile> numbers{
     {"NumberOfFourBillionInOsis", [] { return osisVerse("Gen.1.4294967297", "a"); },
-     "@:1: \"Gen.1.4294967297\" is no reference to a verse"},
-    {"NumberOfFourBillionInZefania", [] { return zefaniaVerse("4294967297", "a"); },
-     "@:1: \"4294967297\" is no verse number"},
-    {"NumberOfFourBillionInUsfm", [] { return usfmVerse("4294967297", "a"); },
-     "@:3: \"4294967297\" is no verse number"},
+     "@:1: \"Gen.1.4294967297\" is no reference to a verse, such as Gen.1.1"},
+    {"NumberOfFourBillionInZefania", [] { return zefaniaVerse("4294967297", "a"); }, ""},
+    {"NumberOfFourBillionInUsfm", [] { return usfmVerse("4294967297", "a"); }, ""},
     {"NumberOfFourBillionInVerseLines", [] { return line("4294967297", "a"); },
      "@:1: \"4294967297\" is no verse number from 1 to 65534"},
     {"LastNumberInOsis", [] { return osisVerse("Gen.65534.65534", "a"); }, "Gen 65534:2" + manyVerses},
@@ -236,13 +234,21 @@ const std::vector<Hostile> lengths{
 
 const std::vector<Hostile> paths{
     {"PathAsBookInOsis", [] { return osisVerse("../../../tmp/x.1.1", "a"); },
-     "@:1: \"../../../tmp/x.1.1\" is no reference to a verse"},
+     "@:1: \"../../../tmp/x.1.1\" is no reference to a verse, such as Gen.1.1"},
     {"PathAsBookOfOsis",
      [] { return osis("<div type=\"book\" osisID=\"../../x\"><verse osisID=\"/x.1.1\">a</verse></div>"); },
      "no book of the source is in the common numbering"},
-    {"PathAsBookInZefania", [] { return zefania("<BIBLEBOOK bnumber=\"../../x\"/>"); },
-     "@:1: \"../../x\" is no book number"},
-    {"PathAsBookInUsfm", [] { return "\\id ../../x\n\\c 1\n\\v 1 a"; }, "@:1: \"../../x\" is no book code"},
+    {"PathAsBookInZefania",
+     [] {
+         return zefania("<BIBLEBOOK bnumber=\"../../x\" bname=\"../y\"><CHAPTER cnumber=\"1\"><VERS "
+                        "vnumber=\"1\">a</VERS>"
+                        "</CHAPTER></BIBLEBOOK>");
+     },
+     "@:1: \"../../x\" is no book number, and \"../y\" no known name of a book: write the number into "
+     "bnumber, such as 1 for "
+     "Genesis"},
+    {"PathAsBookInUsfm", [] { return "\\id ../../x\n\\c 1\n\\v 1 a"; },
+     "@:1: \"../../x\" is no book code: write one behind \\id, such as GEN"},
     {"PathAsBookInVerseLines", [] { return "../../x\t1\t1\ta\n"; }, "@:1: \"../../x\" is no OSIS book id"},
     {"PathAsTitleInVerseLines", [] { return "# title: ../../x\n" + line("1", "a"); }, ""},
 };
