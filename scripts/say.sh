@@ -48,6 +48,9 @@ The messages above name the cause. Remove it and start $0 again." \
     fi
 }
 
+# keep_failed COMMAND FILE LINE
+keep_failed() { failed_command="$1 (${2##*/}:$3)"; }
+
 # Ctrl-C and kill need no explanation.
 end_by_signal() {
     is_explained=true
@@ -57,7 +60,7 @@ end_by_signal() {
 # Called first by each script that is started by itself.
 explain_failures() {
     set -E # functions and subshells tell the command that failed
-    trap 'failed_command="$BASH_COMMAND (${BASH_SOURCE[0]##*/}:$LINENO)"' ERR
+    trap 'keep_failed "$BASH_COMMAND" "${BASH_SOURCE[0]-bash}" "$LINENO"' ERR
     trap 'explain_end $?' EXIT
     trap 'end_by_signal 129' HUP
     trap 'end_by_signal 130' INT

@@ -41,6 +41,9 @@ ends 1 "$(unexplained 1 'false (script:3)')" 'false'
 ends 1 "$(unexplained 1 'cat (script:3)')" 'false | cat'
 ends 1 "$(unexplained 1 'x=$(false) (script:3)')" 'x=$(false)'
 ends 1 "$(unexplained 1 'false (script:3)')" 'f() { false; true; }; f'
+ends 1 "bash: failed with status 1 at: false (bash:1)
+The messages above name the cause. Remove it and start bash again." \
+    'exec bash -euc "source \"$SCRIPTS/say.sh\"; explain_failures; false"'
 ends 7 "./script: failed with status 7
 The messages above name the cause. Remove it and start ./script again." 'exit 7'
 ends 1 "./script: край с код 1 при: false (script:3)
