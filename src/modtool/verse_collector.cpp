@@ -8,33 +8,17 @@
 #include "word_gap.h"
 
 #include <algorithm>
-#include <tuple>
 #include <utility>
 
 namespace Kedrin::ModTool {
 
 namespace {
 
-auto placeIn(const SourceVerse& verse) { return std::tuple(verse.book, verse.chapter, verse.verse); }
-
-/// Whether two pieces that follow one another make one verse: the same place, or verse 0 and the next one.
-bool belongTogether(const SourceVerse& first, const SourceVerse& second)
-{
-    return first.book == second.book && first.chapter == second.chapter &&
-           (first.verse == second.verse || first.verse == 0);
-}
-
 constexpr const char* blanks = " \t\r\n";
 
 std::string_view trimmedEnd(std::string_view text)
 {
     return text.substr(0, text.find_last_not_of(blanks) + 1);
-}
-
-std::string_view trimmed(std::string_view text)
-{
-    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
-    return trimmedEnd(text);
 }
 
 } // namespace
@@ -78,7 +62,7 @@ void CVerseCollector::beginVerse(unsigned int chapter, const VerseNumber& number
 
 void CVerseCollector::beginVerseWithoutNumber(unsigned int chapter, std::size_t line)
 {
-    const Piece* before = m_pieces.empty() ? nullptr : &m_pieces.back();
+    const VersePiece* before = m_pieces.empty() ? nullptr : &m_pieces.back();
     const bool goesOn = before && before->verse.book == m_book && before->verse.chapter == chapter;
     const unsigned int number = goesOn ? before->verse.verse : 0;
     openVerse(chapter, {number, number, false}, true, line);
@@ -276,7 +260,7 @@ void CVerseCollector::placeTitle()
     }
     found(ReaderRule::canonicalTitle, 0);
     if (!m_inVerse) {
-        Piece piece = m_pieces.back();
+        VersePiece piece = m_pieces.back();
         piece.verse.offset = static_cast<std::uint32_t>(m_bible.text.size());
         piece.isPart = true;
         m_pieces.push_back(piece);
@@ -297,7 +281,7 @@ SourceBible CVerseCollector::finish()
     placeTitle();
     loseSigns();
     takeGreekBooks();
-    mergePieces();
+    joinPieces(std::move(m_pieces), m_bible);
     return std::move(m_bible);
 }
 
@@ -310,50 +294,6 @@ void CVerseCollector::takeGreekBooks()
             m_bible.books[found->second] = book;
             m_bible.findings.add(ReaderRule::greekBook, book);
         }
-}
-
-void CVerseCollector::mergePieces()
-{
-    std::stable_sort(m_pieces.begin(), m_pieces.end(),
-                     [](const Piece& a, const Piece& b) { return placeIn(a.verse) < placeIn(b.verse); });
-    m_bible.verses.reserve(m_pieces.size());
-    for (std::size_t begin = 0; begin < m_pieces.size();) {
-        std::size_t end = begin + 1;
-        while (end < m_pieces.size() && belongTogether(m_pieces[end - 1].verse, m_pieces[end].verse))
-            ++end;
-        m_bible.verses.push_back(end == begin + 1 ? m_pieces[begin].verse : joined(begin, end));
-        SourceVerse& verse = m_bible.verses.back();
-        verse.verse = std::max<std::uint16_t>(verse.verse, 1); // a chapter of nothing but verse 0
-        begin = end;
-    }
-    m_pieces.clear();
-}
-
-/// One verse of the pieces begin to end.
-SourceVerse CVerseCollector::joined(std::size_t begin, std::size_t end)
-{
-    std::string text;
-    for (std::size_t i = begin; i < end; ++i) {
-        const Piece& piece = m_pieces[i];
-        const std::string_view pieceText = m_bible.textOf(piece.verse);
-        if (i != begin && !piece.isPart && piece.verse.verse == m_pieces[i - 1].verse.verse) {
-            const bool isRepeated = trimmed(pieceText) == trimmed(m_bible.textOf(m_pieces[i - 1].verse));
-            m_bible.findings.add(isRepeated ? ReaderRule::verseRepeated : ReaderRule::verseAgain,
-                                 m_bible.placeOf(piece.verse));
-            if (isRepeated) {
-                m_bible.findings.addLetters(ReaderRule::verseRepeated, countLetters(pieceText));
-                continue;
-            }
-        }
-        text += pieceText;
-        text += ' ';
-    }
-    SourceVerse verse = m_pieces[begin].verse;
-    verse.verse = m_pieces[end - 1].verse.verse;
-    verse.offset = static_cast<std::uint32_t>(m_bible.text.size());
-    verse.byteCount = static_cast<std::uint32_t>(text.size());
-    m_bible.text += text;
-    return verse;
 }
 
 } // namespace Kedrin::ModTool

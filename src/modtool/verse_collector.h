@@ -2,6 +2,7 @@
 
 #include "source_bible.h"
 #include "verse_number.h"
+#include "verse_pieces.h"
 
 #include <string>
 #include <string_view>
@@ -88,12 +89,6 @@ public:
     SourceBible finish();
 
 private:
-    struct Piece
-    {
-        SourceVerse verse;
-        bool isPart;
-    };
-
     void openVerse(unsigned int chapter, const VerseNumber& number, bool isPart, std::size_t line);
     std::string place(std::size_t line) const;
     void append(std::string_view utf8);
@@ -105,11 +100,9 @@ private:
     void loseSigns();
     void placeTitle();
     void takeGreekBooks();
-    void mergePieces();
-    SourceVerse joined(std::size_t begin, std::size_t end);
 
     SourceBible m_bible;
-    std::vector<Piece> m_pieces; ///< the last one is open while m_inVerse
+    std::vector<VersePiece> m_pieces; ///< the last one is open while m_inVerse
     std::unordered_map<std::string, std::uint32_t> m_bookIndices;
     std::string m_letters;
     std::uint64_t m_lettersGiven = 0;
