@@ -80,6 +80,10 @@ make_root() {
     fi
     mkdir "$scratch/root/kedrin"
     tar --create --exclude=./build --exclude=./.git . | tar --extract --no-same-owner --directory "$scratch/root/kedrin"
+    if [ -d ../shared/data ]; then # texts that some tests are built for only where they are
+        mkdir "$scratch/root/shared"
+        cp -R ../shared/data "$scratch/root/shared/data"
+    fi
 }
 
 need_what_makes_roots
