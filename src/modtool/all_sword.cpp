@@ -18,7 +18,7 @@ namespace Kedrin::ModTool {
 namespace {
 
 /// Changes whenever the tool makes other modules of the same source.
-constexpr const char* toolVersion = "kedrin-module 3\n";
+constexpr const char* toolVersion = "kedrin-module 4\n";
 
 /// A module's folder name: the Bible's name in lower case, safe as a file name.
 std::string folderName(std::string name)
