@@ -91,15 +91,20 @@ void CVerseCollector::endVerse()
     m_inVerse = m_inTitle = m_hasGap = m_outsideCounted = m_inWord = m_hasGapInWord = false;
 }
 
+std::uint64_t CVerseCollector::Counted::lettersOf(std::string_view text)
+{
+    byteCount = std::min(byteCount, text.size()); // blanks at its end may have gone
+    letters += countLetters(text.substr(byteCount));
+    byteCount = text.size();
+    return letters;
+}
+
 /// All letters given until now are in the text, wait to come into it, or are counted as left out.
 void CVerseCollector::checkLetters()
 {
-    m_checkedBytes = std::min(m_checkedBytes, m_bible.text.size()); // blanks at its end may have gone
-    m_lettersStored += countLetters(std::string_view(m_bible.text).substr(m_checkedBytes));
-    m_checkedBytes = m_bible.text.size();
     const std::uint64_t given = m_lettersGiven + m_bible.attributeLetters;
-    const std::uint64_t found =
-        m_lettersStored + countLetters(m_title) + countLetters(m_signs) + m_bible.findings.letters();
+    const std::uint64_t found = m_text.lettersOf(m_bible.text) + m_waitingTitle.lettersOf(m_title) +
+                                countLetters(m_signs) + m_bible.findings.letters();
     if (given != found)
         throw CBuildError(
             message("%s: %s letters and digits were read, %s are accounted for; this is an error in "
@@ -251,6 +256,7 @@ void CVerseCollector::placeTitle()
     m_inTitle = false;
     const std::string title = std::move(m_title);
     m_title.clear();
+    m_waitingTitle = {};
     if (isBlank(title))
         return;
     if (m_pieces.empty() || m_pieces.back().verse.book != m_book) {

@@ -89,6 +89,15 @@ public:
     SourceBible finish();
 
 private:
+    /// Letters of the beginning of a text that grows: counted once, however often they are asked for.
+    struct Counted
+    {
+        std::size_t byteCount = 0;
+        std::uint64_t letters = 0;
+
+        std::uint64_t lettersOf(std::string_view text);
+    };
+
     void openVerse(unsigned int chapter, const VerseNumber& number, bool isPart, std::size_t line);
     std::string place(std::size_t line) const;
     void append(std::string_view utf8);
@@ -106,10 +115,10 @@ private:
     std::unordered_map<std::string, std::uint32_t> m_bookIndices;
     std::string m_letters;
     std::uint64_t m_lettersGiven = 0;
-    std::uint64_t m_lettersStored = 0; ///< of the first m_checkedBytes of the text
-    std::size_t m_checkedBytes = 0;
-    std::string m_title; ///< waits for text to stand before
-    std::string m_signs; ///< wait for the next verse
+    Counted m_text;         ///< of m_bible.text
+    Counted m_waitingTitle; ///< of m_title
+    std::string m_title;    ///< waits for text to stand before
+    std::string m_signs;    ///< wait for the next verse
     std::string m_file;
     std::uint32_t m_book = 0;
     unsigned int m_psalm = 0;      ///< whose verses have not begun; 0: none

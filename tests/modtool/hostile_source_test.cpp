@@ -192,6 +192,12 @@ const std::vector<Hostile> lengths{
     {"EndlessVerseInVerseLines", [] { return line("1", repeated("a")); }, longVerse},
     {"EmptyVersesInOsis", [] { return osis(repeated("<verse osisID=\"Gen.1.1\"/>")); },
      "the source holds no text"},
+    {"EmptyVersesBehindALongTitleInOsis",
+     [] {
+         return osis("<verse osisID=\"Gen.1.1\"/><title canonical=\"true\">" + repeated("a ", 8u << 20) +
+                     "</title>" + repeated("<verse osisID=\"Gen.1.1\"/>", 8u << 20));
+     },
+     "Gen 1:1: the verse has 8388607 bytes, 65535 are the most"},
     {"EmptyVersesInUsfm", [] { return usfm(repeated("\\v 1 ")); }, "the source holds no text"},
     {"EmptyVersesInZefania",
      [] {
