@@ -12,6 +12,6 @@ if(TARGET kedrin-module)
   target_compile_definitions(kedrin-module PRIVATE KEDRIN_PRIVATE_DIR="${private_dir}")
   install(DIRECTORY ${CMAKE_BINARY_DIR}/locale DESTINATION ${CMAKE_INSTALL_DATADIR})
   install(DIRECTORY ${CMAKE_BINARY_DIR}/man/ DESTINATION ${CMAKE_INSTALL_MANDIR})
-  install(FILES src/modtool/kedrin-module.bash RENAME kedrin-module
+  install(FILES src/modtool/command/kedrin-module.bash RENAME kedrin-module
     DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
 endif()

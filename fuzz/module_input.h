@@ -1,7 +1,7 @@
 #pragma once
 
-#include "file_contents.h"
 #include "input.h"
+#include "module_format.h"
 #include "temp_folder.h"
 
 #include <array>

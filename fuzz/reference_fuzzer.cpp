@@ -1,3 +1,4 @@
+#include "errors.h"
 #include "input.h"
 #include "module_files.h"
 #include "module_reader.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "build_error.h"
+#include "errors.h"
 #include "source_bible.h"
 #include "text_input.h"
 

@@ -1,5 +1,6 @@
-#include "build_error.h"
+#include "errors.h"
 #include "input.h"
+#include "module_format.h"
 #include "prepare.h"
 #include "verse_line_header.h"
 

@@ -1,0 +1,78 @@
+#include "build.h"
+
+#include "common_books.h"
+#include "durable_file.h"
+#include "module_files.h"
+#include "messages.h"
+#include "module_folder.h"
+#include "prepare.h"
+#include "sword_library.h"
+#include "verify_written.h"
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+constexpr std::string_view swordPrefix = "sword:";
+
+void writeWithPoints(CModuleFolder& folder, const char* name, const char* pointsName,
+                     const FileWithPoints& files)
+{
+    folder.write(name, files.content);
+    folder.write(pointsName, files.points);
+}
+
+void writeFiles(CModuleFolder& folder, const ModuleData& module)
+{
+    folder.write("BibleTitles.txt", titlesFile(module));
+    folder.write("BibleStructure.csv", structureFile(module));
+    folder.write("_Diff_.txt", diffFile(module));
+    writeWithPoints(folder, "CompactText.bin", "CompactPoint.bin", textFiles(module));
+    writeWithPoints(folder, "WordList.txt", "WordPoint.bin", wordListFiles(module));
+    writeWithPoints(folder, "Conc.bin", "ConcP.bin", concordanceFiles(module));
+    folder.write("_Info_.txt", infoFile(module));
+}
+
+} // namespace
+
+SourceBible readSource(const std::string& source, const ReadOptions& options, CProgress& progress)
+{
+    if (!source.starts_with(swordPrefix))
+        return readSourceFile(source, options);
+    const CSwordLibrary library;
+    const std::string name = library.resolve(source.substr(swordPrefix.size()));
+    SourceBible bible = library.read(
+        name, [&](std::size_t done, std::size_t total) { progress.show(tr("reading"), done, total); });
+    orderBooks(bible, options.order);
+    return bible;
+}
+
+BuildReport buildModule(const SourceBible& source, const std::string& path, const BuildOptions& options,
+                        const std::string& fingerprint, CProgress& progress)
+{
+    constexpr std::size_t steps = 4;
+    BuildReport report;
+    progress.show(tr("preparing"), 0, steps);
+    const ModuleData module = prepareModule(source, options, report);
+    progress.show(tr("writing"), 1, steps);
+    CModuleFolder folder(path);
+    writeFiles(folder, module);
+    if (!fingerprint.empty())
+        folder.write(fingerprintFileName, fingerprint);
+    progress.show(tr("reading back"), 2, steps);
+    report.letters.module = checkWritten(folder.besidePath(), module, report.diff.kept);
+    report.checkLetters();
+    provideCommonStructure(folderOf(folder.path()));
+    progress.show(tr("publishing"), 3, steps);
+    folder.publish();
+    progress.show(tr("done"), steps, steps);
+    report.folder = path;
+    return report;
+}
+
+void provideCommonStructure(const std::string& modulesDirectory)
+{
+    replaceDurably(modulesDirectory + "/BibleStructure.txt", commonStructureFile());
+}
+
+} // namespace Kedrin::ModTool

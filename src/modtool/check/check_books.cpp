@@ -1,0 +1,179 @@
+#include "check_books.h"
+
+#include "check_file.h"
+#include "common_books.h"
+#include "messages.h"
+#include "module_format.h"
+#include "text_reader.h"
+
+#include <array>
+#include <set>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+constexpr std::array titleKinds = {translatable("full title"), translatable("short title"),
+                                   translatable("abbreviation")};
+constexpr std::size_t maxTitleBytes = 255;
+
+/// The books with their global numbers; `rest` is then what follows the line of the last number.
+std::vector<CheckedBook> readBookNumbers(std::string_view& rest, CFindings& findings)
+{
+    ut::CNumberReader numbers(rest);
+    const auto booksCount = numbers.nextUnsigned();
+    if (!booksCount || *booksCount == 0 || *booksCount > commonBooksCount) {
+        findings.add(!booksCount        ? CheckID::titlesMalformed
+                     : *booksCount == 0 ? CheckID::booksNone
+                                        : CheckID::booksTooMany,
+                     "BibleTitles.txt" + (booksCount ? ": " + std::to_string(*booksCount) : ""));
+        return {};
+    }
+    std::vector<CheckedBook> books(*booksCount);
+    for (CheckedBook& book : books) {
+        const auto globalID = numbers.nextSigned();
+        if (!globalID) {
+            findings.add(CheckID::titlesMalformed, "BibleTitles.txt");
+            return {};
+        }
+        book.globalID = static_cast<std::uint32_t>(*globalID);
+    }
+    rest = numbers.rest();
+    takeLine(rest);
+    return books;
+}
+
+void checkBookNumbers(const CheckedShape& shape, CFindings& findings)
+{
+    std::set<std::uint32_t> met;
+    for (std::size_t book = 0; book < shape.books.size(); ++book) {
+        const std::uint32_t globalID = shape.books[book].globalID;
+        const auto place = [&] {
+            return shape.bookName(book) + ": " + std::to_string(static_cast<std::int32_t>(globalID));
+        };
+        if (globalID >= commonBooksCount)
+            findings.addLazily(CheckID::bookNumberUnknown, place);
+        if (!met.insert(globalID).second)
+            findings.addLazily(CheckID::bookNumberRepeated, place);
+    }
+}
+
+/// The titles of one kind, a line a book.
+/// @param kind  English, for tr()
+void checkTitles(const char* kind, std::string_view& rest, const CheckedShape& shape, CFindings& findings)
+{
+    std::set<std::string_view> met;
+    for (std::size_t book = 0; book < shape.books.size(); ++book) {
+        std::string_view line = takeLine(rest);
+        const std::string_view title = lineText(line);
+        if (line.ends_with('\r'))
+            line.remove_suffix(1);
+        const auto place = [&] {
+            return shape.bookName(book) + ", " + tr(kind) + (title.empty() ? "" : ": " + shownBytes(line));
+        };
+        if (title.empty())
+            findings.addLazily(CheckID::titlesEmpty, place);
+        else if (!met.insert(title).second)
+            findings.addLazily(CheckID::titlesRepeated, place);
+        if (line.size() > maxTitleBytes)
+            findings.addLazily(CheckID::titlesLong, place);
+        if (hasBadByte(line))
+            findings.addLazily(CheckID::titlesBytes, place);
+    }
+}
+
+void readTitles(const std::string& folder, CheckedShape& shape, CFindings& findings)
+{
+    const std::optional<std::string> content = readForCheck(folder, "BibleTitles.txt", findings);
+    if (!content)
+        return;
+    std::string_view rest = *content;
+    shape.books = readBookNumbers(rest, findings);
+    if (shape.books.empty())
+        return;
+    checkBookNumbers(shape, findings);
+    for (const char* kind : titleKinds)
+        checkTitles(kind, rest, shape, findings);
+    if (rest.find_first_not_of(" \t\r\n") != std::string_view::npos)
+        findings.add(CheckID::titlesSurplus, shownBytes(lineText(takeLine(rest))));
+}
+
+/// Reads the chapters of a book; false when the file does not hold them or the module is too large.
+bool readChapters(ut::CNumberReader& numbers, CheckedShape& shape, std::size_t book, CFindings& findings)
+{
+    const auto chaptersCount = numbers.nextUnsigned();
+    if (!chaptersCount || *chaptersCount > numbers.rest().size())
+        return false;
+    if (*chaptersCount == 0)
+        findings.add(CheckID::structureEmptyBook, shape.bookName(book));
+    for (std::uint32_t chapter = 0; chapter < *chaptersCount; ++chapter) {
+        const auto versesCount = numbers.nextUnsigned();
+        if (!versesCount)
+            return false;
+        if (*versesCount == 0)
+            findings.addLazily(CheckID::structureEmptyChapter,
+                               [&] { return shape.bookName(book) + ' ' + std::to_string(chapter + 1); });
+        shape.totalVerses += *versesCount;
+        if (chapter < maxNumberedVerses) // a chapter more is over the limit, or empty, and found to be
+            shape.books[book].versesCount.push_back(*versesCount);
+    }
+    return true;
+}
+
+void readStructure(const std::string& folder, CheckedShape& shape, CFindings& findings)
+{
+    const std::optional<std::string> content = readForCheck(folder, "BibleStructure.csv", findings);
+    if (!content || shape.books.empty())
+        return;
+    ut::CNumberReader numbers(*content);
+    for (std::size_t book = 0; book < shape.books.size(); ++book)
+        if (!readChapters(numbers, shape, book, findings)) {
+            findings.add(CheckID::structureMalformed, shape.bookName(book));
+            return;
+        }
+    shape.hasStructure = true;
+    if (shape.totalVerses > maxNumberedVerses)
+        findings.add(CheckID::structureTooManyVerses, std::to_string(shape.totalVerses));
+    std::string_view rest = numbers.rest();
+    rest.remove_prefix(std::min(rest.find_first_not_of(" \t\n\v\f\r"), rest.size()));
+    if (!rest.empty())
+        findings.add(CheckID::structureSurplus, shownBytes(takeLine(rest)));
+}
+
+} // namespace
+
+CheckedShape checkBooks(const std::string& folder, CFindings& findings)
+{
+    CheckedShape shape;
+    readTitles(folder, shape, findings);
+    readStructure(folder, shape, findings);
+    return shape;
+}
+
+void checkInfo(const std::string& folder, CFindings& findings)
+{
+    const std::optional<std::string> content =
+        readForCheck(folder, "_Info_.txt", findings, CheckID::infoMissing);
+    if (!content)
+        return;
+    std::string_view rest = *content;
+    bool hasCopyright = false;
+    for (std::uint64_t lineNum = 0; lineNum < titleKinds.size() || !rest.empty(); ++lineNum) {
+        std::string_view line = takeLine(rest);
+        const auto place = [&] { return "_Info_.txt:" + std::to_string(lineNum + 1); };
+        const bool isTitle = lineNum < titleKinds.size();
+        if (isTitle && lineText(line).empty())
+            findings.addLazily(CheckID::infoTitle, place);
+        hasCopyright |= !isTitle && !lineText(line).empty();
+        if (line.size() > maxTitleBytes)
+            findings.addLazily(CheckID::infoLongLine, place);
+        if (line.ends_with('\r'))
+            line.remove_suffix(1);
+        if (hasBadByte(line))
+            findings.addLazily(CheckID::infoBytes, place);
+    }
+    if (!hasCopyright)
+        findings.add(CheckID::infoCopyright, "_Info_.txt");
+}
+
+} // namespace Kedrin::ModTool

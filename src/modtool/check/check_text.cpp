@@ -1,0 +1,179 @@
+#include "check_text.h"
+
+#include "byte_spans.h"
+#include "check_file.h"
+#include "check_markup.h"
+#include "module_format.h"
+
+#include <array>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+constexpr std::size_t pointBytes = 4;
+constexpr std::size_t lengthBytes = 2;
+
+/// What is to be said of a byte of a verse; flags.
+enum ByteKind : std::uint8_t
+{
+    byteUnassigned = 1,
+    byteControl = 2,
+    byteSoftHyphen = 4,
+    byteMarkup = 8
+};
+
+constexpr std::array<std::uint8_t, 256> makeByteKinds()
+{
+    std::array<std::uint8_t, 256> kinds{};
+    for (std::size_t byte = 0; byte < 0x20; ++byte)
+        kinds[byte] = byteControl;
+    kinds[0x7F] = byteControl;
+    kinds[0x98] = byteUnassigned;
+    kinds[0xAD] = byteSoftHyphen;
+    kinds['<'] = kinds['&'] = byteMarkup;
+    return kinds;
+}
+
+constexpr std::array<std::uint8_t, 256> byteKinds = makeByteKinds();
+
+std::uint8_t kindsIn(std::string_view text)
+{
+    std::uint8_t kinds = 0;
+    for (const char c : text)
+        kinds |= byteKinds[static_cast<unsigned char>(c)];
+    return kinds;
+}
+
+/// The verses of one module, one after another.
+class CTextCheck
+{
+public:
+    CTextCheck(const CheckedShape& shape, CFindings& findings) : m_shape(shape), m_findings(findings) {}
+
+    /// Reads all verses; false when there are more bytes in them than can be checked.
+    bool readVerses(std::string_view points, std::string_view content)
+    {
+        const std::size_t pointsCount = points.size() / pointBytes;
+        checkCount(pointsCount);
+        m_text.isUnread.assign(m_text.versesCount, true);
+        for (std::uint32_t verse = 0; verse < std::min<std::size_t>(m_text.versesCount, pointsCount); ++verse)
+            if (!readRecord(content, unsigned32At(points, verse), verse))
+                return false;
+        checkSpans(content.size());
+        return true;
+    }
+
+    CheckedText take()
+    {
+        m_text.words = m_indexer.finish();
+        return std::move(m_text);
+    }
+
+private:
+    void checkCount(std::size_t pointsCount)
+    {
+        const std::uint64_t total = m_shape.hasStructure ? m_shape.totalVerses : pointsCount;
+        m_text.versesCount = static_cast<std::uint32_t>(std::min<std::uint64_t>(total, maxNumberedVerses));
+        const auto place = [&] { return std::to_string(pointsCount) + " / " + std::to_string(total); };
+        if (pointsCount < total)
+            m_findings.addLazily(CheckID::pointsShort, place);
+        if (pointsCount > total)
+            m_findings.addLazily(CheckID::pointsSurplus, place);
+        m_countsAgree = pointsCount >= total && total <= maxNumberedVerses;
+    }
+
+    bool readRecord(std::string_view content, std::uint64_t offset, std::uint32_t verse)
+    {
+        const bool hasLength = offset + lengthBytes <= content.size();
+        const std::uint64_t length = hasLength ? unsigned16At(content.substr(offset), 0) : 0;
+        const std::uint64_t end = offset + lengthBytes + length;
+        if (!hasLength || end > content.size()) {
+            m_findings.addLazily(CheckID::textOffset, [&] {
+                return m_shape.placeOf(verse) + ": " + std::to_string(offset) + " / " +
+                       std::to_string(content.size());
+            });
+            m_countsAgree = false;
+            return true;
+        }
+        m_spans.add({offset, end, verse});
+        if (offset < m_lastOffset)
+            add(CheckID::textOrder, verse);
+        m_lastOffset = offset;
+        m_textBytes += length;
+        if (m_textBytes > maxCheckedTextBytes) {
+            m_findings.add(CheckID::sizeLimit, m_shape.placeOf(verse));
+            return false;
+        }
+        readVerse(content.substr(offset + lengthBytes, length), verse);
+        return true;
+    }
+
+    void readVerse(std::string_view stored, std::uint32_t verse)
+    {
+        m_text.isUnread[verse] = false;
+        m_text.emptyVerses += stored.empty();
+        const std::uint8_t kinds = kindsIn(stored);
+        if (kinds & byteUnassigned)
+            add(CheckID::textByte98, verse);
+        if (kinds & byteControl)
+            add(CheckID::textControl, verse);
+        if (kinds & byteSoftHyphen)
+            add(CheckID::textSoftHyphen, verse);
+        if (stored.starts_with(' ') || stored.ends_with(' ') || stored.find("  ") != std::string_view::npos)
+            add(CheckID::textBlanks, verse);
+        if (!(kinds & byteMarkup)) {
+            m_indexer.add(stored, verse);
+            return;
+        }
+        m_markup.read(stored);
+        for (const CMarkupReader::Defect& defect : m_markup.defects())
+            m_findings.addLazily(defect.check,
+                                 [&] { return m_shape.placeOf(verse) + ": " + shownBytes(defect.where); });
+        m_indexer.add(m_markup.plain(), verse);
+    }
+
+    void checkSpans(std::size_t contentBytes)
+    {
+        m_spans.forEachFault(
+            contentBytes, [&](std::uint32_t verse) { add(CheckID::textOverlap, verse); },
+            [&](std::uint64_t begin, std::uint64_t end) {
+                if (m_countsAgree) // else they are those of the verses that are not reached
+                    m_findings.addLazily(CheckID::textUnreachable, [&] {
+                        return "CompactText.bin: " + std::to_string(begin) + "-" + std::to_string(end - 1);
+                    });
+            });
+    }
+
+    void add(CheckID check, std::uint32_t verse)
+    {
+        m_findings.addLazily(check, [&] { return m_shape.placeOf(verse); });
+    }
+
+    const CheckedShape& m_shape;
+    CFindings& m_findings;
+    CheckedText m_text;
+    CWordIndexer m_indexer;
+    CMarkupReader m_markup;
+    CSpans m_spans;
+    bool m_countsAgree = false;
+    std::uint64_t m_lastOffset = 0;
+    std::uint64_t m_textBytes = 0;
+};
+
+} // namespace
+
+std::optional<CheckedText> checkText(const std::string& folder, const CheckedShape& shape,
+                                     CFindings& findings)
+{
+    const auto points = readRecordsForCheck(folder, "CompactPoint.bin", pointBytes, findings);
+    const auto content = readForCheck(folder, "CompactText.bin", findings);
+    if (!points || !content)
+        return std::nullopt;
+    CTextCheck check(shape, findings);
+    if (!check.readVerses(*points, *content))
+        return std::nullopt;
+    return check.take();
+}
+
+} // namespace Kedrin::ModTool

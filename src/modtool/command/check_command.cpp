@@ -1,0 +1,166 @@
+#include "check_report.h"
+#include "command.h"
+#include "commands.h"
+
+#include "command_line.h"
+#include "errors.h"
+#include "exit_codes.h"
+#include "language.h"
+#include "messages.h"
+#include "program.h"
+#include "progress.h"
+#include "tolvo_bible/folder_name.h"
+
+#include <CLI/CLI.hpp>
+
+#include <filesystem>
+#include <string>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+constexpr const char* page = translatable("A module is a folder that holds one of the ten files of a module; "
+                                          "of any other folder each sub-folder is one.\n"
+                                          "Nothing is changed.\n"
+                                          "\n"
+                                          "Examples:\n"
+                                          "  kedrin-module check modules/bibles/my\n"
+                                          "  kedrin-module check --strict --places 20 modules/bibles\n"
+                                          "  kedrin-module check --list\n"
+                                          "\n"
+                                          "Exit codes:\n"
+                                          "  0  sound: no errors (with --strict: nor warnings)\n"
+                                          "  1  defects\n"
+                                          "  2  the arguments make no sense\n"
+                                          "  3  something could not be checked, or the report cannot be written");
+
+constexpr std::size_t defaultMaxPlaces = 5;
+constexpr std::size_t mostMaxPlaces = 1000;
+
+/// `kedrin-module check MODULE | MODULES-DIR` and `kedrin-module check --list`.
+class CCheckCommand final : public ICommand
+{
+public:
+    /// Adds the command and its options to the program's. The object outlives the parsing.
+    explicit CCheckCommand(CLI::App& program);
+
+    bool isChosen() const override;
+    std::string usageError() const override;
+
+    /// Checks, and reports. What cannot be checked is told on `err`; the rest is checked all the same.
+    /// @returns exitDone: no errors (nor warnings, with --strict); exitFailed: some; exitTrouble: something could not
+    ///          be checked
+    int run(const CommandStreams& streams) const override;
+
+private:
+    int runChecks(const CommandStreams& streams, CProgress& progress) const;
+    CheckReport check(CProgress& progress) const;
+    void checkModuleInto(const std::string& folder, CheckReport& report) const;
+
+    CLI::App* m_command;
+    std::string m_path;
+    std::size_t m_maxPlaces;
+    bool m_list = false;
+    bool m_json = false;
+    bool m_strict = false;
+    bool m_quiet = false;
+};
+
+} // namespace
+
+CCheckCommand::CCheckCommand(CLI::App& program)
+    : m_command(addCommand(program, "check", "Check a module, or all modules of a modules directory", page)),
+      m_maxPlaces(defaultMaxPlaces)
+{
+    m_command->add_option("MODULE", m_path, tr("A module's folder, or a folder of modules"));
+    m_command->add_flag("--list", m_list, tr("List the checks; nothing is checked"));
+    m_command->add_flag("--json", m_json, tr("Report as JSON"));
+    m_command->add_flag("--strict", m_strict, tr("Warnings count as defects"));
+    m_command->add_option("--places", m_maxPlaces, tr("How many places of each finding to name (5)"))
+        ->check(CLI::Range(std::size_t(0), mostMaxPlaces))
+        ->option_text("N");
+    m_command->add_flag("-q,--quiet", m_quiet, tr("No progress bar and no report: the exit code tells"));
+}
+
+bool CCheckCommand::isChosen() const { return m_command->parsed(); }
+
+std::string CCheckCommand::usageError() const
+{
+    return m_list == m_path.empty() ? "" : tr("check needs MODULE or --list, not both");
+}
+
+int CCheckCommand::run(const CommandStreams& streams) const
+{
+    if (m_json)
+        speakEnglish();
+    CProgress progress(m_quiet ? nullptr : streams.terminal);
+    try {
+        return runChecks(streams, progress);
+    } catch (const std::exception& ex) {
+        progress.clear();
+        sayError(streams.err, ex.what());
+        return exitFailed;
+    }
+}
+
+int CCheckCommand::runChecks(const CommandStreams& streams, CProgress& progress) const
+{
+    if (m_list) {
+        streams.out << listOfChecks();
+        return exitDone;
+    }
+    const CheckReport report = check(progress);
+    progress.clear();
+    if (!m_quiet)
+        streams.out << (m_json ? report.json() : report.text());
+    for (const std::string& unchecked : report.unchecked)
+        sayError(streams.err, unchecked);
+    if (!report.unchecked.empty())
+        return exitTrouble;
+    const bool isSound =
+        report.count(Severity::error) == 0 && (!m_strict || report.count(Severity::warning) == 0);
+    return isSound ? exitDone : exitFailed;
+}
+
+CheckReport CCheckCommand::check(CProgress& progress) const
+{
+    CheckReport report;
+    std::string path = m_path;
+    while (path.size() > 1 && path.ends_with('/'))
+        path.pop_back();
+    if (isModule(path)) {
+        checkModuleInto(path, report);
+        return report;
+    }
+    std::vector<std::string> folders;
+    for (const std::string& name : Tolvo::sub_folders(path))
+        folders.push_back(std::string(path).append(1, '/').append(name));
+    if (folders.empty()) {
+        report.unchecked.push_back(
+            message("%s: is neither a module nor a folder of modules", shownPath(path)));
+        return report;
+    }
+    report.directory = {path, checkDirectory(path, folders, m_maxPlaces)};
+    for (std::size_t i = 0; i < folders.size(); ++i) {
+        progress.show(tr("checking"), i, folders.size());
+        checkModuleInto(folders[i], report);
+    }
+    return report;
+}
+
+void CCheckCommand::checkModuleInto(const std::string& folder, CheckReport& report) const
+{
+    try {
+        report.modules.push_back(checkModule(folder, m_maxPlaces));
+    } catch (const CCheckError& error) {
+        report.unchecked.push_back(error.what());
+    }
+}
+
+std::unique_ptr<ICommand> makeCheckCommand(CLI::App& program)
+{
+    return std::make_unique<CCheckCommand>(program);
+}
+
+} // namespace Kedrin::ModTool

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <ostream>
+#include <string>
+
+namespace Kedrin::ModTool {
+
+/// Where a command writes. The streams outlive the run.
+struct CommandStreams
+{
+    std::ostream& out;      ///< reports and answers
+    std::ostream& err;      ///< errors, a line each: sayError()
+    std::ostream* terminal; ///< where to draw a progress bar; null: nowhere
+};
+
+/// One command of the program. Its constructor adds it, its options and its page of help to the program's parser, so it
+/// outlives the parsing.
+class ICommand
+{
+public:
+    virtual ~ICommand() = default;
+
+    /// Whether the command line names this command.
+    virtual bool isChosen() const = 0;
+
+    /// What the parser cannot tell: "" or a sentence on what is wrong with the arguments.
+    virtual std::string usageError() const { return ""; }
+
+    /// Runs the command. Errors are lines on `err`; nothing is thrown.
+    /// @returns the program's exit code
+    virtual int run(const CommandStreams& streams) const = 0;
+};
+
+} // namespace Kedrin::ModTool

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "command.h"
+
+#include <memory>
+
+namespace CLI {
+class App;
+}
+
+namespace Kedrin::ModTool {
+
+// Each adds a command, its options and its page of help to the program's parser. The object outlives the parsing; the
+// parser outlives the object.
+
+std::unique_ptr<ICommand> makeBuildCommand(CLI::App& program);
+std::unique_ptr<ICommand> makeCheckCommand(CLI::App& program);
+std::unique_ptr<ICommand> makeExportCommand(CLI::App& program);
+
+// These only read modules. They need nothing of the SWORD library, whose loading takes longer than reading a verse.
+
+std::unique_ptr<ICommand> makeShowCommand(CLI::App& program);
+std::unique_ptr<ICommand> makeSearchCommand(CLI::App& program);
+std::unique_ptr<ICommand> makeInfoCommand(CLI::App& program);
+std::unique_ptr<ICommand> makeWordsCommand(CLI::App& program);
+std::unique_ptr<ICommand> makeDiffCommand(CLI::App& program);
+
+} // namespace Kedrin::ModTool

@@ -1,0 +1,80 @@
+#include "commands.h"
+
+#include "command_line.h"
+#include "durable_file.h"
+#include "errors.h"
+#include "exit_codes.h"
+#include "messages.h"
+#include "module_export.h"
+#include "osis_writer.h"
+#include "query_command.h"
+#include "verse_lines_writer.h"
+
+#include <CLI/CLI.hpp>
+
+#include <string>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+constexpr const char* page =
+    translatable("What build makes of the export is the same module, byte for byte.\n"
+                 "\n"
+                 "Examples:\n"
+                 "  kedrin-module export modules/bibles/my my.txt --to verse-lines\n"
+                 "  kedrin-module export modules/bibles/my --to osis > my.xml\n"
+                 "\n"
+                 "Exit codes:\n"
+                 "  0  done\n"
+                 "  2  the arguments make no sense\n"
+                 "  3  the module cannot be read, or the export cannot be written");
+
+constexpr const char* osis = "osis";
+constexpr const char* verseLines = "verse-lines";
+
+/// `kedrin-module export MODULE [FILE] --to verse-lines|osis`: a module as a source that can be built again.
+class CExportCommand final : public CQueryCommand
+{
+public:
+    explicit CExportCommand(CLI::App& program);
+
+private:
+    /// Writes the file, or to `out` where none is named. A file that is there is replaced in one step.
+    int answer(std::ostream& out) const override;
+
+    std::string m_module;
+    std::string m_file;
+    std::string m_format;
+};
+
+} // namespace
+
+CExportCommand::CExportCommand(CLI::App& program)
+    : CQueryCommand(addCommand(program, "export", "Write a module as a source that build reads", page))
+{
+    m_command->add_option("MODULE", m_module, tr("The module's folder"))->required();
+    m_command->add_option("FILE", m_file, tr("The file to write; standard output if none is named"));
+    m_command->add_option("--to", m_format, tr("The format"))
+        ->required()
+        ->check(CLI::IsMember({verseLines, osis}))
+        ->option_text("verse-lines|osis");
+}
+
+int CExportCommand::answer(std::ostream& out) const
+{
+    const SourceBible bible = exportModule(CModuleReader(m_module));
+    const std::string content = m_format == osis ? osisFile(bible) : verseLinesFile(bible);
+    if (m_file.empty())
+        out << content;
+    else
+        replaceDurably(m_file, content);
+    return exitDone;
+}
+
+std::unique_ptr<ICommand> makeExportCommand(CLI::App& program)
+{
+    return std::make_unique<CExportCommand>(program);
+}
+
+} // namespace Kedrin::ModTool

@@ -1,0 +1,120 @@
+#include "commands.h"
+
+#include "build_report.h"
+#include "command_line.h"
+#include "exit_codes.h"
+#include "language.h"
+#include "messages.h"
+#include "module_facts.h"
+#include "query_command.h"
+#include "query_json.h"
+
+#include <CLI/CLI.hpp>
+
+#include <string>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+constexpr const char* page = translatable("Example:\n"
+                                          "  kedrin-module info modules/bibles/my\n"
+                                          "\n"
+                                          "Exit codes:\n"
+                                          "  0  done\n"
+                                          "  2  the arguments make no sense\n"
+                                          "  3  the module cannot be read");
+
+void writeLines(const ModuleFacts& facts, std::ostream& out)
+{
+    out << facts.fullTitle << '\n'
+        << message("short title: %s", facts.shortTitle) << '\n'
+        << message("abbreviation: %s", facts.abbreviatedTitle) << '\n'
+        << message("folder: %s", facts.folder) << '\n';
+    for (const std::string& line : facts.copyright)
+        out << message("copyright: %s", line) << '\n';
+    out << message("%s, %s, %s (%s empty), %s, %s", counted(facts.books.size(), "book", "books"),
+                   counted(facts.chaptersCount, "chapter", "chapters"),
+                   counted(facts.versesCount, "verse", "verses"), facts.emptyVersesCount,
+                   counted(facts.wordsCount, "word", "words"), counted(facts.byteCount, "byte", "bytes"))
+        << '\n'
+        << message("numbering: %s, %s none; %s",
+                   counted(facts.movedCount, "verse has another number in the common numbering",
+                           "verses have another number in the common numbering"),
+                   facts.outsideCount,
+                   counted(facts.keptCount, "verse keeps its place on the way there and back",
+                           "verses keep their place on the way there and back"))
+        << '\n';
+    for (const BookFacts& book : facts.books)
+        out << book.osis << '\t' << book.abbreviation << '\t' << book.title << '\t' << book.chaptersCount
+            << '\t' << book.versesCount << '\n';
+}
+
+void writeJson(const ModuleFacts& facts, std::ostream& out)
+{
+    Json json;
+    json["folder"] = facts.folder;
+    json["titles"] = {
+        {"full", facts.fullTitle}, {"short", facts.shortTitle}, {"abbreviated", facts.abbreviatedTitle}};
+    json["copyright"] = facts.copyright;
+    json["chapters"] = facts.chaptersCount;
+    json["verses"] = facts.versesCount;
+    json["emptyVerses"] = facts.emptyVersesCount;
+    json["words"] = facts.wordsCount;
+    json["numbering"] = {
+        {"moved", facts.movedCount}, {"outside", facts.outsideCount}, {"kept", facts.keptCount}};
+    json["bytes"] = facts.byteCount;
+    for (const auto& [name, bytes] : facts.files)
+        json["files"][name] = bytes;
+    json["books"] = Json::array();
+    for (const BookFacts& book : facts.books)
+        json["books"].push_back({{"osis", book.osis},
+                                 {"title", book.title},
+                                 {"abbreviation", book.abbreviation},
+                                 {"chapters", book.chaptersCount},
+                                 {"verses", book.versesCount}});
+    writeJsonText(json, out);
+}
+
+/// `kedrin-module info MODULE [--json]`: what a module says of itself, and what it holds.
+class CInfoCommand final : public CQueryCommand
+{
+public:
+    explicit CInfoCommand(CLI::App& program);
+
+private:
+    /// @returns an ExitCode: done
+    /// @throws CModuleError  the module cannot be read
+    int answer(std::ostream& out) const override;
+
+    std::string m_module;
+    bool m_json = false;
+};
+
+} // namespace
+
+CInfoCommand::CInfoCommand(CLI::App& program)
+    : CQueryCommand(addCommand(program, "info", "Tell what a module says of itself and what it holds", page))
+{
+    m_command->add_option("MODULE", m_module, tr("The module's folder"))->required();
+    m_command->add_flag("--json", m_json, tr("As JSON"));
+}
+
+int CInfoCommand::answer(std::ostream& out) const
+{
+    if (m_json)
+        speakEnglish();
+    const ModuleFacts facts = moduleFacts(m_module);
+    if (m_json)
+        writeJson(facts, out);
+    else
+        writeLines(facts, out);
+    return exitDone;
+}
+
+std::unique_ptr<ICommand> makeInfoCommand(CLI::App& program)
+{
+    return std::make_unique<CInfoCommand>(program);
+}
+
+} // namespace Kedrin::ModTool

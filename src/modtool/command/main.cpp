@@ -1,0 +1,17 @@
+#include "exec_full.h"
+#include "language.h"
+#include "process_setup.h"
+#include "query_program.h"
+
+#include <iostream>
+
+int main(int argc, char* argv[])
+{
+    using namespace Kedrin::ModTool;
+    setUpProcess();
+    if (argc < 2 || !isQueryCommand(argv[1]))
+        return execFullProgram(argv);
+    chooseLanguage();
+    std::ios::sync_with_stdio(false);
+    return runQueryProgram(argc, argv, std::cout, std::cerr);
+}

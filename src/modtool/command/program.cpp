@@ -1,0 +1,36 @@
+#include "program.h"
+
+#include "command_line.h"
+#include "manual_page.h"
+#include "query_program.h"
+
+#include <unistd.h>
+
+#include <iostream>
+#include <vector>
+
+namespace Kedrin::ModTool {
+
+int runProgram(int argc, const char* const* argv, std::ostream& out, std::ostream& err,
+               std::ostream* terminal)
+{
+    CProgramParser parser;
+    std::vector<std::unique_ptr<ICommand>> commands;
+    for (const auto make : {makeBuildCommand, makeCheckCommand, makeExportCommand})
+        commands.push_back(make(parser));
+    for (auto& command : makeQueryCommands(parser))
+        commands.push_back(std::move(command));
+    const auto printManualPage = [&] {
+        out << manualPage(parser);
+        throw CLI::Success();
+    };
+    parser.add_flag_callback("--manual-page", printManualPage)->group(""); // for whoever installs the program
+    return runCommandLine(parser, commands, argc, argv, {out, err, terminal});
+}
+
+int runProgram(int argc, const char* const* argv)
+{
+    return runProgram(argc, argv, std::cout, std::cerr, ::isatty(STDERR_FILENO) ? &std::cerr : nullptr);
+}
+
+} // namespace Kedrin::ModTool

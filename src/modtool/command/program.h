@@ -1,0 +1,16 @@
+#pragma once
+
+#include <ostream>
+
+namespace Kedrin::ModTool {
+
+/// The program: reads the arguments, runs a command.
+/// @returns an ExitCode
+/// @param terminal  where to draw a progress bar; null: nowhere
+int runProgram(int argc, const char* const* argv, std::ostream& out, std::ostream& err,
+               std::ostream* terminal);
+
+/// The same on the standard streams, with a progress bar where standard error is a terminal.
+int runProgram(int argc, const char* const* argv);
+
+} // namespace Kedrin::ModTool

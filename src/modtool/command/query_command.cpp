@@ -1,0 +1,25 @@
+#include "query_command.h"
+
+#include "errors.h"
+#include "exit_codes.h"
+
+#include <CLI/CLI.hpp>
+
+namespace Kedrin::ModTool {
+
+bool CQueryCommand::isChosen() const { return m_command->parsed(); }
+
+int CQueryCommand::run(const CommandStreams& streams) const
+{
+    try {
+        return answer(streams.out);
+    } catch (const CNotFound& ex) {
+        sayError(streams.err, ex.what());
+        return exitFailed;
+    } catch (const std::exception& ex) {
+        sayError(streams.err, ex.what());
+        return exitTrouble;
+    }
+}
+
+} // namespace Kedrin::ModTool

@@ -1,0 +1,165 @@
+#include "commands.h"
+
+#include "ascii.h"
+#include "command_line.h"
+#include "common_books.h"
+#include "exit_codes.h"
+#include "language.h"
+#include "messages.h"
+#include "module_search.h"
+#include "query_command.h"
+#include "query_json.h"
+#include "search_text.h"
+
+#include <CLI/CLI.hpp>
+
+#include <string>
+#include <vector>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+constexpr const char* page =
+    translatable("The verses are those that the window's search finds, in the same order.\n"
+                 "\n"
+                 "Examples:\n"
+                 "  kedrin-module search modules/bibles/my light\n"
+                 "  kedrin-module search modules/bibles/my --whole-word --count God\n"
+                 "\n"
+                 "Exit codes:\n"
+                 "  0  found\n"
+                 "  1  nothing found\n"
+                 "  2  the arguments make no sense\n"
+                 "  3  the module cannot be read");
+
+using Tolvo::CRef;
+
+bool isNumberedAlike(const CommonPlace& place, const CRef& local)
+{
+    return place.chapter == static_cast<int>(local.chapter()) &&
+           place.verse == static_cast<int>(local.verse());
+}
+
+/// `kedrin-module search MODULE TEXT [--whole-word | --part] [--case] [--count] [--json]`: the verses that hold a text.
+class CSearchCommand final : public CQueryCommand
+{
+public:
+    explicit CSearchCommand(CLI::App& program);
+
+    std::string usageError() const override;
+
+private:
+    /// @returns an ExitCode: done, or nothing when no verse holds the text
+    /// @throws CModuleError  the module cannot be read
+    /// @throws CNotFound     what searchText() throws
+    int answer(std::ostream& out) const override;
+
+    SearchMode mode() const;
+    void writeLines(const CModuleReader& module, const std::vector<Tolvo::CRef>& hits,
+                    std::ostream& out) const;
+    void writeJson(const CModuleReader& module, const std::vector<Tolvo::CRef>& hits,
+                   std::ostream& out) const;
+
+    std::string m_module;
+    std::vector<std::string> m_text; ///< as typed, word by word
+    bool m_wholeWord = false;
+    bool m_part = false;
+    bool m_case = false;
+    bool m_count = false;
+    bool m_json = false;
+};
+
+} // namespace
+
+CSearchCommand::CSearchCommand(CLI::App& program)
+    : CQueryCommand(addCommand(program, "search", "Search a module for a text", page))
+{
+    m_command->add_option("MODULE", m_module, tr("The module's folder"))->required();
+    m_command->add_option("TEXT", m_text, tr("What to search for; several words are one text"))
+        ->type_name("")
+        ->required();
+    auto* wholeWord =
+        m_command->add_flag("--whole-word", m_wholeWord, tr("Only as a whole word, in any case"));
+    m_command->add_flag("--part", m_part, tr("Inside words too; this is so if nothing is said"))
+        ->excludes(wholeWord);
+    m_command->add_flag("--case", m_case, tr("Only in just this case"));
+    m_command->add_flag("--count", m_count, tr("Only how many verses hold it"));
+    m_command->add_flag("--json", m_json, tr("As JSON"));
+}
+
+std::string CSearchCommand::usageError() const
+{
+    if (m_wholeWord && m_case)
+        return tr("--whole-word finds a word in any case, so it goes without --case");
+    return joined(m_text, " ").empty() ? tr("search needs a text") : "";
+}
+
+SearchMode CSearchCommand::mode() const
+{
+    if (m_wholeWord)
+        return SearchMode::wholeWord;
+    return m_case ? SearchMode::partByCase : SearchMode::part;
+}
+
+int CSearchCommand::answer(std::ostream& out) const
+{
+    if (m_json)
+        speakEnglish();
+    const CModuleReader module(m_module);
+    const std::string text = searchText(joined(m_text, " "));
+    const std::vector<CRef> hits = searchModule(module, text, mode());
+    if (m_json)
+        writeJson(module, hits, out);
+    else if (m_count)
+        out << hits.size() << '\n';
+    else
+        writeLines(module, hits, out);
+    return hits.empty() ? exitFailed : exitDone;
+}
+
+void CSearchCommand::writeLines(const CModuleReader& module, const std::vector<CRef>& hits,
+                                std::ostream& out) const
+{
+    for (const CRef& local : hits) {
+        const CommonPlace place = module.commonPlace(local);
+        out << module.label(local);
+        if (!isNumberedAlike(place, local))
+            out << " [" << osisLabel(place) << ']';
+        out << "  " << module.text(local) << '\n';
+    }
+    out << counted(hits.size(), "verse", "verses") << '\n';
+}
+
+void CSearchCommand::writeJson(const CModuleReader& module, const std::vector<CRef>& hits,
+                               std::ostream& out) const
+{
+    Json list = Json::array();
+    for (const CRef& local : hits) {
+        const CommonPlace place = module.commonPlace(local);
+        Json hit;
+        hit["reference"] = module.label(local);
+        hit["local"] = {
+            {"book", local.bookID() + 1}, {"chapter", local.chapter() + 1}, {"verse", local.verse() + 1}};
+        hit["common"] = {{"book", place.book + 1},
+                         {"osis", commonBooks()[place.book].osis},
+                         {"chapter", place.chapter + 1},
+                         {"verse", place.verse + 1}};
+        hit["text"] = module.text(local);
+        list.push_back(std::move(hit));
+    }
+    Json answer;
+    answer["module"] = module.folder();
+    answer["text"] = joined(m_text, " ");
+    answer["count"] = hits.size();
+    if (!m_count)
+        answer["hits"] = std::move(list);
+    writeJsonText(answer, out);
+}
+
+std::unique_ptr<ICommand> makeSearchCommand(CLI::App& program)
+{
+    return std::make_unique<CSearchCommand>(program);
+}
+
+} // namespace Kedrin::ModTool

@@ -1,0 +1,84 @@
+#include "commands.h"
+
+#include "command_line.h"
+#include "exit_codes.h"
+#include "messages.h"
+#include "module_words.h"
+#include "plain_text.h"
+#include "query_command.h"
+#include "search_text.h"
+#include "ut_utils.h"
+
+#include <CLI/CLI.hpp>
+
+#include <string>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+constexpr const char* page = translatable("Examples:\n"
+                                          "  kedrin-module words modules/bibles/my\n"
+                                          "  kedrin-module words modules/bibles/my --counts light\n"
+                                          "\n"
+                                          "Exit codes:\n"
+                                          "  0  done\n"
+                                          "  1  no word begins so\n"
+                                          "  2  the arguments make no sense\n"
+                                          "  3  the module cannot be read");
+
+bool beginsWith(const std::string& word, const std::string& prefix)
+{
+    return ut::cyr_stricmp(word.substr(0, prefix.size()).c_str(), prefix.c_str()) == 0;
+}
+
+/// `kedrin-module words MODULE [PREFIX] [--counts]`: the words of a module in its order, a line each.
+class CWordsCommand final : public CQueryCommand
+{
+public:
+    explicit CWordsCommand(CLI::App& program);
+
+private:
+    /// @returns an ExitCode: done, or nothing when no word begins so
+    /// @throws CModuleError  the module's words cannot be read
+    int answer(std::ostream& out) const override;
+
+    std::string m_module;
+    std::string m_prefix;
+    bool m_counts = false;
+};
+
+} // namespace
+
+CWordsCommand::CWordsCommand(CLI::App& program)
+    : CQueryCommand(addCommand(program, "words", "List the words of a module", page))
+{
+    m_command->add_option("MODULE", m_module, tr("The module's folder"))->required();
+    m_command->add_option("PREFIX", m_prefix, tr("Only words that begin so, in whatever case"));
+    m_command->add_flag("--counts", m_counts, tr("With the number of verses that hold the word"));
+}
+
+int CWordsCommand::answer(std::ostream& out) const
+{
+    const CModuleWords words(m_module);
+    const std::string prefix = searchText(m_prefix);
+    bool found = false;
+    for (unsigned int i = 0; i < words.list().count(); ++i) {
+        const std::string word = words.list()[i];
+        if (!beginsWith(word, prefix))
+            continue;
+        found = true;
+        out << plainLine(word);
+        if (m_counts)
+            out << '\t' << words.versesOf(i).size();
+        out << '\n';
+    }
+    return found ? exitDone : exitFailed;
+}
+
+std::unique_ptr<ICommand> makeWordsCommand(CLI::App& program)
+{
+    return std::make_unique<CWordsCommand>(program);
+}
+
+} // namespace Kedrin::ModTool

@@ -1,0 +1,177 @@
+#include "verify_written.h"
+
+#include "common_books.h"
+#include "cp1251.h"
+#include "errors.h"
+#include "escape.h"
+#include "file_vector.h"
+#include "letters.h"
+#include "messages.h"
+#include "module_data.h"
+#include "text_encoder.h"
+#include "tolvo_bible.h"
+
+#include <algorithm>
+#include <filesystem>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+using namespace Kedrin::Tolvo;
+
+[[noreturn]] void differ(const std::string& what) { throw CBuildError(what); }
+
+/// The engine ends the program where a file of a loaded module is too short, so sizes come first.
+void checkSize(const std::string& folder, const char* name, std::size_t size)
+{
+    if (std::filesystem::file_size(folder + '/' + name) != size)
+        differ(message("the size of %s", name));
+}
+
+/// The first records of a file that has so many.
+std::vector<std::uint32_t> recordsIn(const std::string& fileName, std::size_t count)
+{
+    ut::CFileVector<std::uint32_t> file(fileName.c_str());
+    std::vector<std::uint32_t> records(count);
+    for (std::size_t done = 0; done < count;)
+        done += file.readRun(static_cast<unsigned int>(done), count - done, records.data() + done);
+    return records;
+}
+
+void checkTextPoints(const std::string& folder, const ModuleData& module)
+{
+    checkSize(folder, "CompactPoint.bin", module.verses.size() * sizeof(std::uint32_t));
+    const std::vector<std::uint32_t> points = recordsIn(folder + "/CompactPoint.bin", module.verses.size());
+    std::size_t byteOffset = 0;
+    for (unsigned int verseNum = 0; verseNum < module.verses.size(); ++verseNum) {
+        if (points[verseNum] != byteOffset)
+            differ(message("where the text of %s begins", positionInModule(module, verseNum)));
+        byteOffset += sizeof(std::uint16_t) + escapedSize(module.verse(verseNum));
+    }
+    checkSize(folder, "CompactText.bin", byteOffset);
+}
+
+/// The engine does not open WordPoint.bin, and takes half of the numbers of ConcP.bin for the other half.
+void checkWordPoints(const std::string& folder, const WordIndex& index)
+{
+    constexpr std::size_t lineEndBytes = 2;
+    checkSize(folder, "WordPoint.bin", index.words.size() * sizeof(std::uint32_t));
+    checkSize(folder, "ConcP.bin", index.words.size() * sizeof(std::uint32_t));
+    checkSize(folder, "Conc.bin", (index.words.size() + index.verseNums.size()) * sizeof(std::uint16_t));
+    const std::vector<std::uint32_t> wordPoints = recordsIn(folder + "/WordPoint.bin", index.words.size());
+    const std::vector<std::uint32_t> entryPoints = recordsIn(folder + "/ConcP.bin", index.words.size());
+    std::size_t byteOffset = 0;
+    for (unsigned int word = 0; word < index.words.size(); ++word) {
+        const std::size_t entryOffset = index.firstEntry[word] + word; // a count stands before each word's
+        if (wordPoints[word] != byteOffset || entryPoints[word] != entryOffset)
+            differ(message("where the word %s begins", toUtf8(index.words[word])));
+        byteOffset += index.words[word].size() + lineEndBytes;
+    }
+    checkSize(folder, "WordList.txt", byteOffset);
+}
+
+void checkBooks(const std::string& folder, const ModuleData& module)
+{
+    const CTitles titles((folder + "/BibleTitles.txt").c_str());
+    if (titles.booksCount() != module.books.size())
+        differ(tr("the number of books"));
+    const CBibleStructure structure((folder + "/BibleStructure.csv").c_str(), titles.booksCount());
+    for (unsigned int book = 0; book < titles.booksCount(); ++book) {
+        const ModuleBook& wanted = module.books[book];
+        const BookTitles& wantedTitles = module.bookTitles[book];
+        if (titles.globalID(book) != wanted.globalID || titles.fullTitle(book) != wantedTitles.fullTitle ||
+            titles.shortTitle(book) != wantedTitles.shortTitle ||
+            titles.abbreviatedTitle(book) != wantedTitles.abbreviatedTitle)
+            differ(message("the titles of %s", wanted.osis));
+        if (structure.chaptersCount(book) != wanted.versesCount.size())
+            differ(message("the chapters of %s", wanted.osis));
+        for (unsigned int chapter = 0; chapter < wanted.versesCount.size(); ++chapter)
+            if (structure.versesCount(book, chapter) != wanted.versesCount[chapter])
+                differ(message("the verses of %s", wanted.osis + ' ' + std::to_string(chapter + 1)));
+    }
+}
+
+/// @returns letters and digits of all verses
+std::uint64_t checkVerses(const std::string& folder, const ModuleData& module)
+{
+    std::uint64_t letters = 0;
+    CBibleText text((folder + "/CompactText.bin").c_str(), (folder + "/CompactPoint.bin").c_str());
+    CVerseRun run(text, 0, static_cast<unsigned int>(module.verses.size()));
+    while (run.next()) {
+        const std::string verse = unescaped(run.text());
+        if (verse != module.verse(run.verseNum()))
+            differ(message("the text of %s", positionInModule(module, run.verseNum())));
+        letters += countLettersOf1251(verse);
+    }
+    return letters;
+}
+
+void checkWords(const std::string& folder, const ModuleData& module)
+{
+    const CWordList list((folder + "/WordList.txt").c_str(), (folder + "/WordPoint.bin").c_str(), true);
+    CConc concordance((folder + "/Conc.bin").c_str(), (folder + "/ConcP.bin").c_str());
+    const WordIndex& index = module.words;
+    if (list.count() != index.words.size())
+        differ(tr("the number of words"));
+    std::vector<unsigned int> verseNums;
+    for (unsigned int word = 0; word < list.count(); ++word) {
+        if (list[word] != index.words[word] || list.indexOf(index.words[word]) != static_cast<int>(word))
+            differ(message("the word %s", toUtf8(index.words[word])));
+        concordance.getVersesFor(word, verseNums);
+        const auto begin = index.verseNums.begin() + index.firstEntry[word];
+        const auto end = index.verseNums.begin() + index.firstEntry[word + 1];
+        if (!std::equal(verseNums.begin(), verseNums.end(), begin, end))
+            differ(message("the verses of the word %s", toUtf8(index.words[word])));
+    }
+}
+
+void checkInfo(const CBible& bible, const ModuleInfo& wanted)
+{
+    std::string copyright;
+    for (const std::string& line : wanted.copyright)
+        copyright += line + '\n';
+    const CBibleInfo& info = *bible.info();
+    if (info.fullTitle() != wanted.fullTitle || info.shortTitle() != wanted.shortTitle ||
+        info.abbreveatedTitle() != wanted.abbreviatedTitle || info.copyright() != copyright)
+        differ(tr("the titles of the module"));
+}
+
+bool isAt(const CRef& ref, unsigned int book, Place place)
+{
+    return ref.bookID() == book && ref.chapter() == place.chapter && ref.verse() == place.verse;
+}
+
+void checkPlaces(const CBible& bible, const ModuleData& module, unsigned int wanted)
+{
+    unsigned int kept = 0;
+    for (const VersePair& pair : module.places)
+        kept += isAt(bible.toGlobal(CRef(pair.localBook, pair.local.chapter, pair.local.verse, false)),
+                     pair.globalBook, pair.global) &&
+                isAt(bible.toLocal(CRef(pair.globalBook, pair.global.chapter, pair.global.verse, true)),
+                     pair.localBook, pair.local);
+    if (kept != wanted)
+        differ(tr("the places of the verses"));
+}
+
+} // namespace
+
+std::uint64_t checkWritten(const std::string& folder, const ModuleData& module, unsigned int kept)
+{
+    try {
+        checkTextPoints(folder, module);
+        checkWordPoints(folder, module.words);
+        checkBooks(folder, module);
+        const std::uint64_t letters = checkVerses(folder, module);
+        checkWords(folder, module);
+        const CBible bible(folder);
+        checkInfo(bible, module.info);
+        checkPlaces(bible, module, kept);
+        return letters;
+    } catch (const std::exception& ex) {
+        throw CBuildError(
+            message("%s: the written module does not read back: %s", folder, withSystemReason(ex)));
+    }
+}
+
+} // namespace Kedrin::ModTool

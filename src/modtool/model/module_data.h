@@ -1,0 +1,100 @@
+#pragma once
+
+#include "source_bible.h"
+#include "word_index.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Kedrin::ModTool {
+
+/// One book of a module, in the module's own order.
+struct ModuleBook
+{
+    std::string osis;
+    unsigned int globalID;
+    std::vector<unsigned int> versesCount; ///< [chapter]; every chapter has a verse at least
+};
+
+/// Chapter and verse, indices from 0.
+struct Place
+{
+    unsigned int chapter;
+    unsigned int verse;
+
+    bool operator==(const Place&) const = default;
+};
+
+/// A verse of a module and its true place in the common numbering. Numbers from 0.
+struct VersePair
+{
+    unsigned int localBook;
+    Place local;
+    unsigned int globalBook;
+    Place global;
+};
+
+/// A record of _Diff_.txt: from `chapter` and `verse` of a book in the module's numbering to the common numbering.
+/// All three count from 1, as in the file.
+struct DiffRecord
+{
+    unsigned int book;
+    unsigned int chapter;
+    unsigned int verse;
+    int chapterDelta;
+    int verseDelta;
+};
+
+/// What the module says of itself, in Windows-1251. Lines of at most 255 bytes.
+struct ModuleInfo
+{
+    std::string fullTitle;
+    std::string shortTitle;
+    std::string abbreviatedTitle;
+    std::vector<std::string> copyright;
+};
+
+/// Everything that stands in a module, ready to be written; numbers are within the limits of the formats.
+struct ModuleData
+{
+    struct Verse ///< bytes of `text`
+    {
+        std::uint32_t offset;
+        std::uint32_t byteCount;
+    };
+
+    ModuleInfo info;
+    std::vector<ModuleBook> books;
+    std::vector<BookTitles> bookTitles; ///< [book], Windows-1251, lines of at most 255 bytes
+    std::string text;                   ///< Windows-1251, not escaped
+    std::vector<Verse> verses;          ///< [verse number]
+    WordIndex words;
+    std::vector<VersePair> places; ///< the verses that have a place in the common numbering
+    std::vector<DiffRecord> diff;
+
+    std::string_view verse(std::size_t verseNum) const
+    {
+        return std::string_view(text).substr(verses[verseNum].offset, verses[verseNum].byteCount);
+    }
+};
+
+/// Calls `use(book, chapter, verse)` for each verse of the books, in the order of their verse numbers; all three
+/// are indices from 0.
+template <typename Use>
+void forEachPlace(const std::vector<ModuleBook>& books, Use&& use)
+{
+    for (unsigned int book = 0; book < books.size(); ++book)
+        for (unsigned int chapter = 0; chapter < books[book].versesCount.size(); ++chapter)
+            for (unsigned int verse = 0; verse < books[book].versesCount[chapter]; ++verse)
+                use(book, chapter, verse);
+}
+
+/// "Gen 1:1", numbers from 1.
+std::string positionText(std::string_view book, std::size_t chapter, std::size_t verse);
+
+/// The same for a verse number of the module; "" where it has no such verse.
+std::string positionInModule(const ModuleData& module, unsigned int verseNum);
+
+} // namespace Kedrin::ModTool

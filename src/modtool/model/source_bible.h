@@ -1,0 +1,70 @@
+#pragma once
+
+#include "source_findings.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Kedrin::ModTool {
+
+/// One verse of a source.
+struct SourceVerse
+{
+    std::uint32_t book;    ///< index into SourceBible::books
+    std::uint16_t chapter; ///< from 1
+    std::uint16_t verse;   ///< from 1
+    std::uint32_t offset;  ///< its text: bytes of SourceBible::text
+    std::uint32_t byteCount;
+    std::uint32_t line; ///< line of the source file, from 1; 0 where the source has no lines
+};
+
+/// What a source says of itself, UTF-8.
+struct SourceInfo
+{
+    std::string fullTitle;
+    std::string shortTitle;
+    std::string abbreviatedTitle;
+    std::vector<std::string> copyright;     ///< paragraphs of plain text
+    bool keepsTitles = false;               ///< an export: its titles of books are the module's own
+    std::optional<std::string> differences; ///< an export's records of _Diff_.txt, instead of a choice
+};
+
+/// What a source calls a book, UTF-8; "" where it does not say.
+struct BookTitles
+{
+    std::string fullTitle;
+    std::string shortTitle;
+    std::string abbreviatedTitle;
+};
+
+/// A Bible as a reader of some format gives it: valid UTF-8, otherwise as the source has it.
+struct SourceBible
+{
+    SourceInfo info;
+    std::string versification;          ///< name of the library's system; "": the source does not say
+    std::vector<std::string> books;     ///< OSIS ids, in the order of the source
+    std::vector<BookTitles> bookTitles; ///< [book], or empty
+    std::string text;                   ///< the texts of all verses, one after another
+    std::vector<SourceVerse> verses;    ///< ascending by book, chapter and verse; no place occurs twice
+    SourceFindings findings;            ///< what the reader did by its rules
+
+    /// Letters and digits of the source's text, counted on another way than the reader's; nothing: not counted.
+    std::optional<std::uint64_t> letters;
+    std::uint64_t attributeLetters = 0; ///< those of the verses that stand in attributes of the source, not in its text
+
+    std::string_view textOf(const SourceVerse& verse) const
+    {
+        return std::string_view(text).substr(verse.offset, verse.byteCount);
+    }
+
+    /// "Gen 1:1"
+    std::string placeOf(const SourceVerse& verse) const
+    {
+        return books[verse.book] + ' ' + std::to_string(verse.chapter) + ':' + std::to_string(verse.verse);
+    }
+};
+
+} // namespace Kedrin::ModTool

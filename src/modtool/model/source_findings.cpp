@@ -1,0 +1,149 @@
+#include "source_findings.h"
+
+#include "messages.h"
+#include "text_columns.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+constexpr std::size_t maxNamed = 200;   ///< there are 151 psalms
+constexpr std::size_t shownBytes = 120; ///< of a text
+
+struct Wording
+{
+    const char* label;
+    const char* singular;
+    const char* plural;
+};
+
+/// For a text whose two forms the catalogue has.
+constexpr Wording wording(const char* label, const char* singular, const char* plural)
+{
+    return {label, singular, plural};
+}
+
+// In the order of ReaderRule.
+constexpr std::array<Wording, static_cast<std::size_t>(ReaderRule::count)> wordings{
+    wording(translatable("joined"), "range of verses, its text at the first",
+            "ranges of verses, their text at the first"),
+    wording(translatable("joined"), "part of a verse", "parts of verses"),
+    wording(translatable("joined"), "verse given again", "verses given again"),
+    wording(translatable("left out"), "verse repeated word for word", "verses repeated word for word"),
+    wording(translatable("joined"), "verse 0, put before the next verse",
+            "verses 0, put before the next verse"),
+    wording(translatable("joined"), "psalm title, put before its text",
+            "psalm titles, put before their text"),
+    wording(translatable("joined"), "verse without a number, to the verse before it",
+            "verses without a number, to the verses before them"),
+    wording(translatable("taken"), "chapter without a number for the next one",
+            "chapters without a number for the next ones"),
+    wording(translatable("taken"), "book by its name, being without a number or code",
+            "books by their names, being without a number or code"),
+    wording(translatable("taken"), "Greek Esther or Daniel for the book itself",
+            "Greek Esther and Daniel for the books themselves"),
+    wording(translatable("kept"), "text of an unknown marker", "texts of unknown markers"),
+    wording(translatable("without sign"), "quotation that the source marks",
+            "quotations that the source marks"),
+    wording(translatable("left out"), "note", "notes"),
+    wording(translatable("left out"), "title", "titles"),
+    wording(translatable("left out"), "other reading", "other readings"),
+    wording(translatable("left out"), "number of another numbering", "numbers of another numbering"),
+    wording(translatable("left out"), "figure or index entry", "figures or index entries"),
+    wording(translatable("left out"), "text before a psalm's first verse, perhaps its title",
+            "texts before a psalm's first verse, perhaps its title"),
+    wording(translatable("left out"), "text outside the verses", "texts outside the verses"),
+    wording(translatable("ended"), "note without an end, with its paragraph",
+            "notes without an end, with their paragraphs"),
+    Wording{"", "", ""}, // attributes and metadata have no line
+    Wording{"", "", ""},
+};
+
+} // namespace
+
+void SourceFindings::addPsalmText(const std::string& place, std::string_view utf8)
+{
+    if (m_psalmTexts.size() == maxNamed)
+        return;
+    m_psalmTexts.emplace_back(place, "");
+    extendPsalmText(utf8);
+}
+
+void SourceFindings::extendPsalmText(std::string_view utf8)
+{
+    constexpr std::string_view blanks = " \t\r\n";
+    if (m_psalmTexts.empty())
+        return;
+    std::string& text = m_psalmTexts.back().second;
+    while (text.size() <= shownBytes && !utf8.empty()) {
+        const std::size_t wordEnd = std::min(utf8.find_first_of(blanks), utf8.size());
+        text += utf8.substr(0, wordEnd);
+        const std::size_t next = std::min(utf8.find_first_not_of(blanks, wordEnd), utf8.size());
+        text += next != wordEnd && !text.empty() ? " " : "";
+        utf8.remove_prefix(next);
+    }
+}
+
+std::string SourceFindings::psalmTextLines() const
+{
+    std::string lines;
+    for (const auto& [place, text] : m_psalmTexts) {
+        const std::string_view trimmed = std::string_view(text).substr(0, text.find_last_not_of(' ') + 1);
+        lines += std::string(labelColumns, ' ') + place + ": " + inQuotes(trimmed, shownBytes) + '\n';
+    }
+    if (m_psalmTexts.size() == maxNamed)
+        lines += std::string(labelColumns, ' ') + "...\n";
+    return lines;
+}
+
+std::string SourceFindings::text() const
+{
+    std::string lines;
+    for (std::size_t i = 0; i < wordings.size(); ++i) {
+        const auto what = static_cast<ReaderRule>(i);
+        const Tally& found = m_found[i];
+        if (found.count == 0 || !hasLine(what))
+            continue;
+        lines += padded(tr(wordings[i].label), labelColumns) +
+                 message("%s, first %s", counted(found.count, wordings[i].singular, wordings[i].plural),
+                         found.firstPosition) +
+                 '\n';
+        if (what == ReaderRule::psalmText)
+            lines += psalmTextLines();
+    }
+    return lines;
+}
+
+std::uint64_t SourceFindings::letters() const
+{
+    return std::accumulate(m_letters.begin(), m_letters.end(), std::uint64_t{0});
+}
+
+std::vector<std::string> SourceFindings::letterParts() const
+{
+    std::vector<std::string> parts;
+    for (std::size_t i = 0; i < wordings.size(); ++i) {
+        if (m_letters[i] == 0)
+            continue;
+        switch (static_cast<ReaderRule>(i)) {
+        case ReaderRule::metadata:
+            parts.push_back(message("%s in titles and remarks of the source about itself", m_letters[i]));
+            break;
+        case ReaderRule::attribute:
+            parts.push_back(message("%s in attributes of markers", m_letters[i]));
+            break;
+        case ReaderRule::unknownMarker:
+            parts.push_back(message("%s in names of markers", m_letters[i]));
+            break;
+        default:
+            parts.push_back(message("%s in %s", m_letters[i],
+                                    counted(m_found[i].count, wordings[i].singular, wordings[i].plural)));
+        }
+    }
+    return parts;
+}
+
+} // namespace Kedrin::ModTool

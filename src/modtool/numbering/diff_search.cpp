@@ -1,0 +1,253 @@
+#include "diff_search.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+constexpr unsigned int shiftedChapter = 1; ///< the only chapter index that the engine shifts
+
+/// The shifts in force for one book number.
+struct BookShifts
+{
+    Shift toGlobal; ///< of the second chapter of the global book
+    Shift toLocal;  ///< of the second chapter of the local book
+};
+
+/// What the engine makes of a place; wraps as the engine does.
+Place shifted(Place place, Shift shift)
+{
+    if (place.chapter != shiftedChapter)
+        return place;
+    return {place.chapter + static_cast<unsigned int>(shift.chapters),
+            place.verse + static_cast<unsigned int>(shift.verses)};
+}
+
+Shift between(Place from, Place to)
+{
+    return {static_cast<int>(to.chapter) - static_cast<int>(from.chapter),
+            static_cast<int>(to.verse) - static_cast<int>(from.verse)};
+}
+
+class CShiftSearch
+{
+public:
+    explicit CShiftSearch(const std::vector<VersePair>& pairs) : m_pairs(pairs)
+    {
+        for (const VersePair& pair : pairs) {
+            m_localBooks[pair.globalBook] = pair.localBook;
+            if (pair.local.chapter == shiftedChapter)
+                m_toGlobal[pair.globalBook].insert(between(pair.local, pair.global));
+            if (pair.global.chapter == shiftedChapter)
+                m_toLocal[pair.localBook].insert(between(pair.global, pair.local));
+            if (pair.local.chapter == shiftedChapter || pair.global.chapter == shiftedChapter)
+                m_affected.push_back(&pair);
+        }
+    }
+
+    unsigned int kept() const
+    {
+        return static_cast<unsigned int>(std::count_if(m_pairs.begin(), m_pairs.end(),
+                                                       [&](const VersePair& pair) { return keeps(pair); }));
+    }
+
+    /// One round over all books; whether anything was gained.
+    bool improve()
+    {
+        bool gained = false;
+        for (const auto& [globalBook, localBook] : m_localBooks)
+            gained = improveBook(globalBook, localBook) || gained;
+        return gained;
+    }
+
+    /// One round over all numbers that have records.
+    void simplify()
+    {
+        std::vector<unsigned int> books;
+        for (const auto& entry : m_shifts)
+            books.push_back(entry.first);
+        for (const unsigned int book : books)
+            simplify(book);
+    }
+
+    std::vector<DiffRecord> records() const
+    {
+        std::vector<DiffRecord> all;
+        for (const auto& [book, shifts] : m_shifts) {
+            const auto records = recordsOf(book, shifts);
+            all.insert(all.end(), records->begin(), records->end());
+        }
+        return all;
+    }
+
+private:
+    BookShifts shiftsOf(unsigned int book) const
+    {
+        const auto known = m_shifts.find(book);
+        return known == m_shifts.end() ? BookShifts() : known->second;
+    }
+
+    bool keeps(const VersePair& pair) const
+    {
+        return shifted(pair.local, shiftsOf(pair.globalBook).toGlobal) == pair.global &&
+               shifted(pair.global, shiftsOf(pair.localBook).toLocal) == pair.local;
+    }
+
+    bool canBeWritten(unsigned int book) const { return recordsOf(book, shiftsOf(book)).has_value(); }
+
+    /// A number that stands for no second chapter on one of the ways may be shifted on it as the other way needs: one
+    /// record says both.
+    std::optional<std::vector<DiffRecord>> recordsOf(unsigned int book, BookShifts shifts) const
+    {
+        if (!m_toGlobal.contains(book) && shifts.toLocal.chapters == 0)
+            shifts.toGlobal = reverse(shifts.toLocal);
+        if (!m_toLocal.contains(book) && shifts.toGlobal.chapters == 0)
+            shifts.toLocal = reverse(shifts.toGlobal);
+        return recordsFor(book, shifts.toGlobal, shifts.toLocal);
+    }
+
+    /// Takes fewer records where they keep as many verses.
+    void simplify(unsigned int book)
+    {
+        const unsigned int before = kept();
+        const BookShifts shifts = shiftsOf(book);
+        BookShifts best = shifts;
+        std::size_t bestSize = recordsOf(book, shifts)->size();
+        for (const BookShifts& simple :
+             {BookShifts(), BookShifts{shifts.toGlobal, {}}, BookShifts{{}, shifts.toLocal},
+              BookShifts{reverse(shifts.toLocal), shifts.toLocal},
+              BookShifts{shifts.toGlobal, reverse(shifts.toGlobal)}}) {
+            const auto records = recordsOf(book, simple);
+            m_shifts[book] = simple;
+            if (records && records->size() < bestSize && kept() >= before) {
+                best = simple;
+                bestSize = records->size();
+            }
+        }
+        m_shifts[book] = best;
+    }
+
+    static Shift reverse(Shift shift) { return {-shift.chapters, -shift.verses}; }
+
+    /// Chooses both shifts of one book together, for a verse is kept only when both are right. They belong to two
+    /// numbers, and each number's other shift to another book.
+    bool improveBook(unsigned int globalBook, unsigned int localBook)
+    {
+        const auto count = [&] {
+            return std::count_if(m_affected.begin(), m_affected.end(),
+                                 [&](const VersePair* pair) { return keeps(*pair); });
+        };
+        auto best = m_shifts;
+        auto bestCount = count();
+        const auto before = bestCount;
+        for (const Shift toGlobal : candidates(m_toGlobal, globalBook))
+            for (const Shift toLocal : candidates(m_toLocal, localBook)) {
+                m_shifts[globalBook].toGlobal = toGlobal;
+                m_shifts[localBook].toLocal = toLocal;
+                if (!canBeWritten(globalBook) || !canBeWritten(localBook))
+                    continue;
+                if (const auto kept = count(); kept > bestCount) {
+                    bestCount = kept;
+                    best = m_shifts;
+                }
+            }
+        m_shifts = best;
+        return bestCount > before;
+    }
+
+    using Candidates = std::map<unsigned int, std::set<Shift>>;
+    static std::set<Shift> candidates(const Candidates& all, unsigned int book)
+    {
+        const auto known = all.find(book);
+        std::set<Shift> shifts = known == all.end() ? std::set<Shift>() : known->second;
+        shifts.insert(Shift());
+        return shifts;
+    }
+
+    const std::vector<VersePair>& m_pairs;
+    std::map<unsigned int, unsigned int> m_localBooks; ///< by global book number
+    std::vector<const VersePair*> m_affected;          ///< those that a shift can move
+    Candidates m_toGlobal;                             ///< by global book number
+    Candidates m_toLocal;                              ///< by local book number
+    std::map<unsigned int, BookShifts> m_shifts;       ///< by book number, local or global
+};
+
+DiffRecord record(unsigned int book, int chapterIndex, int verseIndex, Shift toGlobal)
+{
+    return {book + 1, static_cast<unsigned int>(chapterIndex + 1), static_cast<unsigned int>(verseIndex + 1),
+            toGlobal.chapters, toGlobal.verses};
+}
+
+constexpr int second = static_cast<int>(shiftedChapter);
+
+/// A record whose own chapter is shifted, with the least verse that stays in range.
+DiffRecord awayRecord(unsigned int book, Shift toGlobal)
+{
+    return record(book, second, std::max(0, -toGlobal.verses), toGlobal);
+}
+
+/// A record of another chapter that leads into the second one, so that only the way back is shifted.
+DiffRecord backRecord(unsigned int book, Shift toLocal)
+{
+    return record(book, second + toLocal.chapters, std::max(0, toLocal.verses),
+                  {-toLocal.chapters, -toLocal.verses});
+}
+
+/// Both ways stay in the second chapter, so each record stands in both tables; of the entries of a table the one
+/// with the lower verse holds, of equal ones the first in the file.
+std::optional<std::vector<DiffRecord>> recordsInChapter(unsigned int book, int toGlobal, int toLocal)
+{
+    const int away = toGlobal;
+    const int back = -toLocal; // as a record says it
+    if (away == back)
+        return std::vector{awayRecord(book, {0, away})};
+    const int verse = std::max({0, -away, -back});
+    if (away > back)
+        return std::vector{record(book, second, verse, {0, away}), record(book, second, verse, {0, back})};
+    if (away < 0) // its entry for the way back lies below verse 0, which wraps to the end of the table
+        return std::vector{record(book, second, 0, {0, away}),
+                           record(book, second, std::max(1, -back), {0, back})};
+    return std::nullopt;
+}
+
+} // namespace
+
+std::optional<std::vector<DiffRecord>> recordsFor(unsigned int book, Shift toGlobal, Shift toLocal)
+{
+    if (toGlobal == Shift() && toLocal == Shift())
+        return std::vector<DiffRecord>();
+    if (toGlobal.chapters == 0 && toLocal.chapters == 0)
+        return recordsInChapter(book, toGlobal.verses, toLocal.verses);
+    if (toLocal == Shift())
+        return std::vector{awayRecord(book, toGlobal)};
+    if (toGlobal == Shift())
+        return std::vector{backRecord(book, toLocal)};
+    std::vector<DiffRecord> both;
+    if (toGlobal.chapters != 0)
+        both.push_back(awayRecord(book, toGlobal));
+    if (toLocal.chapters != 0)
+        both.push_back(backRecord(book, toLocal));
+    if (toGlobal.chapters == 0 || toLocal.chapters == 0) {
+        // The record that stays in the chapter enters both tables; a high verse keeps it behind the other one.
+        constexpr int behind = 100000;
+        const int verses = toGlobal.chapters == 0 ? toGlobal.verses : -toLocal.verses;
+        both.push_back(record(book, second, behind, {0, verses}));
+    }
+    return both;
+}
+
+std::vector<DiffRecord> chooseDiffRecords(const std::vector<VersePair>& pairs, DiffFigures& figures)
+{
+    CShiftSearch search(pairs);
+    figures.keptWithout = search.kept();
+    while (search.improve()) {
+    }
+    search.simplify();
+    figures.kept = search.kept();
+    return search.records();
+}
+
+} // namespace Kedrin::ModTool

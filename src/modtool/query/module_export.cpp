@@ -1,0 +1,122 @@
+#include "module_export.h"
+
+#include "common_books.h"
+#include "cp1251.h"
+#include "diff_records.h"
+#include "diff_search.h"
+#include "errors.h"
+#include "input_file.h"
+#include "messages.h"
+#include "module_facts.h"
+#include "module_format.h"
+#include "plain_text.h"
+#include "versification.h"
+
+#include <algorithm>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+using Tolvo::CRef;
+
+std::vector<ModuleBook> moduleBooks(const CModuleReader& module)
+{
+    std::vector<ModuleBook> books;
+    for (unsigned int book = 0; book < module.titles().booksCount(); ++book) {
+        const unsigned int globalID = module.titles().globalID(book);
+        books.push_back({std::string(commonBooks()[globalID].osis), globalID, {}});
+        if (module.titles().localID(globalID) != book)
+            throw CModuleError(message("%s: the book %s stands twice", module.folder(), books.back().osis));
+        for (unsigned int chapter = 0; chapter < module.structure().chaptersCount(book); ++chapter)
+            books.back().versesCount.push_back(module.structure().versesCount(book, chapter));
+    }
+    return books;
+}
+
+bool areSame(const std::vector<DiffRecord>& a, const std::vector<DiffRecord>& b)
+{
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](const DiffRecord& x, const DiffRecord& y) {
+        return x.book == y.book && x.chapter == y.chapter && x.verse == y.verse &&
+               x.chapterDelta == y.chapterDelta && x.verseDelta == y.verseDelta;
+    });
+}
+
+bool gives(const CVersification& versification, const std::vector<ModuleBook>& books,
+           const std::vector<DiffRecord>& records)
+{
+    DiffFigures figures;
+    return areSame(chooseDiffRecords(versePairs(books, versification), figures), records);
+}
+
+void exportNumbering(const CModuleReader& module, SourceBible& bible)
+{
+    std::string text;
+    if (!ut::read_text_file((module.folder() + "/_Diff_.txt").c_str(), text))
+        throw CModuleError(message("%s/_Diff_.txt: cannot be read", module.folder()));
+    std::vector<DiffRecord> records;
+    readDifferences(text, records); // the engine, too, stops at one that is not whole
+    const std::vector<ModuleBook> books = moduleBooks(module);
+    std::vector<std::string> names = CVersification::names();
+    names.insert(names.begin(), CVersification::bestFor(books).name());
+    const auto known = std::find_if(names.begin(), names.end(), [&](const std::string& name) {
+        return gives(CVersification(name), books, records);
+    });
+    if (known != names.end()) {
+        bible.versification = *known;
+        return;
+    }
+    std::string& differences = bible.info.differences.emplace();
+    for (const DiffRecord& record : records) {
+        if (!differences.empty())
+            differences += ' ';
+        differences += std::to_string(record.book) + ' ' + std::to_string(record.chapter) + ' ' +
+                       std::to_string(record.verse) + ' ' + std::to_string(record.chapterDelta) + ' ' +
+                       std::to_string(record.verseDelta);
+    }
+}
+
+void exportTitles(const CModuleReader& module, SourceBible& bible)
+{
+    const Tolvo::CTitles& titles = module.titles();
+    for (unsigned int book = 0; book < titles.booksCount(); ++book) {
+        const CommonBook& common = commonBooks()[titles.globalID(book)];
+        bible.books.emplace_back(common.osis);
+        bible.bookTitles.push_back({plainLine(titles.fullTitle(book)), plainLine(titles.shortTitle(book)),
+                                    plainLine(titles.abbreviatedTitle(book))});
+        if (titles.fullTitle(book) != ut::to_cp1251(common.fullTitle) ||
+            titles.shortTitle(book) != ut::to_cp1251(common.shortTitle) ||
+            titles.abbreviatedTitle(book) != ut::to_cp1251(common.abbreviatedTitle))
+            bible.info.keepsTitles = true;
+    }
+}
+
+} // namespace
+
+SourceBible exportModule(const CModuleReader& module)
+{
+    SourceBible bible;
+    bible.info.fullTitle = plainLine(module.info().fullTitle());
+    bible.info.shortTitle = plainLine(module.info().shortTitle());
+    bible.info.abbreviatedTitle = plainLine(module.info().abbreveatedTitle());
+    bible.info.copyright = copyrightLines(module.info());
+    exportTitles(module, bible);
+    exportNumbering(module, bible);
+    const std::vector<CRef> places = module.places();
+    module.forEachVerse(
+        0, static_cast<unsigned int>(places.size()), [&](unsigned int verseNum, std::string_view stored) {
+            const CRef& place = places[verseNum];
+            if (place.chapter() >= maxSourceNumber || place.verse() >= maxSourceNumber)
+                throw CModuleError(message("%s: %s is beyond the numbers of a source", module.folder(),
+                                           module.label(place)));
+            const std::string text = plainText(stored);
+            bible.verses.push_back({place.bookID(), static_cast<std::uint16_t>(place.chapter() + 1),
+                                    static_cast<std::uint16_t>(place.verse() + 1),
+                                    static_cast<std::uint32_t>(bible.text.size()),
+                                    static_cast<std::uint32_t>(text.size()), 0});
+            bible.text += text;
+        });
+    return bible;
+}
+
+} // namespace Kedrin::ModTool

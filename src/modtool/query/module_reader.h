@@ -1,0 +1,90 @@
+#pragma once
+
+#include "errors.h"
+#include "tolvo_bible/bible_info.h"
+#include "tolvo_bible/bible_structure.h"
+#include "tolvo_bible/bible_text.h"
+#include "tolvo_bible/diff.h"
+#include "tolvo_bible/titles.h"
+
+#include <compare>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Kedrin::ModTool {
+
+/// A place in the common numbering as the engine computes it: numbers from 0. A chapter or a verse below 0, which
+/// differences may lead to, stays below 0 here, so that it comes before the others.
+struct CommonPlace
+{
+    unsigned int book;
+    int chapter;
+    int verse;
+
+    auto operator<=>(const CommonPlace&) const = default; // NOLINT(modernize-use-nullptr)
+};
+
+/// A module for commands that look something up in it: its readers, put together as Tolvo::CBible does it, but
+/// without words and concordance, and with damage reported where CBible ends the program. One object serves one
+/// thread. Everything throws CModuleError only.
+class CModuleReader
+{
+public:
+    /// Opens the files but for those of the words. They need not lie in a modules directory.
+    /// @param folder  native path, with or without a trailing '/'
+    /// @throws CModuleError  "%s: is no module folder"
+    ///     "%s: the module cannot be read: %s", with the engine's message
+    ///     "%s: BibleStructure.csv counts %u verses, CompactPoint.bin has places for %u"
+    ///     "%s: book %u has the common number %u, 76 is the last"
+    explicit CModuleReader(const std::string& folder);
+
+    const std::string& folder() const { return m_folder; } ///< without a trailing '/'
+    const Tolvo::CTitles& titles() const { return *m_titles; }
+    const Tolvo::CBibleStructure& structure() const { return *m_structure; }
+    const Tolvo::CBibleInfo& info() const { return *m_info; }
+
+    /// All verses of a book in order, as local references; the index of the first is firstVerseNum(book).
+    std::vector<Tolvo::CRef> placesOfBook(unsigned int localBook) const;
+    unsigned int firstVerseNum(unsigned int localBook) const { return m_firstVerseNums[localBook]; }
+
+    /// [verse number]: local references of the whole module.
+    std::vector<Tolvo::CRef> places() const;
+
+    /// Where the engine takes a local reference to have its place in the common numbering.
+    CommonPlace commonPlace(const Tolvo::CRef& local) const;
+
+    /// Whether the engine leads from that place back to the verse: a switch of translation keeps it.
+    bool keepsPlace(const Tolvo::CRef& local) const;
+
+    /// "Бит 1:3", UTF-8, with the module's abbreviation; with its short title or the book's OSIS id where it has none.
+    std::string label(const Tolvo::CRef& local) const;
+    std::string bookLabel(unsigned int localBook) const;
+
+    /// A verse as it is stored.
+    /// @throws CModuleError  "%s: verse %s cannot be read: %s"
+    std::string storedText(const Tolvo::CRef& local) const;
+    /// A verse as plain text, UTF-8.
+    std::string text(const Tolvo::CRef& local) const;
+
+    /// Calls `use(verse number, stored text)` for a run of verses, in order; a text is valid during its call.
+    /// @throws CModuleError  "%s: the verses cannot be read: %s"
+    void forEachVerse(unsigned int firstVerseNum, unsigned int verseCount,
+                      const std::function<void(unsigned int, std::string_view)>& use) const;
+
+private:
+    void open();
+    void validate();
+
+    std::string m_folder;
+    std::unique_ptr<Tolvo::CTitles> m_titles;
+    std::unique_ptr<Tolvo::CBibleStructure> m_structure;
+    std::unique_ptr<Tolvo::CDiff> m_diff;
+    std::unique_ptr<Tolvo::CBibleText> m_text;
+    std::unique_ptr<Tolvo::CBibleInfo> m_info;
+    std::vector<unsigned int> m_firstVerseNums; ///< [local book]
+};
+
+} // namespace Kedrin::ModTool

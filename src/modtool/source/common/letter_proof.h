@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace Kedrin::ModTool {
+
+/// Compares the letters and digits that a reader took from a source, in the order of the source, with those of the
+/// source read a second time in a simpler way. What the reader dropped or changed without saying so is found here.
+class CLetterProof
+{
+public:
+    /// @param fileName  for messages
+    /// @param taken     what appendLetters() made of all that the reader put somewhere; outlives this object
+    CLetterProof(const std::string& fileName, std::string_view taken) : m_fileName(fileName), m_rest(taken) {}
+
+    /// The next text of the source.
+    /// @param line  where it begins, from 1
+    /// @throws CBuildError  "%s:%u: the source has %s here, but %s was read; this is an error in kedrin-module, please
+    ///                      report it", with some letters of each
+    void compare(std::string_view utf8, std::size_t line);
+
+    /// The end of the source.
+    /// @throws CBuildError  the same, where the reader has more
+    /// @returns the letters and digits of the source
+    std::uint64_t finish(std::size_t line);
+
+private:
+    [[noreturn]] void fail(std::string_view letters, std::size_t line) const;
+
+    const std::string& m_fileName;
+    std::string_view m_rest;
+    std::uint64_t m_count = 0;
+};
+
+} // namespace Kedrin::ModTool

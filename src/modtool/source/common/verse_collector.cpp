@@ -1,0 +1,306 @@
+#include "verse_collector.h"
+
+#include "ascii.h"
+#include "errors.h"
+#include "letters.h"
+#include "messages.h"
+#include "module_format.h"
+#include "note_spacing.h"
+#include "stray_markers.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+constexpr const char* blanks = " \t\r\n";
+
+std::string_view trimmedEnd(std::string_view text)
+{
+    return text.substr(0, text.find_last_not_of(blanks) + 1);
+}
+
+} // namespace
+
+void CVerseCollector::beginBook(std::string_view osis)
+{
+    const auto index = static_cast<std::uint32_t>(m_bible.books.size());
+    const auto [entry, isNew] = m_bookIndices.try_emplace(std::string(osis), index);
+    if (entry->second == m_book && !isNew)
+        return;
+    endVerse();
+    placeTitle();
+    loseSigns();
+    if (isNew) {
+        if (index >= maxSourceBooks)
+            throw CBuildError(message("the source has more than %s books", maxSourceBooks));
+        m_bible.books.emplace_back(osis);
+        m_bible.bookTitles.emplace_back();
+    }
+    m_book = entry->second;
+    m_psalm = 0;
+}
+
+void CVerseCollector::beginChapter(unsigned int number)
+{
+    endVerse();
+    placeTitle();
+    m_psalm = inBook() && m_bible.books[m_book] == "Ps" ? number : 0;
+}
+
+void CVerseCollector::beginVerse(unsigned int chapter, const VerseNumber& number, std::size_t line)
+{
+    if (chapter == 0)
+        return openVerse(1, {0, 0, false}, true, line);
+    openVerse(chapter, number, number.isPart, line);
+    if (number.last != number.first)
+        found(ReaderRule::verseRange, line);
+    if (number.isPart)
+        found(ReaderRule::versePart, line);
+}
+
+void CVerseCollector::beginVerseWithoutNumber(unsigned int chapter, std::size_t line)
+{
+    const VersePiece* before = m_pieces.empty() ? nullptr : &m_pieces.back();
+    const bool goesOn = before && before->verse.book == m_book && before->verse.chapter == chapter;
+    const unsigned int number = goesOn ? before->verse.verse : 0;
+    openVerse(chapter, {number, number, false}, true, line);
+    found(ReaderRule::verseWithoutNumber, line);
+}
+
+void CVerseCollector::openVerse(unsigned int chapter, const VerseNumber& number, bool isPart,
+                                std::size_t line)
+{
+    endVerse();
+    m_pieces.push_back(
+        {{m_book, static_cast<std::uint16_t>(chapter), static_cast<std::uint16_t>(number.first),
+          static_cast<std::uint32_t>(m_bible.text.size()), 0, static_cast<std::uint32_t>(line)},
+         isPart});
+    m_inVerse = true;
+    m_psalm = 0;
+    if (number.first == 0)
+        found(ReaderRule::verseZero, line);
+    addKnownText(std::exchange(m_signs, {}), line);
+}
+
+void CVerseCollector::endVerse()
+{
+    if (m_inVerse)
+        checkLetters();
+    m_inVerse = m_inTitle = m_hasGap = m_outsideCounted = m_inWord = m_hasGapInWord = false;
+}
+
+std::uint64_t CVerseCollector::Counted::lettersOf(std::string_view text)
+{
+    byteCount = std::min(byteCount, text.size()); // blanks at its end may have gone
+    letters += countLetters(text.substr(byteCount));
+    byteCount = text.size();
+    return letters;
+}
+
+/// All letters given until now are in the text, wait to come into it, or are counted as left out.
+void CVerseCollector::checkLetters()
+{
+    const std::uint64_t given = m_lettersGiven + m_bible.attributeLetters;
+    const std::uint64_t found = m_text.lettersOf(m_bible.text) + m_waitingTitle.lettersOf(m_title) +
+                                countLetters(m_signs) + m_bible.findings.letters();
+    if (given != found)
+        throw CBuildError(
+            message("%s: %s letters and digits were read, %s are accounted for; this is an error in "
+                    "kedrin-module, please report it",
+                    place(0), given, found));
+}
+
+void CVerseCollector::append(std::string_view utf8)
+{
+    m_bible.text += utf8;
+    SourceVerse& verse = m_pieces.back().verse;
+    verse.byteCount = static_cast<std::uint32_t>(m_bible.text.size() - verse.offset);
+}
+
+void CVerseCollector::addText(std::string_view utf8, std::size_t line)
+{
+    m_lettersGiven += appendLetters(utf8, m_letters);
+    addKnownText(utf8, line);
+}
+
+void CVerseCollector::leaveOut(ReaderRule why, std::string_view utf8)
+{
+    const std::uint64_t count = appendLetters(utf8, m_letters);
+    m_lettersGiven += count;
+    m_bible.findings.addLetters(why, count);
+}
+
+/// Text whose letters are in the account already.
+void CVerseCollector::addKnownText(std::string_view utf8, std::size_t line)
+{
+    if (mayHaveMarkers(utf8) && (m_inTitle || m_inVerse)) {
+        unsigned int count = 0;
+        const std::string text = withoutMarkers(utf8, count);
+        m_bible.findings.addLetters(ReaderRule::unknownMarker, countLetters(utf8) - countLetters(text));
+        for (; count != 0; --count)
+            found(ReaderRule::unknownMarker, line);
+        addPlainText(text, line);
+    } else {
+        addPlainText(utf8, line);
+    }
+}
+
+void CVerseCollector::addPlainText(std::string_view utf8, std::size_t line)
+{
+    if (m_inTitle) {
+        m_waitingLine = isBlank(utf8) ? m_waitingLine : line;
+        m_title += needsBlank(m_title, utf8) ? " " : "";
+        m_title += utf8;
+        return;
+    }
+    if (!m_inVerse) {
+        if (!isBlank(utf8))
+            leaveOutside(utf8, line);
+        return;
+    }
+    if (!m_title.empty() && !isBlank(utf8))
+        placeTitle();
+    if (needsBlank(m_bible.textOf(m_pieces.back().verse), utf8))
+        append(" ");
+    append(utf8);
+}
+
+/// Whether a gap is to be filled between the text and the next one. What follows the gap ends it.
+bool CVerseCollector::needsBlank(std::string_view before, std::string_view next)
+{
+    if (next.empty())
+        return false;
+    m_hasGapInWord = false;
+    return std::exchange(m_hasGap, false) && needsSpaceBetween(before, next);
+}
+
+void CVerseCollector::leaveOutside(std::string_view utf8, std::size_t line)
+{
+    const ReaderRule why = m_psalm == 0 ? ReaderRule::outside : ReaderRule::psalmText;
+    m_bible.findings.addLetters(why, countLetters(utf8));
+    if (!m_outsideCounted)
+        found(why, line);
+    if (m_psalm != 0 && !m_outsideCounted)
+        m_bible.findings.addPsalmText("Ps " + std::to_string(m_psalm) + ", " + place(line), utf8);
+    else if (m_psalm != 0)
+        m_bible.findings.extendPsalmText(utf8);
+    m_outsideCounted = true;
+}
+
+void CVerseCollector::addOpeningSign(std::string_view utf8, std::size_t line)
+{
+    m_bible.attributeLetters += countLetters(utf8);
+    if (m_inVerse || m_inTitle)
+        addKnownText(utf8, line);
+    else {
+        m_signs += utf8;
+        m_waitingLine = line;
+    }
+}
+
+void CVerseCollector::addClosingSign(std::string_view utf8, std::size_t line)
+{
+    m_bible.attributeLetters += countLetters(utf8);
+    if (m_inVerse || m_inTitle || m_pieces.empty() || m_pieces.back().verse.book != m_book) {
+        addKnownText(utf8, line);
+        return;
+    }
+    if (isBlank(utf8))
+        return;
+    SourceVerse& verse = m_pieces.back().verse; // its text is the last of all texts
+    verse.byteCount = static_cast<std::uint32_t>(trimmedEnd(m_bible.textOf(verse)).size());
+    m_bible.text.resize(verse.offset + verse.byteCount);
+    append(utf8);
+}
+
+void CVerseCollector::loseSigns()
+{
+    const std::string signs = std::exchange(m_signs, {});
+    m_bible.findings.addLetters(ReaderRule::outside, countLetters(signs));
+    if (!isBlank(signs))
+        found(ReaderRule::outside, m_waitingLine);
+}
+
+void CVerseCollector::addBreak()
+{
+    m_outsideCounted = false;
+    if (m_inTitle)
+        m_title += ' ';
+    else if (m_inVerse)
+        append(" ");
+}
+
+void CVerseCollector::addGap() { (m_inWord ? m_hasGapInWord : m_hasGap) = m_inVerse || m_inTitle; }
+
+void CVerseCollector::endWord()
+{
+    m_inWord = false;
+    m_hasGap = m_hasGap || m_hasGapInWord;
+    m_hasGapInWord = false;
+}
+
+void CVerseCollector::beginTitle()
+{
+    if (!m_title.empty())
+        m_title += ' ';
+    m_inTitle = true;
+}
+
+void CVerseCollector::endTitle() { m_inTitle = false; }
+
+/// Where no verse is open, no text followed: the title goes behind the last verse.
+void CVerseCollector::placeTitle()
+{
+    m_inTitle = false;
+    const std::string title = std::move(m_title);
+    m_title.clear();
+    m_waitingTitle = {};
+    if (isBlank(title))
+        return;
+    if (m_pieces.empty() || m_pieces.back().verse.book != m_book) {
+        m_bible.findings.addLetters(ReaderRule::outside, countLetters(title));
+        found(ReaderRule::outside, m_waitingLine);
+        return;
+    }
+    found(ReaderRule::canonicalTitle, 0);
+    if (!m_inVerse) {
+        VersePiece piece = m_pieces.back();
+        piece.verse.offset = static_cast<std::uint32_t>(m_bible.text.size());
+        piece.isPart = true;
+        m_pieces.push_back(piece);
+    }
+    append(' ' + title + ' ');
+}
+
+std::string CVerseCollector::place(std::size_t line) const
+{
+    if (!m_pieces.empty() && (m_inVerse || line == 0))
+        return m_bible.placeOf(m_pieces.back().verse);
+    return m_file.empty() ? message("in line %s", line) : message("in line %s of %s", line, m_file);
+}
+
+SourceBible CVerseCollector::finish()
+{
+    endVerse();
+    placeTitle();
+    loseSigns();
+    takeGreekBooks();
+    joinPieces(std::move(m_pieces), m_bible);
+    return std::move(m_bible);
+}
+
+/// Editions of the East have only one Esther and one Daniel, the Greek ones.
+void CVerseCollector::takeGreekBooks()
+{
+    for (const auto& [greek, book] : {std::pair("EsthGr", "Esth"), std::pair("DanGr", "Dan")})
+        if (const auto found = m_bookIndices.find(greek);
+            found != m_bookIndices.end() && !m_bookIndices.contains(book)) {
+            m_bible.books[found->second] = book;
+            m_bible.findings.add(ReaderRule::greekBook, book);
+        }
+}
+
+} // namespace Kedrin::ModTool

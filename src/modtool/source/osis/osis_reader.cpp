@@ -1,0 +1,301 @@
+#include "osis_reader.h"
+
+#include "errors.h"
+#include "messages.h"
+#include "osis_header.h"
+#include "osis_reference.h"
+#include "verse_collector.h"
+#include "xml_letters.h"
+#include "xml_reader.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+template <std::size_t N>
+bool isOneOf(std::string_view name, const std::array<std::string_view, N>& names)
+{
+    return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+constexpr std::array<std::string_view, 18> blocks{
+    "p",    "l",    "lg",     "lb",     "div",    "list",   "item",    "table", "row",
+    "cell", "head", "closer", "speech", "salute", "signed", "chapter", "label", "caesura"};
+constexpr std::array<std::string_view, 3> titles{"title", "head", "speaker"};
+constexpr std::array<std::string_view, 3> figures{"figure", "caption", "index"};
+constexpr std::array<std::string_view, 9> sideMatter{"introduction",    "preface",   "glossary",
+                                                     "front",           "back",      "index",
+                                                     "acknowledgement", "coverPage", "titlePage"};
+
+/// The closing sign for a quotation's opening one.
+std::string closingSign(const std::string& opening)
+{
+    static constexpr std::pair<const char*, const char*> pairs[] = {{"\u201C", "\u201D"},
+                                                                    {"\u2018", "\u2019"},
+                                                                    {"\u201E", "\u201C"},
+                                                                    {"\u00AB", "\u00BB"},
+                                                                    {"\u2039", "\u203A"}};
+    for (const auto& [open, close] : pairs)
+        if (opening == open)
+            return close;
+    return opening;
+}
+
+class CReader
+{
+public:
+    CReader(const std::string& fileName, std::string_view utf8) : m_utf8(utf8), m_xml(fileName, utf8) {}
+
+    SourceBible read()
+    {
+        if (m_xml.next() != CXmlReader::Node::start || m_xml.name() != "osis")
+            m_xml.fail(message("the root element is %s, not osis", inQuotes(m_xml.name())));
+        for (auto node = m_xml.next(); node != CXmlReader::Node::none; node = m_xml.next()) {
+            if (node == CXmlReader::Node::text)
+                m_verses.addText(m_xml.text(), m_xml.line());
+            else if (node == CXmlReader::Node::start)
+                start();
+            else
+                end();
+        }
+        SourceBible bible = m_verses.finish();
+        if (bible.verses.empty())
+            throw CBuildError(message("%s: holds no verse", m_xml.fileName()));
+        bible.letters = proveXmlLetters(m_xml.fileName(), m_utf8, m_verses.takeLetters());
+        return bible;
+    }
+
+private:
+    void start()
+    {
+        const std::string name(m_xml.name());
+        if (name == "osisText")
+            m_workId = m_xml.attribute("osisIDWork");
+        else if (name == "header")
+            readHeader();
+        else if (name == "verse")
+            startVerse();
+        else if (name == "chapter" && m_xml.attribute("eID").empty())
+            startChapter();
+        else if (name == "div")
+            startDivision();
+        else if (name == "q")
+            startQuotation();
+        else if (name == "milestone")
+            startMilestone();
+        else if (name == "w" && !m_xml.isEmpty())
+            m_verses.beginWord();
+        else if (isOneOf(name, titles))
+            startTitle(name);
+        else if (const auto reason = reasonToSkip(name))
+            skip(*reason);
+        if (isOneOf(name, blocks))
+            m_verses.addBreak();
+    }
+
+    void end()
+    {
+        const std::string_view name = m_xml.name();
+        if (isOneOf(name, blocks))
+            m_verses.addBreak();
+        if (m_xml.depth() == m_verseDepth && name == "verse") {
+            m_verses.endVerse();
+            m_verseDepth = noDepth;
+        } else if (m_xml.depth() == m_titleDepth) {
+            m_verses.endTitle();
+            m_verses.addBreak();
+            m_titleDepth = noDepth;
+        } else if (name == "w") {
+            m_verses.endWord();
+        } else if (name == "q") {
+            m_verses.addClosingSign(m_quoteSigns.empty() ? "" : m_quoteSigns.back(), m_xml.line());
+            if (!m_quoteSigns.empty())
+                m_quoteSigns.pop_back();
+        }
+    }
+
+    void readHeader()
+    {
+        COsisHeader header(m_workId);
+        header.read(m_xml);
+        m_verses.leaveOut(ReaderRule::metadata, header.text());
+        m_verses.info() = header.info();
+        m_verses.versification() = header.versification();
+    }
+
+    void startVerse()
+    {
+        const std::string endId = m_xml.attribute("eID");
+        if (!endId.empty()) {
+            if (m_openId.empty() || m_openId == endId)
+                m_verses.endVerse();
+            return;
+        }
+        const std::string startId = m_xml.attribute("sID");
+        std::string id = m_xml.attribute("osisID");
+        if (id.empty())
+            id = startId;
+        beginVerse(id);
+        m_openId = startId;
+        m_verseDepth = m_xml.isEmpty() ? noDepth : m_xml.depth();
+    }
+
+    void startChapter()
+    {
+        const auto number = chapterOf(m_xml.attribute("osisID"));
+        m_chapter = number.value_or(m_chapter + 1);
+        m_verses.beginChapter(m_chapter);
+    }
+
+    void beginVerse(const std::string& id)
+    {
+        if (const auto reference = parseOsisReferences(id)) {
+            m_verses.beginBook(reference->book);
+            m_verses.beginVerse(reference->chapter, reference->verse, m_xml.line());
+            m_chapter = reference->chapter;
+        } else if (m_verses.inBook()) {
+            m_verses.beginVerseWithoutNumber(std::max(m_chapter, 1u), m_xml.line());
+        } else {
+            m_xml.fail(message("%s is no reference to a verse, such as Gen.1.1", inQuotes(id)));
+        }
+    }
+
+    void startDivision()
+    {
+        const std::string type = m_xml.attribute("type");
+        if (type == "book") {
+            m_verses.endVerse();
+            if (const std::string id = m_xml.attribute("osisID");
+                !id.empty() && m_xml.attribute("eID").empty())
+                beginBook(id);
+        } else if (!m_xml.isEmpty() && isOneOf(type, sideMatter))
+            skip(ReaderRule::outside);
+    }
+
+    void beginBook(const std::string& id)
+    {
+        const std::size_t colon = id.find(':');
+        m_verses.beginBook(colon == std::string::npos ? id : id.substr(colon + 1));
+        m_verses.beginChapter();
+        m_chapter = 0;
+    }
+
+    /// The sign of a quotation that goes on clings to the word behind it; other signs stand alone.
+    void startMilestone()
+    {
+        const std::string sign = m_xml.attribute("marker");
+        const bool goesOn = m_xml.attribute("type") == "cQuote";
+        if (!goesOn)
+            m_verses.addBreak();
+        m_verses.addOpeningSign(sign + (goesOn ? "" : " "), m_xml.line());
+    }
+
+    void startQuotation()
+    {
+        const std::string sign = m_xml.attribute("marker");
+        const bool isMilestoneEnd = !m_xml.attribute("eID").empty();
+        if (sign.empty() && !isMilestoneEnd && m_xml.attribute("who") != "Jesus" &&
+            m_xml.attribute("type") != "block")
+            m_verses.found(ReaderRule::unmarkedQuote, m_xml.line());
+        if (isMilestoneEnd)
+            m_verses.addClosingSign(sign, m_xml.line());
+        else
+            m_verses.addOpeningSign(sign, m_xml.line());
+        if (!m_xml.isEmpty())
+            m_quoteSigns.push_back(closingSign(sign));
+    }
+
+    void startTitle(const std::string& name)
+    {
+        const std::string canonical = m_xml.attribute("canonical");
+        const std::string type = m_xml.attribute("type");
+        if (m_xml.isEmpty())
+            return;
+        if (name == "title" && (canonical == "true" || (type == "psalm" && canonical.empty()))) {
+            m_verses.beginTitle();
+            m_titleDepth = m_xml.depth();
+            return;
+        }
+        const bool namesBook = name == "title" && m_verses.inBook() && type != "sub" && type != "chapter";
+        const std::string shortTitle = m_xml.attribute("short");
+        const std::string abbreviation = m_xml.attribute("n");
+        const bool isExported = type == "x-module"; // one of the titles that export writes
+        if (!isExported)
+            m_verses.found(ReaderRule::title, m_xml.line());
+        const std::string text = titleText(isExported ? ReaderRule::metadata : ReaderRule::title);
+        m_verses.addBreak();
+        if (!namesBook || m_verses.bookHasVerses() || !m_verses.titles().fullTitle.empty())
+            return;
+        m_verses.titles() = {text, shortTitle, abbreviation.empty() ? shortTitle : abbreviation};
+        if (isExported)
+            m_verses.info().keepsTitles = true;
+    }
+
+    /// The text of the title that is reached, up to its end or to a verse in it, which is read as any other.
+    std::string titleText(ReaderRule why)
+    {
+        std::string text;
+        const int depth = m_xml.depth();
+        for (auto node = m_xml.next(); node != CXmlReader::Node::none; node = m_xml.next()) {
+            if (node == CXmlReader::Node::end && m_xml.depth() == depth)
+                break;
+            if (node == CXmlReader::Node::text) {
+                text += m_xml.text();
+                m_verses.leaveOut(why, m_xml.text());
+            }
+            if (node == CXmlReader::Node::start && m_xml.name() == "verse") {
+                startVerse();
+                break;
+            }
+        }
+        return text;
+    }
+
+    std::optional<ReaderRule> reasonToSkip(const std::string& name) const
+    {
+        if (m_xml.isEmpty())
+            return std::nullopt;
+        if (name == "note")
+            return ReaderRule::note;
+        const std::string type = m_xml.attribute("type");
+        const bool isSecondVariant =
+            name == "seg" && type == "x-variant" && m_xml.attribute("subType") == "x-2";
+        if (isSecondVariant || (name == "rdg" && !type.empty() && type != "primary"))
+            return ReaderRule::otherReading;
+        if (isOneOf(name, figures))
+            return ReaderRule::figure;
+        return std::nullopt;
+    }
+
+    void skip(ReaderRule reason)
+    {
+        m_verses.found(reason, m_xml.line());
+        m_verses.leaveOut(reason, elementText(m_xml));
+        m_verses.addGap();
+    }
+
+    static constexpr int noDepth = -1;
+
+    std::string_view m_utf8;
+    CXmlReader m_xml;
+    CVerseCollector m_verses;
+    std::string m_workId;
+    std::string m_openId;                  ///< sID of the verse between milestones that is open
+    std::vector<std::string> m_quoteSigns; ///< closing signs of the quotations that are open
+    unsigned int m_chapter = 0;            ///< where a verse without a reference stands
+    int m_verseDepth = noDepth;            ///< of the verse element that is open
+    int m_titleDepth = noDepth;            ///< of the title that belongs to the text
+};
+
+} // namespace
+
+SourceBible readOsis(const std::string& fileName, std::string_view utf8)
+{
+    return CReader(fileName, utf8).read();
+}
+
+} // namespace Kedrin::ModTool

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "source_bible.h"
+
+#include <string>
+
+namespace Kedrin::ModTool {
+
+/// A Bible as a file of OSIS (doc/formats/osis.md), which readOsis() reads back as it was: the verses, and in the
+/// header the titles, the copyright and the numbering.
+std::string osisFile(const SourceBible& bible);
+
+} // namespace Kedrin::ModTool

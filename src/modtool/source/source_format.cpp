@@ -1,0 +1,156 @@
+#include "source_format.h"
+
+#include "ascii.h"
+#include "errors.h"
+#include "messages.h"
+#include "module_format.h"
+#include "osis_reader.h"
+#include "text_input.h"
+#include "usfm_reader.h"
+#include "verse_line_reader.h"
+#include "xml_reader.h"
+#include "zefania_reader.h"
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+namespace Kedrin::ModTool {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// Archives hold files whose names begin with a point beside those that users see.
+bool isHidden(const fs::path& file) { return file.filename().string().starts_with('.'); }
+
+bool hasUsfmExtension(const fs::path& file)
+{
+    const std::string extension = lower(file.extension().string());
+    return extension == ".usfm" || extension == ".sfm" || extension == ".ptx" || extension == ".scp";
+}
+
+/// Whether a regular file begins with `\id`, perhaps behind a byte order mark.
+bool beginsAsUsfm(const fs::path& file)
+{
+    constexpr std::string_view mark = "\uFEFF", id = "\\id";
+    std::error_code ignored;
+    std::array<char, mark.size() + id.size()> bytes{};
+    if (!fs::is_regular_file(file, ignored) ||
+        !std::ifstream(file, std::ios::binary).read(bytes.data(), bytes.size()))
+        return false;
+    std::string_view head(bytes.data(), bytes.size());
+    head.remove_prefix(head.starts_with(mark) ? mark.size() : 0);
+    return head.starts_with(id);
+}
+
+/// The files with an extension of USFM or, where there are none, those that begin as such files do.
+std::vector<fs::path> usfmFiles(const std::string& folder)
+{
+    std::vector<fs::path> files, others;
+    std::error_code error;
+    for (fs::directory_iterator file(folder, error), end; !error && file != end; file.increment(error))
+        if (!isHidden(file->path()))
+            (hasUsfmExtension(file->path()) ? files : others).push_back(file->path());
+    if (error)
+        throw CBuildError(message("%s: cannot be read", folder));
+    if (files.empty())
+        std::copy_if(others.begin(), others.end(), std::back_inserter(files), beginsAsUsfm);
+    if (files.empty())
+        throw CBuildError(message("%s: holds no USFM file (*.usfm, *.sfm, *.ptx, *.scp)", folder));
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
+bool beginsWithDigit(const fs::path& file)
+{
+    const char first = file.filename().string().front();
+    return first >= '0' && first <= '9';
+}
+
+SourceBible readUsfmFolder(const std::string& folder, const std::string& encoding)
+{
+    const std::vector<fs::path> files = usfmFiles(folder);
+    CUsfmReader reader;
+    std::uint64_t byteCount = 0;
+    for (const fs::path& file : files) {
+        const std::string content = readText(file.string(), encoding);
+        byteCount += content.size();
+        if (byteCount > maxSourceBytes)
+            throw CBuildError(message("%s: holds more than 64 MiB", folder));
+        reader.read(file.string(), content, file.filename().string());
+    }
+    SourceBible bible = reader.finish(folder);
+    if (!std::all_of(files.begin(), files.end(), beginsWithDigit))
+        orderBooks(bible, BookOrder::protestant);
+    return bible;
+}
+
+SourceBible readUsfmFile(const std::string& fileName, const std::string& content)
+{
+    CUsfmReader reader;
+    reader.read(fileName, content);
+    return reader.finish(fileName);
+}
+
+SourceBible readContent(const std::string& fileName, std::string content, SourceFormat format)
+{
+    switch (format == SourceFormat::detected ? detectFormat(content, fileName) : format) {
+    case SourceFormat::osis:
+        return readOsis(fileName, content);
+    case SourceFormat::zefania:
+        return readZefania(fileName, content);
+    case SourceFormat::usfm:
+        return readUsfmFile(fileName, content);
+    default:
+        return readVerseLines(fileName, std::move(content));
+    }
+}
+
+/// Where the source gives only some of its titles, the longer one stands for the shorter.
+void nameAfterFile(SourceInfo& info, const std::string& path, bool isFolder)
+{
+    const fs::path file = fs::path(path).has_filename() ? fs::path(path) : fs::path(path).parent_path();
+    if (isBlank(info.fullTitle))
+        info.fullTitle = (isFolder ? file.filename() : file.stem()).string();
+    if (isBlank(info.shortTitle))
+        info.shortTitle = info.fullTitle;
+    if (isBlank(info.abbreviatedTitle))
+        info.abbreviatedTitle = info.shortTitle;
+}
+
+} // namespace
+
+SourceFormat detectFormat(std::string_view utf8, const std::string& fileName)
+{
+    const std::size_t begin = std::min(utf8.find_first_not_of(" \t\r\n"), utf8.size());
+    const std::string_view content = utf8.substr(begin);
+    if (content.starts_with('\\'))
+        return SourceFormat::usfm;
+    if (!content.starts_with('<'))
+        return SourceFormat::verseLines;
+    const std::string root = lower(rootElement(content));
+    if (root == "osis")
+        return SourceFormat::osis;
+    if (root == "xmlbible")
+        return SourceFormat::zefania;
+    throw CBuildError(message("%s: is XML, but neither OSIS nor Zefania (its root element is %s)", fileName,
+                              inQuotes(root)));
+}
+
+SourceBible readSourceFile(const std::string& path, const ReadOptions& options)
+{
+    std::error_code ignored;
+    const bool isFolder = fs::is_directory(path, ignored);
+    if (isFolder && options.format != SourceFormat::detected && options.format != SourceFormat::usfm)
+        throw CBuildError(message("%s: is a folder, which only USFM may be", path));
+    SourceBible bible = isFolder ? readUsfmFolder(path, options.encoding)
+                                 : readContent(path, readText(path, options.encoding), options.format);
+    nameAfterFile(bible.info, path, isFolder);
+    orderBooks(bible, options.order);
+    return bible;
+}
+
+} // namespace Kedrin::ModTool

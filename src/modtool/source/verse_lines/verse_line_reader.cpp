@@ -1,0 +1,193 @@
+#include "verse_line_reader.h"
+
+#include "ascii.h"
+#include "errors.h"
+#include "letters.h"
+#include "messages.h"
+#include "module_format.h"
+#include "text_input.h"
+#include "verse_line_header.h"
+
+#include <algorithm>
+#include <charconv>
+#include <filesystem>
+#include <tuple>
+#include <unordered_map>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+constexpr std::size_t maxBookIdBytes = 16;
+
+bool isBookId(std::string_view text)
+{
+    const auto isIdByte = [](char c) {
+        return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9');
+    };
+    return !text.empty() && text.size() <= maxBookIdBytes && std::all_of(text.begin(), text.end(), isIdByte);
+}
+
+auto placeIn(const SourceVerse& verse) { return std::tuple(verse.book, verse.chapter, verse.verse); }
+
+/// Letters and digits of the remarks and of what stands behind the third tab of the other lines.
+std::uint64_t lettersOfLines(std::string_view content)
+{
+    std::uint64_t count = 0;
+    int tabs = 0;
+    for (std::size_t i = 0; i < content.size();) {
+        const bool isText = tabs == 3 || content[i] == '#';
+        const std::size_t stop = isText ? content.find('\n', i) : content.find_first_of("\t\n", i);
+        const std::size_t end = std::min(stop, content.size() - 1) + 1;
+        if (isText)
+            count += countLetters(content.substr(i, end - i));
+        tabs = content[end - 1] == '\t' && !isText ? tabs + 1 : 0;
+        i = end;
+    }
+    return count;
+}
+
+class CParser
+{
+public:
+    CParser(const std::string& fileName, std::string utf8) : m_fileName(fileName)
+    {
+        m_bible.text = std::move(utf8);
+    }
+
+    SourceBible parse()
+    {
+        const std::string_view content(m_bible.text);
+        std::size_t begin = 0;
+        while (begin < content.size()) {
+            const std::size_t end = std::min(content.find('\n', begin), content.size());
+            std::string_view line = content.substr(begin, end - begin);
+            if (line.ends_with('\r'))
+                line.remove_suffix(1);
+            ++m_line;
+            if (!isBlank(line))
+                addLine(line);
+            begin = end + 1;
+        }
+        if (m_bible.verses.empty())
+            throw CBuildError(message("%s: holds no verse", m_fileName));
+        sortVerses();
+        m_header.giveTo(m_bible);
+        m_bible.letters = lettersOfLines(content);
+        return std::move(m_bible);
+    }
+
+private:
+    [[noreturn]] void fail(const std::string& what, unsigned int line) const
+    {
+        throw CBuildError(m_fileName + ':' + std::to_string(line) + ": " + what);
+    }
+    [[noreturn]] void fail(const std::string& what) const { fail(what, m_line); }
+
+    void addLine(std::string_view line)
+    {
+        if (line.starts_with('#') && m_bible.verses.empty()) {
+            takeHeaderLine(line);
+            return;
+        }
+        const std::string_view book = field(line);
+        const std::string_view chapter = field(line);
+        const std::string_view verse = field(line);
+        if (!isBookId(book))
+            fail(message("%s is no OSIS book id", inQuotes(book)));
+        m_bible.verses.push_back({bookIndex(book),
+                                  number(chapter, translatable("%s is no chapter number from 1 to %s")),
+                                  number(verse, translatable("%s is no verse number from 1 to %s")),
+                                  static_cast<std::uint32_t>(line.data() - m_bible.text.data()),
+                                  static_cast<std::uint32_t>(line.size()), m_line});
+    }
+
+    void takeHeaderLine(std::string_view line)
+    {
+        m_bible.findings.addLetters(ReaderRule::metadata, countLetters(line));
+        try {
+            m_header.take(line);
+        } catch (const CBuildError& ex) {
+            fail(ex.what());
+        }
+    }
+
+    /// Cuts the first field and its tab off the line.
+    std::string_view field(std::string_view& line) const
+    {
+        const std::size_t tab = line.find('\t');
+        if (tab == std::string_view::npos)
+            fail(tr("a line is BOOK, CHAPTER, VERSE and text with tabs between them"));
+        const std::string_view first = line.substr(0, tab);
+        line.remove_prefix(tab + 1);
+        return first;
+    }
+
+    std::uint16_t number(std::string_view digits, const char* complaint) const
+    {
+        unsigned int value = 0;
+        const char* end = digits.data() + digits.size();
+        const auto [stop, error] = std::from_chars(digits.data(), end, value);
+        if (error != std::errc() || stop != end || value < 1 || value > maxSourceNumber)
+            fail(message(complaint, inQuotes(digits), maxSourceNumber));
+        return static_cast<std::uint16_t>(value);
+    }
+
+    std::uint32_t bookIndex(std::string_view osis)
+    {
+        if (!m_bible.verses.empty() && m_bible.books[m_bible.verses.back().book] == osis)
+            return m_bible.verses.back().book;
+        const auto index = static_cast<std::uint32_t>(m_bible.books.size());
+        const auto [entry, isNew] = m_bookIndices.emplace(osis, index);
+        if (isNew && index >= maxSourceBooks)
+            fail(message("more than %s books", maxSourceBooks));
+        if (isNew)
+            m_bible.books.emplace_back(osis);
+        return entry->second;
+    }
+
+    void sortVerses()
+    {
+        auto& verses = m_bible.verses;
+        const auto before = [](const SourceVerse& a, const SourceVerse& b) {
+            return placeIn(a) < placeIn(b);
+        };
+        if (!std::is_sorted(verses.begin(), verses.end(), before))
+            std::stable_sort(verses.begin(), verses.end(), before);
+        const SourceVerse* second = nullptr; // the first line of the file that repeats another
+        for (std::size_t i = 1; i < verses.size(); ++i)
+            if (placeIn(verses[i - 1]) == placeIn(verses[i]) && (!second || verses[i].line < second->line))
+                second = &verses[i];
+        if (second)
+            fail(message("%s is given twice, first in line %s", m_bible.placeOf(*second), (second - 1)->line),
+                 second->line);
+    }
+
+    const std::string& m_fileName;
+    SourceBible m_bible;
+    CVerseLineHeader m_header;
+    std::unordered_map<std::string, std::uint32_t> m_bookIndices;
+    std::uint32_t m_line = 0;
+};
+
+} // namespace
+
+SourceBible readVerseLines(const std::string& fileName)
+{
+    return readVerseLines(fileName, readText(fileName, ""));
+}
+
+SourceBible readVerseLines(const std::string& fileName, std::string utf8)
+{
+    SourceBible bible = CParser(fileName, std::move(utf8)).parse();
+    SourceInfo& info = bible.info;
+    if (info.fullTitle.empty())
+        info.fullTitle = std::filesystem::path(fileName).stem().string();
+    if (info.shortTitle.empty())
+        info.shortTitle = info.fullTitle;
+    if (info.abbreviatedTitle.empty())
+        info.abbreviatedTitle = info.shortTitle;
+    return bible;
+}
+
+} // namespace Kedrin::ModTool

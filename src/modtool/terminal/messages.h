@@ -1,0 +1,54 @@
+#pragma once
+
+#include <array>
+#include <concepts>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+/// The program's own words, in the user's language (language.h). In the sources they are English; bg.po is the one table
+/// of translations, and a test sees to it that no text is missing there. Names of options, checks, files and formats, the
+/// engine's own messages, and all of a run with --json are the same in every language.
+namespace Kedrin::ModTool {
+
+/// An argument of message(): text, or a number.
+class CMessageArgument
+{
+public:
+    CMessageArgument(std::string_view text) : m_text(text) {}
+    CMessageArgument(const std::string& text) : m_text(text) {}
+    CMessageArgument(const char* text) : m_text(text) {}
+    CMessageArgument(std::integral auto number) : m_text(std::to_string(number)) {}
+
+    const std::string& text() const { return m_text; }
+
+private:
+    std::string m_text;
+};
+
+/// `english` in the user's language, UTF-8; itself where there is no translation. Valid as long as the program runs.
+const char* tr(const char* english);
+
+/// Marks a text of a table for translation: tr() is called where it is used.
+constexpr const char* translatable(const char* english) { return english; }
+
+/// `format` with each "%s" replaced by an argument, in order or as "%2$s" says; "%%" is "%".
+/// @throws std::runtime_error  there are fewer arguments than places for them
+std::string expanded(const char* format, std::span<const std::string> arguments);
+
+/// tr(english), expanded with text and numbers.
+template <typename... Arguments>
+std::string message(const char* english, const Arguments&... arguments)
+{
+    const std::array<std::string, sizeof...(Arguments)> texts = {CMessageArgument(arguments).text()...};
+    return expanded(tr(english), texts);
+}
+
+/// "1 verse", "2 verses"
+std::string counted(std::uint64_t count, const char* singular, const char* plural);
+
+/// A text in quotes as a message shows it: cut after `maxBytes` bytes, so that a hostile source cannot fill the screen.
+std::string inQuotes(std::string_view utf8, std::size_t maxBytes = 40);
+
+} // namespace Kedrin::ModTool

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// ASCII only, whatever the locale; all other bytes are left alone.
+namespace Kedrin::ModTool {
+
+inline constexpr std::string_view whiteSpace = " \t\r\n";
+
+constexpr bool isWhiteSpace(char c) { return whiteSpace.find(c) != std::string_view::npos; }
+constexpr bool isAsciiDigit(char c) { return c >= '0' && c <= '9'; }
+constexpr bool isAsciiLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+constexpr char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
+constexpr char upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c; }
+
+inline std::string lower(std::string_view text)
+{
+    std::string lowered(text);
+    std::transform(lowered.begin(), lowered.end(), lowered.begin(), [](char c) { return lower(c); });
+    return lowered;
+}
+
+/// Whether the text is empty or all white space.
+constexpr bool isBlank(std::string_view text) { return text.find_first_not_of(whiteSpace) == std::string_view::npos; }
+
+/// The text without `blanks` at its ends.
+constexpr std::string_view trimmed(std::string_view text, std::string_view blanks = whiteSpace)
+{
+    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
+    return text.substr(0, text.find_last_not_of(blanks) + 1);
+}
+
+/// The texts with `separator` between each two.
+inline std::string joined(const std::vector<std::string>& texts, std::string_view separator)
+{
+    std::string all;
+    for (std::size_t i = 0; i < texts.size(); ++i)
+        all.append(i == 0 ? std::string_view() : separator).append(texts[i]);
+    return all;
+}
+
+} // namespace Kedrin::ModTool

@@ -1,0 +1,171 @@
+#include "word_index.h"
+
+#include "cp1251.h"
+#include "errors.h"
+#include "messages.h"
+#include "tolvo_bible/word_list.h"
+#include "ut_utils.h"
+
+#include <unicode/brkiter.h>
+#include <unicode/uchar.h>
+#include <unicode/utext.h>
+
+#include <algorithm>
+#include <numeric>
+
+namespace Kedrin::ModTool {
+
+/// Unicode word boundaries in Windows-1251 text. The rules of the root locale, whatever the user's.
+class CWordIndexer::CBoundaries
+{
+public:
+    CBoundaries()
+    {
+        UErrorCode status = U_ZERO_ERROR;
+        m_iterator.reset(icu::BreakIterator::createWordInstance(icu::Locale::getRoot(), status));
+        check(status);
+    }
+    ~CBoundaries() { utext_close(m_text); }
+    CBoundaries(const CBoundaries&) = delete;
+    CBoundaries& operator=(const CBoundaries&) = delete;
+
+    /// Calls `use(begin, length)` for each segment that holds a letter or a digit.
+    template <typename Use>
+    void forEachWord(std::string_view text, Use&& use)
+    {
+        m_units = ut::from_cp1251(text);
+        UErrorCode status = U_ZERO_ERROR;
+        m_text = utext_openUChars(m_text, m_units.data(), static_cast<int64_t>(m_units.size()), &status);
+        m_iterator->setText(m_text, status);
+        check(status);
+        int32_t begin = m_iterator->first();
+        for (int32_t end = m_iterator->next(); end != icu::BreakIterator::DONE;
+             begin = end, end = m_iterator->next())
+            if (holdsLetterOrDigit(begin, end))
+                use(static_cast<std::size_t>(begin), static_cast<std::size_t>(end - begin));
+    }
+
+private:
+    static void check(UErrorCode status)
+    {
+        if (U_FAILURE(status))
+            throw CBuildError(message("the Unicode library fails: %s", u_errorName(status)));
+    }
+
+    bool holdsLetterOrDigit(int32_t begin, int32_t end) const
+    {
+        return std::any_of(m_units.begin() + begin, m_units.begin() + end,
+                           [](char16_t unit) { return u_isalnum(unit) != 0; });
+    }
+
+    std::unique_ptr<icu::BreakIterator> m_iterator;
+    std::u16string m_units;
+    UText* m_text = nullptr;
+};
+
+CWordIndexer::CWordIndexer() : m_boundaries(std::make_unique<CBoundaries>()) {}
+CWordIndexer::~CWordIndexer() = default;
+
+/// There is a boundary on both sides of every blank, and no rule looks across one, so what stands between blanks can
+/// be segmented alone, and only once for each distinct text.
+void CWordIndexer::add(std::string_view verse, unsigned int verseNum)
+{
+    while (!verse.empty()) {
+        const std::size_t blank = std::min(verse.find(' '), verse.size());
+        if (blank != 0)
+            addChunk(verse.substr(0, blank), verseNum);
+        verse.remove_prefix(std::min(blank + 1, verse.size()));
+    }
+}
+
+void CWordIndexer::addChunk(std::string_view text, unsigned int verseNum)
+{
+    auto known = m_chunks.find(text);
+    if (known == m_chunks.end())
+        known = m_chunks.emplace(text, segment(text, verseNum)).first;
+    const Chunk chunk = known->second;
+    m_occurrences += chunk.count;
+    m_longWords.count += chunk.longWordsCount;
+    for (std::uint32_t i = chunk.first; i < chunk.first + chunk.count; ++i) {
+        Spelling& spelling = m_spellings[m_chunkSpellings[i]];
+        ++spelling.count;
+        if (m_lastVerse[spelling.word] == verseNum + 1)
+            continue;
+        m_lastVerse[spelling.word] = verseNum + 1;
+        m_postings.push_back({spelling.word, static_cast<std::uint16_t>(verseNum)});
+    }
+}
+
+CWordIndexer::Chunk CWordIndexer::segment(std::string_view text, unsigned int verseNum)
+{
+    const auto first = static_cast<std::uint32_t>(m_chunkSpellings.size());
+    std::uint32_t longWordsCount = 0;
+    m_boundaries->forEachWord(text, [&](std::size_t begin, std::size_t length) {
+        const std::string_view word = text.substr(begin, length);
+        if (length <= maxWordBytes) {
+            m_chunkSpellings.push_back(spellingOf(word));
+            return;
+        }
+        if (m_longWords.first.empty())
+            m_longWords = {0, std::string(word), verseNum};
+        ++longWordsCount;
+    });
+    return {first, static_cast<std::uint32_t>(m_chunkSpellings.size()) - first, longWordsCount};
+}
+
+std::uint32_t CWordIndexer::spellingOf(std::string_view text)
+{
+    if (const auto known = m_spellingIds.find(text); known != m_spellingIds.end())
+        return known->second;
+    std::string folded(text);
+    std::transform(folded.begin(), folded.end(), folded.begin(), ut::cyr_chrupcase);
+    const auto [word, isNew] = m_wordIds.emplace(folded, static_cast<std::uint32_t>(m_lastVerse.size()));
+    if (isNew)
+        m_lastVerse.push_back(0);
+    const auto id = static_cast<std::uint32_t>(m_spellings.size());
+    m_spellings.push_back({std::string(text), word->second, 0});
+    m_spellingIds.emplace(text, id);
+    return id;
+}
+
+std::vector<const std::string*> CWordIndexer::chosenSpellings() const
+{
+    std::vector<const Spelling*> best(m_lastVerse.size(), nullptr);
+    for (const Spelling& spelling : m_spellings) {
+        const Spelling*& known = best[spelling.word];
+        if (!known || spelling.count > known->count)
+            known = &spelling;
+    }
+    std::vector<const std::string*> texts(best.size());
+    std::transform(best.begin(), best.end(), texts.begin(), [](const Spelling* s) { return &s->text; });
+    return texts;
+}
+
+WordIndex CWordIndexer::finish()
+{
+    const std::vector<const std::string*> texts = chosenSpellings();
+    std::vector<std::uint32_t> order(texts.size()); // [place in the list]: word
+    std::iota(order.begin(), order.end(), 0u);
+    std::sort(order.begin(), order.end(), [&](std::uint32_t a, std::uint32_t b) {
+        return Tolvo::caseInsensitiveComp(*texts[a], *texts[b]);
+    });
+
+    WordIndex index;
+    index.occurrences = m_occurrences;
+    std::vector<std::uint32_t> next(texts.size(), 0); // [word]: how many verses, then where its next one goes
+    for (const Posting& posting : m_postings)
+        ++next[posting.word];
+    std::uint32_t begin = 0;
+    for (const std::uint32_t word : order) {
+        index.words.push_back(*texts[word]);
+        index.firstEntry.push_back(begin);
+        begin += std::exchange(next[word], begin);
+    }
+    index.firstEntry.push_back(begin);
+    index.verseNums.resize(m_postings.size());
+    for (const Posting& posting : m_postings)
+        index.verseNums[next[posting.word]++] = posting.verseNum;
+    return index;
+}
+
+} // namespace Kedrin::ModTool

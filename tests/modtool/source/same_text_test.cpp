@@ -1,0 +1,268 @@
+// The same text through every format gives the same module: the Bibles of Debian's SWORD packages, texts made of them,
+// and those of KEDRIN_TEST_DATA where it is. The figures and the reasons of the differences stand in
+// doc/formats/sources.md.
+
+#include "build_fixture.h"
+#include "made_lines.h"
+#include "marked_files.h"
+#include "osis_writer.h"
+#include "real_data.h"
+#include "text_columns.h"
+
+#include <algorithm>
+#include <sstream>
+
+namespace {
+
+using build_test::MarkedBible;
+using build_test::Result;
+using Kedrin::Tolvo::CBible;
+using Kedrin::Tolvo::CRef;
+
+/// A verse that two modules do not have alike, as they store it.
+struct Difference
+{
+    std::string first;
+    std::string second;
+};
+
+std::size_t charactersIn(const std::string& text)
+{
+    return static_cast<std::size_t>(
+        std::count_if(text.begin(), text.end(), [](char c) { return c != ' ' && c != '\n'; }));
+}
+
+std::string inSmallLetters(std::string text)
+{
+    for (char& c : text)
+        c = c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c;
+    return text;
+}
+
+class SameText : public build_test::Building
+{
+protected:
+    std::string moduleNamed(const std::string& name) const { return m_folder.file("modules/" + name); }
+
+    /// Builds the module and keeps its report.
+    void build(const std::string& source, const std::string& name)
+    {
+        const Result result = build_test::run(
+            {"build", source, moduleNamed(name), "--substitute", "--versification", m_versification});
+        ASSERT_EQ(result.code, 0) << result.err;
+        m_reports[name] = result.out;
+    }
+
+    /// Builds the text through the three marked-up formats.
+    void buildMarked(const MarkedBible& bible)
+    {
+        for (const auto& [file, content] : build_test::usfmFiles(bible))
+            m_folder.write("usfm-files/" + file, content);
+        build(m_folder.file("usfm-files"), "usfm");
+        build(m_folder.write("zefania.xml", build_test::zefaniaFile(bible)), "zefania");
+        build(m_folder.write("osis.xml", build_test::osisFile(bible)), "osis");
+        EXPECT_EQ(reportLine("usfm", "kept"), ""); // no marker is unknown
+        const build_test::MarkedCounts counts = countMarks(bible);
+        for (const char* name : formats) {
+            expectReported(name, "left out      ", counts.notes, " note");
+            if (name != std::string("zefania")) // there a psalm title is text of its verse
+                expectReported(name, "joined        ", counts.psalmTitles, " psalm title");
+        }
+        expectReported("osis", "left out      ", counts.headings, " title");
+        expectReported("zefania", "left out      ", counts.headings, " title");
+        expectReported("usfm", "left out      ", counts.headings + bible.size(),
+                       " title"); // \mt of each book
+    }
+
+    void expectReported(const std::string& name, const std::string& label, std::size_t count,
+                        const std::string& what) const
+    {
+        const std::string& report = m_reports.at(name);
+        const std::string several = count == 1 ? what : what + 's';
+        if (count == 0)
+            EXPECT_EQ(report.find(what), std::string::npos) << name << ":\n" << report;
+        else
+            EXPECT_NE(report.find(label + std::to_string(count) + several + ','), std::string::npos)
+                << name << ": " << count << what << "\n"
+                << report;
+    }
+
+    /// The verses that the module of the name has otherwise than the one named "plain".
+    std::vector<Difference> differences(const std::string& name) const
+    {
+        const CBible plain(moduleNamed("plain")), other(moduleNamed(name));
+        EXPECT_EQ(build_test::bytesOf(moduleNamed("plain") + "/BibleStructure.csv"),
+                  build_test::bytesOf(moduleNamed(name) + "/BibleStructure.csv"));
+        std::vector<Difference> found;
+        for (unsigned int book = 0; book < plain.booksCount(); ++book)
+            for (unsigned int chapter = 0; chapter < plain.chaptersCount(book); ++chapter)
+                for (unsigned int verse = 0; verse < plain.versesCount(book, chapter); ++verse) {
+                    const CRef ref(book, chapter, verse, false);
+                    if (std::string first = plain[ref], second = other[ref]; first != second)
+                        found.push_back({std::move(first), std::move(second)});
+                }
+        return found;
+    }
+
+    /// Characters of all verses but blanks, as they are stored.
+    std::size_t charactersOf(const std::string& name) const
+    {
+        const CBible bible(moduleNamed(name));
+        std::size_t count = 0;
+        for (unsigned int book = 0; book < bible.booksCount(); ++book)
+            for (unsigned int chapter = 0; chapter < bible.chaptersCount(book); ++chapter)
+                for (unsigned int verse = 0; verse < bible.versesCount(book, chapter); ++verse)
+                    count += charactersIn(bible[CRef(book, chapter, verse, false)]);
+        return count;
+    }
+
+    /// Compares what a module came to with the row of the page.
+    /// @param text     as the page calls it
+    /// @param through  the format, as the page calls it
+    void expectRow(const std::string& text, const std::string& through, const std::string& name) const
+    {
+        std::istringstream holds(reportLine(name, "holds")), words(reportLine(name, "words"));
+        std::string verses, all, ignored;
+        holds >> ignored >> ignored >> ignored >> ignored >> verses;
+        words >> ignored >> ignored >> ignored >> all;
+        const std::string row = "| " + text + " | " + through + " | " + verses + " | " + all + " | " +
+                                std::to_string(charactersOf(name)) + " | " +
+                                (name == "plain" ? "" : std::to_string(differences(name).size()) + ' ') +
+                                "|\n";
+        EXPECT_NE(m_page.find(row), std::string::npos) << row;
+    }
+
+    void expectRows(const std::string& text, const std::string& from) const
+    {
+        expectRow(text, from, "plain");
+        expectRow(text, "USFM", "usfm");
+        expectRow(text, "Zefania XML", "zefania");
+        expectRow(text, "OSIS", "osis");
+    }
+
+    /// A line of a module's report, by its first word.
+    std::string reportLine(const std::string& name, const std::string& label) const
+    {
+        return reported({0, m_reports.at(name), ""}, label);
+    }
+
+    /// Verse lines and the three marked-up formats give the same bytes; nothing comes, nothing goes.
+    void expectSameEverywhere(const std::string& lines, const std::string& notes, const std::string& leftOut)
+    {
+        ASSERT_FALSE(lines.empty());
+        build(m_folder.write("plain.vpl", lines), "plain");
+        const MarkedBible bible = build_test::bibleOfLines(lines, notes);
+        buildMarked(bible);
+        for (const char* format : formats) {
+            EXPECT_EQ(differences(format).size(), 0u) << format;
+            EXPECT_EQ(reportLine(format, "holds"), reportLine("plain", "holds"));
+            EXPECT_EQ(reportLine(format, "words"), reportLine("plain", "words"));
+            EXPECT_EQ(build_test::bytesOf(moduleNamed(format) + "/CompactText.bin"),
+                      build_test::bytesOf(moduleNamed("plain") + "/CompactText.bin"));
+            EXPECT_EQ(build_test::bytesOf(moduleNamed(format) + "/Conc.bin"),
+                      build_test::bytesOf(moduleNamed("plain") + "/Conc.bin"));
+        }
+        EXPECT_EQ(charactersOf("plain"), charactersMarked(bible, {leftOut}));
+    }
+
+    /// The same of a text of the test data, whose figures the page has.
+    void expectSameOfData(const std::string& name, const std::string& notes, const std::string& leftOut)
+    {
+        expectSameEverywhere(build_test::realText(name), build_test::realText(notes), leftOut);
+        expectRows('`' + name.substr(0, name.find('.')) + '`', "verse lines");
+    }
+
+    /// Characters of the text that is marked, but blanks and the books that modules lack.
+    static std::size_t charactersMarked(const MarkedBible& bible, const std::vector<std::string>& leftOut)
+    {
+        std::string text;
+        for (const build_test::MarkedBook& book : bible)
+            if (std::find(leftOut.begin(), leftOut.end(), book.osis) == leftOut.end())
+                for (const build_test::MarkedVerse& verse : book.verses)
+                    for (const build_test::Piece& piece : verse.pieces)
+                        if (piece.kind == build_test::Piece::Kind::text)
+                            text += piece.text;
+        return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
+            return c != ' ' && c != '\n' && (c & 0xC0) != 0x80; // the first byte of a character
+        }));
+    }
+
+    static constexpr const char* formats[] = {"usfm", "zefania", "osis"};
+
+    const std::string m_page = build_test::bytesOf(KEDRIN_FORMATS_FOLDER "/sources.md");
+    std::string m_versification = "KJV";
+    std::map<std::string, std::string> m_reports;
+};
+
+TEST_F(SameText, EnglishOf1769DiffersOnlyWhereTheLibraryCapitalises)
+{
+    const MarkedBible bible = build_test::installedBible("KJV");
+    ASSERT_FALSE(bible.empty()) << "sword-text-kjv is not installed";
+    build("sword:KJV", "plain");
+    buildMarked(bible);
+    constexpr std::size_t markers = 27; // of USFM, each a backslash and two letters in the source
+    constexpr std::size_t capitalised = 10;
+    constexpr std::size_t ligatures = 96; // each becomes two letters
+    for (const char* format : formats) {
+        const std::vector<Difference> found = differences(format);
+        for (const Difference& difference : found)
+            EXPECT_EQ(inSmallLetters(difference.first), inSmallLetters(difference.second)) << format;
+        EXPECT_EQ(found.size(), capitalised) << format;
+        EXPECT_EQ(charactersOf(format), charactersMarked(bible, {}) + ligatures - 3 * markers) << format;
+        EXPECT_EQ(reportLine(format, "words"), reportLine("plain", "words"));
+    }
+    for (const char* name : {"plain", "zefania", "osis"}) // in USFM they are what they are
+        expectReported(name, "kept          ", markers, " texts of unknown marker");
+    expectReported("plain", "left out      ", countMarks(bible).notes, " note");
+    expectRows("KJV", "SWORD");
+}
+
+TEST_F(SameText, EnglishOfOurDaysIsTheSame)
+{
+    const MarkedBible bible = build_test::installedBible("WEB");
+    ASSERT_FALSE(bible.empty()) << "sword-text-web is not installed";
+    m_versification = "NRSVA";
+    build("sword:WEB", "plain");
+    buildMarked(bible);
+    for (const char* format : formats) {
+        for (const Difference& difference : differences(format))
+            ADD_FAILURE() << format << '\n' << difference.first << '\n' << difference.second;
+        EXPECT_EQ(reportLine(format, "words"), reportLine("plain", "words"));
+        EXPECT_EQ(charactersOf(format), charactersMarked(bible, {"EsthGr", "PrMan", "AddPs", "4Macc"}))
+            << format;
+    }
+    expectRows("WEB", "SWORD");
+}
+
+TEST_F(SameText, MadeCyrillicWithNotesIsTheSame)
+{
+    const std::string lines = build_test::cyrillicLines("KJV");
+    expectSameEverywhere(lines, build_test::notesFor(lines), "none");
+}
+
+TEST_F(SameText, MadeSynodalIsTheSame)
+{
+    m_versification = "Synodal";
+    expectSameEverywhere(build_test::synodalLines(), "", "PrMan");
+}
+
+TEST_F(SameText, MadeMatthewIsTheSame)
+{
+    expectSameEverywhere(build_test::cyrillicLines("KJV", {"Matt"}), "", "none");
+}
+
+#ifdef KEDRIN_TEST_DATA
+
+TEST_F(SameText, BulgarianOf1940IsTheSame) { expectSameOfData("bg-1940.vpl", "bg-1940.notes.tsv", "none"); }
+
+TEST_F(SameText, RussianSynodalIsTheSame)
+{
+    m_versification = "Synodal";
+    expectSameOfData("ru-synodal.vpl", "none", "PrMan");
+}
+
+TEST_F(SameText, MatthewOfOurDaysIsTheSame) { expectSameOfData("bg-kjv-matt.vpl", "none", "none"); }
+
+#endif
+
+} // namespace
