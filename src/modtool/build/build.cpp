@@ -2,8 +2,8 @@
 
 #include "common_books.h"
 #include "durable_file.h"
-#include "module_files.h"
 #include "messages.h"
+#include "module_files.h"
 #include "module_folder.h"
 #include "prepare.h"
 #include "sword_library.h"

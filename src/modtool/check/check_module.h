@@ -17,8 +17,8 @@ struct ModuleReport
     std::uint64_t booksCount = 0;
     std::optional<std::uint64_t> versesCount;
     std::optional<std::uint64_t> emptyVerses;
-    std::optional<std::uint64_t>
-        keptPlaces; ///< verses that keep their place to the common numbering and back
+    /// Verses that keep their place to the common numbering and back.
+    std::optional<std::uint64_t> keptPlaces;
     std::optional<std::uint64_t> wordsCount;
 
     ModuleReport(std::string moduleFolder, std::size_t maxPlaces)

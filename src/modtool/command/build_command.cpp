@@ -25,22 +25,22 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-constexpr const char* page =
-    translatable("The folder is written beside its place, read back, compared and then exchanged in one "
-                 "step: an interrupted or\n"
-                 "failing build leaves the module of before, or none.\n"
-                 "\n"
-                 "Examples:\n"
-                 "  kedrin-module build my.txt modules/bibles/my --title 'My translation'\n"
-                 "  kedrin-module build sword:WEB modules/bibles/web --substitute\n"
-                 "  kedrin-module build --all-sword modules/bibles\n"
-                 "\n"
-                 "Exit codes:\n"
-                 "  0  done\n"
-                 "  1  the source was refused, or something could not be read or written\n"
-                 "  2  the arguments make no sense\n"
-                 "  3  the report cannot be written, or the part of the program that knows the SWORD library is not "
-                 "installed");
+constexpr const char* page = translatable(
+    "The folder is written beside its place, read back, compared and then exchanged in one "
+    "step: an interrupted or\n"
+    "failing build leaves the module of before, or none.\n"
+    "\n"
+    "Examples:\n"
+    "  kedrin-module build my.txt modules/bibles/my --title 'My translation'\n"
+    "  kedrin-module build sword:WEB modules/bibles/web --substitute\n"
+    "  kedrin-module build --all-sword modules/bibles\n"
+    "\n"
+    "Exit codes:\n"
+    "  0  done\n"
+    "  1  the source was refused, or something could not be read or written\n"
+    "  2  the arguments make no sense\n"
+    "  3  the report cannot be written, or the part of the program that knows the SWORD library is not "
+    "installed");
 
 /// `kedrin-module build SOURCE MODULE-FOLDER` and `kedrin-module build --all-sword DIR`.
 class CBuildCommand final : public ICommand
@@ -163,12 +163,12 @@ std::string CBuildCommand::usageError() const
         return m_source.empty() || m_folder.empty()
                    ? tr("build needs SOURCE and MODULE-FOLDER, or --all-sword DIR")
                    : "";
-    const bool describesOne = !m_source.empty() || m_verbose || m_options.substitute || !m_options.fullTitle.empty() ||
-                              !m_options.shortTitle.empty() || !m_options.abbreviatedTitle.empty() ||
-                              !m_options.versification.empty() || m_options.sourceTitles ||
-                              !m_copyrightFile.empty() || !m_readOptions.encoding.empty() ||
-                              m_readOptions.format != SourceFormat::detected ||
-                              m_readOptions.order != BookOrder::source;
+    const bool describesOne =
+        !m_source.empty() || m_verbose || m_options.substitute || !m_options.fullTitle.empty() ||
+        !m_options.shortTitle.empty() || !m_options.abbreviatedTitle.empty() ||
+        !m_options.versification.empty() || m_options.sourceTitles || !m_copyrightFile.empty() ||
+        !m_readOptions.encoding.empty() || m_readOptions.format != SourceFormat::detected ||
+        m_readOptions.order != BookOrder::source;
     return describesOne ? tr("--all-sword goes with no other argument than -q") : "";
 }
 

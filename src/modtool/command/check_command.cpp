@@ -20,20 +20,21 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-constexpr const char* page = translatable("A module is a folder that holds one of the ten files of a module; "
-                                          "of any other folder each sub-folder is one.\n"
-                                          "Nothing is changed.\n"
-                                          "\n"
-                                          "Examples:\n"
-                                          "  kedrin-module check modules/bibles/my\n"
-                                          "  kedrin-module check --strict --places 20 modules/bibles\n"
-                                          "  kedrin-module check --list\n"
-                                          "\n"
-                                          "Exit codes:\n"
-                                          "  0  sound: no errors (with --strict: nor warnings)\n"
-                                          "  1  defects\n"
-                                          "  2  the arguments make no sense\n"
-                                          "  3  something could not be checked, or the report cannot be written");
+constexpr const char* page =
+    translatable("A module is a folder that holds one of the ten files of a module; "
+                 "of any other folder each sub-folder is one.\n"
+                 "Nothing is changed.\n"
+                 "\n"
+                 "Examples:\n"
+                 "  kedrin-module check modules/bibles/my\n"
+                 "  kedrin-module check --strict --places 20 modules/bibles\n"
+                 "  kedrin-module check --list\n"
+                 "\n"
+                 "Exit codes:\n"
+                 "  0  sound: no errors (with --strict: nor warnings)\n"
+                 "  1  defects\n"
+                 "  2  the arguments make no sense\n"
+                 "  3  something could not be checked, or the report cannot be written");
 
 constexpr std::size_t defaultMaxPlaces = 5;
 constexpr std::size_t mostMaxPlaces = 1000;

@@ -26,9 +26,10 @@ std::string row(const std::string& name, const std::string& description)
 
 CHelpFormatter::CHelpFormatter()
 {
-    for (const char* word : {translatable("Usage"), translatable("OPTIONS"), translatable("SUBCOMMAND"),
-                             translatable("Positionals"), translatable("Options"), translatable("TEXT"),
-                             translatable("DIR"), translatable("FILE"), translatable("NAME"), translatable("MODULE")})
+    for (const char* word :
+         {translatable("Usage"), translatable("OPTIONS"), translatable("SUBCOMMAND"),
+          translatable("Positionals"), translatable("Options"), translatable("TEXT"), translatable("DIR"),
+          translatable("FILE"), translatable("NAME"), translatable("MODULE")})
         label(word, tr(word));
 }
 

@@ -56,8 +56,8 @@ private:
     std::string m_path;
     std::string m_parent;
     std::string m_beside;
-    std::string
-        m_replaced; ///< where the module of before is while it makes room, on disks that cannot exchange
+    /// Where the module of before is while it makes room, on disks that cannot exchange.
+    std::string m_replaced;
     std::string m_lockName;
     int m_lock = -1;
 };

@@ -55,12 +55,12 @@ struct BuildReport
 
     SourceFindings findings;               ///< what the reader of the source did
     std::vector<OmittedBook> omittedBooks; ///< not in the common numbering
-    Tally emptyVerses;                 ///< kept without text, because verses follow in the chapter
-    Tally emptyChapters;         ///< kept as one verse without text, because chapters follow in the book
+    Tally emptyVerses;                     ///< kept without text, because verses follow in the chapter
+    Tally emptyChapters;             ///< kept as one verse without text, because chapters follow in the book
     std::uint64_t trimmedVerses = 0; ///< without text at the end of a chapter, left out
     std::uint64_t trimmedChapters = 0; ///< without text at the end of a book, left out
     std::uint64_t trimmedBooks = 0;    ///< without any text, left out
-    Tally longWords;               ///< too long for the list of words
+    Tally longWords;                   ///< too long for the list of words
     std::vector<ReplacedKind> replaced;
     LetterAccount letters;
 

@@ -4,7 +4,11 @@ namespace Kedrin::ModTool {
 
 std::string positionText(std::string_view book, std::size_t chapter, std::size_t verse)
 {
-    return std::string(book).append(" ").append(std::to_string(chapter)).append(":").append(std::to_string(verse));
+    return std::string(book)
+        .append(" ")
+        .append(std::to_string(chapter))
+        .append(":")
+        .append(std::to_string(verse));
 }
 
 std::string positionInModule(const ModuleData& module, unsigned int verseNum)

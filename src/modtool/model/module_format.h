@@ -22,17 +22,19 @@ inline constexpr const char* infoFileName = "_Info_.txt";
 
 /// All of them, in the order in which they are written.
 inline constexpr std::array<const char*, 10> moduleFileNames = {
-    titlesFileName,   structureFileName,  diffFileName,        textFileName,              textPointsFileName,
-    wordListFileName, wordPointsFileName, concordanceFileName, concordancePointsFileName, infoFileName};
+    titlesFileName,     structureFileName,   diffFileName,
+    textFileName,       textPointsFileName,  wordListFileName,
+    wordPointsFileName, concordanceFileName, concordancePointsFileName,
+    infoFileName};
 
 /// In the modules directory, beside the modules.
 inline constexpr const char* globalStructureFileName = "BibleStructure.txt";
 
 // Limits of the formats.
-inline constexpr std::size_t maxModuleVerses = 65534;  ///< verse numbers have 16 bits, and one is kept free
+inline constexpr std::size_t maxModuleVerses = 65534; ///< verse numbers have 16 bits, and one is kept free
 inline constexpr std::uint32_t maxNumberedVerses = 65535; ///< that a concordance can name
-inline constexpr std::size_t maxVerseBytes = 65535;    ///< as stored
-inline constexpr std::size_t maxLineBytes = 255;       ///< of titles and copyright
+inline constexpr std::size_t maxVerseBytes = 65535;       ///< as stored
+inline constexpr std::size_t maxLineBytes = 255;          ///< of titles and copyright
 
 // Limits on what a check reads of one module; a build makes no module beyond them.
 inline constexpr std::uint64_t maxCheckedFileBytes = 64u << 20;

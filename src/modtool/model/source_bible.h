@@ -53,7 +53,8 @@ struct SourceBible
 
     /// Letters and digits of the source's text, counted on another way than the reader's; nothing: not counted.
     std::optional<std::uint64_t> letters;
-    std::uint64_t attributeLetters = 0; ///< those of the verses that stand in attributes of the source, not in its text
+    /// Those of the verses that stand in attributes of the source, not in its text.
+    std::uint64_t attributeLetters = 0;
 
     std::string_view textOf(const SourceVerse& verse) const
     {

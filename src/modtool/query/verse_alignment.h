@@ -12,8 +12,8 @@ namespace Kedrin::ModTool {
 struct AlignedRow
 {
     CommonPlace place;
-    std::vector<std::optional<Tolvo::CRef>>
-        verses; ///< [module]: local reference; nothing where it has no such verse
+    /// [module]: local reference; nothing where it has no such verse.
+    std::vector<std::optional<Tolvo::CRef>> verses;
 };
 
 /// Verses of several modules by their place in the common numbering, in its order. A place that a module has more than

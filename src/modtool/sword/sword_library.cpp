@@ -124,11 +124,13 @@ std::string CSwordLibrary::resolve(const std::string& name) const
                 found.push_back(candidate);
         }
         if (found.size() > 1)
-            throw CBuildError(message("several SWORD Bibles are named \"%s\": %s", name, joined(found, ", ")));
+            throw CBuildError(
+                message("several SWORD Bibles are named \"%s\": %s", name, joined(found, ", ")));
         if (!found.empty())
             return found.front();
     }
-    throw CBuildError(message("no SWORD Bible is named \"%s\" (installed: %s)", name, all.empty() ? "none" : joined(all, ", ")));
+    throw CBuildError(message("no SWORD Bible is named \"%s\" (installed: %s)", name,
+                              all.empty() ? "none" : joined(all, ", ")));
 }
 
 SourceBible CSwordLibrary::read(const std::string& name,

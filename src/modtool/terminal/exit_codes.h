@@ -5,8 +5,10 @@ namespace Kedrin::ModTool {
 /// Exit codes of kedrin-module.
 enum ExitCode
 {
-    exitDone = 0,    ///< done; `check`: sound; `show`, `search`, `words`: found; `diff`: the same
-    exitFailed = 1,  ///< `build`: refused; `check`: defects; `show`, `search`, `words`: nothing found; `diff`: differences
+    /// Done; `check`: sound; `show`, `search`, `words`: found; `diff`: the same.
+    exitDone = 0,
+    /// `build`: refused; `check`: defects; `show`, `search`, `words`: nothing found; `diff`: differences.
+    exitFailed = 1,
     exitUsage = 2,   ///< invalid arguments
     exitTrouble = 3, ///< something could not be read or checked, or the output could not be written
 };

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <ostream>
 #include <cstddef>
+#include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>

@@ -24,7 +24,10 @@ inline std::string lower(std::string_view text)
 }
 
 /// Whether the text is empty or all white space.
-constexpr bool isBlank(std::string_view text) { return text.find_first_not_of(whiteSpace) == std::string_view::npos; }
+constexpr bool isBlank(std::string_view text)
+{
+    return text.find_first_not_of(whiteSpace) == std::string_view::npos;
+}
 
 /// The text without `blanks` at its ends.
 constexpr std::string_view trimmed(std::string_view text, std::string_view blanks = whiteSpace)

@@ -46,8 +46,7 @@ constexpr std::int32_t maxWordReach = 40;
 std::pair<std::int32_t, std::int32_t> wordAround(const icu::UnicodeString& text, std::int32_t index)
 {
     std::int32_t begin = index;
-    while (begin > 0 && index - begin < maxWordReach &&
-           isOfWord(text.char32At(text.moveIndex32(begin, -1))))
+    while (begin > 0 && index - begin < maxWordReach && isOfWord(text.char32At(text.moveIndex32(begin, -1))))
         begin = text.moveIndex32(begin, -1);
     std::int32_t end = index;
     while (end < text.length() && end - index < maxWordReach && isOfWord(text.char32At(end)))

@@ -13,10 +13,7 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-bool isNameByte(char c)
-{
-    return isAsciiLetter(c) || isAsciiDigit(c) || c == '-';
-}
+bool isNameByte(char c) { return isAsciiLetter(c) || isAsciiDigit(c) || c == '-'; }
 
 bool endsWithLetterOrDigit(std::string_view utf8)
 {

@@ -22,9 +22,9 @@ struct ForeignCharacter
 /// What became of it.
 struct ReplacedCharacter
 {
-    std::string to;               ///< Windows-1251; "": removed
-    bool isAlways = false;        ///< without being asked for
-    std::uint64_t count = 0;      ///< how often
+    std::string to;                  ///< Windows-1251; "": removed
+    bool isAlways = false;           ///< without being asked for
+    std::uint64_t count = 0;         ///< how often
     std::uint32_t firstPosition = 0; ///< the `place` of the first
 };
 
@@ -36,8 +36,8 @@ struct ReplacedCharacter
 class CTextEncoder
 {
 public:
-    using Kinds =
-        std::map<ForeignCharacter, ReplacedCharacter>; ///< by the character of the source, after composition
+    /// By the character of the source, after composition.
+    using Kinds = std::map<ForeignCharacter, ReplacedCharacter>;
 
     CTextEncoder();
 

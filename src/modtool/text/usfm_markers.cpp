@@ -32,8 +32,8 @@ constexpr Row rows[] = {
      "jmp rb rt qs qac lik liv litl xt ior iqt wr "},
 };
 
-constexpr std::string_view noteParts =
-    " fr fk fq fqa fl fw fp ft fdc fv xo xop xk xq xta xot xnt xdc "; // with blanks around each
+/// The markers of the parts of a note, with blanks around each.
+constexpr std::string_view noteParts = " fr fk fq fqa fl fw fp ft fdc fv xo xop xk xq xta xot xnt xdc ";
 
 bool isIn(std::string_view names, std::string_view base)
 {

@@ -38,7 +38,7 @@ protected:
 TEST_F(LetterAccounts, IsPrintedWhereItIsAskedFor)
 {
     EXPECT_EQ(account("Gen\t1\t1\tone 2\n"), "letters       4 letters and digits in the source\n"
-                                              "              4 in the verses of the module\n");
+                                             "              4 in the verses of the module\n");
     EXPECT_EQ(build("Gen\t1\t1\tone 2\n").out.find("letters "), std::string::npos);
 }
 
@@ -63,9 +63,10 @@ TEST_F(LetterAccounts, TextThatDoesNotAddUpIsRefusedAndNothingIsWritten)
 {
     SourceBible source = readVerseLines("f.vpl", "Gen\t1\t1\tone\n");
     ++*source.letters;
-    EXPECT_EQ(messageOf<CBuildError>([&] { built(source); }),
-              "the source has 4 letters and digits, 3 are accounted for; this is an error in kedrin-module, please "
-              "report it");
+    EXPECT_EQ(
+        messageOf<CBuildError>([&] { built(source); }),
+        "the source has 4 letters and digits, 3 are accounted for; this is an error in kedrin-module, please "
+        "report it");
     EXPECT_FALSE(std::ifstream(made() + "/BibleTitles.txt").is_open());
     --*source.letters;
     EXPECT_EQ(built(source).letters.module, 3u);

@@ -19,7 +19,8 @@ protected:
     /// Builds a Bible of Debian's, one that ./test installs.
     void buildInstalled(const std::string& name)
     {
-        const Result result = build_test::run({"build", "sword:" + name, made(), "--substitute", "--verbose"});
+        const Result result =
+            build_test::run({"build", "sword:" + name, made(), "--substitute", "--verbose"});
         ASSERT_EQ(result.code, 0) << result.err;
         m_report = result.out;
         m_bible = std::make_unique<CBible>(made());

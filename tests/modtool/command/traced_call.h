@@ -27,8 +27,8 @@ struct Injection
 {
     std::string name; ///< of the call, and its number, as in TracedCall
     unsigned int number;
-    std::string
-        what; ///< in strace's words: "signal=KILL" where it enters the call, "error=ENOSPC" instead of it
+    /// In strace's words: "signal=KILL" where it enters the call, "error=ENOSPC" instead of it.
+    std::string what;
 };
 
 /// The command that runs a program and has these happen; several of one name do not go together.

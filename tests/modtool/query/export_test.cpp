@@ -1,6 +1,6 @@
 #include "build.h"
-#include "errors.h"
 #include "commands.h"
+#include "errors.h"
 #include "module_export.h"
 #include "osis_writer.h"
 #include "query_fixture.h"
@@ -158,10 +158,7 @@ TEST_F(Exports, BuildOfAnExportIsTheSameModule)
                     threeVerses);
 }
 
-TEST_F(Exports, BackslashesComeBack)
-{
-    expectRoundTrip("Gen\t1\t1\t\\nd Бог\\+nd* рече\\\\x \\\n");
-}
+TEST_F(Exports, BackslashesComeBack) { expectRoundTrip("Gen\t1\t1\t\\nd Бог\\+nd* рече\\\\x \\\n"); }
 
 TEST_F(Exports, TitlesOfBooksComeBack)
 {

@@ -46,7 +46,8 @@ std::string fault(const std::string& line, const std::string& source, const std:
 
 TEST(LetterCount, AreUnicodesLettersAndNumbers)
 {
-    EXPECT_EQ(lettersOf("a1 \u0431\u0300-\u00BD\u2164\u05D0\U00010330_\u20AC."), "a1\u0431\u00BD\u2164\u05D0\U00010330");
+    EXPECT_EQ(lettersOf("a1 \u0431\u0300-\u00BD\u2164\u05D0\U00010330_\u20AC."),
+              "a1\u0431\u00BD\u2164\u05D0\U00010330");
     EXPECT_EQ(countLetters("a1 \u0431\u0300-\u00BD\u2164\u05D0\U00010330_\u20AC."), 7u);
     EXPECT_EQ(countLetters(""), 0u);
 }

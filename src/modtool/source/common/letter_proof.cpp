@@ -31,10 +31,11 @@ void CLetterProof::fail(std::string_view letters, std::size_t line) const
         std::mismatch(letters.begin(), letters.end(), m_rest.begin(), m_rest.end()).first - letters.begin());
     while (same > 0 && same < letters.size() && isWithinCharacter(letters[same]))
         --same;
-    failAtLine(m_fileName, line,
-           message(
-               "the source has %s here, but %s was read; this is an error in kedrin-module, please report it",
-               inQuotes(letters.substr(same)), inQuotes(m_rest.substr(same))));
+    failAtLine(
+        m_fileName, line,
+        message(
+            "the source has %s here, but %s was read; this is an error in kedrin-module, please report it",
+            inQuotes(letters.substr(same)), inQuotes(m_rest.substr(same))));
 }
 
 } // namespace Kedrin::ModTool

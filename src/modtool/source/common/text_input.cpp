@@ -102,7 +102,7 @@ void requireUtf8(std::string_view text, const std::string& fileName)
         U8_NEXT(bytes, i, length, codePoint);
         if (codePoint < 0)
             failAtLine(fileName, lineAt(text.substr(0, static_cast<std::size_t>(begin))),
-                   message("not valid %s", utf8Name));
+                       message("not valid %s", utf8Name));
     }
 }
 

@@ -188,7 +188,7 @@ private:
         const std::string osis = osisOfUsfmLine(code, rest);
         if (osis.empty())
             failAtLine(m_fileName, m_line,
-                   message("%s is no book code: write one behind \\id, such as GEN", inQuotes(code)));
+                       message("%s is no book code: write one behind \\id, such as GEN", inQuotes(code)));
         m_verses.leaveOut(ReaderRule::metadata, rest);
         m_mainTitle = false;
         m_verses.beginBook(osis);
@@ -203,7 +203,7 @@ private:
     {
         if (!m_chapter)
             failAtLine(m_fileName, m_line,
-                   tr("a chapter before any \\id: write one with the book's code, such as \\id GEN"));
+                       tr("a chapter before any \\id: write one with the book's code, such as \\id GEN"));
         const auto number = parseVerseNumber(m_tokens.number());
         m_chapter = number ? number->first : nextChapter();
         m_hasChapter = true;
@@ -218,7 +218,7 @@ private:
     {
         if (!m_chapter)
             failAtLine(m_fileName, m_line,
-                   tr("a verse before any \\id: write one with the book's code, such as \\id GEN"));
+                       tr("a verse before any \\id: write one with the book's code, such as \\id GEN"));
         if (const auto number = parseVerseNumber(m_tokens.number()))
             m_verses.beginVerse(*m_chapter, *number, m_line);
         else
@@ -258,8 +258,8 @@ private:
     std::size_t m_line = 1;
     std::optional<unsigned int> m_chapter; ///< nothing before any book
     bool m_hasChapter = false;             ///< whether the book has a marker of one
-    unsigned int m_openCharacters =
-        0; ///< character markers without their end: attributes may follow after '|'
+    /// Character markers without their end: attributes may follow after '|'.
+    unsigned int m_openCharacters = 0;
     Skip m_skip = Skip::nothing;
     std::string m_skipped;
     ReaderRule m_skipReason = ReaderRule::note;

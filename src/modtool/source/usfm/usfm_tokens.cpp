@@ -10,10 +10,7 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-bool isNameByte(char c)
-{
-    return isAsciiLetter(c) || isAsciiDigit(c) || c == '-' || c == '_';
-}
+bool isNameByte(char c) { return isAsciiLetter(c) || isAsciiDigit(c) || c == '-' || c == '_'; }
 
 /// Whether a chapter or verse marker stands close to its number.
 bool isBeforeNumber(std::string_view text)

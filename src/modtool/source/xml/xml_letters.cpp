@@ -34,13 +34,13 @@ public:
 
     std::uint64_t prove(std::string_view utf8)
     {
-        const auto status =
-            XML_Parse(m_parser.get(), utf8.data(), static_cast<int>(utf8.size()), XML_TRUE); // at most 64 MiB
+        // at most 64 MiB
+        const auto status = XML_Parse(m_parser.get(), utf8.data(), static_cast<int>(utf8.size()), XML_TRUE);
         if (m_failure)
             std::rethrow_exception(m_failure);
         if (status != XML_STATUS_OK)
             failAtLine(m_fileName, line(),
-                   message("not well-formed XML: %s", XML_ErrorString(XML_GetErrorCode(m_parser.get()))));
+                       message("not well-formed XML: %s", XML_ErrorString(XML_GetErrorCode(m_parser.get()))));
         return m_proof.finish(line());
     }
 

@@ -37,7 +37,7 @@ private:
     {
         const std::string_view before = m_text.substr(0, m_at);
         failAtLine(m_fileName, 1 + static_cast<std::size_t>(std::count(before.begin(), before.end(), '\n')),
-               what);
+                   what);
     }
 
     /// Goes behind the next `end` that is at least `length` bytes on; behind the text where there is none.

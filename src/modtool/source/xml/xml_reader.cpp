@@ -123,8 +123,8 @@ private:
 
     static constexpr const char* tooManyNames = translatable("it has too many names");
 
-    std::string m_error =
-        tooLong; ///< the first that ends the reading; the library is silent of a text too long
+    /// The first that ends the reading; the library is silent of a text too long.
+    std::string m_error = tooLong;
     bool m_hasError = false;
     std::size_t m_errorLine = 1;
 };
@@ -133,9 +133,9 @@ CXmlReader::CXmlReader(const std::string& fileName, std::string_view utf8) : m_f
 {
     if (const Prolog prolog = prologOf(utf8); prolog.subset != std::string_view::npos)
         failAtLine(fileName,
-               1 + static_cast<std::size_t>(std::count(
-                       utf8.begin(), utf8.begin() + static_cast<std::ptrdiff_t>(prolog.subset), '\n')),
-               tr("declares entities or elements of its own, which is not allowed"));
+                   1 + static_cast<std::size_t>(std::count(
+                           utf8.begin(), utf8.begin() + static_cast<std::ptrdiff_t>(prolog.subset), '\n')),
+                   tr("declares entities or elements of its own, which is not allowed"));
     checkXmlLimits(fileName, utf8);
     m_private = std::make_unique<CPrivate>(utf8);
 }
@@ -148,7 +148,7 @@ CXmlReader::Node CXmlReader::next()
         const int result = xmlTextReaderRead(m_private->reader());
         if (result < 0)
             failAtLine(m_fileName, m_private->errorLine(),
-                   message("not well-formed XML: %s", tr(m_private->error().c_str())));
+                       message("not well-formed XML: %s", tr(m_private->error().c_str())));
         if (result == 0)
             return Node::none;
         m_private->limitNames();
@@ -166,8 +166,8 @@ CXmlReader::Node CXmlReader::next()
             return Node::text;
         case XML_READER_TYPE_ENTITY_REFERENCE:
             failAtLine(m_fileName, // such a node has no line of its own
-                   static_cast<std::size_t>(xmlTextReaderGetParserLineNumber(m_private->reader())),
-                   message("the entity %s is not known", inQuotes(name())));
+                       static_cast<std::size_t>(xmlTextReaderGetParserLineNumber(m_private->reader())),
+                       message("the entity %s is not known", inQuotes(name())));
         default:
             break;
         }

@@ -136,8 +136,8 @@ private:
             m_xml.fail(tr("a verse before any BIBLEBOOK"));
         if (!m_unknownBook.empty())
             failAtLine(m_xml.fileName(), m_unknownLine, m_unknownBook);
-        const unsigned int chapter =
-            m_chapter.value_or(1); // a book of one chapter may go without its element
+        // a book of one chapter may go without its element
+        const unsigned int chapter = m_chapter.value_or(1);
         auto verse = parseVerseNumber(attribute("vnumber"));
         if (!verse) {
             m_verses.beginVerseWithoutNumber(std::max(chapter, 1u), m_xml.line());
