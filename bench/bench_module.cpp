@@ -15,8 +15,8 @@ namespace {
 std::vector<std::string> makeVocabulary(std::mt19937& random)
 {
     static const std::string vowels = "aeiou";
-    static const std::string consonants =
-        "bcdfghjklmnprstvw"; // so the two words that are counted are no others
+    // so the two words that are counted are no others
+    static const std::string consonants = "bcdfghjklmnprstvw";
     std::set<std::string> known;
     std::vector<std::string> words;
     while (words.size() + 2 < CBenchModule::wordCount) {

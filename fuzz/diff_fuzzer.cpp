@@ -3,8 +3,8 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    constexpr std::size_t maxBytes =
-        2048; // some two hundred records, ten times what a module has; lookups are linear in them
+    // some two hundred records, ten times what a module has; lookups are linear in them
+    constexpr std::size_t maxBytes = 2048;
     if (size > maxBytes)
         return 0;
     const fuzz::MemoryFile file(fuzz::textOf(data, size));

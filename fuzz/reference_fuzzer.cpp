@@ -39,8 +39,8 @@ bool holds(const Kedrin::ModTool::CModuleReader& module, const Kedrin::ModTool::
 // What a user types is found in the module or refused; it need be no valid UTF-8.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    constexpr std::size_t maxBytes =
-        256; // ten times the longest reference; names are compared letter by letter
+    // ten times the longest reference; names are compared letter by letter
+    constexpr std::size_t maxBytes = 256;
     if (size > maxBytes)
         return 0;
     static const test_support::TempFolder folder;

@@ -3,8 +3,8 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    constexpr std::size_t maxBytes =
-        8192; // two hundred lines of the longest kind that is read, thousands of short ones
+    // two hundred lines of the longest kind that is read, thousands of short ones
+    constexpr std::size_t maxBytes = 8192;
     if (size > maxBytes)
         return 0;
     const fuzz::MemoryFile file(fuzz::textOf(data, size));

@@ -9,8 +9,8 @@ namespace ut {
 
 /// One regular file, open for reading at any place; a character device that reads as empty (/dev/null) counts as an
 /// empty one. Anything else under the name (a directory, a pipe, another device) counts as a file that cannot be
-/// opened, so that no name in a module folder can make a reader wait for ever. A copy shares the open file, which is closed with the last of them. Nothing throws; the owner turns
-/// failures into its own messages.
+/// opened, so that no name in a module folder can make a reader wait for ever. A copy shares the open file, which is
+/// closed with the last of them. Nothing throws; the owner turns failures into its own messages.
 class CInputFile
 {
 public:

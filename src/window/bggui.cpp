@@ -166,8 +166,8 @@ void BibleForm::createMenus()
     menubar->setObjectName(QStringLiteral("menubar"));
     menubar->setNativeMenuBar(false);
     setMenuBar(menubar);
-    menubar->setFont(
-        QFont(menubar->font())); // pins family and size: a font chosen later leaves the bar alone
+    // pins family and size: a font chosen later leaves the bar alone
+    menubar->setFont(QFont(menubar->font()));
 
     menuFile = new qt3::PopupMenu(this);
     menuFile->addAction(fileExit);

@@ -118,8 +118,8 @@ protected:
     std::vector<const Kedrin::Tolvo::CBible*> m_bibles; ///< open, in the order of their tabs; owned
     std::vector<Kedrin::Tolvo::CRef> m_searchResults;   ///< global; row i of the list shows element i
     unsigned int m_currentBibleI = 0;
-    const Kedrin::Tolvo::CBible* m_currentBible =
-        nullptr;                      ///< an element of m_bibles, or null: none is current
+    /// An element of m_bibles, or null: none is current.
+    const Kedrin::Tolvo::CBible* m_currentBible = nullptr;
     Kedrin::Tolvo::CRef m_currentRef; ///< the place shown, global; null until the first chapter
     QString m_currentSearchText;
     QGridLayout* BibleFormLayout;

@@ -55,8 +55,8 @@ void BibleForm::endWithTheEventLoop()
 void BibleForm::openTranslation(int bibleIndex)
 {
     const auto moduleIndex = static_cast<unsigned int>(bibleIndex);
-    m_bibleModules->ValidateBible(
-        moduleIndex); // a damaged module throws here; loadBible would end the program
+    // a damaged module throws here; loadBible would end the program
+    m_bibleModules->ValidateBible(moduleIndex);
     m_bibles.push_back(m_bibleModules->loadBible(moduleIndex));
     if (tabsText->count() == 0)
         showNoTranslation(false);

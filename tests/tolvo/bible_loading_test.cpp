@@ -256,7 +256,8 @@ void expectNothingLeftBy(const std::function<void()>& proof)
     for (int i = 0; i < 3; ++i) // what the first calls of library functions keep is not the proof's
         proof();
     constexpr std::size_t proofs = 100;
-    constexpr std::size_t smallestBlock = 32; // of the heap; what the library keeps ready for reuse varies by a few
+    // of the heap; what the library keeps ready for reuse varies by a few
+    constexpr std::size_t smallestBlock = 32;
     const int descriptors = openDescriptors();
     const std::size_t bytes = ::mallinfo2().uordblks;
     for (std::size_t i = 0; i < proofs; ++i)

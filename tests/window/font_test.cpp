@@ -204,8 +204,8 @@ void FontTest::largeFontLeavesTheMenusWhole()
          {static_cast<QMenu*>(form.menuTranslations), form.menuView, form.menuFile, form.menuHelp}) {
         menu->popup({0, 0});
         QVERIFY(QTest::qWaitForWindowExposed(menu));
-        const int key =
-            menu->fontMetrics().horizontalAdvance(QStringLiteral("F8")) + 40; // stands at the right
+        // stands at the right
+        const int key = menu->fontMetrics().horizontalAdvance(QStringLiteral("F8")) + 40;
         const QRect texts = menu->rect().adjusted(2, 2, -key, -2);
         const QImage fitting = menu->grab(texts).toImage();
         menu->setMinimumWidth(menu->width() + 150);
