@@ -2,6 +2,7 @@
 
 #include "common_books.h"
 #include "cp1251.h"
+#include "diff_effect.h"
 #include "diff_records.h"
 #include "diff_search.h"
 #include "errors.h"
@@ -169,8 +170,8 @@ void chooseNumbering(ModuleData& module, const std::string& named, const std::op
     module.diff = chooseDiffRecords(module.places, report.diff);
     if (!given)
         return;
-    module.diff = parseDifferences(*given);
-    report.diff.kept = keptWith(module.places, module.diff);
+    module.diff = parseDiffRecords(*given);
+    report.diff.kept = CDiffEffect(module.diff).shifts().keptCount(module.places);
 }
 
 void countModule(const ModuleData& module, BuildReport& report)

@@ -1,5 +1,6 @@
 #include "module_files.h"
 
+#include "diff_records.h"
 #include "escape.h"
 
 namespace Kedrin::ModTool {
@@ -49,9 +50,7 @@ std::string diffFile(const ModuleData& module)
 {
     std::string content;
     for (const DiffRecord& record : module.diff)
-        content += std::to_string(record.book) + ' ' + std::to_string(record.chapter) + ' ' +
-                   std::to_string(record.verse) + ' ' + std::to_string(record.chapterDelta) + ' ' +
-                   std::to_string(record.verseDelta) + '\n';
+        content += diffRecordText(record) + '\n';
     return content;
 }
 

@@ -45,6 +45,8 @@ struct DiffRecord
     unsigned int verse;
     int chapterDelta;
     int verseDelta;
+
+    bool operator==(const DiffRecord&) const = default;
 };
 
 /// What the module says of itself, in Windows-1251. Lines of at most 255 bytes.

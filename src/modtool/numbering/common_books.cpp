@@ -235,6 +235,12 @@ std::optional<unsigned int> globalIDOf(std::string_view osis)
     return std::nullopt;
 }
 
+bool isGlobalVerse(unsigned int globalID, unsigned int chapter, unsigned int verse)
+{
+    const auto verseCounts = commonBooks()[globalID].verseCounts;
+    return chapter < verseCounts.size() && verse < verseCounts[chapter];
+}
+
 bool isDeuterocanonical(unsigned int globalID) { return globalID >= 39 && globalID < 50; }
 
 std::string commonStructureFile()

@@ -28,6 +28,9 @@ const std::array<CommonBook, commonBooksCount>& commonBooks();
 /// The global number of an OSIS book id, spelt exactly; nothing for a book that the common numbering lacks.
 std::optional<unsigned int> globalIDOf(std::string_view osis);
 
+/// Whether a book of the common numbering has such a verse; chapter and verse are indices from 0.
+bool isGlobalVerse(unsigned int globalID, unsigned int chapter, unsigned int verse);
+
 /// Whether the book is one of the eleven that are counted by the Synodal edition, not by the King James Version.
 bool isDeuterocanonical(unsigned int globalID);
 

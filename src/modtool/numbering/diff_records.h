@@ -2,20 +2,26 @@
 
 #include "module_data.h"
 
+#include <functional>
+#include <string>
 #include <string_view>
 #include <vector>
 
 namespace Kedrin::ModTool {
 
-/// Appends the records at the beginning of the text that are whole.
-/// @returns whether nothing follows them
-bool readDifferences(std::string_view text, std::vector<DiffRecord>& records);
+/// Reads records as _Diff_.txt writes them: five numbers each, white space between. Calls `use` for each, in
+/// order, up to the first that is not five numbers of their types, where the engine stops, too.
+/// @returns what was not read: white space, or the rest from that record on
+std::string_view forEachDiffRecord(std::string_view text, const std::function<void(const DiffRecord&)>& use);
 
-/// Records as _Diff_.txt writes them: five numbers each, white space between. Nothing is chosen; the order stays.
+/// The records at the beginning of the text that are whole.
+std::vector<DiffRecord> readDiffRecords(std::string_view text);
+
+/// The records of a text that holds nothing else.
 /// @throws CBuildError  "the differences are no records of five numbers"
-std::vector<DiffRecord> parseDifferences(std::string_view text);
+std::vector<DiffRecord> parseDiffRecords(std::string_view text);
 
-/// How many of the verses the engine leads to their place in the common numbering and back, given these records.
-unsigned int keptWith(const std::vector<VersePair>& pairs, const std::vector<DiffRecord>& records);
+/// A record as _Diff_.txt writes it: "1 2 2 0 -1".
+std::string diffRecordText(const DiffRecord& record);
 
 } // namespace Kedrin::ModTool

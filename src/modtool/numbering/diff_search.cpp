@@ -8,24 +8,6 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-constexpr unsigned int shiftedChapter = 1; ///< the only chapter index that the engine shifts
-
-/// The shifts in force for one book number.
-struct BookShifts
-{
-    Shift toGlobal; ///< of the second chapter of the global book
-    Shift toLocal;  ///< of the second chapter of the local book
-};
-
-/// What the engine makes of a place; wraps as the engine does.
-Place shifted(Place place, Shift shift)
-{
-    if (place.chapter != shiftedChapter)
-        return place;
-    return {place.chapter + static_cast<unsigned int>(shift.chapters),
-            place.verse + static_cast<unsigned int>(shift.verses)};
-}
-
 Shift between(Place from, Place to)
 {
     return {static_cast<int>(to.chapter) - static_cast<int>(from.chapter),
@@ -48,11 +30,7 @@ public:
         }
     }
 
-    unsigned int kept() const
-    {
-        return static_cast<unsigned int>(std::count_if(m_pairs.begin(), m_pairs.end(),
-                                                       [&](const VersePair& pair) { return keeps(pair); }));
-    }
+    unsigned int kept() const { return m_shifts.keptCount(m_pairs); }
 
     /// One round over all books; whether anything was gained.
     bool improve()
@@ -63,49 +41,36 @@ public:
         return gained;
     }
 
-    /// One round over all numbers that have records.
+    /// One round over all numbers.
     void simplify()
     {
-        std::vector<unsigned int> books;
-        for (const auto& entry : m_shifts)
-            books.push_back(entry.first);
-        for (const unsigned int book : books)
+        for (unsigned int book = 0; book < commonBooksCount; ++book)
             simplify(book);
     }
 
     std::vector<DiffRecord> records() const
     {
         std::vector<DiffRecord> all;
-        for (const auto& [book, shifts] : m_shifts) {
-            const auto records = recordsOf(book, shifts);
+        for (unsigned int book = 0; book < commonBooksCount; ++book) {
+            const auto records = recordsOf(book, m_shifts[book]);
             all.insert(all.end(), records->begin(), records->end());
         }
         return all;
     }
 
 private:
-    BookShifts shiftsOf(unsigned int book) const
-    {
-        const auto known = m_shifts.find(book);
-        return known == m_shifts.end() ? BookShifts() : known->second;
-    }
+    using BookShifts = CNumberingShifts::Book;
 
-    bool keeps(const VersePair& pair) const
-    {
-        return shifted(pair.local, shiftsOf(pair.globalBook).toGlobal) == pair.global &&
-               shifted(pair.global, shiftsOf(pair.localBook).toLocal) == pair.local;
-    }
-
-    bool canBeWritten(unsigned int book) const { return recordsOf(book, shiftsOf(book)).has_value(); }
+    bool canBeWritten(unsigned int book) const { return recordsOf(book, m_shifts[book]).has_value(); }
 
     /// A number that stands for no second chapter on one of the ways may be shifted on it as the other way needs: one
     /// record says both.
     std::optional<std::vector<DiffRecord>> recordsOf(unsigned int book, BookShifts shifts) const
     {
         if (!m_toGlobal.contains(book) && shifts.toLocal.chapters == 0)
-            shifts.toGlobal = reverse(shifts.toLocal);
+            shifts.toGlobal = reversed(shifts.toLocal);
         if (!m_toLocal.contains(book) && shifts.toGlobal.chapters == 0)
-            shifts.toLocal = reverse(shifts.toGlobal);
+            shifts.toLocal = reversed(shifts.toGlobal);
         return recordsFor(book, shifts.toGlobal, shifts.toLocal);
     }
 
@@ -113,13 +78,13 @@ private:
     void simplify(unsigned int book)
     {
         const unsigned int before = kept();
-        const BookShifts shifts = shiftsOf(book);
+        const BookShifts shifts = m_shifts[book];
         BookShifts best = shifts;
         std::size_t bestSize = recordsOf(book, shifts)->size();
         for (const BookShifts& simple :
              {BookShifts(), BookShifts{shifts.toGlobal, {}}, BookShifts{{}, shifts.toLocal},
-              BookShifts{reverse(shifts.toLocal), shifts.toLocal},
-              BookShifts{shifts.toGlobal, reverse(shifts.toGlobal)}}) {
+              BookShifts{reversed(shifts.toLocal), shifts.toLocal},
+              BookShifts{shifts.toGlobal, reversed(shifts.toGlobal)}}) {
             const auto records = recordsOf(book, simple);
             m_shifts[book] = simple;
             if (records && records->size() < bestSize && kept() >= before) {
@@ -130,15 +95,13 @@ private:
         m_shifts[book] = best;
     }
 
-    static Shift reverse(Shift shift) { return {-shift.chapters, -shift.verses}; }
-
     /// Chooses both shifts of one book together, for a verse is kept only when both are right. They belong to two
     /// numbers, and each number's other shift to another book.
     bool improveBook(unsigned int globalBook, unsigned int localBook)
     {
         const auto count = [&] {
             return std::count_if(m_affected.begin(), m_affected.end(),
-                                 [&](const VersePair* pair) { return keeps(*pair); });
+                                 [&](const VersePair* pair) { return m_shifts.keeps(*pair); });
         };
         auto best = m_shifts;
         auto bestCount = count();
@@ -172,7 +135,7 @@ private:
     std::vector<const VersePair*> m_affected;          ///< those that a shift can move
     Candidates m_toGlobal;                             ///< by global book number
     Candidates m_toLocal;                              ///< by local book number
-    std::map<unsigned int, BookShifts> m_shifts;       ///< by book number, local or global
+    CNumberingShifts m_shifts;
 };
 
 DiffRecord record(unsigned int book, int chapterIndex, int verseIndex, Shift toGlobal)

@@ -34,19 +34,11 @@ std::vector<ModuleBook> moduleBooks(const CModuleReader& module)
     return books;
 }
 
-bool areSame(const std::vector<DiffRecord>& a, const std::vector<DiffRecord>& b)
-{
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](const DiffRecord& x, const DiffRecord& y) {
-        return x.book == y.book && x.chapter == y.chapter && x.verse == y.verse &&
-               x.chapterDelta == y.chapterDelta && x.verseDelta == y.verseDelta;
-    });
-}
-
 bool gives(const CVersification& versification, const std::vector<ModuleBook>& books,
            const std::vector<DiffRecord>& records)
 {
     DiffFigures figures;
-    return areSame(chooseDiffRecords(versePairs(books, versification), figures), records);
+    return chooseDiffRecords(versePairs(books, versification), figures) == records;
 }
 
 void exportNumbering(const CModuleReader& module, SourceBible& bible)
@@ -54,8 +46,7 @@ void exportNumbering(const CModuleReader& module, SourceBible& bible)
     std::string text;
     if (!ut::read_text_file((module.folder() + "/_Diff_.txt").c_str(), text))
         throw CModuleError(message("%s/_Diff_.txt: cannot be read", module.folder()));
-    std::vector<DiffRecord> records;
-    readDifferences(text, records); // the engine, too, stops at one that is not whole
+    const std::vector<DiffRecord> records = readDiffRecords(text);
     const std::vector<ModuleBook> books = moduleBooks(module);
     std::vector<std::string> names = CVersification::names();
     names.insert(names.begin(), CVersification::bestFor(books).name());
@@ -67,13 +58,8 @@ void exportNumbering(const CModuleReader& module, SourceBible& bible)
         return;
     }
     std::string& differences = bible.info.differences.emplace();
-    for (const DiffRecord& record : records) {
-        if (!differences.empty())
-            differences += ' ';
-        differences += std::to_string(record.book) + ' ' + std::to_string(record.chapter) + ' ' +
-                       std::to_string(record.verse) + ' ' + std::to_string(record.chapterDelta) + ' ' +
-                       std::to_string(record.verseDelta);
-    }
+    for (const DiffRecord& record : records)
+        differences += (differences.empty() ? "" : " ") + diffRecordText(record);
 }
 
 void exportTitles(const CModuleReader& module, SourceBible& bible)

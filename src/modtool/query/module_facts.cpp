@@ -13,20 +13,14 @@ namespace {
 
 using Tolvo::CRef;
 
-bool isInCommon(const CommonPlace& place)
-{
-    const auto& verseCounts = commonBooks()[place.book].verseCounts;
-    return place.chapter >= 0 && static_cast<std::size_t>(place.chapter) < verseCounts.size() &&
-           place.verse >= 0 && place.verse < verseCounts[static_cast<std::size_t>(place.chapter)];
-}
-
 void countNumbering(const CModuleReader& module, ModuleFacts& facts)
 {
     for (const CRef& local : module.places()) {
         const CommonPlace place = module.commonPlace(local);
         facts.movedCount += place.chapter != static_cast<int>(local.chapter()) ||
                             place.verse != static_cast<int>(local.verse());
-        facts.outsideCount += !isInCommon(place);
+        facts.outsideCount += !isGlobalVerse(place.book, static_cast<unsigned int>(place.chapter),
+                                             static_cast<unsigned int>(place.verse));
         facts.keptCount += module.keepsPlace(local);
     }
 }

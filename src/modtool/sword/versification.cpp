@@ -86,11 +86,10 @@ std::optional<Place> CVersification::toCommon(const ModuleBook& book, Place plac
     const bool known = asSystem(m_system).getBookNumberByOSISName(osis) > 0;
     if (common && m_system != common && known)
         asSystem(m_system).translateVerse(common, &osis, &chapter, &verse, &lastVerse);
-    const auto& verseCounts = commonBooks()[book.globalID].verseCounts;
-    if (book.osis != osis || chapter < 1 || chapter > static_cast<int>(verseCounts.size()) || verse < 1 ||
-        verse > verseCounts[static_cast<std::size_t>(chapter) - 1])
+    const Place global{static_cast<unsigned int>(chapter) - 1, static_cast<unsigned int>(verse) - 1};
+    if (book.osis != osis || !isGlobalVerse(book.globalID, global.chapter, global.verse))
         return std::nullopt;
-    return Place{static_cast<unsigned int>(chapter) - 1, static_cast<unsigned int>(verse) - 1};
+    return global;
 }
 
 std::vector<VersePair> versePairs(const std::vector<ModuleBook>& books, const CVersification& versification)

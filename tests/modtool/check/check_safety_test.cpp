@@ -2,12 +2,10 @@
 
 #include "allocation_watch.h"
 #include "bible_walker.h"
-#include "check_diff.h"
 #include "check_fixture.h"
 #include "memory_file.h"
 #include "spoiled.h"
 #include "tolvo_bible/bible.h"
-#include "tolvo_bible/diff.h"
 
 #include <gtest/gtest.h>
 
@@ -160,74 +158,6 @@ TEST(CheckSafety, HugeNumbersCostNothing)
         const test_support::AllocationWatch watch;
         EXPECT_FALSE(isQuietOn(lines(checkModule(folder.path().string(), 1).findings), "structure-too-many"));
         EXPECT_LT(watch.total(), 16u << 20);
-    }
-}
-
-/// A table of few books, chapters and verses, so that records meet each other.
-std::string randomDiff(std::mt19937& random)
-{
-    const auto pick = [&](int from, int to) {
-        return std::to_string(std::uniform_int_distribution(from, to)(random));
-    };
-    std::string content;
-    for (int i = 0; i < 6; ++i)
-        content +=
-            pick(1, 3) + ' ' + pick(1, 3) + ' ' + pick(1, 4) + ' ' + pick(-1, 1) + ' ' + pick(-3, 3) + '\n';
-    return content;
-}
-
-TEST(CheckDiff, MovesVersesAsTheEngineDoes)
-{
-    std::mt19937 random(20240);
-    const test_support::TempFolder folder;
-    for (int round = 0; round < 300; ++round) {
-        const std::string content = randomDiff(random);
-        CDiff engine(folder.write("_Diff_.txt", content).c_str());
-        const CDiffEffect effect(content);
-        for (unsigned int place = 0; place < 3 * 3 * 5; ++place) {
-            const CRef ref(place / 15, place / 5 % 3, place % 5);
-            const NumberedPlace from{ref.chapter(), ref.verse()};
-            const CRef global = engine.toGlobal(ref), local = engine.toLocal(ref);
-            EXPECT_EQ(effect.toGlobal(ref.bookID(), from), (NumberedPlace{global.chapter(), global.verse()}));
-            EXPECT_EQ(effect.toLocal(ref.bookID(), from), (NumberedPlace{local.chapter(), local.verse()}));
-        }
-    }
-}
-
-/// The table without its record number `left`.
-std::string without(const std::string& content, std::uint64_t left)
-{
-    std::string rest;
-    std::uint64_t recordNum = 0;
-    for (std::size_t begin = 0; begin < content.size(); ++recordNum) {
-        const std::size_t end = content.find('\n', begin) + 1;
-        if (recordNum != left)
-            rest += content.substr(begin, end - begin);
-        begin = end;
-    }
-    return rest;
-}
-
-TEST(CheckDiff, ARecordCalledIdleChangesNothing)
-{
-    std::mt19937 random(7);
-    CheckedShape shape;
-    shape.books = {{0, {}}, {1, {}}, {2, {}}};
-    for (int round = 0; round < 300; ++round) {
-        const std::string content = randomDiff(random);
-        const CDiffEffect whole(content);
-        const std::set<std::uint64_t> effective = whole.effectiveRecords(shape);
-        for (std::uint64_t record = 0; record < 6; ++record) {
-            if (effective.contains(record))
-                continue;
-            const std::string rest = without(content, record);
-            const CDiffEffect less(rest);
-            for (std::uint32_t place = 0; place < 3 * 5; ++place) {
-                EXPECT_EQ(whole.toGlobal(place / 5, {1, place % 5}),
-                          less.toGlobal(place / 5, {1, place % 5}));
-                EXPECT_EQ(whole.toLocal(place / 5, {1, place % 5}), less.toLocal(place / 5, {1, place % 5}));
-            }
-        }
     }
 }
 

@@ -2,7 +2,7 @@
 
 #include "diff_search.h"
 
-#include "module_files.h"
+#include "diff_records.h"
 #include "temp_folder.h"
 #include "tolvo_bible.h"
 
@@ -19,9 +19,8 @@ using Kedrin::Tolvo::CRef;
 std::string recordsText(const std::vector<DiffRecord>& records)
 {
     std::string text;
-    for (const DiffRecord& r : records)
-        text += std::to_string(r.book) + ' ' + std::to_string(r.chapter) + ' ' + std::to_string(r.verse) +
-                ' ' + std::to_string(r.chapterDelta) + ' ' + std::to_string(r.verseDelta) + '\n';
+    for (const DiffRecord& record : records)
+        text += diffRecordText(record) + '\n';
     return text;
 }
 
