@@ -24,7 +24,7 @@ if(KEDRIN_LIBFUZZER)
   add_compile_options(-fsanitize=fuzzer-no-link)
 endif()
 
-# kedrin_library(NAME SOURCES...): a static library of one folder of the house, with that folder as its
+# kedrin_library(NAME SOURCES...): a static library of one folder of the layout, with that folder as its
 # include path. moc runs only where the folder asks for it.
 function(kedrin_library name)
   add_library(${name} STATIC ${ARGN})
