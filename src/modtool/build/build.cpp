@@ -5,6 +5,7 @@
 #include "messages.h"
 #include "module_files.h"
 #include "module_folder.h"
+#include "module_format.h"
 #include "prepare.h"
 #include "sword_library.h"
 #include "verify_written.h"
@@ -24,13 +25,13 @@ void writeWithPoints(CModuleFolder& folder, const char* name, const char* points
 
 void writeFiles(CModuleFolder& folder, const ModuleData& module)
 {
-    folder.write("BibleTitles.txt", titlesFile(module));
-    folder.write("BibleStructure.csv", structureFile(module));
-    folder.write("_Diff_.txt", diffFile(module));
-    writeWithPoints(folder, "CompactText.bin", "CompactPoint.bin", textFiles(module));
-    writeWithPoints(folder, "WordList.txt", "WordPoint.bin", wordListFiles(module));
-    writeWithPoints(folder, "Conc.bin", "ConcP.bin", concordanceFiles(module));
-    folder.write("_Info_.txt", infoFile(module));
+    folder.write(titlesFileName, titlesFile(module));
+    folder.write(structureFileName, structureFile(module));
+    folder.write(diffFileName, diffFile(module));
+    writeWithPoints(folder, textFileName, textPointsFileName, textFiles(module));
+    writeWithPoints(folder, wordListFileName, wordPointsFileName, wordListFiles(module));
+    writeWithPoints(folder, concordanceFileName, concordancePointsFileName, concordanceFiles(module));
+    folder.write(infoFileName, infoFile(module));
 }
 
 } // namespace
@@ -72,7 +73,7 @@ BuildReport buildModule(const SourceBible& source, const std::string& path, cons
 
 void provideCommonStructure(const std::string& modulesDirectory)
 {
-    replaceDurably(modulesDirectory + "/BibleStructure.txt", commonStructureFile());
+    replaceDurably(modulesDirectory + '/' + globalStructureFileName, commonStructureFile());
 }
 
 } // namespace Kedrin::ModTool

@@ -15,7 +15,6 @@ namespace {
 
 constexpr std::array titleKinds = {translatable("full title"), translatable("short title"),
                                    translatable("abbreviation")};
-constexpr std::size_t maxTitleBytes = 255;
 
 /// The books with their global numbers; `rest` is then what follows the line of the last number.
 std::vector<CheckedBook> readBookNumbers(std::string_view& rest, CFindings& findings)
@@ -26,14 +25,14 @@ std::vector<CheckedBook> readBookNumbers(std::string_view& rest, CFindings& find
         findings.add(!booksCount        ? CheckID::titlesMalformed
                      : *booksCount == 0 ? CheckID::booksNone
                                         : CheckID::booksTooMany,
-                     "BibleTitles.txt" + (booksCount ? ": " + std::to_string(*booksCount) : ""));
+                     titlesFileName + (booksCount ? ": " + std::to_string(*booksCount) : ""));
         return {};
     }
     std::vector<CheckedBook> books(*booksCount);
     for (CheckedBook& book : books) {
         const auto globalID = numbers.nextSigned();
         if (!globalID) {
-            findings.add(CheckID::titlesMalformed, "BibleTitles.txt");
+            findings.add(CheckID::titlesMalformed, titlesFileName);
             return {};
         }
         book.globalID = static_cast<std::uint32_t>(*globalID);
@@ -75,7 +74,7 @@ void checkTitles(const char* kind, std::string_view& rest, const CheckedShape& s
             findings.addLazily(CheckID::titlesEmpty, place);
         else if (!met.insert(title).second)
             findings.addLazily(CheckID::titlesRepeated, place);
-        if (line.size() > maxTitleBytes)
+        if (line.size() > maxLineBytes)
             findings.addLazily(CheckID::titlesLong, place);
         if (hasBadByte(line))
             findings.addLazily(CheckID::titlesBytes, place);
@@ -84,7 +83,7 @@ void checkTitles(const char* kind, std::string_view& rest, const CheckedShape& s
 
 void readTitles(const std::string& folder, CheckedShape& shape, CFindings& findings)
 {
-    const std::optional<std::string> content = readForCheck(folder, "BibleTitles.txt", findings);
+    const std::optional<std::string> content = readForCheck(folder, titlesFileName, findings);
     if (!content)
         return;
     std::string_view rest = *content;
@@ -122,7 +121,7 @@ bool readChapters(ut::CNumberReader& numbers, CheckedShape& shape, std::size_t b
 
 void readStructure(const std::string& folder, CheckedShape& shape, CFindings& findings)
 {
-    const std::optional<std::string> content = readForCheck(folder, "BibleStructure.csv", findings);
+    const std::optional<std::string> content = readForCheck(folder, structureFileName, findings);
     if (!content || shape.books.empty())
         return;
     ut::CNumberReader numbers(*content);
@@ -153,19 +152,19 @@ CheckedShape checkBooks(const std::string& folder, CFindings& findings)
 void checkInfo(const std::string& folder, CFindings& findings)
 {
     const std::optional<std::string> content =
-        readForCheck(folder, "_Info_.txt", findings, CheckID::infoMissing);
+        readForCheck(folder, infoFileName, findings, CheckID::infoMissing);
     if (!content)
         return;
     std::string_view rest = *content;
     bool hasCopyright = false;
     for (std::uint64_t lineNum = 0; lineNum < titleKinds.size() || !rest.empty(); ++lineNum) {
         std::string_view line = takeLine(rest);
-        const auto place = [&] { return "_Info_.txt:" + std::to_string(lineNum + 1); };
+        const auto place = [&] { return std::string(infoFileName) + ":" + std::to_string(lineNum + 1); };
         const bool isTitle = lineNum < titleKinds.size();
         if (isTitle && lineText(line).empty())
             findings.addLazily(CheckID::infoTitle, place);
         hasCopyright |= !isTitle && !lineText(line).empty();
-        if (line.size() > maxTitleBytes)
+        if (line.size() > maxLineBytes)
             findings.addLazily(CheckID::infoLongLine, place);
         if (line.ends_with('\r'))
             line.remove_suffix(1);
@@ -173,7 +172,7 @@ void checkInfo(const std::string& folder, CFindings& findings)
             findings.addLazily(CheckID::infoBytes, place);
     }
     if (!hasCopyright)
-        findings.add(CheckID::infoCopyright, "_Info_.txt");
+        findings.add(CheckID::infoCopyright, infoFileName);
 }
 
 } // namespace Kedrin::ModTool

@@ -11,8 +11,6 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-constexpr std::size_t pointBytes = 4;
-constexpr std::size_t recordBytes = 2;
 
 } // namespace
 
@@ -39,7 +37,7 @@ bool CConcordanceCheck::checkNext(std::string_view word, std::span<const std::ui
         return true;
     m_numbersRead += m_numbers.size();
     if (m_numbersRead > maxCheckedEntries) {
-        m_findings.add(CheckID::sizeLimit, "Conc.bin");
+        m_findings.add(CheckID::sizeLimit, concordanceFileName);
         return false;
     }
     const auto isNext = [](std::uint32_t number, std::uint16_t verse) { return number == verse + 1u; };
@@ -53,7 +51,7 @@ bool CConcordanceCheck::checkNext(std::string_view word, std::span<const std::ui
 
 bool CConcordanceCheck::readEntry(std::string_view word)
 {
-    const std::uint64_t recordsCount = m_conc.size() / recordBytes;
+    const std::uint64_t recordsCount = m_conc.size() / concordanceNumberBytes;
     const std::uint64_t begin = unsigned32At(m_concPoints, m_wordIndex);
     const std::uint64_t count = begin < recordsCount ? unsigned16At(m_conc, begin) : 0;
     if (begin >= recordsCount || begin + 1 + count > recordsCount) {
@@ -120,14 +118,15 @@ void CConcordanceCheck::finish()
     if (pointsCount > m_wordIndex)
         m_findings.addLazily(CheckID::concPointsSurplus, counts);
     m_spans.forEachFault(
-        m_conc.size() / recordBytes,
+        m_conc.size() / concordanceNumberBytes,
         [&](std::uint32_t word) {
             m_findings.addLazily(CheckID::concOverlap, [&] { return message("word %s", word + 1); });
         },
         [&](std::uint64_t begin, std::uint64_t end) {
             if (m_allReached) // else they are those of the words that are not reached
                 m_findings.addLazily(CheckID::concUnreachable, [&] {
-                    return "Conc.bin: " + std::to_string(begin) + "-" + std::to_string(end - 1);
+                    return std::string(concordanceFileName) + ": " + std::to_string(begin) + "-" +
+                           std::to_string(end - 1);
                 });
         });
 }

@@ -1,13 +1,12 @@
 #include "check_findings.h"
 
+#include "messages.h"
 #include "text_encoder.h"
 #include "ut_utils.h"
 
 namespace Kedrin::ModTool {
 
 namespace {
-
-constexpr std::size_t maxShownBytes = 40;
 
 bool isControl(char c)
 {

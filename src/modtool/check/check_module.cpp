@@ -21,8 +21,6 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-constexpr const char* commonStructureName = "BibleStructure.txt";
-
 std::vector<std::uint32_t> numbersIn(std::string_view content)
 {
     std::vector<std::uint32_t> all;
@@ -35,7 +33,7 @@ std::vector<std::uint32_t> numbersIn(std::string_view content)
 void checkCommonStructure(const std::string& directory, CFindings& findings)
 {
     const auto content =
-        readForCheck(directory, commonStructureName, findings, CheckID::commonStructureMissing);
+        readForCheck(directory, globalStructureFileName, findings, CheckID::commonStructureMissing);
     if (!content)
         return;
     const std::vector<std::uint32_t> common = numbersIn(commonStructureFile());
@@ -43,7 +41,7 @@ void checkCommonStructure(const std::string& directory, CFindings& findings)
     const bool isSame = std::all_of(common.begin(), common.end(),
                                     [&](std::uint32_t number) { return numbers.nextUnsigned() == number; });
     if (!isSame)
-        findings.add(CheckID::commonStructureDiffers, commonStructureName);
+        findings.add(CheckID::commonStructureDiffers, globalStructureFileName);
 }
 
 void checkFullTitles(const std::vector<std::string>& modules, CFindings& findings)
@@ -51,7 +49,8 @@ void checkFullTitles(const std::vector<std::string>& modules, CFindings& finding
     std::map<std::string, std::string> met; // title to name of the folder
     for (const std::string& folder : modules) {
         const std::string name = std::filesystem::path(folder).filename().string();
-        const Tolvo::CBibleInfo info((folder + "/_Info_.txt").c_str(), Tolvo::folder_name(folder).c_str());
+        const Tolvo::CBibleInfo info((folder + '/' + infoFileName).c_str(),
+                                     Tolvo::folder_name(folder).c_str());
         const auto known = met.emplace(info.fullTitle(), name);
         if (!known.second)
             findings.add(CheckID::modulesSameTitle, shownPath(known.first->second) + ", " + shownPath(name) +

@@ -11,9 +11,6 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-constexpr std::size_t pointBytes = 4;
-constexpr std::size_t lengthBytes = 2;
-
 /// What is to be said of a byte of a verse; flags.
 enum ByteKind : std::uint8_t
 {
@@ -85,9 +82,9 @@ private:
 
     bool readRecord(std::string_view content, std::uint64_t offset, std::uint32_t verse)
     {
-        const bool hasLength = offset + lengthBytes <= content.size();
+        const bool hasLength = offset + verseLengthBytes <= content.size();
         const std::uint64_t length = hasLength ? unsigned16At(content.substr(offset), 0) : 0;
-        const std::uint64_t end = offset + lengthBytes + length;
+        const std::uint64_t end = offset + verseLengthBytes + length;
         if (!hasLength || end > content.size()) {
             m_findings.addLazily(CheckID::textOffset, [&] {
                 return m_shape.placeOf(verse) + ": " + std::to_string(offset) + " / " +
@@ -105,7 +102,7 @@ private:
             m_findings.add(CheckID::sizeLimit, m_shape.placeOf(verse));
             return false;
         }
-        readVerse(content.substr(offset + lengthBytes, length), verse);
+        readVerse(content.substr(offset + verseLengthBytes, length), verse);
         return true;
     }
 
@@ -140,7 +137,8 @@ private:
             [&](std::uint64_t begin, std::uint64_t end) {
                 if (m_countsAgree) // else they are those of the verses that are not reached
                     m_findings.addLazily(CheckID::textUnreachable, [&] {
-                        return "CompactText.bin: " + std::to_string(begin) + "-" + std::to_string(end - 1);
+                        return std::string(textFileName) + ": " + std::to_string(begin) + "-" +
+                               std::to_string(end - 1);
                     });
             });
     }
@@ -166,8 +164,8 @@ private:
 std::optional<CheckedText> checkText(const std::string& folder, const CheckedShape& shape,
                                      CFindings& findings)
 {
-    const auto points = readRecordsForCheck(folder, "CompactPoint.bin", pointBytes, findings);
-    const auto content = readForCheck(folder, "CompactText.bin", findings);
+    const auto points = readRecordsForCheck(folder, textPointsFileName, pointBytes, findings);
+    const auto content = readForCheck(folder, textFileName, findings);
     if (!points || !content)
         return std::nullopt;
     CTextCheck check(shape, findings);

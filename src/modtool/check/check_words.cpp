@@ -12,9 +12,6 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-constexpr std::size_t pointBytes = 4;
-constexpr std::size_t maxLineBytes = 40; // the CR included
-
 /// The words of the text, found by the words of a list that should be the same.
 class CTextWords
 {
@@ -83,7 +80,7 @@ public:
         std::string_view rest = content;
         while (!rest.empty()) {
             if (m_wordsCount == maxCheckedWords) {
-                m_findings.add(CheckID::sizeLimit, "WordList.txt");
+                m_findings.add(CheckID::sizeLimit, wordListFileName);
                 return m_wordsCount;
             }
             const std::size_t byteOffset = content.size() - rest.size();
@@ -100,12 +97,13 @@ private:
     bool checkLine(std::string_view line, bool endsWithLf, std::size_t byteOffset)
     {
         const auto place = [&] {
-            return "WordList.txt:" + std::to_string(m_wordsCount) + ": " + shownBytes(m_word);
+            return std::string(wordListFileName) + ":" + std::to_string(m_wordsCount) + ": " +
+                   shownBytes(m_word);
         };
         const bool endsWithCr = line.ends_with('\r');
         m_word = lineText(line);
         ++m_wordsCount;
-        if (line.size() > maxLineBytes)
+        if (line.size() > maxWordLineBytes)
             m_findings.addLazily(CheckID::wordTooLong, place);
         if (!endsWithCr || !endsWithLf)
             m_findings.addLazily(CheckID::wordLineEnd, place);
@@ -145,7 +143,8 @@ private:
         if (textWord && !m_textWords.list(*textWord))
             m_isRepeated = true;
         if (m_word.empty())
-            m_findings.add(CheckID::wordEmpty, "WordList.txt:" + std::to_string(m_wordsCount));
+            m_findings.add(CheckID::wordEmpty,
+                           std::string(wordListFileName) + ":" + std::to_string(m_wordsCount));
         else if (m_isRepeated)
             m_findings.addLazily(CheckID::wordsRepeated, place);
         const auto expected = textWord ? m_textWords.versesOf(*textWord) : std::span<const std::uint16_t>();
@@ -188,11 +187,11 @@ private:
 std::optional<std::uint64_t> checkWords(const std::string& folder, const CheckedShape& shape,
                                         const CheckedText* text, CFindings& findings)
 {
-    const auto list = readForCheck(folder, "WordList.txt", findings);
+    const auto list = readForCheck(folder, wordListFileName, findings);
     const auto points =
-        readRecordsForCheck(folder, "WordPoint.bin", pointBytes, findings, CheckID::wordPointsMissing);
-    const auto conc = readRecordsForCheck(folder, "Conc.bin", 2, findings);
-    const auto concPoints = readRecordsForCheck(folder, "ConcP.bin", pointBytes, findings);
+        readRecordsForCheck(folder, wordPointsFileName, pointBytes, findings, CheckID::wordPointsMissing);
+    const auto conc = readRecordsForCheck(folder, concordanceFileName, concordanceNumberBytes, findings);
+    const auto concPoints = readRecordsForCheck(folder, concordancePointsFileName, pointBytes, findings);
     if (!list)
         return std::nullopt;
     std::optional<CConcordanceCheck> concordance;

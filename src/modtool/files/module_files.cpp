@@ -2,6 +2,7 @@
 
 #include "diff_records.h"
 #include "escape.h"
+#include "module_format.h"
 
 namespace Kedrin::ModTool {
 
@@ -56,10 +57,9 @@ std::string diffFile(const ModuleData& module)
 
 FileWithPoints textFiles(const ModuleData& module)
 {
-    constexpr std::size_t lengthBytes = 2;
     FileWithPoints files;
-    files.content.reserve(module.text.size() + module.verses.size() * lengthBytes);
-    files.points.reserve(module.verses.size() * sizeof(std::uint32_t));
+    files.content.reserve(module.text.size() + module.verses.size() * verseLengthBytes);
+    files.points.reserve(module.verses.size() * pointBytes);
     for (std::size_t verseNum = 0; verseNum < module.verses.size(); ++verseNum) {
         const std::string_view verse = module.verse(verseNum);
         appendUnsigned32(files.points, files.content.size());
@@ -83,9 +83,9 @@ FileWithPoints concordanceFiles(const ModuleData& module)
 {
     const WordIndex& index = module.words;
     FileWithPoints files;
-    files.content.reserve((index.verseNums.size() + index.words.size()) * sizeof(std::uint16_t));
+    files.content.reserve((index.verseNums.size() + index.words.size()) * concordanceNumberBytes);
     for (std::size_t word = 0; word < index.words.size(); ++word) {
-        appendUnsigned32(files.points, files.content.size() / sizeof(std::uint16_t));
+        appendUnsigned32(files.points, files.content.size() / concordanceNumberBytes);
         appendUnsigned16(files.content, index.firstEntry[word + 1] - index.firstEntry[word]);
         for (std::size_t i = index.firstEntry[word]; i < index.firstEntry[word + 1]; ++i)
             appendUnsigned16(files.content, index.verseNums[i] + 1u);

@@ -3,6 +3,7 @@
 #include "durable_file.h"
 #include "errors.h"
 #include "messages.h"
+#include "module_format.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -41,7 +42,7 @@ void checkReplaceable(const std::string& path)
         return;
     if (!fs::is_directory(status))
         throw CBuildError(message("%s: is no folder", path));
-    if (!fs::exists(path + "/BibleTitles.txt") && !fs::is_empty(path, error))
+    if (!fs::exists(path + '/' + titlesFileName) && !fs::is_empty(path, error))
         throw CBuildError(message("%s: is not empty and holds no module", path));
 }
 

@@ -8,6 +8,7 @@
 #include "letters.h"
 #include "messages.h"
 #include "module_data.h"
+#include "module_format.h"
 #include "text_encoder.h"
 #include "tolvo_bible.h"
 
@@ -41,26 +42,30 @@ std::vector<std::uint32_t> recordsIn(const std::string& fileName, std::size_t co
 
 void checkTextPoints(const std::string& folder, const ModuleData& module)
 {
-    checkSize(folder, "CompactPoint.bin", module.verses.size() * sizeof(std::uint32_t));
-    const std::vector<std::uint32_t> points = recordsIn(folder + "/CompactPoint.bin", module.verses.size());
+    checkSize(folder, textPointsFileName, module.verses.size() * pointBytes);
+    const std::vector<std::uint32_t> points =
+        recordsIn(folder + '/' + textPointsFileName, module.verses.size());
     std::size_t byteOffset = 0;
     for (unsigned int verseNum = 0; verseNum < module.verses.size(); ++verseNum) {
         if (points[verseNum] != byteOffset)
             differ(message("where the text of %s begins", positionInModule(module, verseNum)));
-        byteOffset += sizeof(std::uint16_t) + escapedSize(module.verse(verseNum));
+        byteOffset += verseLengthBytes + escapedSize(module.verse(verseNum));
     }
-    checkSize(folder, "CompactText.bin", byteOffset);
+    checkSize(folder, textFileName, byteOffset);
 }
 
 /// The engine does not open WordPoint.bin, and takes half of the numbers of ConcP.bin for the other half.
 void checkWordPoints(const std::string& folder, const WordIndex& index)
 {
     constexpr std::size_t lineEndBytes = 2;
-    checkSize(folder, "WordPoint.bin", index.words.size() * sizeof(std::uint32_t));
-    checkSize(folder, "ConcP.bin", index.words.size() * sizeof(std::uint32_t));
-    checkSize(folder, "Conc.bin", (index.words.size() + index.verseNums.size()) * sizeof(std::uint16_t));
-    const std::vector<std::uint32_t> wordPoints = recordsIn(folder + "/WordPoint.bin", index.words.size());
-    const std::vector<std::uint32_t> entryPoints = recordsIn(folder + "/ConcP.bin", index.words.size());
+    checkSize(folder, wordPointsFileName, index.words.size() * pointBytes);
+    checkSize(folder, concordancePointsFileName, index.words.size() * pointBytes);
+    checkSize(folder, concordanceFileName,
+              (index.words.size() + index.verseNums.size()) * concordanceNumberBytes);
+    const std::vector<std::uint32_t> wordPoints =
+        recordsIn(folder + '/' + wordPointsFileName, index.words.size());
+    const std::vector<std::uint32_t> entryPoints =
+        recordsIn(folder + '/' + concordancePointsFileName, index.words.size());
     std::size_t byteOffset = 0;
     for (unsigned int word = 0; word < index.words.size(); ++word) {
         const std::size_t entryOffset = index.firstEntry[word] + word; // a count stands before each word's
@@ -68,15 +73,15 @@ void checkWordPoints(const std::string& folder, const WordIndex& index)
             differ(message("where the word %s begins", toUtf8(index.words[word])));
         byteOffset += index.words[word].size() + lineEndBytes;
     }
-    checkSize(folder, "WordList.txt", byteOffset);
+    checkSize(folder, wordListFileName, byteOffset);
 }
 
 void checkBooks(const std::string& folder, const ModuleData& module)
 {
-    const CTitles titles((folder + "/BibleTitles.txt").c_str());
+    const CTitles titles((folder + '/' + titlesFileName).c_str());
     if (titles.booksCount() != module.books.size())
         differ(tr("the number of books"));
-    const CBibleStructure structure((folder + "/BibleStructure.csv").c_str(), titles.booksCount());
+    const CBibleStructure structure((folder + '/' + structureFileName).c_str(), titles.booksCount());
     for (unsigned int book = 0; book < titles.booksCount(); ++book) {
         const ModuleBook& wanted = module.books[book];
         const BookTitles& wantedTitles = module.bookTitles[book];
@@ -96,7 +101,7 @@ void checkBooks(const std::string& folder, const ModuleData& module)
 std::uint64_t checkVerses(const std::string& folder, const ModuleData& module)
 {
     std::uint64_t letters = 0;
-    CBibleText text((folder + "/CompactText.bin").c_str(), (folder + "/CompactPoint.bin").c_str());
+    CBibleText text((folder + '/' + textFileName).c_str(), (folder + '/' + textPointsFileName).c_str());
     CVerseRun run(text, 0, static_cast<unsigned int>(module.verses.size()));
     while (run.next()) {
         const std::string verse = unescaped(run.text());
@@ -109,8 +114,10 @@ std::uint64_t checkVerses(const std::string& folder, const ModuleData& module)
 
 void checkWords(const std::string& folder, const ModuleData& module)
 {
-    const CWordList list((folder + "/WordList.txt").c_str(), (folder + "/WordPoint.bin").c_str(), true);
-    CConc concordance((folder + "/Conc.bin").c_str(), (folder + "/ConcP.bin").c_str());
+    const CWordList list((folder + '/' + wordListFileName).c_str(),
+                         (folder + '/' + wordPointsFileName).c_str(), true);
+    CConc concordance((folder + '/' + concordanceFileName).c_str(),
+                      (folder + '/' + concordancePointsFileName).c_str());
     const WordIndex& index = module.words;
     if (list.count() != index.words.size())
         differ(tr("the number of words"));

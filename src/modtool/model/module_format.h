@@ -30,6 +30,11 @@ inline constexpr std::array<const char*, 10> moduleFileNames = {
 /// In the modules directory, beside the modules.
 inline constexpr const char* globalStructureFileName = "BibleStructure.txt";
 
+// The sizes of the numbers in them.
+inline constexpr std::size_t verseLengthBytes = 2;       ///< before each verse of CompactText.bin
+inline constexpr std::size_t concordanceNumberBytes = 2; ///< each number of Conc.bin
+inline constexpr std::size_t pointBytes = 4; ///< each record of CompactPoint.bin, WordPoint.bin and ConcP.bin
+
 // Limits of the formats.
 inline constexpr std::size_t maxModuleVerses = 65534; ///< verse numbers have 16 bits, and one is kept free
 inline constexpr std::uint32_t maxNumberedVerses = 65535; ///< that a concordance can name

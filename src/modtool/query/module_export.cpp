@@ -44,8 +44,9 @@ bool gives(const CVersification& versification, const std::vector<ModuleBook>& b
 void exportNumbering(const CModuleReader& module, SourceBible& bible)
 {
     std::string text;
-    if (!ut::read_text_file((module.folder() + "/_Diff_.txt").c_str(), text))
-        throw CModuleError(message("%s/_Diff_.txt: cannot be read", module.folder()));
+    const std::string path = module.folder() + '/' + diffFileName;
+    if (!ut::read_text_file(path.c_str(), text))
+        throw CModuleError(message("%s: cannot be read", path));
     const std::vector<DiffRecord> records = readDiffRecords(text);
     const std::vector<ModuleBook> books = moduleBooks(module);
     std::vector<std::string> names = CVersification::names();

@@ -5,6 +5,7 @@
 #include "errors.h"
 #include "input_file.h"
 #include "messages.h"
+#include "module_format.h"
 #include "plain_text.h"
 
 #include <unicode/unistr.h>
@@ -56,22 +57,21 @@ CModuleReader::CModuleReader(const std::string& folder) : m_folder(withoutSlashe
 void CModuleReader::open()
 {
     const auto path = [&](const char* fileName) { return m_folder + '/' + fileName; };
-    m_titles = std::make_unique<CTitles>(path("BibleTitles.txt").c_str());
-    m_structure =
-        std::make_unique<CBibleStructure>(path("BibleStructure.csv").c_str(), m_titles->booksCount());
-    m_diff = std::make_unique<CDiff>(path("_Diff_.txt").c_str());
-    m_text = std::make_unique<CBibleText>(path("CompactText.bin").c_str(), path("CompactPoint.bin").c_str());
-    m_info = std::make_unique<CBibleInfo>(path("_Info_.txt").c_str(), folderTitle(m_folder).c_str());
+    m_titles = std::make_unique<CTitles>(path(titlesFileName).c_str());
+    m_structure = std::make_unique<CBibleStructure>(path(structureFileName).c_str(), m_titles->booksCount());
+    m_diff = std::make_unique<CDiff>(path(diffFileName).c_str());
+    m_text = std::make_unique<CBibleText>(path(textFileName).c_str(), path(textPointsFileName).c_str());
+    m_info = std::make_unique<CBibleInfo>(path(infoFileName).c_str(), folderTitle(m_folder).c_str());
 }
 
 /// With every verse backed by four bytes of a file, no number of verses is too large to walk through.
 void CModuleReader::validate()
 {
-    const std::string pointFileName = m_folder + "/CompactPoint.bin";
+    const std::string pointFileName = m_folder + '/' + textPointsFileName;
     const ut::CInputFile pointFile(pointFileName.c_str());
     if (!pointFile.isOpen()) // though the text has it open
         throw CModuleError(message("%s: cannot be read", pointFileName) + systemReason(errno));
-    const std::uint64_t points = pointFile.size() / 4;
+    const std::uint64_t points = pointFile.size() / pointBytes;
     if (m_structure->totalVersesCount() > points)
         throw CModuleError(
             message("%s: BibleStructure.csv counts %s verses, CompactPoint.bin has places for %s", m_folder,

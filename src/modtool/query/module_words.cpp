@@ -3,6 +3,7 @@
 #include "errors.h"
 #include "input_file.h"
 #include "messages.h"
+#include "module_format.h"
 #include "plain_text.h"
 
 namespace Kedrin::ModTool {
@@ -11,7 +12,7 @@ using namespace Kedrin::Tolvo;
 
 namespace {
 
-void refuseBrokenRecords(const std::string& fileName, unsigned int recordBytes)
+void refuseBrokenRecords(const std::string& fileName, std::size_t recordBytes)
 {
     if (ut::CInputFile(fileName.c_str()).size() % recordBytes != 0)
         throw CModuleError(message("%s: ends inside a record", fileName));
@@ -23,14 +24,15 @@ CModuleWords::CModuleWords(const std::string& folder) : m_folder(folder)
 {
     const auto path = [&](const char* fileName) { return folder + '/' + fileName; };
     try {
-        m_list =
-            std::make_unique<CWordList>(path("WordList.txt").c_str(), path("WordPoint.bin").c_str(), true);
-        m_concordance = std::make_unique<CConc>(path("Conc.bin").c_str(), path("ConcP.bin").c_str());
+        m_list = std::make_unique<CWordList>(path(wordListFileName).c_str(), path(wordPointsFileName).c_str(),
+                                             true);
+        m_concordance = std::make_unique<CConc>(path(concordanceFileName).c_str(),
+                                                path(concordancePointsFileName).c_str());
     } catch (const std::exception& ex) {
         throw CModuleError(message("%s: the words cannot be read: %s", folder, withSystemReason(ex)));
     }
-    refuseBrokenRecords(path("Conc.bin"), 2);
-    refuseBrokenRecords(path("ConcP.bin"), 4);
+    refuseBrokenRecords(path(concordanceFileName), concordanceNumberBytes);
+    refuseBrokenRecords(path(concordancePointsFileName), pointBytes);
 }
 
 std::vector<unsigned int> CModuleWords::versesOf(unsigned int wordIndex) const

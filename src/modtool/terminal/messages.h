@@ -48,7 +48,10 @@ std::string message(const char* english, const Arguments&... arguments)
 /// "1 verse", "2 verses"
 std::string counted(std::uint64_t count, const char* singular, const char* plural);
 
+/// Most bytes of a text from outside that a message shows.
+inline constexpr std::size_t maxShownBytes = 40;
+
 /// A text in quotes as a message shows it: cut after `maxBytes` bytes, so that a hostile source cannot fill the screen.
-std::string inQuotes(std::string_view utf8, std::size_t maxBytes = 40);
+std::string inQuotes(std::string_view utf8, std::size_t maxBytes = maxShownBytes);
 
 } // namespace Kedrin::ModTool

@@ -1,5 +1,7 @@
 #include "look_alikes.h"
 
+#include "word_index.h"
+
 #include <unicode/normalizer2.h>
 #include <unicode/uchar.h>
 #include <unicode/uscript.h>
@@ -39,8 +41,8 @@ icu::UnicodeString likeness(UChar32 codePoint)
     return nfc->normalize(parts, status);
 }
 
-/// The longest word of a word list has 39 letters; bounds what a hostile text without blanks costs.
-constexpr std::int32_t maxWordReach = 40;
+/// No word of a word list is longer; bounds what a hostile text without blanks costs.
+constexpr std::int32_t maxWordReach = maxWordLineBytes;
 
 /// Where the word around an index begins and one past its end, both at most `maxWordReach` away.
 std::pair<std::int32_t, std::int32_t> wordAround(const icu::UnicodeString& text, std::int32_t index)

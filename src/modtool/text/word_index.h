@@ -18,13 +18,16 @@ struct WordIndex
     std::uint64_t occurrences = 0;         ///< running words of the text that are in the list
 };
 
+/// Most bytes of a line of the word list, its CR included.
+inline constexpr std::size_t maxWordLineBytes = 40;
+
 /// Collects the words of a module, verse after verse. A word is a segment between Unicode word boundaries that holds
 /// a letter or a digit; one that is longer than a line of the word list is left out. Words that differ only in case, as ut::cyr_stricmp sees it, are one entry, spelt as most often
 /// in the text; of equally frequent spellings the one met first.
 class CWordIndexer
 {
 public:
-    static constexpr std::size_t maxWordBytes = 39; ///< a line of the word list has 40, its CR included
+    static constexpr std::size_t maxWordBytes = maxWordLineBytes - 1;
 
     /// Words that are left out.
     struct LongWords
