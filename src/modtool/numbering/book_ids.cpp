@@ -42,7 +42,7 @@ constexpr UsfmBook usfmBooks[] = {
     {"ODA", "Odes"}, {"PSS", "PssSol"}, {"EZA", "4Ezra"}, {"5EZ", "5Ezra"}, {"6EZ", "6Ezra"}, {"DAG", "DanGr"},
     {"2BA", "2Bar"}, {"LBA", "EpBar"}, {"JUB", "Jub"}, {"ENO", "1En"}, {"LAO", "EpLao"},
 };
-constexpr unsigned int protestantCount = 66;
+static_assert(std::size(usfmBooks) > protestantBooksCount);
 
 // Zefania's numbers from 67 on.
 constexpr std::string_view zefaniaBooks[] = {
@@ -126,10 +126,15 @@ std::string osisOfUsfmLine(std::string_view code, std::string_view rest)
 
 std::string osisOfZefania(unsigned int number)
 {
-    if (number >= 1 && number <= protestantCount)
+    if (number > protestantBooksCount && number - protestantBooksCount <= std::size(zefaniaBooks))
+        return std::string(zefaniaBooks[number - protestantBooksCount - 1]);
+    return osisOfProtestant(number);
+}
+
+std::string osisOfProtestant(unsigned int number)
+{
+    if (number >= 1 && number <= protestantBooksCount)
         return std::string(usfmBooks[number - 1].osis);
-    if (number > protestantCount && number - protestantCount <= std::size(zefaniaBooks))
-        return std::string(zefaniaBooks[number - protestantCount - 1]);
     return "Book" + std::to_string(number);
 }
 

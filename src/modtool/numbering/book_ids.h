@@ -22,6 +22,12 @@ std::string osisOfUsfmLine(std::string_view code, std::string_view rest);
 /// without a book gives "Book" and the number.
 std::string osisOfZefania(unsigned int number);
 
+/// Books that count from 1 in Protestant order, without those beside them.
+inline constexpr unsigned int protestantBooksCount = 66;
+
+/// The OSIS id of a book by its number in Protestant order. One without a book there gives "Book" and the number.
+std::string osisOfProtestant(unsigned int number);
+
 /// In which order the books of a module stand.
 enum class BookOrder
 {

@@ -1,6 +1,7 @@
 #include "source_format.h"
 
 #include "ascii.h"
+#include "beblia_reader.h"
 #include "errors.h"
 #include "messages.h"
 #include "module_format.h"
@@ -98,6 +99,8 @@ SourceBible readUsfmFile(const std::string& fileName, const std::string& content
 SourceBible readContent(const std::string& fileName, std::string content, SourceFormat format)
 {
     switch (format == SourceFormat::detected ? detectFormat(content, fileName) : format) {
+    case SourceFormat::beblia:
+        return readBeblia(fileName, content);
     case SourceFormat::osis:
         return readOsis(fileName, content);
     case SourceFormat::zefania:
@@ -136,8 +139,10 @@ SourceFormat detectFormat(std::string_view utf8, const std::string& fileName)
         return SourceFormat::osis;
     if (root == "xmlbible")
         return SourceFormat::zefania;
-    throw CBuildError(message("%s: is XML, but neither OSIS nor Zefania (its root element is %s)", fileName,
-                              inQuotes(root)));
+    if (root == "bible")
+        return SourceFormat::beblia;
+    throw CBuildError(
+        message("%s: is XML of an unknown format (its root element is %s)", fileName, inQuotes(root)));
 }
 
 SourceBible readSourceFile(const std::string& path, const ReadOptions& options)

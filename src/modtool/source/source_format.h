@@ -11,6 +11,7 @@ namespace Kedrin::ModTool {
 enum class SourceFormat
 {
     detected, ///< by the content
+    beblia,
     osis,
     usfm,
     zefania,
@@ -28,7 +29,7 @@ struct ReadOptions
 /// What a content is: XML by its root element, USFM by a marker at its beginning, anything else verse lines.
 /// @param utf8      without byte order mark
 /// @param fileName  for the message
-/// @throws CBuildError  "%s: is XML, but neither OSIS nor Zefania (its root element is %s)"
+/// @throws CBuildError  "%s: is XML of an unknown format (its root element is %s)"
 SourceFormat detectFormat(std::string_view utf8, const std::string& fileName);
 
 /// Reads a file of any format, or a folder of USFM files (*.usfm, *.sfm, *.ptx, *.scp, or else any that begin with \id, in the order of their names, or in

@@ -37,6 +37,12 @@ std::string zefaniaVerse(const std::string& number, const std::string& text)
     return zefania("<BIBLEBOOK bnumber=\"1\"><CHAPTER cnumber=\"1\"><VERS vnumber=\"" + number + "\">" +
                    text + "</VERS></CHAPTER></BIBLEBOOK>");
 }
+std::string beblia(const std::string& content) { return "<bible>" + content + "</bible>"; }
+std::string bebliaVerse(const std::string& number, const std::string& text)
+{
+    return beblia("<book number=\"1\"><chapter number=\"1\"><verse number=\"" + number + "\">" + text +
+                  "</verse></chapter></book>");
+}
 std::string usfm(const std::string& content) { return "\\id GEN\n\\c 1\n" + content; }
 std::string usfmVerse(const std::string& number, const std::string& text)
 {
@@ -139,6 +145,7 @@ const std::string manyVerses = ": the module would hold more than 65534 verses";
 const std::vector<Hostile> nesting{
     {"DeepNestingInOsis", [] { return osis(repeated("<a>")); }, tooDeep},
     {"DeepNestingInZefania", [] { return zefania(repeated("<a>")); }, tooDeep},
+    {"DeepNestingInBeblia", [] { return beblia(repeated("<a>")); }, tooDeep},
     {"DeepNestingInUsfm", [] { return usfmVerse("1", "a" + repeated("\\add ")); }, ""},
     {"DeepNestingInVerseLines", [] { return line("1", repeated("<a>", 9999)); }, ""},
 };
@@ -160,6 +167,7 @@ const std::vector<Hostile> attributes{
 const std::vector<Hostile> entities{
     {"EntityBombInOsis", [] { return bomb("osis") + osisVerse("Gen.1.1", "&j;"); }, declares},
     {"EntityBombInZefania", [] { return bomb("XMLBIBLE") + zefaniaVerse("1", "&j;"); }, declares},
+    {"EntityBombInBeblia", [] { return bomb("bible") + bebliaVerse("1", "&j;"); }, declares},
     {"EntityBombInUsfm", [] { return usfmVerse("1", bomb("a") + "&j;"); }, ""},
     {"EntityBombInVerseLines", [] { return line("1", bomb("a") + "&j;"); }, ""},
 };
@@ -168,6 +176,7 @@ const std::vector<Hostile> numbers{
     {"NumberOfFourBillionInOsis", [] { return osisVerse("Gen.1.4294967297", "a"); },
      "@:1: \"Gen.1.4294967297\" is no reference to a verse, such as Gen.1.1"},
     {"NumberOfFourBillionInZefania", [] { return zefaniaVerse("4294967297", "a"); }, ""},
+    {"NumberOfFourBillionInBeblia", [] { return bebliaVerse("4294967297", "a"); }, ""},
     {"NumberOfFourBillionInUsfm", [] { return usfmVerse("4294967297", "a"); }, ""},
     {"NumberOfFourBillionInVerseLines", [] { return line("4294967297", "a"); },
      "@:1: \"4294967297\" is no verse number from 1 to 65534"},
@@ -179,6 +188,13 @@ const std::vector<Hostile> numbers{
      },
      "Gen 2:65534" + manyVerses},
     {"LastNumberInZefania", [] { return zefaniaVerse("65534", "a"); }, ""},
+    {"LastNumberInBeblia",
+     [] {
+         return beblia(
+             "<book number=\"1\"><chapter number=\"65534\"><verse number=\"65534\">a</verse></chapter>"
+             "</book>");
+     },
+     "Gen 65534:2" + manyVerses},
     {"LastNumberInUsfm", [] { return usfm("\\c 65534\n\\v 65534 a"); }, "Gen 65534:2" + manyVerses},
     {"LastNumberInVerseLines", [] { return "Gen\t65534\t65534\ta\n"; }, "Gen 65534:2" + manyVerses},
 };
@@ -188,6 +204,7 @@ const std::vector<Hostile> lengths{
      "@: is longer than 64 MiB"},
     {"EndlessVerseInZefania", [] { return zefaniaVerse("1", repeated("<BR/>a&lt;", 40u << 20)); },
      "Gen 1:1: the verse has 25165823 bytes, 65535 are the most"},
+    {"EndlessVerseInBeblia", [] { return bebliaVerse("1", repeated("a")); }, tooLong},
     {"EndlessVerseInUsfm", [] { return usfmVerse("1", repeated("a")); }, longVerse},
     {"EndlessVerseInVerseLines", [] { return line("1", repeated("a")); }, longVerse},
     {"EmptyVersesInOsis", [] { return osis(repeated("<verse osisID=\"Gen.1.1\"/>")); },
@@ -203,6 +220,12 @@ const std::vector<Hostile> lengths{
      [] {
          return zefania("<BIBLEBOOK bnumber=\"1\"><CHAPTER cnumber=\"1\">" +
                         repeated("<VERS vnumber=\"1\"/>") + "</CHAPTER></BIBLEBOOK>");
+     },
+     "the source holds no text"},
+    {"EmptyVersesInBeblia",
+     [] {
+         return beblia("<book number=\"1\"><chapter number=\"1\">" + repeated("<verse number=\"1\"/>") +
+                       "</chapter></book>");
      },
      "the source holds no text"},
     {"EmptyVersesInVerseLines", [] { return repeated(line("1", "")); },
@@ -253,6 +276,13 @@ const std::vector<Hostile> paths{
      "@:1: \"../../x\" is no book number, and \"../y\" no known name of a book: write the number into "
      "bnumber, such as 1 for "
      "Genesis"},
+    {"PathAsBookInBeblia",
+     [] {
+         return beblia(
+             "<book number=\"../../x\"><chapter number=\"1\"><verse number=\"1\">a</verse></chapter>"
+             "</book>");
+     },
+     "@:1: \"../../x\" is no book number: write one into number, such as 1 for Genesis"},
     {"PathAsBookInUsfm", [] { return "\\id ../../x\n\\c 1\n\\v 1 a"; },
      "@:1: \"../../x\" is no book code: write one behind \\id, such as GEN"},
     {"PathAsBookInVerseLines", [] { return "../../x\t1\t1\ta\n"; }, "@:1: \"../../x\" is no OSIS book id"},

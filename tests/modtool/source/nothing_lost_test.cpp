@@ -3,6 +3,7 @@
 #include "osis_reader.h"
 #include "source_text.h"
 #include "usfm_reader.h"
+#include "word_fate.h"
 #include "zefania_reader.h"
 
 #include <gtest/gtest.h>
@@ -14,39 +15,7 @@
 namespace {
 
 using namespace Kedrin::ModTool;
-
-const std::string word = "lostword";
-
-/// A rule by which text is left out, and whether the report has a line for it without --verbose.
-struct OmissionRule
-{
-    ReaderRule rule;
-    const char* name;
-    bool hasLine;
-};
-
-constexpr OmissionRule omissionRules[] = {{ReaderRule::note, "note", true},
-                                          {ReaderRule::title, "title", true},
-                                          {ReaderRule::figure, "figure", true},
-                                          {ReaderRule::otherReading, "other reading", true},
-                                          {ReaderRule::outside, "outside", true},
-                                          {ReaderRule::secondNumber, "second number", true},
-                                          {ReaderRule::psalmText, "psalm text", true},
-                                          {ReaderRule::metadata, "metadata", false},
-                                          {ReaderRule::attribute, "attribute", false}};
-
-/// What became of the word: "text"; the rule by which all its letters were left out and counted; or "lost". That the
-/// report has some other line is not enough: it may say that the word was kept.
-std::string fateIn(const SourceBible& bible)
-{
-    if (test_support::linesOf(bible).find(word) != std::string::npos)
-        return "text";
-    for (const OmissionRule& omission : omissionRules)
-        if (bible.findings.letters(omission.rule) >= word.size() &&
-            (!omission.hasLine || bible.findings[omission.rule].count != 0))
-            return omission.name;
-    return "lost";
-}
+using namespace word_fate;
 
 std::string fateInUsfm(const std::string& content)
 {
@@ -99,28 +68,6 @@ constexpr const char* zefaniaElements[] = {
 /// The word in a marker without its end, and in one with it.
 std::string beginOf(const std::string& marker) { return '\\' + marker + ' ' + word; }
 std::string wholeOf(const std::string& marker) { return beginOf(marker) + '\\' + marker + '*'; }
-
-/// The word in an element.
-std::string elementOf(const std::string& name, const std::string& attributes)
-{
-    return '<' + name + attributes + '>' + word + "</" + name + '>';
-}
-
-/// Names with blanks around each.
-struct Omitted
-{
-    const char* fate;
-    std::string_view names;
-};
-
-/// What becomes of a word in the middle of a verse: the fate of the first group that names where it stands, or "text".
-std::string expectedFate(const std::vector<Omitted>& groups, const std::string& name)
-{
-    for (const Omitted& group : groups)
-        if (group.names.find(' ' + name + ' ') != std::string_view::npos)
-            return group.fate;
-    return "text";
-}
 
 std::string fateInOsis(const std::string& before, const std::string& element)
 {

@@ -89,6 +89,17 @@ TEST_F(OddBooks, OfZefaniaXmlAreLeftOutAndCounted)
                                         lineOf("Odes", "1 verse") + lineOf("Book120", "1 verse"));
 }
 
+TEST_F(OddBooks, OfBebliaXmlAreLeftOutAndCounted)
+{
+    std::string text = "<bible>";
+    for (const char* number : {"1", "66", "67", "120"})
+        text += std::string("<book number='") + number +
+                "'><chapter number='1'><verse number='1'>а</verse></chapter></book>";
+    const Result result = buildSource("a.xml", text + "</bible>");
+    ASSERT_EQ(result.code, 0) << result.err;
+    EXPECT_EQ(leftOutLines(result), lineOf("Book67", "1 verse") + lineOf("Book120", "1 verse"));
+}
+
 TEST_F(OddBooks, OfOsisAreLeftOutAndCounted)
 {
     std::string text = "<osis><osisText>";

@@ -1,5 +1,6 @@
 // Text between a psalm's beginning and its first verse, which a source does not mark as a title: named in the report.
 
+#include "beblia_reader.h"
 #include "osis_reader.h"
 #include "source_format.h"
 #include "temp_folder.h"
@@ -60,6 +61,17 @@ TEST(PsalmTexts, OfXmlAreNamedWithTheirPlace)
             .findings.text(),
         "left out      1 text before a psalm's first verse, perhaps its title, first in line 3\n"
         "              Ps 3, in line 3: \"A psalm.\"\n");
+}
+
+TEST(PsalmTexts, OfBooksInXmlAreNamedWithTheirPlace)
+{
+    const std::string expected =
+        "left out      1 text before a psalm's first verse, perhaps its title, first in line 2\n"
+        "              Ps 3, in line 2: \"A psalm.\"\n";
+    EXPECT_EQ(readBeblia("f.xml", "<bible><book number='19'>\n<chapter number='3'>A psalm.<verse number='1'>a"
+                                  "</verse></chapter></book></bible>")
+                  .findings.text(),
+              expected);
 }
 
 TEST(PsalmTexts, AreNoneInOtherBooksBehindAVerseOrWhereTheSourceSaysWhatTheyAre)

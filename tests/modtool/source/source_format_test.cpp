@@ -41,10 +41,11 @@ TEST(SourceFormat, IsFoundByTheContent)
 {
     EXPECT_EQ(detectFormat("<?xml version='1.0'?>\n<!-- c -->\n<osis>", "f"), SourceFormat::osis);
     EXPECT_EQ(detectFormat("<XMLBIBLE>", "f"), SourceFormat::zefania);
+    EXPECT_EQ(detectFormat("<bible translation='T'>", "f"), SourceFormat::beblia);
     EXPECT_EQ(detectFormat("\n\\id GEN", "f"), SourceFormat::usfm);
     EXPECT_EQ(detectFormat("Gen\t1\t1\ta", "f"), SourceFormat::verseLines);
     EXPECT_EQ(messageOf<CBuildError>([] { detectFormat("<html>", "f"); }),
-              "f: is XML, but neither OSIS nor Zefania (its root element is \"html\")");
+              "f: is XML of an unknown format (its root element is \"html\")");
 }
 
 TEST(SourceFormat, ForcedFormatIsTakenAsGiven)

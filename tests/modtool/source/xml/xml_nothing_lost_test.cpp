@@ -1,0 +1,58 @@
+// Whatever element of a format a word stands in: it is in a verse, or the report has a line for it.
+
+#include "beblia_reader.h"
+#include "word_fate.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace Kedrin::ModTool;
+using namespace word_fate;
+
+/// A format of books, chapters and verses in one another.
+struct Format
+{
+    SourceBible (*read)(const std::string& fileName, std::string_view utf8);
+    std::string begin; ///< up to the content of a chapter
+    std::string verse; ///< the begin tag of its first verse
+    std::string verseEnd;
+    std::string end;
+
+    std::string fateOf(const std::string& content) const
+    {
+        return fateIn(read("f.xml", begin + content + end));
+    }
+};
+
+/// An element may stand in a verse, before it and behind it, and in another element.
+void expectNotLost(const Format& format, const std::string& name)
+{
+    const std::string element = elementOf(name, "");
+    const std::string one = format.verse + "one" + format.verseEnd;
+    for (const std::string& content :
+         {format.verse + "one " + element + " two" + format.verseEnd, element + one, one + element,
+          format.verse + "one <any>" + element + "</any>" + format.verseEnd})
+        EXPECT_NE(format.fateOf(content), "lost") << content;
+}
+
+void expectFates(const Format& format, const std::vector<std::string>& names,
+                 const std::vector<Omitted>& omitted)
+{
+    for (const std::string& name : names) {
+        expectNotLost(format, name);
+        EXPECT_EQ(format.fateOf(format.verse + "one " + elementOf(name, "") + " two" + format.verseEnd),
+                  expectedFate(omitted, name))
+            << name;
+    }
+}
+
+TEST(NothingLost, InNoElementOfBeblia)
+{
+    const Format beblia{readBeblia, "<bible><testament><book number='1'><chapter number='1'>",
+                        "<verse number='1'>", "</verse>", "</chapter></book></testament></bible>"};
+    expectFates(beblia, {"note", "title", "br", "testament", "chapter", "verse", "i", "b", "any"},
+                {{"note", " note "}, {"title", " title "}, {"outside", " chapter "}});
+}
+
+} // namespace
