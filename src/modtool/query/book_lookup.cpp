@@ -5,46 +5,11 @@
 #include "errors.h"
 #include "messages.h"
 #include "plain_text.h"
+#include "spelling.h"
 
 #include <algorithm>
-#include <numeric>
 
 namespace Kedrin::ModTool {
-
-namespace {
-
-/// How many letters must be put in, taken out or exchanged to make one text of the other.
-std::size_t editDistance(const std::u32string& a, const std::u32string& b)
-{
-    std::vector<std::size_t> row(b.size() + 1);
-    std::iota(row.begin(), row.end(), std::size_t(0));
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        std::size_t diagonal = row[0];
-        row[0] = i + 1;
-        for (std::size_t j = 0; j < b.size(); ++j) {
-            const std::size_t exchanged = diagonal + (a[i] != b[j]);
-            diagonal = row[j + 1];
-            row[j + 1] = std::min({row[j] + 1, row[j + 1] + 1, exchanged});
-        }
-    }
-    return row[b.size()];
-}
-
-/// UTF-8 that is known to be valid.
-std::u32string codePoints(const std::string& utf8)
-{
-    std::u32string text;
-    for (const char c : utf8) {
-        const auto byte = static_cast<unsigned char>(c);
-        if ((byte & 0xC0) != 0x80)
-            text += static_cast<char32_t>(byte);
-        else
-            text.back() = text.back() << 6 | (byte & 0x3Fu);
-    }
-    return text;
-}
-
-} // namespace
 
 CBookLookup::CBookLookup(const CModuleReader& module) : m_module(module)
 {
@@ -97,17 +62,11 @@ unsigned int CBookLookup::find(const std::string& name) const
     return titles.localID(found.front());
 }
 
-/// Books of the module of which a name differs from the key by a letter, or by two where it is longer than four.
+/// Books of the module of which a name is spelt nearly like the key.
 std::vector<unsigned int> CBookLookup::booksLike(const std::string& key) const
 {
-    constexpr std::size_t mostLetters = 60;
-    const std::u32string wanted = codePoints(key);
-    if (wanted.empty() || wanted.size() > mostLetters)
-        return {};
-    const std::size_t allowed = wanted.size() > 4 ? 2 : 1;
     return booksWith([&](const Name& name) {
-        return m_module.titles().hasBook(name.globalID) &&
-               editDistance(wanted, codePoints(name.key)) <= allowed;
+        return m_module.titles().hasBook(name.globalID) && isLikeSpelling(key, name.key);
     });
 }
 

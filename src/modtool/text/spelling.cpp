@@ -1,0 +1,57 @@
+#include "spelling.h"
+
+#include <unicode/unistr.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <numeric>
+#include <vector>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+using CodePoints = std::vector<UChar32>;
+
+CodePoints codePointsOf(std::string_view utf8)
+{
+    const icu::UnicodeString text =
+        icu::UnicodeString::fromUTF8(icu::StringPiece(utf8.data(), static_cast<std::int32_t>(utf8.size())));
+    CodePoints codePoints;
+    for (std::int32_t i = 0; i < text.length(); i = text.moveIndex32(i, 1))
+        codePoints.push_back(text.char32At(i));
+    return codePoints;
+}
+
+/// How many letters must be put in, taken out or exchanged to make one text of the other.
+std::size_t editDistance(const CodePoints& a, const CodePoints& b)
+{
+    std::vector<std::size_t> row(b.size() + 1);
+    std::iota(row.begin(), row.end(), std::size_t(0));
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        std::size_t diagonal = row[0];
+        row[0] = i + 1;
+        for (std::size_t j = 0; j < b.size(); ++j) {
+            const std::size_t exchanged = diagonal + (a[i] != b[j]);
+            diagonal = row[j + 1];
+            row[j + 1] = std::min({row[j] + 1, row[j + 1] + 1, exchanged});
+        }
+    }
+    return row[b.size()];
+}
+
+} // namespace
+
+bool isLikeSpelling(std::string_view typed, std::string_view known)
+{
+    constexpr std::size_t maxLetters = 60;
+    constexpr std::size_t maxBytes = 4 * maxLetters;
+    if (typed.empty() || typed.size() > maxBytes || known.size() > 2 * maxBytes)
+        return false;
+    const CodePoints wanted = codePointsOf(typed);
+    if (wanted.size() > maxLetters)
+        return false;
+    return editDistance(wanted, codePointsOf(known)) <= (wanted.size() > 4 ? 2u : 1u);
+}
+
+} // namespace Kedrin::ModTool
