@@ -6,10 +6,10 @@
 #include "messages.h"
 #include "module_format.h"
 #include "osis_reader.h"
+#include "root_element.h"
 #include "text_input.h"
 #include "usfm_reader.h"
 #include "verse_line_reader.h"
-#include "xml_reader.h"
 #include "zefania_reader.h"
 
 #include <algorithm>

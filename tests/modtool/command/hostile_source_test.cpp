@@ -137,8 +137,6 @@ const std::string declares = "@:1: declares entities or elements of its own, whi
 const std::string tooDeep = "@:1: elements stand in one another more than 100 deep";
 const std::string tooLong = "@:1: not well-formed XML: a part of it is too long";
 const std::string tooManyNames = "@:1: not well-formed XML: it has too many names";
-const std::string tooManyAttributes = "@:1: an element has more than 100 attributes";
-const std::string tooManyRemarks = "@:1: more than 100000 comments and processing instructions";
 const std::string longVerse = "Gen 1:1: the verse has 16777216 bytes, 65535 are the most";
 const std::string manyVerses = ": the module would hold more than 65534 verses";
 
@@ -157,9 +155,9 @@ const std::vector<Hostile> attributes{
     {"HugeTitleInVerseLines", [] { return "# title: " + repeated("x") + '\n' + line("1", "a"); },
      "the full title has 16777216 bytes, 255 are the most"},
     {"ManyAttributesInOsis", [] { return osis("<a " + numbered("b", "='' ", 500000) + "/>"); },
-     tooManyAttributes},
+     tooManyNames},
     {"ManyAttributesInZefania", [] { return zefania("<a " + numbered("b", "='' ", 500000) + "/>"); },
-     tooManyAttributes},
+     tooManyNames},
     {"ManyBooksInVerseLines", [] { return numbered("# book: A", "\t\t\t\n", 500000) + line("1", "a"); },
      "@:1001: more than 1000 books"},
 };
@@ -230,8 +228,8 @@ const std::vector<Hostile> lengths{
      "the source holds no text"},
     {"EmptyVersesInVerseLines", [] { return repeated(line("1", "")); },
      "@:2: Gen 1:1 is given twice, first in line 1"},
-    {"CommentsInOsis", [] { return osis(repeated("<!---->")); }, tooManyRemarks},
-    {"InstructionsInZefania", [] { return repeated("<?a?>") + zefania(""); }, tooManyRemarks},
+    {"CommentsInOsis", [] { return osis(repeated("<!---->")); }, "@: holds no verse"},
+    {"InstructionsInZefania", [] { return repeated("<?a?>") + zefania(""); }, "@: holds no verse"},
     {"NamesInOsis", [] { return osis(numbered("<a", "/>", 1000000)); }, tooManyNames},
     {"NamesInZefania", [] { return zefania(numbered("<a", ":b/>", 1000000)); }, tooManyNames},
     {"EndlessCopyrightInVerseLines", [] { return "# copyright: " + repeated("x") + '\n' + line("1", "a"); },

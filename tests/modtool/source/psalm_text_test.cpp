@@ -59,8 +59,8 @@ TEST(PsalmTexts, OfXmlAreNamedWithTheirPlace)
             "<XMLBIBLE><BIBLEBOOK bnumber='19'><CHAPTER cnumber='3'>\nA psalm.\n<VERS vnumber='1'>a</VERS>"
             "</CHAPTER></BIBLEBOOK></XMLBIBLE>")
             .findings.text(),
-        "left out      1 text before a psalm's first verse, perhaps its title, first in line 3\n"
-        "              Ps 3, in line 3: \"A psalm.\"\n");
+        "left out      1 text before a psalm's first verse, perhaps its title, first in line 2\n"
+        "              Ps 3, in line 2: \"A psalm.\"\n");
 }
 
 TEST(PsalmTexts, OfBooksInXmlAreNamedWithTheirPlace)

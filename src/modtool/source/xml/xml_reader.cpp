@@ -2,219 +2,220 @@
 
 #include "ascii.h"
 #include "errors.h"
+#include "expat_parser.h"
 #include "messages.h"
-#include "xml_limits.h"
 
-#include <libxml/xmlreader.h>
-
-#include <algorithm>
+#include <set>
+#include <utility>
 
 namespace Kedrin::ModTool {
 
 namespace {
 
-std::string_view view(const xmlChar* text)
-{
-    return text ? std::string_view(reinterpret_cast<const char*>(text)) : std::string_view();
-}
+constexpr std::size_t maxPartBytes = 10000000; // of a name, an attribute or a text
+constexpr std::size_t maxNameBytes =
+    1u << 20; // of all different names together; a format has a thousandth of it
 
-/// What stands before a document's first element.
-struct Prolog
+std::string_view withoutPrefix(std::string_view name)
 {
-    std::size_t end;    ///< where the first element begins, or the text ends
-    std::size_t subset; ///< where declarations begin, or npos
-};
-
-std::size_t after(std::string_view text, std::string_view what, std::size_t begin)
-{
-    const std::size_t found = text.find(what, begin);
-    return found == std::string_view::npos ? text.size() : found + what.size();
-}
-
-/// One past the end of a document type, which begins at `begin`; `subset` is set where it has declarations.
-std::size_t documentTypeEnd(std::string_view text, std::size_t begin, std::size_t& subset)
-{
-    for (std::size_t i = begin; i < text.size(); ++i) {
-        if (text[i] == '"' || text[i] == '\'')
-            i = std::min(text.find(text[i], i + 1), text.size());
-        else if (text[i] == '[') {
-            subset = i;
-            return text.size();
-        } else if (text[i] == '>')
-            return i + 1;
-    }
-    return text.size();
-}
-
-Prolog prologOf(std::string_view text)
-{
-    Prolog prolog{0, std::string_view::npos};
-    while (true) {
-        const std::size_t tag = std::min(text.find('<', prolog.end), text.size());
-        const std::string_view rest = text.substr(tag);
-        if (rest.starts_with("<?"))
-            prolog.end = after(text, "?>", tag);
-        else if (rest.starts_with("<!--"))
-            prolog.end = after(text, "-->", tag + 4);
-        else if (rest.starts_with("<!DOCTYPE"))
-            prolog.end = documentTypeEnd(text, tag, prolog.subset);
-        else {
-            prolog.end = tag;
-            return prolog;
-        }
-    }
+    return name.substr(name.find(':') + 1); // npos + 1 is 0
 }
 
 } // namespace
 
-class CXmlReader::CPrivate
+/// The library calls a handler for each start, end and piece of text. It is stopped at each start and end, and resumed
+/// when the reader goes on behind it; the pieces of text before are collected.
+class CXmlReader::Impl
 {
 public:
-    CPrivate(std::string_view utf8)
-        : m_reader(xmlReaderForMemory(utf8.data(), static_cast<int>(utf8.size()), nullptr, "UTF-8",
-                                      XML_PARSE_NONET | XML_PARSE_NOCDATA | XML_PARSE_IGNORE_ENC |
-                                          XML_PARSE_BIG_LINES))
-    {
-        if (!m_reader)
-            throw std::bad_alloc();
-        xmlTextReaderSetStructuredErrorHandler(m_reader, &CPrivate::keepError, this);
-    }
-    ~CPrivate() { xmlFreeTextReader(m_reader); }
-    CPrivate(const CPrivate&) = delete;
-    CPrivate& operator=(const CPrivate&) = delete;
+    Impl(const std::string& fileName, std::string_view utf8);
 
-    xmlTextReaderPtr reader() const { return m_reader; }
-
-    /// The library finds a name among all that it has met, which takes the longer the more there are; its own limit is
-    /// too large. Called when something was read: before, there is no table of names.
-    void limitNames()
+    Node next();
+    std::string_view name() const { return withoutPrefix(m_name); }
+    bool isEmpty() const { return m_isEmpty; }
+    int depth() const { return m_node == Node::text && m_element == Node::end ? m_depth + 1 : m_depth; }
+    std::string attribute(std::string_view name) const;
+    std::string_view text() const { return m_text; }
+    std::size_t line() const
     {
-        const xmlNode* node = m_areNamesLimited ? nullptr : xmlTextReaderCurrentNode(m_reader);
-        if (!node)
-            return;
-        xmlDictSetLimit(node->doc->dict, maxNameBytes);
-        m_areNamesLimited = true;
+        return m_parser.lineAt(m_node == Node::text ? m_textOffset : m_elementOffset);
     }
-    const std::string& error() const { return m_error; }
-    std::size_t errorLine() const { return m_errorLine; }
 
 private:
-    static void keepError(void* self, xmlErrorPtr error)
-    {
-        auto* kept = static_cast<CPrivate*>(self);
-        if (error->level != XML_ERR_FATAL || kept->m_hasError)
-            return;
-        kept->m_error = error->message ? error->message : tooLong;
-        if (kept->m_error.find("Huge") != std::string::npos ||
-            kept->m_error.find("huge") != std::string::npos)
-            kept->m_error = tooLong;
-        if (error->code == XML_ERR_NO_MEMORY) // what the library says where limitNames() has it stop
-            kept->m_error = tooManyNames;
-        kept->m_error.erase(kept->m_error.find_last_not_of(" \n") + 1);
-        kept->m_hasError = true;
-        kept->m_errorLine = static_cast<std::size_t>(std::max(error->line, 1));
-    }
+    void setDocumentTypeHandlers();
+    void start(const XML_Char* name, const XML_Char** attributes);
+    void end(const XML_Char* name);
+    void stopAt(Node element, std::string_view name);
+    void addText(std::string_view text);
+    void addAttribute(std::string_view name, std::string_view value);
+    void limitNames(std::string_view name);
+    void limitPart(std::size_t byteCount) const;
 
-    static constexpr std::size_t maxNameBytes = 1u << 20; // of all together; a format has a thousandth of it
+    CExpatParser m_parser;
+    bool m_hasForeignType = false; ///< a document type outside the document, which may declare entities
 
-    xmlTextReaderPtr m_reader;
-    bool m_areNamesLimited = false;
-    static constexpr const char* tooLong = translatable("a part of it is too long");
+    Node m_node = Node::none;    ///< the one that next() gave
+    Node m_element = Node::none; ///< the start or end at which the library was stopped
+    std::size_t m_elementOffset = 0;
+    std::string m_name;
+    std::string m_attributes; ///< name, zero byte, value, zero byte, ...
+    int m_depth = 0;          ///< of the element
+    int m_openElements = 0;   ///< behind it
+    bool m_isEmpty = false;
+    bool m_skipsEnd = false; ///< the library tells the end of <this/> too
+    std::string m_text;
+    std::size_t m_textOffset = 0; ///< of its first piece that is not blank
+    bool m_isTextBlank = true;
 
-    static constexpr const char* tooManyNames = translatable("it has too many names");
-
-    /// The first that ends the reading; the library is silent of a text too long.
-    std::string m_error = tooLong;
-    bool m_hasError = false;
-    std::size_t m_errorLine = 1;
+    std::set<std::string, std::less<>> m_names; ///< all that were met: the library keeps them too
+    std::size_t m_nameBytes = 0;
 };
 
-CXmlReader::CXmlReader(const std::string& fileName, std::string_view utf8) : m_fileName(fileName)
+CXmlReader::Impl::Impl(const std::string& fileName, std::string_view utf8) : m_parser(fileName, utf8, this)
 {
-    if (const Prolog prolog = prologOf(utf8); prolog.subset != std::string_view::npos)
-        failAtLine(fileName,
-                   1 + static_cast<std::size_t>(std::count(
-                           utf8.begin(), utf8.begin() + static_cast<std::ptrdiff_t>(prolog.subset), '\n')),
-                   tr("declares entities or elements of its own, which is not allowed"));
-    checkXmlLimits(fileName, utf8);
-    m_private = std::make_unique<CPrivate>(utf8);
+    XML_Parser parser = m_parser.get();
+    XML_SetElementHandler(
+        parser,
+        [](void* self, const XML_Char* name, const XML_Char** attributes) {
+            auto& impl = *static_cast<Impl*>(self);
+            impl.m_parser.guard([&] { impl.start(name, attributes); });
+        },
+        [](void* self, const XML_Char* name) {
+            auto& impl = *static_cast<Impl*>(self);
+            impl.m_parser.guard([&] { impl.end(name); });
+        });
+    XML_SetCharacterDataHandler(parser, [](void* self, const XML_Char* text, int byteCount) {
+        auto& impl = *static_cast<Impl*>(self);
+        impl.m_parser.guard([&] { impl.addText({text, static_cast<std::size_t>(byteCount)}); });
+    });
+    setDocumentTypeHandlers();
 }
+
+void CXmlReader::Impl::setDocumentTypeHandlers()
+{
+    XML_Parser parser = m_parser.get();
+    XML_SetStartDoctypeDeclHandler(
+        parser, [](void* self, const XML_Char*, const XML_Char*, const XML_Char*, int hasDeclarations) {
+            auto& impl = *static_cast<Impl*>(self);
+            impl.m_hasForeignType = true;
+            impl.m_parser.guard([&] {
+                if (hasDeclarations)
+                    impl.m_parser.fail(tr("declares entities or elements of its own, which is not allowed"));
+            });
+        });
+    XML_SetSkippedEntityHandler(parser, [](void* self, const XML_Char*, int) {
+        auto& impl = *static_cast<Impl*>(self);
+        impl.m_parser.guard([&] { impl.m_parser.refuseUnknownEntity(impl.m_parser.token()); });
+    });
+}
+
+CXmlReader::Node CXmlReader::Impl::next()
+{
+    if (m_node == Node::text) // the element behind it has been reached
+        return m_node = m_element;
+    m_text.clear();
+    m_isTextBlank = true;
+    if (!m_parser.read())
+        return m_node = m_element = Node::none;
+    return m_node = m_text.empty() ? m_element : Node::text;
+}
+
+void CXmlReader::Impl::start(const XML_Char* name, const XML_Char** attributes)
+{
+    const std::string_view tag = m_parser.token();
+    if (m_openElements >= maxDepth)
+        m_parser.fail(message("elements stand in one another more than %s deep", maxDepth));
+    if (m_hasForeignType) // then the library leaves unknown entities in attributes out
+        m_parser.refuseUnknownEntity(tag);
+    limitNames(name);
+    m_attributes.clear();
+    for (; *attributes; attributes += 2)
+        addAttribute(attributes[0], attributes[1]);
+    m_isEmpty = m_skipsEnd = tag.ends_with("/>");
+    m_depth = m_openElements;
+    m_openElements += m_isEmpty ? 0 : 1;
+    stopAt(Node::start, name);
+}
+
+void CXmlReader::Impl::end(const XML_Char* name)
+{
+    if (std::exchange(m_skipsEnd, false))
+        return;
+    m_isEmpty = false;
+    m_depth = --m_openElements;
+    stopAt(Node::end, name);
+}
+
+void CXmlReader::Impl::stopAt(Node element, std::string_view name)
+{
+    m_element = element;
+    m_elementOffset = m_parser.offset();
+    m_name = name;
+    XML_StopParser(m_parser.get(), XML_TRUE);
+}
+
+void CXmlReader::Impl::addText(std::string_view text)
+{
+    if (m_isTextBlank) {
+        m_textOffset = m_parser.offset();
+        m_isTextBlank = isBlank(text);
+    }
+    limitPart(m_text.size() + text.size());
+    m_text += text;
+}
+
+void CXmlReader::Impl::addAttribute(std::string_view name, std::string_view value)
+{
+    limitPart(value.size());
+    limitNames(name);
+    m_attributes.append(name).append(1, '\0').append(value).append(1, '\0');
+}
+
+void CXmlReader::Impl::limitNames(std::string_view name)
+{
+    limitPart(name.size());
+    if (m_names.contains(name))
+        return;
+    m_nameBytes += name.size();
+    if (m_nameBytes > maxNameBytes)
+        m_parser.failMalformed(tr("it has too many names"));
+    m_names.emplace(name);
+}
+
+void CXmlReader::Impl::limitPart(std::size_t byteCount) const
+{
+    if (byteCount > maxPartBytes)
+        m_parser.failMalformed(tr("a part of it is too long"));
+}
+
+std::string CXmlReader::Impl::attribute(std::string_view name) const
+{
+    for (std::string_view rest = m_attributes; !rest.empty();) {
+        const std::string_view key = rest.substr(0, rest.find('\0'));
+        rest.remove_prefix(key.size() + 1);
+        const std::string_view value = rest.substr(0, rest.find('\0'));
+        rest.remove_prefix(value.size() + 1);
+        if (key == name)
+            return std::string(value);
+    }
+    return "";
+}
+
+CXmlReader::CXmlReader(const std::string& fileName, std::string_view utf8)
+    : m_fileName(fileName),
+      m_impl(std::make_unique<Impl>(m_fileName, utf8))
+{}
 
 CXmlReader::~CXmlReader() = default;
 
-CXmlReader::Node CXmlReader::next()
-{
-    while (true) {
-        const int result = xmlTextReaderRead(m_private->reader());
-        if (result < 0)
-            failAtLine(m_fileName, m_private->errorLine(),
-                       message("not well-formed XML: %s", tr(m_private->error().c_str())));
-        if (result == 0)
-            return Node::none;
-        m_private->limitNames();
-        switch (xmlTextReaderNodeType(m_private->reader())) {
-        case XML_READER_TYPE_ELEMENT:
-            if (depth() >= maxDepth)
-                fail(message("elements stand in one another more than %s deep", maxDepth));
-            return Node::start;
-        case XML_READER_TYPE_END_ELEMENT:
-            return Node::end;
-        case XML_READER_TYPE_TEXT:
-        case XML_READER_TYPE_CDATA:
-        case XML_READER_TYPE_WHITESPACE:
-        case XML_READER_TYPE_SIGNIFICANT_WHITESPACE:
-            return Node::text;
-        case XML_READER_TYPE_ENTITY_REFERENCE:
-            failAtLine(m_fileName, // such a node has no line of its own
-                       static_cast<std::size_t>(xmlTextReaderGetParserLineNumber(m_private->reader())),
-                       message("the entity %s is not known", inQuotes(name())));
-        default:
-            break;
-        }
-    }
-}
-
-std::string_view CXmlReader::name() const { return view(xmlTextReaderConstLocalName(m_private->reader())); }
-
-bool CXmlReader::isEmpty() const { return xmlTextReaderIsEmptyElement(m_private->reader()) == 1; }
-
-int CXmlReader::depth() const { return xmlTextReaderDepth(m_private->reader()); }
-
-std::string CXmlReader::attribute(const char* name) const
-{
-    xmlChar* value = xmlTextReaderGetAttribute(m_private->reader(), reinterpret_cast<const xmlChar*>(name));
-    std::string text(view(value));
-    xmlFree(value);
-    return text;
-}
-
-std::string_view CXmlReader::text() const { return view(xmlTextReaderConstValue(m_private->reader())); }
-
-std::size_t CXmlReader::line() const
-{
-    const long line = xmlGetLineNo(xmlTextReaderCurrentNode(m_private->reader()));
-    return static_cast<std::size_t>(
-        line > 0 ? line : std::max(xmlTextReaderGetParserLineNumber(m_private->reader()), 1));
-}
-
+CXmlReader::Node CXmlReader::next() { return m_impl->next(); }
+std::string_view CXmlReader::name() const { return m_impl->name(); }
+bool CXmlReader::isEmpty() const { return m_impl->isEmpty(); }
+int CXmlReader::depth() const { return m_impl->depth(); }
+std::string CXmlReader::attribute(std::string_view name) const { return m_impl->attribute(name); }
+std::string_view CXmlReader::text() const { return m_impl->text(); }
+std::size_t CXmlReader::line() const { return m_impl->line(); }
 void CXmlReader::fail(const std::string& what) const { failAtLine(m_fileName, line(), what); }
-
-std::string rootElement(std::string_view utf8)
-{
-    const Prolog prolog = prologOf(utf8);
-    if ((prolog.end >= utf8.size() && prolog.subset == std::string_view::npos) ||
-        !isBlank(utf8.substr(0, utf8.find('<'))))
-        return "";
-    // Where declarations stand before it, the document type tells its name; the reader refuses them later.
-    const std::size_t type = prolog.subset == std::string_view::npos ? prolog.end : utf8.find("<!DOCTYPE");
-    std::string_view name = utf8.substr(type + 1);
-    if (name.starts_with("!DOCTYPE"))
-        name.remove_prefix(std::min(name.find_first_not_of(" \t\r\n", 8), name.size()));
-    name = name.substr(0, name.find_first_of(" \t\r\n/>["));
-    if (const std::size_t colon = name.find(':'); colon != std::string_view::npos)
-        name.remove_prefix(colon + 1);
-    return std::string(name);
-}
 
 std::string elementText(CXmlReader& xml)
 {

@@ -1,15 +1,15 @@
 #pragma once
 
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 
 namespace Kedrin::ModTool {
 
-/// Walks an XML text from its beginning to its end: elements and texts, one after another. Comments and processing
-/// instructions are passed over. Nothing outside the text is loaded. A document type with declarations of its own is
-/// refused, so that no entity but the five of XML exists; nesting is bounded.
+/// Reads an XML document from its beginning to its end: elements and texts, one after another. Comments and processing
+/// instructions are skipped; the texts before and after them are one. Nothing outside the document is loaded. A
+/// document type with declarations of its own is refused, so that no entity but the five of XML exists. Nesting, the
+/// length of a text, and the names are limited, so that time and memory are in proportion to the document's length.
 class CXmlReader
 {
 public:
@@ -24,8 +24,7 @@ public:
     };
 
     /// @param fileName  for messages
-    /// @param utf8      outlives this object
-    /// @throws CBuildError  "%s:%u: declares entities or elements of its own, which is not allowed"
+    /// @param utf8      outlives this object; at most 64 MiB
     CXmlReader(const std::string& fileName, std::string_view utf8);
     ~CXmlReader();
     CXmlReader(const CXmlReader&) = delete;
@@ -33,6 +32,7 @@ public:
 
     /// Goes on to the next node.
     /// @throws CBuildError
+    ///     "%s:%u: declares entities or elements of its own, which is not allowed"
     ///     "%s:%u: not well-formed XML: %s"
     ///     "%s:%u: the entity \"%s\" is not known"
     ///     "%s:%u: elements stand in one another more than 100 deep"
@@ -48,27 +48,24 @@ public:
     int depth() const;
 
     /// The value of an element's attribute that has no prefix; "" where there is none.
-    std::string attribute(const char* name) const;
+    std::string attribute(std::string_view name) const;
 
     /// Of a text: valid until next().
     std::string_view text() const;
 
-    /// The line of the node, from 1.
+    /// The line in which the node begins, from 1.
     std::size_t line() const;
 
     const std::string& fileName() const { return m_fileName; }
 
-    /// @throws CBuildError  "%s:%u: %s" with the line reached
+    /// @throws CBuildError  "%s:%u: %s" with the line of the node
     [[noreturn]] void fail(const std::string& what) const;
 
 private:
-    class CPrivate;
+    class Impl;
     std::string m_fileName;
-    std::unique_ptr<CPrivate> m_private;
+    std::unique_ptr<Impl> m_impl;
 };
-
-/// The name of a document's first element, with its prefix left out; "" where the text is no XML as far as that.
-std::string rootElement(std::string_view utf8);
 
 /// Calls `use` for each node inside the element that `xml` stands at, and leaves it at the element's end.
 template <typename Use>

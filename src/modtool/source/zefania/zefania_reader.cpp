@@ -81,12 +81,12 @@ private:
     /// An attribute that the format's two spellings write in small or capital letters.
     std::string attribute(std::string name) const
     {
-        std::string value = m_xml.attribute(name.c_str());
+        std::string value = m_xml.attribute(name);
         if (!value.empty())
             return value;
         std::transform(name.begin(), name.end(), name.begin(),
                        [](char c) { return static_cast<char>(c - 'a' + 'A'); });
-        return m_xml.attribute(name.c_str());
+        return m_xml.attribute(name);
     }
 
     void startBook()
