@@ -22,8 +22,8 @@ const fs::path project = KEDRIN_PROJECT_FOLDER;
 struct Row
 {
     std::string folder;
-    std::set<std::string>
-        files; ///< a source and its header without extension: "bible"; others whole: "bg.po"
+    /// A source and its header without extension: "bible"; others whole: "bg.po".
+    std::set<std::string> files;
     std::set<std::string> mayInclude;
 };
 

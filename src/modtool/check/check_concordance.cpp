@@ -9,11 +9,6 @@
 
 namespace Kedrin::ModTool {
 
-namespace {
-
-
-} // namespace
-
 CConcordanceCheck::CConcordanceCheck(std::string_view concPoints, std::string_view conc,
                                      const CheckedShape& shape, const CheckedText* text, CFindings& findings)
     : m_concPoints(concPoints),

@@ -13,8 +13,8 @@ namespace Kedrin::ModTool {
 namespace {
 
 constexpr std::size_t maxPartBytes = 10000000; // of a name, an attribute or a text
-constexpr std::size_t maxNameBytes =
-    1u << 20; // of all different names together; a format has a thousandth of it
+// of all different names together; a format has a thousandth of it
+constexpr std::size_t maxNameBytes = 1u << 20;
 
 std::string_view withoutPrefix(std::string_view name)
 {
