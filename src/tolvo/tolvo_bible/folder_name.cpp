@@ -15,7 +15,7 @@ namespace {
 /// UTF-8; each byte that is none as Windows-1251.
 QString decoded(const std::string& native)
 {
-    const auto text = QString::fromUtf8(native.c_str());
+    auto text = QString::fromUtf8(native.c_str());
     if (!text.contains(QChar::ReplacementCharacter))
         return text;
     QString legible;
@@ -55,6 +55,7 @@ std::vector<std::string> sub_folders(const std::string& folderPath)
     }
     std::sort(folders.begin(), folders.end());
     std::vector<std::string> names;
+    names.reserve(folders.size());
     for (auto& folder : folders)
         names.push_back(std::move(folder.second));
     return names;
