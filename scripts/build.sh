@@ -1,9 +1,10 @@
 # Sourced by ./run and ./test, in the project's folder.
 
-# build_preset PRESET [OPTION...]: configures where that was not done yet, with the options for cmake, and builds.
+# build_preset PRESET [OPTION...]: configures, with the options for cmake, where that has not been done with the presets as
+# they are, and builds.
 build_preset() {
     local out=build/$1
-    [ -f "$out/build.ninja" ] || cmake --preset "$@" >/dev/null ||
+    [ "$out/build.ninja" -nt CMakePresets.json ] || cmake --preset "$@" >/dev/null ||
         fail "CMake could not prepare the build in $out (see above). If the project was moved or copied, remove $out and try again." \
             "CMake не успя да подготви $out (вж. по-горе). Ако проектът е преместен или копиран, изтрийте $out и опитайте отново."
     cmake --build --preset "$1" ||

@@ -1,0 +1,83 @@
+# The tests style.format and style.tidy, and the target tidy, which does the work of the latter. Each source has a stamp,
+# made when clang-tidy finds nothing in it and older than its object file once anything that it includes has changed, so
+# that only those sources are read again.
+set(style_paths src tests fuzz bench)
+list(TRANSFORM style_paths PREPEND ${PROJECT_SOURCE_DIR}/)
+find_program(KEDRIN_CLANG_FORMAT clang-format-14 REQUIRED)
+find_program(KEDRIN_CLANG_TIDY clang-tidy-14 REQUIRED)
+
+add_test(NAME style.format
+  COMMAND ${PROJECT_SOURCE_DIR}/tests/style/format_test.sh ${KEDRIN_CLANG_FORMAT} ${style_paths})
+
+set(tidy_folder ${CMAKE_BINARY_DIR}/tidy)
+set(tidy_version ${tidy_folder}/version)
+set(tidy_rules ${tidy_version} ${PROJECT_SOURCE_DIR}/.clang-tidy ${PROJECT_SOURCE_DIR}/tests/style/tidy_file.sh)
+
+# Always run; what depends on the file is out of date only where it has changed.
+add_custom_target(tidy_version
+  COMMAND bash -c "$1 --version | cmp -s - $2 || $1 --version >$2" tidy_version ${KEDRIN_CLANG_TIDY} ${tidy_version}
+  BYPRODUCTS ${tidy_version} COMMENT "" VERBATIM)
+
+# targets_below(DIRECTORY RESULT): appends to RESULT the targets of the directory and of those below it.
+function(targets_below directory result)
+  set(found ${${result}})
+  get_property(targets DIRECTORY ${directory} PROPERTY BUILDSYSTEM_TARGETS)
+  get_property(subdirectories DIRECTORY ${directory} PROPERTY SUBDIRECTORIES)
+  list(APPEND found ${targets})
+  foreach(subdirectory IN LISTS subdirectories)
+    targets_below(${subdirectory} found)
+  endforeach()
+  set(${result} ${found} PARENT_SCOPE)
+endfunction()
+
+# own_sources(TARGET RESULT): the .cpp files of the project that the target compiles, by their full names.
+function(own_sources target result)
+  get_target_property(sources ${target} SOURCES)
+  get_target_property(directory ${target} SOURCE_DIR)
+  set(own)
+  foreach(source IN LISTS sources)
+    if(source MATCHES "\\.cpp$")
+      cmake_path(ABSOLUTE_PATH source BASE_DIRECTORY ${directory} NORMALIZE)
+      cmake_path(IS_PREFIX CMAKE_BINARY_DIR ${source} is_generated)
+      if(NOT is_generated)
+        list(APPEND own ${source})
+      endif()
+    endif()
+  endforeach()
+  set(${result} ${own} PARENT_SCOPE)
+endfunction()
+
+# tidy_source(SOURCE TARGET): the stamp of a source that the target compiles.
+function(tidy_source source target stamp)
+  cmake_path(GET source FILENAME file)
+  string(REPLACE . "\\." object "/${file}.o")
+  set(rules ${tidy_rules})
+  if(source MATCHES "^${PROJECT_SOURCE_DIR}/tests/")
+    list(APPEND rules ${PROJECT_SOURCE_DIR}/tests/.clang-tidy)
+  endif()
+  add_custom_command(OUTPUT ${stamp}
+    COMMAND ${PROJECT_SOURCE_DIR}/tests/style/tidy_file.sh ${KEDRIN_CLANG_TIDY} ${CMAKE_BINARY_DIR} ${source} ${stamp}
+    DEPENDS "$<FILTER:$<TARGET_OBJECTS:${target}>,INCLUDE,${object}$>" ${rules}
+    COMMENT "" VERBATIM)
+endfunction()
+
+set(tidied "^src/(base|tolvo|qt3|window|main)") # the others still have findings
+set(tidy_stamps)
+targets_below(${PROJECT_SOURCE_DIR} style_targets)
+foreach(target IN LISTS style_targets)
+  own_sources(${target} sources)
+  foreach(source IN LISTS sources)
+    cmake_path(RELATIVE_PATH source BASE_DIRECTORY ${PROJECT_SOURCE_DIR} OUTPUT_VARIABLE name)
+    set(stamp ${tidy_folder}/${name}.stamp)
+    if(NOT stamp IN_LIST tidy_stamps AND name MATCHES "${tidied}")
+      tidy_source(${source} ${target} ${stamp})
+      list(APPEND tidy_stamps ${stamp})
+    endif()
+  endforeach()
+endforeach()
+add_custom_target(tidy DEPENDS ${tidy_stamps})
+add_dependencies(tidy tidy_version)
+
+cmake_host_system_information(RESULT cores QUERY NUMBER_OF_LOGICAL_CORES)
+add_test(NAME style.tidy COMMAND ${CMAKE_COMMAND} --build ${CMAKE_BINARY_DIR} --target tidy -- -k 0)
+set_tests_properties(style.tidy PROPERTIES TIMEOUT 3600 PROCESSORS ${cores})
