@@ -77,8 +77,8 @@ CBuildCommand::CBuildCommand(CLI::App& program)
 {
     m_command->add_option(
         "SOURCE", m_source,
-        tr("sword:NAME, an installed SWORD Bible; a file of verse lines, USFM or XML (Beblia, OSIS, "
-           "Zefania); or a folder of USFM files"));
+        tr("sword:NAME, an installed SWORD Bible; a file of verse lines, USFM or XML (Beblia, "
+           "OpenSong, OSIS, Zefania); or a folder of USFM files"));
     m_command->add_option("MODULE-FOLDER", m_folder, tr("The module's folder, made or replaced as a whole"));
     m_command
         ->add_option("--all-sword", m_allSwordDirectory,
@@ -120,6 +120,7 @@ void addChoice(CLI::App& command, const char* name, const char* words,
 void CBuildCommand::addReadingOptions()
 {
     const std::map<std::string, SourceFormat> formats{{"beblia", SourceFormat::beblia},
+                                                      {"opensong", SourceFormat::opensong},
                                                       {"osis", SourceFormat::osis},
                                                       {"usfm", SourceFormat::usfm},
                                                       {"zefania", SourceFormat::zefania},
@@ -128,7 +129,7 @@ void CBuildCommand::addReadingOptions()
                                                   {"protestant", BookOrder::protestant},
                                                   {"orthodox", BookOrder::orthodox}};
     const std::map<std::string, bool> titles{{"bg", false}, {"source", true}};
-    addChoice(*m_command, "--from", "beblia|osis|usfm|zefania|verse-lines", formats, m_readOptions.format,
+    addChoice(*m_command, "--from", "beblia|opensong|osis|usfm|zefania|verse-lines", formats, m_readOptions.format,
               tr("Format of the source, where its content misleads"));
     m_command
         ->add_option("--encoding", m_readOptions.encoding, tr("Encoding of the source, where it says none"))

@@ -138,6 +138,18 @@ std::string osisOfProtestant(unsigned int number)
     return "Book" + std::to_string(number);
 }
 
+std::string osisOfBook(std::string_view utf8)
+{
+    const std::string named = osisOfShortName(utf8);
+    if (!named.empty())
+        return named;
+    const std::string wanted = nameKey(utf8);
+    for (const UsfmBook& book : usfmBooks)
+        if (nameKey(book.osis) == wanted || nameKey(book.code) == wanted)
+            return std::string(book.osis);
+    return "";
+}
+
 void orderBooks(SourceBible& bible, BookOrder order)
 {
     if (order == BookOrder::source)

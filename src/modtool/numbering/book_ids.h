@@ -28,6 +28,10 @@ inline constexpr unsigned int protestantBooksCount = 66;
 /// The OSIS id of a book by its number in Protestant order. One without a book there gives "Book" and the number.
 std::string osisOfProtestant(unsigned int number);
 
+/// The OSIS id of a book by a name, which may be cut short (osisOfShortName()), by its OSIS id or by its USFM code; the
+/// last two also of books that the global numbering lacks. "" for none.
+std::string osisOfBook(std::string_view utf8);
+
 /// In which order the books of a module stand.
 enum class BookOrder
 {

@@ -2,9 +2,11 @@
 
 #include "ascii.h"
 #include "beblia_reader.h"
+#include "element_search.h"
 #include "errors.h"
 #include "messages.h"
 #include "module_format.h"
+#include "opensong_reader.h"
 #include "osis_reader.h"
 #include "root_element.h"
 #include "text_input.h"
@@ -101,6 +103,8 @@ SourceBible readContent(const std::string& fileName, std::string content, Source
     switch (format == SourceFormat::detected ? detectFormat(content, fileName) : format) {
     case SourceFormat::beblia:
         return readBeblia(fileName, content);
+    case SourceFormat::opensong:
+        return readOpenSong(fileName, content);
     case SourceFormat::osis:
         return readOsis(fileName, content);
     case SourceFormat::zefania:
@@ -140,7 +144,8 @@ SourceFormat detectFormat(std::string_view utf8, const std::string& fileName)
     if (root == "xmlbible")
         return SourceFormat::zefania;
     if (root == "bible")
-        return SourceFormat::beblia;
+        return firstElementOf(content, {"b", "book", "testament"}) == "b" ? SourceFormat::opensong
+                                                                          : SourceFormat::beblia;
     throw CBuildError(
         message("%s: is XML of an unknown format (its root element is %s)", fileName, inQuotes(root)));
 }

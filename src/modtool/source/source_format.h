@@ -12,6 +12,7 @@ enum class SourceFormat
 {
     detected, ///< by the content
     beblia,
+    opensong,
     osis,
     usfm,
     zefania,

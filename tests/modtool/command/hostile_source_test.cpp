@@ -43,6 +43,14 @@ std::string bebliaVerse(const std::string& number, const std::string& text)
     return beblia("<book number=\"1\"><chapter number=\"1\"><verse number=\"" + number + "\">" + text +
                   "</verse></chapter></book>");
 }
+std::string openSong(const std::string& content)
+{
+    return "<bible><b n=\"Genesis\"><c n=\"1\">" + content + "</c></b></bible>";
+}
+std::string openSongVerse(const std::string& number, const std::string& text)
+{
+    return openSong("<v n=\"" + number + "\">" + text + "</v>");
+}
 std::string usfm(const std::string& content) { return "\\id GEN\n\\c 1\n" + content; }
 std::string usfmVerse(const std::string& number, const std::string& text)
 {
@@ -144,6 +152,7 @@ const std::vector<Hostile> nesting{
     {"DeepNestingInOsis", [] { return osis(repeated("<a>")); }, tooDeep},
     {"DeepNestingInZefania", [] { return zefania(repeated("<a>")); }, tooDeep},
     {"DeepNestingInBeblia", [] { return beblia(repeated("<a>")); }, tooDeep},
+    {"DeepNestingInOpenSong", [] { return openSong(repeated("<a>")); }, tooDeep},
     {"DeepNestingInUsfm", [] { return usfmVerse("1", "a" + repeated("\\add ")); }, ""},
     {"DeepNestingInVerseLines", [] { return line("1", repeated("<a>", 9999)); }, ""},
 };
@@ -165,6 +174,7 @@ const std::vector<Hostile> entities{
     {"EntityBombInOsis", [] { return bomb("osis") + osisVerse("Gen.1.1", "&j;"); }, declares},
     {"EntityBombInZefania", [] { return bomb("XMLBIBLE") + zefaniaVerse("1", "&j;"); }, declares},
     {"EntityBombInBeblia", [] { return bomb("bible") + bebliaVerse("1", "&j;"); }, declares},
+    {"EntityBombInOpenSong", [] { return bomb("bible") + openSongVerse("1", "&j;"); }, declares},
     {"EntityBombInUsfm", [] { return usfmVerse("1", bomb("a") + "&j;"); }, ""},
     {"EntityBombInVerseLines", [] { return line("1", bomb("a") + "&j;"); }, ""},
 };
@@ -174,6 +184,7 @@ const std::vector<Hostile> numbers{
      "@:1: \"Gen.1.4294967297\" is no reference to a verse, such as Gen.1.1"},
     {"NumberOfFourBillionInZefania", [] { return zefaniaVerse("4294967297", "a"); }, ""},
     {"NumberOfFourBillionInBeblia", [] { return bebliaVerse("4294967297", "a"); }, ""},
+    {"NumberOfFourBillionInOpenSong", [] { return openSongVerse("4294967297", "a"); }, ""},
     {"NumberOfFourBillionInUsfm", [] { return usfmVerse("4294967297", "a"); }, ""},
     {"NumberOfFourBillionInVerseLines", [] { return line("4294967297", "a"); },
      "@:1: \"4294967297\" is no verse number from 1 to 65534"},
@@ -202,6 +213,7 @@ const std::vector<Hostile> lengths{
     {"EndlessVerseInZefania", [] { return zefaniaVerse("1", repeated("<BR/>a&lt;", 40u << 20)); },
      "Gen 1:1: the verse has 25165823 bytes, 65535 are the most"},
     {"EndlessVerseInBeblia", [] { return bebliaVerse("1", repeated("a")); }, tooLong},
+    {"EndlessVerseInOpenSong", [] { return openSongVerse("1", repeated("a")); }, tooLong},
     {"EndlessVerseInUsfm", [] { return usfmVerse("1", repeated("a")); }, longVerse},
     {"EndlessVerseInVerseLines", [] { return line("1", repeated("a")); }, longVerse},
     {"EmptyVersesInOsis", [] { return osis(repeated("<verse osisID=\"Gen.1.1\"/>")); },
@@ -225,6 +237,7 @@ const std::vector<Hostile> lengths{
                        "</chapter></book>");
      },
      "the source holds no text"},
+    {"EmptyVersesInOpenSong", [] { return openSong(repeated("<v n=\"1\"/>")); }, "the source holds no text"},
     {"EmptyVersesInVerseLines", [] { return repeated(line("1", "")); },
      "@:2: Gen 1:1 is given twice, first in line 1"},
     {"CommentsInOsis", [] { return osis(repeated("<!---->")); }, "@: holds no verse"},
@@ -280,6 +293,10 @@ const std::vector<Hostile> paths{
              "</book>");
      },
      "@:1: \"../../x\" is no book number: write one into number, such as 1 for Genesis"},
+    {"PathAsBookInOpenSong",
+     [] { return "<bible><b n=\"../../x\"><c n=\"1\"><v n=\"1\">a</v></c></b></bible>"; },
+     "@:1: \"../../x\" is no known name of a book: write an English or Bulgarian one into n, such as "
+     "Genesis"},
     {"PathAsBookInUsfm", [] { return "\\id ../../x\n\\c 1\n\\v 1 a"; },
      "@:1: \"../../x\" is no book code: write one behind \\id, such as GEN"},
     {"PathAsBookInVerseLines", [] { return "../../x\t1\t1\ta\n"; }, "@:1: \"../../x\" is no OSIS book id"},

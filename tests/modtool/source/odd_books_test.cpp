@@ -100,6 +100,19 @@ TEST_F(OddBooks, OfBebliaXmlAreLeftOutAndCounted)
     EXPECT_EQ(leftOutLines(result), lineOf("Book67", "1 verse") + lineOf("Book120", "1 verse"));
 }
 
+TEST_F(OddBooks, OfOpenSongAreLeftOutAndCounted)
+{
+    std::string text = "<bible>";
+    for (const char* name : {"Genesis", "PrMan", "4MA", "EsthGr", "Esther", "XXA"})
+        text += std::string("<b n='") + name + "'><c n='1'>" +
+                (name == std::string("XXA") ? "" : "<v n='1'>а</v>") + "</c></b>";
+    const Result result = buildSource("a", text + "</bible>");
+    ASSERT_EQ(result.code, 0) << result.err;
+    EXPECT_EQ(leftOutLines(result), lineOf("PrMan", "1 verse") + lineOf("4Macc", "1 verse") +
+                                        lineOf("EsthGr", "1 verse") +
+                                        "left out      Book0: a book without verses\n");
+}
+
 TEST_F(OddBooks, OfOsisAreLeftOutAndCounted)
 {
     std::string text = "<osis><osisText>";

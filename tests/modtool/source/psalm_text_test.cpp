@@ -1,6 +1,7 @@
 // Text between a psalm's beginning and its first verse, which a source does not mark as a title: named in the report.
 
 #include "beblia_reader.h"
+#include "opensong_reader.h"
 #include "osis_reader.h"
 #include "source_format.h"
 #include "temp_folder.h"
@@ -70,6 +71,9 @@ TEST(PsalmTexts, OfBooksInXmlAreNamedWithTheirPlace)
         "              Ps 3, in line 2: \"A psalm.\"\n";
     EXPECT_EQ(readBeblia("f.xml", "<bible><book number='19'>\n<chapter number='3'>A psalm.<verse number='1'>a"
                                   "</verse></chapter></book></bible>")
+                  .findings.text(),
+              expected);
+    EXPECT_EQ(readOpenSong("f", "<bible><b n='Psalms'>\n<c n='3'>A psalm.<v n='1'>a</v></c></b></bible>")
                   .findings.text(),
               expected);
 }

@@ -53,7 +53,8 @@ struct Format
 constexpr Format allFormats[] = {{"usfm", "USFM", true, true, true},
                                  {"zefania", "Zefania XML", false, false, false},
                                  {"osis", "OSIS", true, false, false},
-                                 {"beblia", "Beblia XML", false, false, false}};
+                                 {"beblia", "Beblia XML", false, false, false},
+                                 {"opensong", "OpenSong XML", false, false, false}};
 
 bool isOf66Books(const MarkedBible& bible)
 {
@@ -84,6 +85,7 @@ protected:
         build(m_folder.file("usfm-files"), "usfm");
         build(m_folder.write("zefania.xml", build_test::zefaniaFile(bible)), "zefania");
         build(m_folder.write("osis.xml", build_test::osisFile(bible)), "osis");
+        build(m_folder.write("opensong", build_test::openSongFile(bible)), "opensong");
         if (isOf66Books(bible))
             build(m_folder.write("beblia.xml", build_test::bebliaFile(bible)), "beblia");
         EXPECT_EQ(reportLine("usfm", "kept"), ""); // no marker is unknown

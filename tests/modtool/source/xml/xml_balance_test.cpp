@@ -95,4 +95,13 @@ TEST_F(XmlBalance, OfRandomBeblia)
                      {"note", "title", "br", "testament", "i", "any"}});
 }
 
+TEST_F(XmlBalance, OfRandomOpenSong)
+{
+    expectBalanceOf({"bible",
+                     {"b n='Genesis'", "b n='Псалми'", "b n='PrMan'"},
+                     "c n='%'",
+                     "v n='%' t='%'",
+                     {"note", "title", "br", "b", "c", "i", "any"}});
+}
+
 } // namespace

@@ -1,6 +1,7 @@
 // Whatever element of a format a word stands in: it is in a verse, or the report has a line for it.
 
 #include "beblia_reader.h"
+#include "opensong_reader.h"
 #include "word_fate.h"
 
 #include <gtest/gtest.h>
@@ -53,6 +54,14 @@ TEST(NothingLost, InNoElementOfBeblia)
                         "<verse number='1'>", "</verse>", "</chapter></book></testament></bible>"};
     expectFates(beblia, {"note", "title", "br", "testament", "chapter", "verse", "i", "b", "any"},
                 {{"note", " note "}, {"title", " title "}, {"outside", " chapter "}});
+}
+
+TEST(NothingLost, InNoElementOfOpenSong)
+{
+    const Format opensong{readOpenSong, "<bible><b n='Genesis'><c n='1'>", "<v n='1'>", "</v>",
+                          "</c></b></bible>"};
+    expectFates(opensong, {"note", "title", "br", "c", "v", "i", "b", "any"},
+                {{"note", " note "}, {"title", " title "}});
 }
 
 } // namespace
