@@ -2,11 +2,9 @@
 
 #include "ascii.h"
 #include "cp1251.h"
-
-#include <libxml/HTMLparser.h>
+#include "html_entities.h"
 
 #include <algorithm>
-#include <charconv>
 #include <optional>
 #include <span>
 
@@ -47,24 +45,6 @@ std::string_view nameAt(std::string_view text)
 {
     return text.substr(
         0, static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), isNameByte) - text.begin()));
-}
-
-/// The code point that an entity's name stands for, `&` and `;` left out: "lt", "#1073", "#x431".
-std::optional<char32_t> codePointOf(std::string_view name)
-{
-    if (!name.starts_with('#')) {
-        const std::string key(name);
-        const htmlEntityDesc* entity = htmlEntityLookup(reinterpret_cast<const xmlChar*>(key.c_str()));
-        return entity ? std::optional<char32_t>(entity->value) : std::nullopt;
-    }
-    name.remove_prefix(1);
-    const bool isHex = name.starts_with('x') || name.starts_with('X');
-    name.remove_prefix(isHex ? 1 : 0);
-    std::uint32_t value = 0;
-    const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), value, isHex ? 16 : 10);
-    if (error != std::errc() || end != name.data() + name.size() || value == 0 || value > 0x10FFFF)
-        return std::nullopt;
-    return value;
 }
 
 } // namespace
@@ -235,7 +215,7 @@ void CMarkupReader::readEntity()
     const std::size_t end = m_rest.substr(0, maxEntityBytes + 1).find(';');
     const bool ends = end != std::string_view::npos;
     m_item = m_rest.substr(0, ends ? end + 1 : maxEntityBytes);
-    const auto codePoint = ends ? codePointOf(m_rest.substr(1, end - 1)) : std::nullopt;
+    const auto codePoint = ends ? referencedCharacter(m_rest.substr(1, end - 1)) : std::nullopt;
     if (!codePoint) {
         addDefect(CheckID::markupEntity);
         m_plain += '&';

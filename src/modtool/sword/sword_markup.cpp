@@ -1,9 +1,9 @@
 #include "sword_markup.h"
 
 #include "ascii.h"
+#include "html_entities.h"
 #include "letters.h"
 
-#include <libxml/HTMLparser.h>
 #include <unicode/unistr.h>
 
 #include <algorithm>
@@ -18,33 +18,20 @@ using Form = SwordPiece::Form;
 
 constexpr std::size_t maxTagBytes = 65536; // bounds the time for an entry of "<" alone
 
-bool isAsciiDigit(char c) { return c >= '0' && c <= '9'; }
-
 struct Reference
 {
     char32_t codePoint;
     std::size_t byteCount;
 };
 
-std::optional<char32_t> numberIn(std::string_view digits, int base)
+/// The character that "CA65" or "CG" stands for.
+std::optional<char32_t> gbfCharacter(std::string_view code)
 {
-    std::uint32_t value = 0;
-    const char* end = digits.data() + digits.size();
-    const auto [stop, error] = std::from_chars(digits.data(), end, value, base);
-    if (error != std::errc() || stop != end || value == 0 || value > 0x10FFFF || U_IS_SURROGATE(value))
-        return std::nullopt;
-    return value;
-}
-
-std::optional<char32_t> codePointOf(std::string_view name)
-{
-    if (name.starts_with("#x") || name.starts_with("#X"))
-        return numberIn(name.substr(2), 16);
-    if (name.starts_with('#'))
-        return numberIn(name.substr(1), 10);
-    const std::string terminated(name);
-    const htmlEntityDesc* known = htmlEntityLookup(reinterpret_cast<const xmlChar*>(terminated.c_str()));
-    return known ? std::optional<char32_t>(known->value) : std::nullopt;
+    if (code.starts_with("CG"))
+        return U'>';
+    code.remove_prefix(2);
+    const bool isNumber = !code.empty() && std::all_of(code.begin(), code.end(), isAsciiDigit);
+    return isNumber ? referencedCharacter('#' + std::string(code)) : std::nullopt;
 }
 
 /// The reference to a character that the text begins with.
@@ -55,9 +42,8 @@ std::optional<Reference> referenceAt(std::string_view text)
     const std::size_t end = text.substr(0, longest).find(isGbf ? '>' : ';');
     if (end == std::string_view::npos || !(isGbf || text.starts_with('&')))
         return std::nullopt;
-    const auto codePoint = text.starts_with("<CG") ? U'>'
-                           : isGbf                 ? numberIn(text.substr(3, end - 3), 10)
-                                                   : codePointOf(text.substr(1, end - 1));
+    const std::string_view code = text.substr(1, end - 1);
+    const auto codePoint = isGbf ? gbfCharacter(code) : referencedCharacter(code);
     return codePoint ? std::optional<Reference>({*codePoint, end + 1}) : std::nullopt;
 }
 

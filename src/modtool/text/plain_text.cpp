@@ -2,35 +2,19 @@
 
 #include "ascii.h"
 #include "cp1251.h"
+#include "html_entities.h"
 
 #include <unicode/uchar.h>
 #include <unicode/utf8.h>
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <tuple>
 #include <utility>
 
 namespace Kedrin::ModTool {
 
 namespace {
-
-struct Entity
-{
-    std::string_view name;
-    char32_t codePoint;
-};
-
-constexpr Entity entities[] = {
-    {"amp", '&'},       {"lt", '<'},        {"gt", '>'},        {"quot", '"'},      {"apos", '\''},
-    {"nbsp", 0xA0},     {"laquo", 0xAB},    {"raquo", 0xBB},    {"ldquo", 0x201C},  {"rdquo", 0x201D},
-    {"bdquo", 0x201E},  {"lsquo", 0x2018},  {"rsquo", 0x2019},  {"sbquo", 0x201A},  {"ndash", 0x2013},
-    {"mdash", 0x2014},  {"hellip", 0x2026}, {"copy", 0xA9},     {"reg", 0xAE},      {"trade", 0x2122},
-    {"sect", 0xA7},     {"para", 0xB6},     {"middot", 0xB7},   {"bull", 0x2022},   {"dagger", 0x2020},
-    {"Dagger", 0x2021}, {"lsaquo", 0x2039}, {"rsaquo", 0x203A}, {"permil", 0x2030}, {"euro", 0x20AC},
-    {"deg", 0xB0},      {"plusmn", 0xB1},   {"micro", 0xB5},    {"shy", 0xAD},
-};
 
 constexpr std::array<std::string_view, 7> breakingTags = {"br", "p", "div", "li", "tr", "td", "hr"};
 
@@ -86,20 +70,6 @@ bool breaksLine(std::string_view tag)
     return std::find(breakingTags.begin(), breakingTags.end(), name) != breakingTags.end();
 }
 
-/// The character that "#1041" or "#x411" names; 0 for none.
-char32_t numericReference(std::string_view digits)
-{
-    const bool hex = digits.starts_with('x') || digits.starts_with('X');
-    if (hex)
-        digits.remove_prefix(1);
-    std::uint32_t value = 0;
-    const auto [end, error] =
-        std::from_chars(digits.data(), digits.data() + digits.size(), value, hex ? 16 : 10);
-    const bool good = error == std::errc() && end == digits.data() + digits.size() && value <= 0x10FFFF &&
-                      !U_IS_SURROGATE(value);
-    return good ? value : 0;
-}
-
 /// The character of the reference that `text` begins with, and its bytes; {0, 0} where it begins with none.
 std::pair<char32_t, std::size_t> entityAt(std::string_view text)
 {
@@ -108,14 +78,8 @@ std::pair<char32_t, std::size_t> entityAt(std::string_view text)
     if (end == std::string_view::npos || end < 2)
         return {0, 0};
     const std::string_view name = text.substr(1, end - 1);
-    char32_t codePoint = 0;
-    if (name.starts_with('#'))
-        codePoint = numericReference(name.substr(1));
-    else
-        for (const Entity& entity : entities)
-            if (entity.name == name)
-                codePoint = entity.codePoint;
-    return {codePoint, codePoint == 0 ? 0 : end + 1};
+    const auto codePoint = referencedCharacter(name);
+    return {codePoint.value_or(0), codePoint ? end + 1 : 0};
 }
 
 } // namespace

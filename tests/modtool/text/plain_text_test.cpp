@@ -33,6 +33,7 @@ TEST(PlainText, ReferencesBecomeCharacters)
 {
     EXPECT_EQ(plain("&lt;a&gt; &amp;amp; &quot;&laquo;&#1041;&#x411;&mdash;"), "<a> &amp; \"\u00ABББ\u2014");
     EXPECT_EQ(plain("a&nbsp;b"), "a b");
+    EXPECT_EQ(plain("caf&eacute; &thetasym;"), "caf\u00E9 \u03D1");
 }
 
 TEST(PlainText, WhatIsNoReferenceStays)
