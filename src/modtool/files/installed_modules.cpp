@@ -1,0 +1,191 @@
+#include "installed_modules.h"
+
+#include "errors.h"
+#include "messages.h"
+#include "module_format.h"
+#include "spelling.h"
+
+#include <unicode/uchar.h>
+#include <unicode/unistr.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <filesystem>
+#include <utility>
+
+namespace Kedrin::ModTool {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// Sorts before every letter and digit, and is part of no name.
+constexpr char firstSign = '!';
+
+/// Relative to the folder of the program's file: in the build folder and beside kedrin-module-all, and as installed.
+constexpr const char* systemModules[] = {"modules/bibles", KEDRIN_PRIVATE_DIR "/modules/bibles"};
+
+icu::UnicodeString fromUtf8(std::string_view utf8)
+{
+    return icu::UnicodeString::fromUTF8(
+        icu::StringPiece(utf8.data(), static_cast<std::int32_t>(utf8.size())));
+}
+
+std::string absoluteValueOf(const char* variable)
+{
+    const char* value = std::getenv(variable);
+    return value && *value == '/' ? value : "";
+}
+
+bool isModuleFolder(const fs::path& folder)
+{
+    std::error_code ignored;
+    return fs::exists(folder / titlesFileName, ignored);
+}
+
+/// Where a path leads, its links followed.
+fs::path targetOf(const fs::path& path)
+{
+    std::error_code ignored;
+    return fs::weakly_canonical(path, ignored);
+}
+
+std::vector<fs::path> systemFolders()
+{
+    std::error_code ignored;
+    const fs::path program = fs::read_symlink("/proc/self/exe", ignored).parent_path();
+    std::vector<fs::path> folders;
+    for (const char* relative : systemModules)
+        folders.push_back((program / relative).lexically_normal());
+    return folders;
+}
+
+std::string nameOf(const fs::path& folder)
+{
+    std::string name = folder.filename().string();
+    return name.starts_with(firstSign) ? name.substr(1) : name;
+}
+
+/// Adds the modules of a folder, but for those whose name is known.
+void addModules(const fs::path& parent, bool isOwn, std::vector<InstalledModule>& modules)
+{
+    std::error_code error;
+    for (fs::directory_iterator entry(parent, error), end; !error && entry != end; entry.increment(error)) {
+        const fs::path& folder = entry->path();
+        if (folder.filename().string().starts_with('.') || !isModuleFolder(folder))
+            continue;
+        const std::string name = nameOf(folder);
+        if (std::none_of(modules.begin(), modules.end(),
+                         [&](const InstalledModule& known) { return known.name == name; }))
+            modules.push_back(
+                {name, folder.string(), isOwn && targetOf(folder).parent_path() == targetOf(parent)});
+    }
+}
+
+/// As the reader sorts its folders: without regard to case, then byte by byte.
+std::pair<icu::UnicodeString, std::string> sortingKey(const InstalledModule& module)
+{
+    std::string name = fs::path(module.folder).filename().string();
+    return {fromUtf8(name).toLower(), std::move(name)};
+}
+
+std::string likeNames(const std::string& typed, const std::vector<InstalledModule>& modules)
+{
+    std::string names;
+    for (const InstalledModule& module : modules)
+        if (isLikeSpelling(typed, module.name))
+            names += (names.empty() ? "" : ", ") + module.name;
+    return names;
+}
+
+} // namespace
+
+std::string ownModulesFolder()
+{
+    if (const std::string data = absoluteValueOf("XDG_DATA_HOME"); !data.empty())
+        return data + "/kedrin/modules/bibles";
+    if (const std::string home = absoluteValueOf("HOME"); !home.empty())
+        return home + "/.local/share/kedrin/modules/bibles";
+    throw CModuleError(tr("XDG_DATA_HOME and HOME are not set, so there is no folder for your own modules"));
+}
+
+std::vector<InstalledModule> installedModules()
+{
+    std::vector<InstalledModule> modules;
+    if (!absoluteValueOf("XDG_DATA_HOME").empty() || !absoluteValueOf("HOME").empty())
+        addModules(ownModulesFolder(), true, modules);
+    for (const fs::path& folder : systemFolders())
+        addModules(folder, false, modules);
+    std::sort(modules.begin(), modules.end(),
+              [](const auto& a, const auto& b) { return sortingKey(a) < sortingKey(b); });
+    return modules;
+}
+
+std::string moduleFolder(const std::string& argument)
+{
+    std::error_code ignored;
+    if (argument.find('/') != std::string::npos || isModuleFolder(argument))
+        return argument;
+    const std::vector<InstalledModule> modules = installedModules();
+    for (const InstalledModule& module : modules)
+        if (module.name == argument)
+            return module.folder;
+    if (fs::exists(argument, ignored)) // what is wrong with it is for the caller to say
+        return argument;
+    const std::string like = likeNames(argument, modules);
+    throw CModuleError(like.empty()
+                           ? message("no module is named \"%s\"", argument)
+                           : message("no module is named \"%s\" (did you mean %s?)", argument, like));
+}
+
+std::string ownFolderName(std::string_view name, bool isFirst)
+{
+    return std::string(isFirst ? 1 : 0, firstSign).append(name);
+}
+
+std::string moduleNameFrom(std::string_view utf8)
+{
+    const icu::UnicodeString text = fromUtf8(utf8).toLower();
+    icu::UnicodeString name;
+    for (std::int32_t i = 0; i < text.length(); i = text.moveIndex32(i, 1)) {
+        const UChar32 codePoint = text.char32At(i);
+        if (u_isalnum(codePoint))
+            name.append(codePoint);
+        else if (!name.isEmpty() && !name.endsWith(u"-", 1))
+            name.append(u'-');
+    }
+    if (name.endsWith(u"-", 1))
+        name.truncate(name.length() - 1);
+    std::string result;
+    name.toUTF8String(result);
+    return result;
+}
+
+void removeOwnModule(const std::string& name)
+{
+    const std::vector<InstalledModule> modules = installedModules();
+    const auto found = std::find_if(modules.begin(), modules.end(),
+                                    [&](const InstalledModule& module) { return module.name == name; });
+    if (found == modules.end()) {
+        const std::string like = likeNames(name, modules);
+        throw CModuleError(like.empty()
+                               ? message("no module is named \"%s\"", name)
+                               : message("no module is named \"%s\" (did you mean %s?)", name, like));
+    }
+    if (!found->isOwn)
+        throw CModuleError(message("\"%s\" is not one of your own modules: it lies in %s", name,
+                                   targetOf(found->folder).parent_path().string()));
+    const fs::path folder = found->folder;
+    const fs::path hidden = folder.parent_path() / ('.' + folder.filename().string() + ".removed");
+    std::error_code error;
+    fs::remove_all(hidden, error); // of an interrupted removal
+    if (!error)
+        fs::rename(folder, hidden, error);
+    if (!error)
+        fs::remove_all(hidden, error);
+    if (error)
+        throw CModuleError(message("%s: cannot be removed (%s)", folder.string(), error.message()));
+}
+
+} // namespace Kedrin::ModTool
