@@ -12,7 +12,6 @@ using test_support::makeModule;
 using test_support::ModuleFiles;
 using test_support::plainBook;
 using test_support::smallModule;
-using test_support::TempFolder;
 
 using Bible = BibleFixture;
 

@@ -7,7 +7,6 @@
 using namespace window_test;
 using test_support::makeModule;
 using test_support::ModuleFiles;
-using test_support::plainBook;
 
 namespace {
 

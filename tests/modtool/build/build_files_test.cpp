@@ -5,7 +5,6 @@
 
 namespace {
 
-using build_test::bytesOf;
 using build_test::filesOf;
 using build_test::namesIn;
 using build_test::Result;

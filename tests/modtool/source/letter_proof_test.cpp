@@ -12,7 +12,6 @@
 #include <gtest/gtest.h>
 
 using namespace Kedrin::ModTool;
-using test_support::messageOf;
 
 namespace {
 

@@ -12,7 +12,6 @@ namespace {
 
 using namespace Kedrin::ModTool;
 using test_support::linesOf;
-using test_support::messageOf;
 using test_support::TempFolder;
 
 SourceBible read(const std::string& text)
