@@ -119,18 +119,16 @@ void addChoice(CLI::App& command, const char* name, const char* words,
 
 void CBuildCommand::addReadingOptions()
 {
-    const std::map<std::string, SourceFormat> formats{{"beblia", SourceFormat::beblia},
-                                                      {"opensong", SourceFormat::opensong},
-                                                      {"osis", SourceFormat::osis},
-                                                      {"usfm", SourceFormat::usfm},
-                                                      {"zefania", SourceFormat::zefania},
-                                                      {"verse-lines", SourceFormat::verseLines}};
+    const std::map<std::string, SourceFormat> formats{
+        {"beblia", SourceFormat::beblia},   {"opensong", SourceFormat::opensong},
+        {"osis", SourceFormat::osis},       {"usfm", SourceFormat::usfm},
+        {"zefania", SourceFormat::zefania}, {"verse-lines", SourceFormat::verseLines}};
     const std::map<std::string, BookOrder> orders{{"source", BookOrder::source},
                                                   {"protestant", BookOrder::protestant},
                                                   {"orthodox", BookOrder::orthodox}};
     const std::map<std::string, bool> titles{{"bg", false}, {"source", true}};
-    addChoice(*m_command, "--from", "beblia|opensong|osis|usfm|zefania|verse-lines", formats, m_readOptions.format,
-              tr("Format of the source, where its content misleads"));
+    addChoice(*m_command, "--from", "beblia|opensong|osis|usfm|zefania|verse-lines", formats,
+              m_readOptions.format, tr("Format of the source, where its content misleads"));
     m_command
         ->add_option("--encoding", m_readOptions.encoding, tr("Encoding of the source, where it says none"))
         ->type_name("NAME");
