@@ -61,7 +61,8 @@ function(tidy_source source target stamp)
     COMMENT "" VERBATIM)
 endfunction()
 
-set(tidied "^src/(base|tolvo|qt3|window|main)") # the others still have findings
+# The rest has not been gone through yet.
+set(tidied "^(src/(base|tolvo|qt3|window|main)|fuzz/.*_fuzzer|tests/(base|conformance|doc|support))")
 set(tidy_stamps)
 targets_below(${PROJECT_SOURCE_DIR} style_targets)
 foreach(target IN LISTS style_targets)
