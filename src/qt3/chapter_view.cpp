@@ -49,7 +49,7 @@ ChapterView::ChapterView(QWidget* parent) : QTextBrowser(parent)
     setOpenLinks(false);
     setOpenExternalLinks(false);
     setUndoRedoEnabled(false);
-    connect(this, &QTextBrowser::anchorClicked, this, &ChapterView::tellAnchor);
+    connect(this, &QTextBrowser::anchorClicked, this, &ChapterView::emitAnchorClicked);
 }
 
 void ChapterView::setChapter(const QString& html)
@@ -119,7 +119,7 @@ void ChapterView::changeEvent(QEvent* event)
     keepCentred([&] { QTextBrowser::changeEvent(event); });
 }
 
-void ChapterView::tellAnchor()
+void ChapterView::emitAnchorClicked()
 {
     // A link that is activated by key is selected. One that is clicked need not be: beyond the middle of its last
     // character the cursor stands behind it.

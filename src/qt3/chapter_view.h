@@ -52,7 +52,7 @@ private:
 
     template <typename Relayout>
     void keepCentred(Relayout relayout);
-    void tellAnchor();
+    void emitAnchorClicked();
 
     static constexpr int nowhere = -1;
     QString m_html;

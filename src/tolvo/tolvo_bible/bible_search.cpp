@@ -37,7 +37,7 @@ private:
         const CRef local = m_structure.toRef(localVerseNum);
         m_first = m_bible.toGlobal(local);
         m_firstNum = localVerseNum;
-        m_count = 1; // of a place in an empty chapter nothing can be counted on
+        m_count = 1; // an empty chapter has no next verse to count to
         if (local.chapter() < m_structure.chaptersCount(local.bookID())) {
             const unsigned int versesCount = m_structure.versesCount(local.bookID(), local.chapter());
             if (local.verse() < versesCount)

@@ -13,9 +13,8 @@ namespace Kedrin::Tolvo {
 ///     const CTextScan scan("бог", CTextScan::Case::ignored);   // in Windows-1251
 ///     const char* hit = scan.find(begin, end);                 // end: no hit
 ///
-/// Case is folded as ut::cyr_chrupcase folds it. Both ranges that fold have their two forms 0x20 apart with that
-/// bit set in the small letter, so setting the bit makes a letter small and equal to no byte it does not equal
-/// already; for any other byte of the needle no bit is set.
+/// Case is folded as ut::cyr_chrupcase folds it. Both folded ranges differ from their capitals only in bit 0x20;
+/// OR-ing it folds case without false matches.
 class CTextScan
 {
 public:
