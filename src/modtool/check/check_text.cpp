@@ -2,7 +2,7 @@
 
 #include "byte_spans.h"
 #include "check_file.h"
-#include "check_markup.h"
+#include "markup_defects.h"
 #include "module_format.h"
 
 #include <array>
@@ -40,6 +40,39 @@ std::uint8_t kindsIn(std::string_view text)
     for (const char c : text)
         kinds |= byteKinds[static_cast<unsigned char>(c)];
     return kinds;
+}
+
+CheckID checkOf(MarkupDefect defect)
+{
+    switch (defect) {
+    case MarkupDefect::bracket:
+        return CheckID::markupBracket;
+    case MarkupDefect::unbalanced:
+        return CheckID::markupUnbalanced;
+    case MarkupDefect::deep:
+        return CheckID::markupDeep;
+    case MarkupDefect::unknownTag:
+        return CheckID::markupUnknownTag;
+    case MarkupDefect::block:
+        return CheckID::markupBlock;
+    case MarkupDefect::link:
+        return CheckID::markupLink;
+    case MarkupDefect::gotoChapter:
+        return CheckID::markupGotoChapter;
+    case MarkupDefect::image:
+        return CheckID::markupImage;
+    case MarkupDefect::style:
+        return CheckID::markupStyle;
+    case MarkupDefect::script:
+        return CheckID::markupScript;
+    case MarkupDefect::comment:
+        return CheckID::markupComment;
+    case MarkupDefect::entity:
+        return CheckID::markupEntity;
+    case MarkupDefect::foreignEntity:
+        return CheckID::markupForeignEntity;
+    }
+    return CheckID::count; // no other defect exists
 }
 
 /// The verses of one module, one after another.
@@ -124,9 +157,9 @@ private:
             return;
         }
         m_markup.read(stored);
-        for (const CMarkupReader::Defect& defect : m_markup.defects())
-            m_findings.addLazily(defect.check,
-                                 [&] { return m_shape.placeOf(verse) + ": " + shownBytes(defect.where); });
+        for (const CMarkupDefects::Found& found : m_markup.found())
+            m_findings.addLazily(checkOf(found.defect),
+                                 [&] { return m_shape.placeOf(verse) + ": " + shownBytes(found.where); });
         m_indexer.add(m_markup.plain(), verse);
     }
 
@@ -152,7 +185,7 @@ private:
     CFindings& m_findings;
     CheckedText m_text;
     CWordIndexer m_indexer;
-    CMarkupReader m_markup;
+    CMarkupDefects m_markup;
     CSpans m_spans;
     bool m_countsAgree = false;
     std::uint64_t m_lastOffset = 0;

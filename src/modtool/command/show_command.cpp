@@ -4,7 +4,7 @@
 #include "command_line.h"
 #include "exit_codes.h"
 #include "messages.h"
-#include "plain_text.h"
+#include "stored_markup.h"
 #include "query_command.h"
 #include "text_columns.h"
 #include "verse_alignment.h"

@@ -4,7 +4,7 @@
 #include "exit_codes.h"
 #include "messages.h"
 #include "module_words.h"
-#include "plain_text.h"
+#include "stored_markup.h"
 #include "query_command.h"
 #include "search_text.h"
 #include "ut_utils.h"

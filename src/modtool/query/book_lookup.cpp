@@ -4,7 +4,7 @@
 #include "common_books.h"
 #include "errors.h"
 #include "messages.h"
-#include "plain_text.h"
+#include "stored_markup.h"
 #include "spelling.h"
 
 #include <algorithm>

@@ -9,7 +9,7 @@
 #include "messages.h"
 #include "module_facts.h"
 #include "module_format.h"
-#include "plain_text.h"
+#include "stored_markup.h"
 #include "versification.h"
 
 #include <algorithm>

@@ -3,7 +3,7 @@
 #include "common_books.h"
 #include "module_format.h"
 #include "module_words.h"
-#include "plain_text.h"
+#include "stored_markup.h"
 
 #include <filesystem>
 

@@ -3,7 +3,7 @@
 #include "errors.h"
 #include "messages.h"
 #include "module_words.h"
-#include "plain_text.h"
+#include "stored_markup.h"
 #include "tolvo_bible/text_scan.h"
 
 namespace Kedrin::ModTool {

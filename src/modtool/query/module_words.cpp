@@ -4,7 +4,7 @@
 #include "input_file.h"
 #include "messages.h"
 #include "module_format.h"
-#include "plain_text.h"
+#include "stored_markup.h"
 
 namespace Kedrin::ModTool {
 
