@@ -78,7 +78,7 @@ CBuildCommand::CBuildCommand(CLI::App& program)
     m_command->add_option(
         "SOURCE", m_source,
         tr("sword:NAME, an installed SWORD Bible; a file of verse lines, USFM or XML (Beblia, "
-           "OpenSong, OSIS, Zefania); or a folder of USFM files"));
+           "OpenSong, OSIS, Zefania) or plain lines; or a folder of USFM files or plain lines"));
     m_command->add_option("MODULE-FOLDER", m_folder, tr("The module's folder, made or replaced as a whole"));
     m_command
         ->add_option("--all-sword", m_allSwordDirectory,
@@ -119,18 +119,23 @@ void addChoice(CLI::App& command, const char* name, const char* words,
 
 void CBuildCommand::addReadingOptions()
 {
-    const std::map<std::string, SourceFormat> formats{
-        {"beblia", SourceFormat::beblia},   {"opensong", SourceFormat::opensong},
-        {"osis", SourceFormat::osis},       {"usfm", SourceFormat::usfm},
-        {"zefania", SourceFormat::zefania}, {"verse-lines", SourceFormat::verseLines}};
+    const std::map<std::string, SourceFormat> formats{{"beblia", SourceFormat::beblia},
+                                                      {"opensong", SourceFormat::opensong},
+                                                      {"osis", SourceFormat::osis},
+                                                      {"usfm", SourceFormat::usfm},
+                                                      {"zefania", SourceFormat::zefania},
+                                                      {"plain-lines", SourceFormat::plainLines},
+                                                      {"verse-lines", SourceFormat::verseLines}};
     const std::map<std::string, BookOrder> orders{{"source", BookOrder::source},
                                                   {"protestant", BookOrder::protestant},
                                                   {"orthodox", BookOrder::orthodox}};
     const std::map<std::string, bool> titles{{"bg", false}, {"source", true}};
-    addChoice(*m_command, "--from", "beblia|opensong|osis|usfm|zefania|verse-lines", formats,
+    addChoice(*m_command, "--from", "beblia|opensong|osis|usfm|zefania|plain-lines|verse-lines", formats,
               m_readOptions.format, tr("Format of the source, where its content misleads"));
     m_command
         ->add_option("--encoding", m_readOptions.encoding, tr("Encoding of the source, where it says none"))
+        ->type_name("NAME");
+    m_command->add_option("--book", m_readOptions.book, tr("Book of a plain text that does not name its own"))
         ->type_name("NAME");
     addChoice(*m_command, "--book-order", "source|protestant|orthodox", orders, m_readOptions.order,
               tr("Order of the books"));
@@ -167,8 +172,8 @@ std::string CBuildCommand::usageError() const
         !m_source.empty() || m_verbose || m_options.substitute || !m_options.fullTitle.empty() ||
         !m_options.shortTitle.empty() || !m_options.abbreviatedTitle.empty() ||
         !m_options.versification.empty() || m_options.sourceTitles || !m_copyrightFile.empty() ||
-        !m_readOptions.encoding.empty() || m_readOptions.format != SourceFormat::detected ||
-        m_readOptions.order != BookOrder::source;
+        !m_readOptions.encoding.empty() || !m_readOptions.book.empty() ||
+        m_readOptions.format != SourceFormat::detected || m_readOptions.order != BookOrder::source;
     return describesOne ? tr("--all-sword goes with no other argument than -q") : "";
 }
 

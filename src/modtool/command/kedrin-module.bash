@@ -10,14 +10,14 @@ _kedrin_module() {
         return
     fi
     case $prev in
-        --from) COMPREPLY=($(compgen -W "beblia opensong osis usfm zefania verse-lines" -- "$cur")); return ;;
+        --from) COMPREPLY=($(compgen -W "beblia opensong osis usfm zefania plain-lines verse-lines" -- "$cur")); return ;;
         --to) COMPREPLY=($(compgen -W "verse-lines osis" -- "$cur")); return ;;
         --book-order) COMPREPLY=($(compgen -W "source protestant orthodox" -- "$cur")); return ;;
         --titles) COMPREPLY=($(compgen -W "bg source" -- "$cur")); return ;;
         --encoding) COMPREPLY=($(compgen -W "UTF-8 UTF-16 windows-1251" -- "$cur")); return ;;
         --all-sword | --with) _filedir -d; return ;;
         --copyright) _filedir; return ;;
-        --title | --short | --abbr | --versification | --places | --width) return ;;
+        --book | --title | --short | --abbr | --versification | --places | --width) return ;;
     esac
     if [[ $cur == -* ]]; then
         COMPREPLY=($(compgen -W "$(_kedrin_module_words "$program" "$command" --help)" -- "$cur"))

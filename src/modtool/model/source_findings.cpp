@@ -11,6 +11,7 @@ namespace Kedrin::ModTool {
 namespace {
 
 constexpr std::size_t maxNamed = 200;   ///< there are 151 psalms
+constexpr std::size_t maxSaid = 50;     ///< lines on how the source was understood
 constexpr std::size_t shownBytes = 120; ///< of a text
 
 struct Wording
@@ -58,11 +59,20 @@ constexpr std::array<Wording, static_cast<std::size_t>(ReaderRule::count)> wordi
     wording(translatable("left out"), "text outside the verses", "texts outside the verses"),
     wording(translatable("ended"), "note without an end, with its paragraph",
             "notes without an end, with their paragraphs"),
-    Wording{"", "", ""}, // attributes and metadata have no line
+    wording(translatable("left out"), "field of a further column", "fields of further columns"),
+    Wording{"", "", ""}, // attributes, metadata and places have no line
+    Wording{"", "", ""},
     Wording{"", "", ""},
 };
 
 } // namespace
+
+void SourceFindings::say(const char* label, const std::string& text)
+{
+    std::string line = padded(tr(label), labelColumns) + text + '\n';
+    if (m_said.size() < maxSaid && std::find(m_said.begin(), m_said.end(), line) == m_said.end())
+        m_said.push_back(std::move(line));
+}
 
 void SourceFindings::addPsalmText(const std::string& place, std::string_view utf8)
 {
@@ -102,6 +112,8 @@ std::string SourceFindings::psalmTextLines() const
 std::string SourceFindings::text() const
 {
     std::string lines;
+    for (const std::string& line : m_said)
+        lines += line;
     for (std::size_t i = 0; i < wordings.size(); ++i) {
         const auto what = static_cast<ReaderRule>(i);
         const Tally& found = m_found[i];
@@ -131,6 +143,9 @@ std::vector<std::string> SourceFindings::letterParts() const
         switch (static_cast<ReaderRule>(i)) {
         case ReaderRule::metadata:
             parts.push_back(message("%s in titles and remarks of the source about itself", m_letters[i]));
+            break;
+        case ReaderRule::place:
+            parts.push_back(message("%s in names of books, numbers and marks of lines", m_letters[i]));
             break;
         case ReaderRule::attribute:
             parts.push_back(message("%s in attributes of markers", m_letters[i]));

@@ -45,8 +45,10 @@ enum class ReaderRule
     psalmText,            ///< text before a psalm's first verse, which may be its title: left out and named
     outside,              ///< text outside all verses, left out
     unfinishedNote,       ///< a note without an end: ended with its paragraph
+    furtherColumn,        ///< of a table, beside book, chapter, verse and text: left out
     attribute,            ///< of a marker: no line in the report
     metadata, ///< what the source says of itself, and what it calls its books: no line in the report
+    place,    ///< names of books, numbers and marks in the lines of a plain text: no line in the report
     count
 };
 
@@ -69,6 +71,10 @@ public:
     std::uint64_t letters(ReaderRule what) const { return m_letters[static_cast<std::size_t>(what)]; }
     std::uint64_t letters() const; ///< of all kinds
 
+    /// A line of the report, before all others: how the source was understood.
+    /// @param label  English, translated here; a line that was said before is not said again
+    void say(const char* label, const std::string& text);
+
     /// Names a text of ReaderRule::psalmText that was counted.
     void addPsalmText(const std::string& place, std::string_view utf8);
 
@@ -87,6 +93,7 @@ private:
 
     std::array<Tally, static_cast<std::size_t>(ReaderRule::count)> m_found;
     std::array<std::uint64_t, static_cast<std::size_t>(ReaderRule::count)> m_letters{};
+    std::vector<std::string> m_said;
     std::vector<std::pair<std::string, std::string>> m_psalmTexts; ///< places and texts, bounded
 };
 

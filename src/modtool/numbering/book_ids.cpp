@@ -150,6 +150,16 @@ std::string osisOfBook(std::string_view utf8)
     return "";
 }
 
+std::vector<std::pair<std::string_view, std::string_view>> knownBookCodes()
+{
+    std::vector<std::pair<std::string_view, std::string_view>> books;
+    for (const UsfmBook& book : usfmBooks)
+        books.emplace_back(book.code, book.osis);
+    for (const std::string_view osis : zefaniaBooks)
+        books.emplace_back("", osis);
+    return books;
+}
+
 void orderBooks(SourceBible& bible, BookOrder order)
 {
     if (order == BookOrder::source)

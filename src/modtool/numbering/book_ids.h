@@ -4,6 +4,8 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace Kedrin::ModTool {
 
@@ -31,6 +33,9 @@ std::string osisOfProtestant(unsigned int number);
 /// The OSIS id of a book by a name, which may be cut short (osisOfShortName()), by its OSIS id or by its USFM code; the
 /// last two also of books that the global numbering lacks. "" for none.
 std::string osisOfBook(std::string_view utf8);
+
+/// The USFM code and the OSIS id of every book that this program knows; "" where a book has no code.
+std::vector<std::pair<std::string_view, std::string_view>> knownBookCodes();
 
 /// In which order the books of a module stand.
 enum class BookOrder

@@ -8,6 +8,7 @@
 #include "module_format.h"
 #include "opensong_reader.h"
 #include "osis_reader.h"
+#include "plain_reader.h"
 #include "root_element.h"
 #include "text_input.h"
 #include "usfm_reader.h"
@@ -19,6 +20,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <optional>
 
 namespace Kedrin::ModTool {
 
@@ -49,21 +51,28 @@ bool beginsAsUsfm(const fs::path& file)
     return head.starts_with(id);
 }
 
-/// The files with an extension of USFM or, where there are none, those that begin as such files do.
-std::vector<fs::path> usfmFiles(const std::string& folder)
+/// The files of a folder that are not hidden, in the order of their names.
+std::vector<fs::path> filesIn(const std::string& folder)
 {
-    std::vector<fs::path> files, others;
+    std::vector<fs::path> files;
     std::error_code error;
     for (fs::directory_iterator file(folder, error), end; !error && file != end; file.increment(error))
         if (!isHidden(file->path()))
-            (hasUsfmExtension(file->path()) ? files : others).push_back(file->path());
+            files.push_back(file->path());
     if (error)
         throw CBuildError(message("%s: cannot be read", folder));
-    if (files.empty())
-        std::copy_if(others.begin(), others.end(), std::back_inserter(files), beginsAsUsfm);
-    if (files.empty())
-        throw CBuildError(message("%s: holds no USFM file (*.usfm, *.sfm, *.ptx, *.scp)", folder));
     std::sort(files.begin(), files.end());
+    return files;
+}
+
+/// The files with an extension of USFM or, where there are none, those that begin as such files do.
+std::vector<fs::path> usfmFiles(const std::string& folder)
+{
+    const std::vector<fs::path> all = filesIn(folder);
+    std::vector<fs::path> files;
+    std::copy_if(all.begin(), all.end(), std::back_inserter(files), hasUsfmExtension);
+    if (files.empty())
+        std::copy_if(all.begin(), all.end(), std::back_inserter(files), beginsAsUsfm);
     return files;
 }
 
@@ -73,9 +82,9 @@ bool beginsWithDigit(const fs::path& file)
     return first >= '0' && first <= '9';
 }
 
-SourceBible readUsfmFolder(const std::string& folder, const std::string& encoding)
+SourceBible readUsfmFolder(const std::string& folder, const std::vector<fs::path>& files,
+                           const std::string& encoding)
 {
-    const std::vector<fs::path> files = usfmFiles(folder);
     CUsfmReader reader;
     std::uint64_t byteCount = 0;
     for (const fs::path& file : files) {
@@ -91,6 +100,69 @@ SourceBible readUsfmFolder(const std::string& folder, const std::string& encodin
     return bible;
 }
 
+void sayRecognised(SourceBible& bible, const std::string& encoding)
+{
+    if (!encoding.empty())
+        bible.findings.say(translatable("encoding"), message("%s, recognised", encoding));
+}
+
+/// Whether a file of a folder is to be read as plain lines; --from takes them all.
+bool isPlainFile(const fs::path& file, const std::string& content)
+{
+    const std::size_t begin = std::min(content.find_first_not_of(whiteSpace), content.size());
+    const bool isMarkedUp = std::string_view("<\\{").find(content[begin]) != std::string_view::npos;
+    return begin != content.size() && !isMarkedUp && isPlainLines(content, file.string());
+}
+
+/// Reads the files of a folder that are plain lines; the others are named in the report.
+/// @returns nothing where there is none
+std::optional<SourceBible> readPlainFolder(const std::string& folder, const std::string& encoding)
+{
+    CPlainReader reader;
+    std::uint64_t byteCount = 0;
+    std::string recognised;
+    std::vector<std::string> others;
+    bool hasOne = false;
+    std::error_code ignored;
+    for (const fs::path& file : filesIn(folder)) {
+        if (!fs::is_regular_file(file, ignored))
+            continue;
+        std::string ofFile;
+        const std::string content = readText(file.string(), encoding, &ofFile);
+        byteCount += content.size();
+        if (byteCount > maxSourceBytes)
+            throw CBuildError(message("%s: holds more than 64 MiB", folder));
+        if (!isPlainFile(file, content)) {
+            others.push_back(file.filename().string());
+            continue;
+        }
+        hasOne = true;
+        reader.read(file.string(), content, {"", file.filename().string()});
+        recognised = recognised.empty() ? ofFile : recognised;
+    }
+    if (!hasOne)
+        return std::nullopt;
+    SourceBible bible = reader.finish(folder);
+    sayRecognised(bible, recognised);
+    for (const std::string& name : others)
+        bible.findings.say(translatable("left out"), message("the file %s, which holds no verses", name));
+    return bible;
+}
+
+SourceBible readFolder(const std::string& folder, const ReadOptions& options)
+{
+    if (!options.book.empty())
+        throw CBuildError(message("%s: --book is for a file of plain lines", folder));
+    const bool mayBeUsfm = options.format != SourceFormat::plainLines;
+    if (const auto files = mayBeUsfm ? usfmFiles(folder) : std::vector<fs::path>(); !files.empty())
+        return readUsfmFolder(folder, files, options.encoding);
+    if (options.format != SourceFormat::usfm)
+        if (auto bible = readPlainFolder(folder, options.encoding))
+            return std::move(*bible);
+    throw CBuildError(mayBeUsfm ? message("%s: holds no USFM file (*.usfm, *.sfm, *.ptx, *.scp)", folder)
+                                : message("%s: holds no file of plain lines", folder));
+}
+
 SourceBible readUsfmFile(const std::string& fileName, const std::string& content)
 {
     CUsfmReader reader;
@@ -98,13 +170,36 @@ SourceBible readUsfmFile(const std::string& fileName, const std::string& content
     return reader.finish(fileName);
 }
 
-SourceBible readContent(const std::string& fileName, std::string content, SourceFormat format)
+SourceBible readPlainFile(const std::string& fileName, const std::string& content, const std::string& book)
 {
-    switch (format == SourceFormat::detected ? detectFormat(content, fileName) : format) {
+    CPlainReader reader;
+    reader.read(fileName, content, {book, ""});
+    return reader.finish(fileName);
+}
+
+/// The format to read a content in. A text whose book is given can only be plain lines.
+SourceFormat formatOf(const std::string& content, const std::string& fileName, const ReadOptions& options)
+{
+    SourceFormat format = options.format;
+    if (format == SourceFormat::detected) {
+        format = detectFormat(content, fileName);
+        if (format == SourceFormat::verseLines && !options.book.empty())
+            format = SourceFormat::plainLines;
+    }
+    if (format != SourceFormat::plainLines && !options.book.empty())
+        throw CBuildError(message("%s: --book is for a file of plain lines", fileName));
+    return format;
+}
+
+SourceBible readContent(const std::string& fileName, std::string content, const ReadOptions& options)
+{
+    switch (formatOf(content, fileName, options)) {
     case SourceFormat::beblia:
         return readBeblia(fileName, content);
     case SourceFormat::opensong:
         return readOpenSong(fileName, content);
+    case SourceFormat::plainLines:
+        return readPlainFile(fileName, content, options.book);
     case SourceFormat::osis:
         return readOsis(fileName, content);
     case SourceFormat::zefania:
@@ -137,7 +232,8 @@ SourceFormat detectFormat(std::string_view utf8, const std::string& fileName)
     if (content.starts_with('\\'))
         return SourceFormat::usfm;
     if (!content.starts_with('<'))
-        return SourceFormat::verseLines;
+        return !beginsAsVerseLines(content) && isPlainLines(content, fileName) ? SourceFormat::plainLines
+                                                                               : SourceFormat::verseLines;
     const std::string root = lower(rootElement(content));
     if (root == "osis")
         return SourceFormat::osis;
@@ -154,10 +250,13 @@ SourceBible readSourceFile(const std::string& path, const ReadOptions& options)
 {
     std::error_code ignored;
     const bool isFolder = fs::is_directory(path, ignored);
-    if (isFolder && options.format != SourceFormat::detected && options.format != SourceFormat::usfm)
-        throw CBuildError(message("%s: is a folder, which only USFM may be", path));
-    SourceBible bible = isFolder ? readUsfmFolder(path, options.encoding)
-                                 : readContent(path, readText(path, options.encoding), options.format);
+    if (isFolder && options.format != SourceFormat::detected && options.format != SourceFormat::usfm &&
+        options.format != SourceFormat::plainLines)
+        throw CBuildError(message("%s: is a folder, which only USFM and plain lines may be", path));
+    std::string recognised;
+    SourceBible bible = isFolder ? readFolder(path, options)
+                                 : readContent(path, readText(path, options.encoding, &recognised), options);
+    sayRecognised(bible, recognised);
     nameAfterFile(bible.info, path, isFolder);
     orderBooks(bible, options.order);
     return bible;

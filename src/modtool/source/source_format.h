@@ -16,6 +16,7 @@ enum class SourceFormat
     osis,
     usfm,
     zefania,
+    plainLines,
     verseLines
 };
 
@@ -24,21 +25,25 @@ struct ReadOptions
 {
     SourceFormat format = SourceFormat::detected;
     std::string encoding; ///< "": as the source says; see readText()
+    std::string book;     ///< of a plain text that does not say it; "": see PlainInput
     BookOrder order = BookOrder::source;
 };
 
-/// What a content is: XML by its root element, USFM by a marker at its beginning, anything else verse lines.
+/// What a content is: XML by its root element, USFM by a marker at its beginning, plain lines by the first ones, anything
+/// else verse lines.
 /// @param utf8      without byte order mark
-/// @param fileName  for the message
+/// @param fileName  for the message, and because its name may say a book
 /// @throws CBuildError  "%s: is XML of an unknown format (its root element is %s)"
 SourceFormat detectFormat(std::string_view utf8, const std::string& fileName);
 
-/// Reads a file of any format, or a folder of USFM files (*.usfm, *.sfm, *.ptx, *.scp, or else any that begin with \id, in the order of their names, or in
+/// Reads a file of any format, or a folder of plain lines or of USFM files (*.usfm, *.sfm, *.ptx, *.scp, or else any that begin with \id, in the order of their names, or in
 /// Protestant order where the names do not all begin with a number). What the source does not call itself, it is called
 /// after its file.
 /// @throws CBuildError
 ///     what readText(), detectFormat() and the formats' readers throw
-///     "%s: is a folder, which only USFM may be", "%s: holds no USFM file (*.usfm, *.sfm, *.ptx, *.scp)"
+///     "%s: is a folder, which only USFM and plain lines may be", "%s: holds no file of plain lines"
+///     "%s: --book is for a file of plain lines"
+///     "%s: holds no USFM file (*.usfm, *.sfm, *.ptx, *.scp)"
 ///     "%s: holds more than 64 MiB"
 SourceBible readSourceFile(const std::string& path, const ReadOptions& options);
 

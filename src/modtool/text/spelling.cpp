@@ -42,16 +42,22 @@ std::size_t editDistance(const CodePoints& a, const CodePoints& b)
 
 } // namespace
 
-bool isLikeSpelling(std::string_view typed, std::string_view known)
+std::optional<std::size_t> lettersMisspelt(std::string_view typed, std::string_view known)
 {
     constexpr std::size_t maxLetters = 60;
     constexpr std::size_t maxBytes = 4 * maxLetters;
     if (typed.empty() || typed.size() > maxBytes || known.size() > 2 * maxBytes)
-        return false;
+        return std::nullopt;
     const CodePoints wanted = codePointsOf(typed);
     if (wanted.size() > maxLetters)
-        return false;
-    return editDistance(wanted, codePointsOf(known)) <= (wanted.size() > 4 ? 2u : 1u);
+        return std::nullopt;
+    const std::size_t distance = editDistance(wanted, codePointsOf(known));
+    return distance <= (wanted.size() > 4 ? 2u : 1u) ? std::optional(distance) : std::nullopt;
+}
+
+bool isLikeSpelling(std::string_view typed, std::string_view known)
+{
+    return lettersMisspelt(typed, known).has_value();
 }
 
 } // namespace Kedrin::ModTool

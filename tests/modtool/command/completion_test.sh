@@ -37,7 +37,7 @@ for command in build check export show search info words diff; do
     expect "$options" kedrin-module "$command" -
 done
 expect "--count " kedrin-module search m --cou
-expect "beblia opensong osis usfm verse-lines zefania " kedrin-module build --from ""
+expect "beblia opensong osis plain-lines usfm verse-lines zefania " kedrin-module build --from ""
 expect "osis " kedrin-module export m --to o
 expect "orthodox protestant source " kedrin-module build --book-order ""
 expect "bg source " kedrin-module build --titles ""

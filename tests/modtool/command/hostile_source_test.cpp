@@ -61,6 +61,9 @@ std::string line(const std::string& verse, const std::string& text)
     return "Gen\t1\t" + verse + '\t' + text + '\n';
 }
 
+/// Lines that a plain text is known by, and others behind them.
+std::string plain(const std::string& others) { return repeated("Gen 1:1 a\n", 200) + others; }
+
 /// Entities that would be a billion times the first one, before this root element.
 std::string bomb(const std::string& root)
 {
@@ -303,6 +306,42 @@ const std::vector<Hostile> paths{
     {"PathAsTitleInVerseLines", [] { return "# title: ../../x\n" + line("1", "a"); }, ""},
 };
 
+std::string badLines(const std::string& count, unsigned int first, const std::string& reason,
+                     unsigned int step = 1)
+{
+    std::string list = "@: " + count + " lines cannot be read:";
+    for (unsigned int line = first; line < first + 20 * step; line += step)
+        list += "\n  line " + std::to_string(line) + ": " + reason;
+    return list;
+}
+
+const std::vector<Hostile> plainLines{
+    {"QuotesInPlainLines", [] { return repeated("\""); },
+     "@:1: a line is BOOK, CHAPTER, VERSE and text with tabs between them"},
+    {"QuotesInAField", [] { return "Gen,1,1,\"" + repeated("\""); },
+     "@: 1 line cannot be read:\n  line 1: a quotation mark is never closed"},
+    {"QuotedFields", [] { return "Gen,1,1,a\nGen,1,2," + repeated("\"\","); },
+     "@: 1 line cannot be read:\n  line 2: has more than 4 fields"},
+    {"OpenQuotesInEveryRecord", [] { return "Gen,1,1,a\n" + repeated("Gen,1,1,\"a\n"); },
+     badLines("762601", 2, "text behind a closing quotation mark", 2) + "\n  and 762581 more lines"},
+    {"DelimitersInATable", [] { return "Gen,1,1," + repeated(","); }, longVerse},
+    {"ColumnsOfATable", [] { return "b,c,v,t" + repeated(","); }, "@: holds no verse"},
+    {"HashesInPlainLines", [] { return plain(repeated("#")); }, ""},
+    {"LinesOfHashesInPlainLines", [] { return plain(repeated("#\n")); }, ""},
+    {"MarksInHashedLines", [] { return repeated("#p#") + "\n#1:1#a\n"; },
+     "@:2: a verse before any book: write its name on a line above, or give it with --book"},
+    {"AmpersandsInHashedLines", [] { return "#1:1#" + repeated("&"); },
+     "@:1: a verse before any book: write its name on a line above, or give it with --book"},
+    {"EndlessLineInPlainLines", [] { return "Gen 1:1 " + repeated("a"); }, longVerse},
+    {"EndlessNumberInPlainLines", [] { return plain("Gen 1:" + repeated("1")); },
+     "@: 1 line cannot be read:\n  line 21: \"Gen 1:" + std::string(34, '1') +
+         "...\" is neither a verse, such as \"Gen 1:1 text\", nor a heading"},
+    {"BadLinesInPlainLines", [] { return plain(repeated("Psx 1:1 a\n", 10u << 20)); },
+     badLines("1048576", 21, "\"Psx\" is no known book (did you mean Ps?)") + "\n  and 1048556 more lines"},
+    {"LastNumberInPlainLines", [] { return "Gen 65534:65534 a\n"; }, "Gen 65534:2" + manyVerses},
+    {"VersesWithoutTextInPlainLines", [] { return repeated("Gen 1:1\n"); }, "the source holds no text"},
+};
+
 const auto named = [](const testing::TestParamInfo<Hostile>& tested) {
     return std::string(tested.param.name);
 };
@@ -312,6 +351,7 @@ INSTANTIATE_TEST_SUITE_P(Attributes, HostileSource, testing::ValuesIn(attributes
 INSTANTIATE_TEST_SUITE_P(Entities, HostileSource, testing::ValuesIn(entities), named);
 INSTANTIATE_TEST_SUITE_P(Numbers, HostileSource, testing::ValuesIn(numbers), named);
 INSTANTIATE_TEST_SUITE_P(Lengths, HostileSource, testing::ValuesIn(lengths), named);
+INSTANTIATE_TEST_SUITE_P(PlainLines, HostileSource, testing::ValuesIn(plainLines), named);
 INSTANTIATE_TEST_SUITE_P(Paths, HostileSource, testing::ValuesIn(paths), named);
 
 } // namespace

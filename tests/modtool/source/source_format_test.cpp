@@ -86,7 +86,7 @@ TEST(SourceFormat, FolderWithoutUsfmIsRefused)
     ReadOptions osis;
     osis.format = SourceFormat::osis;
     EXPECT_EQ(messageOf<CBuildError>([&] { readSourceFile(path, osis); }),
-              path + ": is a folder, which only USFM may be");
+              path + ": is a folder, which only USFM and plain lines may be");
 }
 
 TEST(SourceFormat, FilesOfAFolderMayHaveOtherExtensions)

@@ -137,11 +137,60 @@ std::string converted(const std::string& content, const std::string& fileName, c
     return text;
 }
 
+bool isUtf8(std::string_view text)
+{
+    const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
+    const auto length = static_cast<std::int32_t>(text.size());
+    for (std::int32_t i = 0; i < length;) {
+        UChar32 codePoint = 0;
+        U8_NEXT(bytes, i, length, codePoint);
+        if (codePoint < 0)
+            return false;
+    }
+    return true;
+}
+
+/// Whether the content may be recognised: XML says its encoding, and so does a byte order mark.
+bool saysNoEncoding(std::string_view content)
+{
+    const std::size_t begin = std::min(content.find_first_not_of(" \t\r\n"), content.size());
+    return encodingOf(content) == utf8Name && !content.starts_with(byteOrderMark) &&
+           !content.substr(begin).starts_with('<') &&
+           content.substr(0, 1024).find("\\ide") == std::string_view::npos;
+}
+
 } // namespace
 
-std::string decodedText(std::string content, const std::string& fileName, const std::string& encoding)
+bool isWindows1251(std::string_view content)
 {
-    const std::string name = encoding.empty() ? encodingOf(content) : encoding;
+    constexpr std::string_view unusual =
+        "\x80\x81\x83\x86\x87\x88\x89\x8A\x8C\x8D\x8E\x8F\x90\x98\x99\x9A\x9C\x9D\x9E\x9F";
+    constexpr std::uint64_t leastLetters = 20;
+    std::uint64_t above = 0, letters = 0, small = 0, inWords = 0, strange = 0;
+    bool followsLetter = false;
+    for (const char c : content) {
+        const auto byte = static_cast<unsigned char>(c);
+        const bool isLetter = byte >= 0xC0 || byte == 0xA8 || byte == 0xB8; // the last two are Ё and ё
+        above += byte >= 0x80 ? 1 : 0;
+        letters += isLetter ? 1 : 0;
+        small += byte >= 0xE0 || byte == 0xB8 ? 1 : 0;
+        inWords += isLetter && followsLetter ? 1 : 0;
+        strange += byte >= 0x80 && byte < 0xA0 && unusual.find(c) != std::string_view::npos ? 1 : 0;
+        followsLetter = isLetter;
+    }
+    return letters >= leastLetters && letters * 10 >= above * 9 && small * 2 > letters &&
+           inWords * 2 >= letters && strange * 200 < letters;
+}
+
+std::string decodedText(std::string content, const std::string& fileName, const std::string& encoding,
+                        std::string* recognised)
+{
+    std::string name = encoding.empty() ? encodingOf(content) : encoding;
+    if (recognised) {
+        recognised->clear();
+        if (encoding.empty() && saysNoEncoding(content) && !isUtf8(content) && isWindows1251(content))
+            *recognised = name = "windows-1251";
+    }
     if (ucnv_compareNames(name.c_str(), utf8Name) == 0)
         requireUtf8(content, fileName);
     else
@@ -151,9 +200,9 @@ std::string decodedText(std::string content, const std::string& fileName, const 
     return content;
 }
 
-std::string readText(const std::string& fileName, const std::string& encoding)
+std::string readText(const std::string& fileName, const std::string& encoding, std::string* recognised)
 {
-    return decodedText(wholeFile(fileName), fileName, encoding);
+    return decodedText(wholeFile(fileName), fileName, encoding, recognised);
 }
 
 } // namespace Kedrin::ModTool

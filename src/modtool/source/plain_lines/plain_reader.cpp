@@ -1,0 +1,106 @@
+#include "plain_reader.h"
+
+#include "ascii.h"
+#include "book_ids.h"
+#include "common_books.h"
+#include "errors.h"
+#include "messages.h"
+#include "plain_headings.h"
+#include "plain_letters.h"
+#include "plain_line_reader.h"
+#include "plain_shape.h"
+#include "plain_table_reader.h"
+
+#include <algorithm>
+#include <filesystem>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+std::string givenBook(const PlainInput& input, const std::string& fileName)
+{
+    if (input.book.empty())
+        return bookOfFileName(fileName);
+    const std::string osis = bookOfField(input.book);
+    if (osis.empty())
+        throw CBuildError("--book: " + unknownBook(input.book));
+    return osis;
+}
+
+bool isOsisId(std::string_view text)
+{
+    const auto known = knownBookCodes();
+    return globalIDOf(text) ||
+           std::any_of(known.begin(), known.end(), [&](const auto& book) { return book.second == text; });
+}
+
+} // namespace
+
+class CPlainReader::CPrivate
+{
+public:
+    void say(const char* label, const std::string& text) { m_said.emplace_back(label, text); }
+
+    CVerseCollector verses;
+    std::uint64_t letters = 0;
+    std::vector<std::pair<const char*, std::string>> m_said;
+};
+
+CPlainReader::CPlainReader() : m_private(std::make_unique<CPrivate>()) {}
+CPlainReader::~CPlainReader() = default;
+
+void CPlainReader::read(const std::string& fileName, std::string_view utf8, const PlainInput& input)
+{
+    const std::string book = givenBook(input, fileName);
+    const auto shape = plainShapeOf(utf8, !book.empty());
+    if (!shape)
+        throw CBuildError(
+            message("%s: is no table of verses, no verse a line and no verses under headings", fileName));
+    if (shape->namesBooks() && !input.book.empty())
+        throw CBuildError(message("%s: names its books itself, which leaves nothing to --book", fileName));
+    CBadLines badLines;
+    m_private->verses.setFile(input.shownName);
+    CPlainVerses verses(m_private->verses, badLines, shape->namesBooks() ? "" : book, !input.book.empty());
+    if (shape->isTable())
+        readPlainTable(utf8, *shape, verses);
+    else
+        readPlainLines(fileName, utf8, shape->form, verses);
+    badLines.refuse(fileName);
+    m_private->verses.endVerse();
+    const bool hasEntities = !shape->isTable() && shape->form == VerseForm::hashed;
+    m_private->letters += provePlainLetters(fileName, utf8, hasEntities, m_private->verses.takeLetters());
+    m_private->say(translatable("read as"), shape->text());
+    if (verses.usedGivenBook() && input.book.empty())
+        m_private->say(translatable("taken"), message("%s for the book, by the name of the file %s", book,
+                                                      std::filesystem::path(fileName).filename().string()));
+}
+
+SourceBible CPlainReader::finish(const std::string& source)
+{
+    SourceBible bible = m_private->verses.finish();
+    if (bible.verses.empty())
+        throw CBuildError(message("%s: holds no verse", source));
+    bible.letters = m_private->letters;
+    for (const auto& [label, text] : m_private->m_said)
+        bible.findings.say(label, text);
+    return bible;
+}
+
+bool isPlainLines(std::string_view utf8, const std::string& path)
+{
+    return plainShapeOf(utf8, !bookOfFileName(path).empty()).has_value();
+}
+
+bool beginsAsVerseLines(std::string_view utf8)
+{
+    std::string_view line;
+    while (!utf8.empty() && (isBlank(line) || line.starts_with('#'))) {
+        line = utf8.substr(0, utf8.find('\n'));
+        utf8.remove_prefix(std::min(line.size() + 1, utf8.size()));
+    }
+    const std::string_view book = line.substr(0, line.find('\t'));
+    return std::count(line.begin(), line.end(), '\t') >= 3 && (isOsisId(book) || bookOfField(book).empty());
+}
+
+} // namespace Kedrin::ModTool

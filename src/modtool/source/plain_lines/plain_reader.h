@@ -1,0 +1,56 @@
+#pragma once
+
+#include "source_bible.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace Kedrin::ModTool {
+
+/// What a plain text does not say of itself.
+struct PlainInput
+{
+    std::string
+        book; ///< name of its only book, as the user gives it; "": the text or its file's name says it
+    std::string shownName; ///< what the report calls the file in its places; "": it does not
+};
+
+/// Reads plain text and tables of verses (doc/formats/plain-lines.md): CSV and the like, a verse a line, or lines under
+/// headings; one file, or a folder with several.
+class CPlainReader
+{
+public:
+    CPlainReader();
+    ~CPlainReader();
+    CPlainReader(const CPlainReader&) = delete;
+    CPlainReader& operator=(const CPlainReader&) = delete;
+
+    /// Reads one file; its books follow those of the files before.
+    /// @param utf8  the file's content, without byte order mark
+    /// @throws CBuildError
+    ///     what CLetterProof, CBadLines::refuse() and readPlainLines() throw
+    ///     "%s: is no table of verses, no verse a line and no verses under headings"
+    ///     "--book: %s is no known book", perhaps with "(did you mean %s?)"
+    ///     "%s: names its books itself, which leaves nothing to --book"
+    void read(const std::string& fileName, std::string_view utf8, const PlainInput& input = {});
+
+    /// All that was read. Call it once.
+    /// @param source  for the message
+    /// @throws CBuildError  "%s: holds no verse"
+    SourceBible finish(const std::string& source);
+
+private:
+    class CPrivate;
+    std::unique_ptr<CPrivate> m_private;
+};
+
+/// Whether the first lines are such as CPlainReader reads.
+/// @param path  of the file, whose name may say its book
+bool isPlainLines(std::string_view utf8, const std::string& path);
+
+/// Whether the first line that is no remark is one of verse lines (doc/formats/verse-lines.md): three tabs and in front
+/// of the first an OSIS id, or what is no other known name or number of a book.
+bool beginsAsVerseLines(std::string_view utf8);
+
+} // namespace Kedrin::ModTool

@@ -1,0 +1,44 @@
+#include "plain_verses.h"
+
+#include "ascii.h"
+#include "messages.h"
+
+namespace Kedrin::ModTool {
+
+void CPlainVerses::beginBook(const std::string& osis, std::string_view name, std::size_t line)
+{
+    if (osis == m_book)
+        return;
+    if (m_isForced && osis != m_givenBook)
+        return m_badLines.add(line, [&] {
+            return message("%s is another book than %s, which --book gives", inQuotes(name), m_givenBook);
+        });
+    m_verses.beginBook(osis);
+    m_book = osis;
+    m_inChapter = false;
+}
+
+bool CPlainVerses::beginVerse(unsigned int chapter, const VerseNumber& number, std::size_t line)
+{
+    if (m_book.empty()) {
+        if (m_givenBook.empty())
+            return false;
+        m_usedGivenBook = true;
+        beginBook(m_givenBook, m_givenBook, line);
+    }
+    if (!m_inChapter || chapter != m_chapter)
+        m_verses.beginChapter(chapter);
+    m_inChapter = true;
+    m_chapter = chapter;
+    m_verses.beginVerse(chapter, number, line);
+    return true;
+}
+
+void CPlainVerses::leaveOut(ReaderRule why, std::string_view utf8, std::size_t line)
+{
+    m_verses.leaveOut(why, utf8);
+    if (!isBlank(utf8))
+        m_verses.found(why, line);
+}
+
+} // namespace Kedrin::ModTool

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "bad_lines.h"
+#include "verse_collector.h"
+
+#include <string>
+#include <string_view>
+
+namespace Kedrin::ModTool {
+
+/// Where the readers of tables and lines put the verses of one file.
+class CPlainVerses
+{
+public:
+    /// @param givenBook  OSIS id of the book whose name the text does not say; "": it says every one
+    /// @param isForced   the text may not say another one
+    CPlainVerses(CVerseCollector& verses, CBadLines& badLines, std::string givenBook, bool isForced)
+        : m_verses(verses),
+          m_badLines(badLines),
+          m_givenBook(std::move(givenBook)),
+          m_isForced(isForced)
+    {}
+
+    /// Goes on with a book. Another one than the given one, where that is forced, makes a bad line.
+    void beginBook(const std::string& osis, std::string_view name, std::size_t line);
+
+    /// Begins a verse of the book; one that no line named is the given one.
+    /// @returns whether there is a book
+    bool beginVerse(unsigned int chapter, const VerseNumber& number, std::size_t line);
+
+    const std::string& book() const { return m_book.empty() ? m_givenBook : m_book; }
+    bool usedGivenBook() const { return m_usedGivenBook; }
+
+    void addText(std::string_view utf8, std::size_t line) { m_verses.addText(utf8, line); }
+
+    /// Names of books, numbers and marks.
+    void leaveOutPlace(std::string_view utf8) { m_verses.leaveOut(ReaderRule::place, utf8); }
+
+    /// Text that the report counts by a rule.
+    void leaveOut(ReaderRule why, std::string_view utf8, std::size_t line);
+
+    CVerseCollector& collector() { return m_verses; }
+    CBadLines& badLines() { return m_badLines; }
+
+private:
+    CVerseCollector& m_verses;
+    CBadLines& m_badLines;
+    std::string m_givenBook;
+    bool m_isForced;
+    bool m_usedGivenBook = false;
+    std::string m_book; ///< that was begun last; "" for none of this file
+    unsigned int m_chapter = 0;
+    bool m_inChapter = false;
+};
+
+} // namespace Kedrin::ModTool
