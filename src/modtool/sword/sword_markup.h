@@ -38,6 +38,7 @@ std::string swordCharacters(std::string_view text);
 std::uint64_t lettersOfEntry(std::string_view raw);
 
 /// A paragraph of a module's configuration as plain text: RTF controls become line ends or go, HTML tags go.
+/// (The library's filter, RTFHTML, leaves braces and all controls but those of paragraphs and characters in.)
 /// @returns its lines, none of them empty
 std::string plainConfiguration(std::string_view value);
 
