@@ -77,18 +77,18 @@ private:
                 return true;
             }
             if (const std::string reason = knownReason(leftOut, fingerprint); !reason.empty()) {
-                say(message("%s: left out: %s", name, reason));
+                say(message("%s: skipped: %s", name, reason));
                 return true;
             }
             build(name, folder, fingerprint);
             ::unlink(leftOut.c_str());
             return true;
         } catch (const CUnfitText& ex) {
-            say(message("%s: left out: %s", name, ex.what()));
+            say(message("%s: skipped: %s", name, ex.what()));
             replaceDurably(leftOut, fingerprint + ex.what());
             return true;
         } catch (const CFolderBusy&) {
-            say(message("%s: left to another build that is running", name));
+            say(message("%s: skipped: another build of it is running", name));
             return true;
         } catch (const std::exception& ex) {
             m_progress.clear();

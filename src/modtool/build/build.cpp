@@ -60,11 +60,11 @@ BuildReport buildModule(const SourceBible& source, const std::string& path, cons
     writeFiles(folder, module);
     if (!fingerprint.empty())
         folder.write(fingerprintFileName, fingerprint);
-    progress.show(tr("reading back"), 2, steps);
+    progress.show(tr("verifying"), 2, steps);
     report.letters.module = checkWritten(folder.besidePath(), module, report.diff.kept);
     report.checkLetters();
     provideCommonStructure(folderOf(folder.path()));
-    progress.show(tr("publishing"), 3, steps);
+    progress.show(tr("moving into place"), 3, steps);
     folder.publish();
     progress.show(tr("done"), steps, steps);
     report.folder = path;

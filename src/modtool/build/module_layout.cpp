@@ -110,13 +110,13 @@ private:
         ++m_module.books.back().versesCount.back();
         if (m_module.verses.size() > maxModuleVerses)
             throw CBuildError(
-                message("%s: the module would hold more than %s verses", lastPlace(), maxModuleVerses));
+                message("%s: the module would have more than %s verses", lastPlace(), maxModuleVerses));
         const std::size_t stored =
             verse.byteCount == 0 ? 0 : escapedSize(m_module.verse(m_module.verses.size() - 1));
         m_textBytes += stored;
         if (stored > maxVerseBytes)
             throw CBuildError(
-                message("%s: the verse has %s bytes, %s are the most", lastPlace(), stored, maxVerseBytes));
+                message("%s: the verse has %s bytes; the limit is %s", lastPlace(), stored, maxVerseBytes));
     }
 
     std::string lastPlace() const
@@ -149,9 +149,9 @@ void layOut(const SourceBible& source, const std::vector<std::optional<unsigned 
     }
     if (layout.textBytes() > maxCheckedTextBytes)
         throw CBuildError(
-            message("the text has %s bytes, %s are the most", layout.textBytes(), maxCheckedTextBytes));
+            message("the text has %s bytes; the limit is %s", layout.textBytes(), maxCheckedTextBytes));
     if (module.verses.empty())
-        throw CBuildError(tr("the source holds no text"));
+        throw CBuildError(tr("the source contains no text"));
 }
 
 } // namespace Kedrin::ModTool

@@ -35,7 +35,7 @@ void refuseUnfitText(const CTextEncoder& encoder, std::string_view text)
     const std::uint64_t lost = encoder.lostLetters();
     const std::uint64_t all = lettersIn(text) + lost;
     if (lost * 100 > all)
-        throw CUnfitText(message("%s of %s letters have no likeness in Windows-1251", lost, all));
+        throw CUnfitText(message("%s of %s letters have no equivalent in Windows-1251", lost, all));
 }
 
 void refuseForeignCharacters(const CTextEncoder& encoder, const SourceBible& source)
@@ -43,12 +43,12 @@ void refuseForeignCharacters(const CTextEncoder& encoder, const SourceBible& sou
     std::string list;
     for (const auto& [character, kind] : encoder.foreign())
         if (!kind.isAlways)
-            list += "\n  " + message("%s, %s, first %s", describeCharacter(character.codePoint),
+            list += "\n  " + message("%s, %s, first at %s", describeCharacter(character.codePoint),
                                      counted(kind.count, "time", "times"),
                                      source.placeOf(source.verses[kind.firstPosition]));
     if (!list.empty())
         throw CBuildError(
-            tr("the text holds characters that Windows-1251 lacks (--substitute replaces them):") + list);
+            tr("the text contains characters that Windows-1251 lacks (--substitute replaces them):") + list);
 }
 
 void reportReplaced(const CTextEncoder::Kinds& kinds, const SourceBible& source, BuildReport& report)
@@ -71,7 +71,7 @@ ModuleData::Verse encodeVerse(const SourceBible& source, std::uint32_t index, CT
     const auto found = static_cast<std::int64_t>(countLettersOf1251(std::string_view(text).substr(offset)));
     if (given != found)
         throw CBuildError(
-            message("%s: %s letters and digits were read, %s are accounted for; this is an error in "
+            message("%s: %s letters and digits were read, but %s are accounted for; this is a bug in "
                     "kedrin-module, please report it",
                     source.placeOf(source.verses[index]), given, found));
     return {static_cast<std::uint32_t>(offset), static_cast<std::uint32_t>(text.size() - offset)};
@@ -94,7 +94,7 @@ std::vector<std::optional<unsigned int>> globalBooks(const SourceBible& source, 
         if (!globals[book])
             report.omittedBooks.push_back({source.books[book], verseCounts[book], letters[book]});
     if (!source.books.empty() && report.omittedBooks.size() == source.books.size())
-        throw CBuildError(tr("no book of the source is in the common numbering"));
+        throw CBuildError(tr("none of the source's books is in the global numbering"));
     return globals;
 }
 
@@ -105,7 +105,7 @@ std::string titleLine(const std::string& wanted, const std::string& offered, con
         throw CBuildError(message("the %s is empty", tr(name)));
     if (title.size() > maxLineBytes)
         throw CBuildError(
-            message("the %s has %s bytes, %s are the most", tr(name), title.size(), maxLineBytes));
+            message("the %s has %s bytes; the limit is %s", tr(name), title.size(), maxLineBytes));
     return title;
 }
 

@@ -10,10 +10,10 @@ namespace Kedrin::ModTool {
 /// Makes a module of a source: leaves out books that the common numbering lacks and what is empty at the ends, fills
 /// gaps with empty verses, encodes the text, collects its words and chooses its numbering. Fills the report, but for
 /// its folder.
-/// @throws CUnfitText   "%u of %u letters have no likeness in Windows-1251"
+/// @throws CUnfitText   "%u of %u letters have no equivalent in Windows-1251"
 /// @throws CBuildError
-///     "the text holds characters that Windows-1251 lacks (--substitute replaces them):" and a line for each kind
-///     "no book of the source is in the common numbering", "the source holds no text"
+///     "the text contains characters that Windows-1251 lacks (--substitute replaces them):" and a line for each kind
+///     "none of the source's books is in the global numbering", "the source contains no text"
 ///     "%s: the module would hold more than 65534 verses"
 ///     "%s: the verse has %u bytes, 65535 are the most"
 ///     "the text has %u bytes, 16777216 are the most", "the text has more than 1048576 different words": with more of

@@ -64,7 +64,7 @@ ModuleReport checkModule(const std::string& folder, std::size_t maxPlaces)
 {
     std::error_code ignored;
     if (!std::filesystem::is_directory(folder, ignored))
-        throw CCheckError(message("%s: is no folder", shownPath(folder)));
+        throw CCheckError(message("%s: is not a folder", shownPath(folder)));
     ModuleReport report(folder, maxPlaces);
     checkInfo(folder, report.findings);
     const CheckedShape shape = checkBooks(folder, report.findings);

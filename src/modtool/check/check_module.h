@@ -29,7 +29,7 @@ struct ModuleReport
 
 /// Runs all checks of a module. Reads its files as bytes, never through the engine's operations, which may end the
 /// program for a damaged module; whatever the files hold, time and memory are bounded by the limits of the checks.
-/// @throws CCheckError  "%s: is no folder", "%s: cannot be read"
+/// @throws CCheckError  "%s: is not a folder", "%s: cannot be read"
 ModuleReport checkModule(const std::string& folder, std::size_t maxPlaces);
 
 /// Whether the folder holds at least one of a module's files.

@@ -22,11 +22,11 @@ std::string countedFindings(std::uint64_t count, Severity severity)
                                            : counted(count, "note", "notes");
 }
 
-/// "1 error, 2 warnings"; "sound" when there is nothing, not even a note.
+/// "1 error, 2 warnings"; `sound` in front, or alone, where there is no error.
 template <typename Counts>
-std::string verdict(const Counts& counts)
+std::string verdict(const Counts& counts, const char* sound)
 {
-    std::string text = counts.count(Severity::error) == 0 ? tr("sound") : "";
+    std::string text = counts.count(Severity::error) == 0 ? sound : "";
     for (const Severity severity : severities)
         if (const std::uint64_t count = counts.count(severity); count != 0)
             text += (text.empty() ? "" : ", ") + countedFindings(count, severity);
@@ -56,7 +56,7 @@ std::string figuresText(const ModuleReport& module)
     if (module.emptyVerses && *module.emptyVerses != 0)
         text += message(" (%s empty)", *module.emptyVerses);
     if (module.keptPlaces)
-        text += message(", %s keep their place", *module.keptPlaces);
+        text += message(", %s map both ways", *module.keptPlaces);
     if (module.wordsCount)
         text += ", " + counted(*module.wordsCount, "word", "words");
     return text;
@@ -105,13 +105,14 @@ std::string CheckReport::text() const
 {
     std::string text;
     if (directory)
-        text += shownPath(directory->folder) + ": " + verdict(directory->findings) + '\n' +
+        text += shownPath(directory->folder) + ": " + verdict(directory->findings, tr("no defects")) + '\n' +
                 findingsText(directory->findings);
     for (const ModuleReport& module : modules)
-        text += shownPath(module.folder) + ": " + verdict(module.findings) + "; " + figuresText(module) +
-                '\n' + findingsText(module.findings);
+        text += shownPath(module.folder) + ": " + verdict(module.findings, tr("sound")) + "; " +
+                figuresText(module) + '\n' + findingsText(module.findings);
     if (directory)
-        text += counted(modules.size(), "module", "modules") + ": " + verdict(*this) + '\n';
+        text += counted(modules.size(), "module", "modules") + ": " +
+                verdict(*this, modules.size() == 1 ? tr("sound") : tr("all sound")) + '\n';
     return text;
 }
 

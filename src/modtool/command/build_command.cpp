@@ -26,9 +26,9 @@ namespace Kedrin::ModTool {
 namespace {
 
 constexpr const char* page = translatable(
-    "The folder is written beside its place, read back, compared and then exchanged in one "
-    "step: an interrupted or\n"
-    "failing build leaves the module of before, or none.\n"
+    "The module is written to a separate folder and verified, and only then replaces the old one: a "
+    "build that fails or\n"
+    "is interrupted leaves the previous module untouched.\n"
     "\n"
     "Examples:\n"
     "  kedrin-module build my.txt modules/bibles/my --title 'My translation'\n"
@@ -37,10 +37,9 @@ constexpr const char* page = translatable(
     "\n"
     "Exit codes:\n"
     "  0  done\n"
-    "  1  the source was refused, or something could not be read or written\n"
-    "  2  the arguments make no sense\n"
-    "  3  the report cannot be written, or the part of the program that knows the SWORD library is not "
-    "installed");
+    "  1  the source was rejected, or something could not be read or written\n"
+    "  2  invalid arguments\n"
+    "  3  the report could not be written, or the part of the program with SWORD support is not installed");
 
 /// `kedrin-module build SOURCE MODULE-FOLDER` and `kedrin-module build --all-sword DIR`.
 class CBuildCommand final : public ICommand
@@ -73,19 +72,21 @@ private:
 
 CBuildCommand::CBuildCommand(CLI::App& program)
     : m_command(
-          addCommand(program, "build", "Build a module for the reader from a Bible in another format", page))
+          addCommand(program, "build", "Build a Kedrin module from a Bible text in another format", page))
 {
     m_command->add_option(
         "SOURCE", m_source,
-        tr("sword:NAME, an installed SWORD Bible; a file of verse lines, USFM or XML (Beblia, "
-           "OpenSong, OSIS, Zefania) or plain lines; or a folder of USFM files or plain lines"));
-    m_command->add_option("MODULE-FOLDER", m_folder, tr("The module's folder, made or replaced as a whole"));
+        tr("sword:NAME for an installed SWORD Bible; a file of verse lines, USFM, XML (Beblia, OpenSong, "
+           "OSIS, Zefania) or plain lines; or a folder of USFM files or plain lines"));
+    m_command->add_option("MODULE-FOLDER", m_folder,
+                          tr("The module's folder, created or replaced as a "
+                             "whole"));
     m_command
         ->add_option("--all-sword", m_allSwordDirectory,
-                     tr("Build every installed SWORD Bible into a folder of this directory"))
+                     tr("Build a module from every installed SWORD Bible, each in its own subfolder"))
         ->type_name("DIR");
     m_command->add_flag("--substitute", m_options.substitute,
-                        tr("Replace the characters that Windows-1251 lacks"));
+                        tr("Replace characters that Windows-1251 lacks"));
     m_command->add_option("--title", m_options.fullTitle, tr("Full title"));
     m_command->add_option("--short", m_options.shortTitle, tr("Short title"));
     m_command->add_option("--abbr", m_options.abbreviatedTitle, tr("Abbreviated title"));
@@ -94,7 +95,7 @@ CBuildCommand::CBuildCommand(CLI::App& program)
                      tr("Versification of the source, by its SWORD name"))
         ->type_name("NAME");
     addReadingOptions();
-    m_command->add_flag("-v,--verbose", m_verbose, tr("Say where the letters and digits of the source went"));
+    m_command->add_flag("-v,--verbose", m_verbose, tr("Report where the source's letters and digits went"));
     m_command->add_flag("-q,--quiet", m_quiet, tr("No progress bar and no report"));
 }
 
@@ -131,18 +132,22 @@ void CBuildCommand::addReadingOptions()
                                                   {"orthodox", BookOrder::orthodox}};
     const std::map<std::string, bool> titles{{"bg", false}, {"source", true}};
     addChoice(*m_command, "--from", "beblia|opensong|osis|usfm|zefania|plain-lines|verse-lines", formats,
-              m_readOptions.format, tr("Format of the source, where its content misleads"));
+              m_readOptions.format, tr("Format of the source, if it is detected wrongly"));
     m_command
-        ->add_option("--encoding", m_readOptions.encoding, tr("Encoding of the source, where it says none"))
+        ->add_option("--encoding", m_readOptions.encoding,
+                     tr("Encoding of the source, if it does not "
+                        "state one"))
         ->type_name("NAME");
     m_command->add_option("--book", m_readOptions.book, tr("Book of a plain text that does not name its own"))
         ->type_name("NAME");
     addChoice(*m_command, "--book-order", "source|protestant|orthodox", orders, m_readOptions.order,
               tr("Order of the books"));
     addChoice(*m_command, "--titles", "bg|source", titles, m_options.sourceTitles,
-              tr("Titles of the books: Bulgarian or the source's"));
+              tr("Titles of the books: Bulgarian, or the source's own"));
     m_command
-        ->add_option("--copyright", m_copyrightFile, tr("Text file with the copyright, a paragraph a line"))
+        ->add_option("--copyright", m_copyrightFile,
+                     tr("Text file with the copyright notice, one "
+                        "paragraph per line"))
         ->type_name("FILE");
 }
 
@@ -166,7 +171,7 @@ std::string CBuildCommand::usageError() const
 {
     if (m_allSwordDirectory.empty())
         return m_source.empty() || m_folder.empty()
-                   ? tr("build needs SOURCE and MODULE-FOLDER, or --all-sword DIR")
+                   ? tr("build requires SOURCE and MODULE-FOLDER, or --all-sword DIR")
                    : "";
     const bool describesOne =
         !m_source.empty() || m_verbose || m_options.substitute || !m_options.fullTitle.empty() ||
@@ -174,7 +179,7 @@ std::string CBuildCommand::usageError() const
         !m_options.versification.empty() || m_options.sourceTitles || !m_copyrightFile.empty() ||
         !m_readOptions.encoding.empty() || !m_readOptions.book.empty() ||
         m_readOptions.format != SourceFormat::detected || m_readOptions.order != BookOrder::source;
-    return describesOne ? tr("--all-sword goes with no other argument than -q") : "";
+    return describesOne ? tr("--all-sword can be combined only with -q") : "";
 }
 
 int CBuildCommand::run(const CommandStreams& streams) const

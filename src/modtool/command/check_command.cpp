@@ -21,8 +21,8 @@ namespace Kedrin::ModTool {
 namespace {
 
 constexpr const char* page =
-    translatable("A module is a folder that holds one of the ten files of a module; "
-                 "of any other folder each sub-folder is one.\n"
+    translatable("A folder that contains any of a module's ten files is checked as a module; of any "
+                 "other folder, each subfolder is.\n"
                  "Nothing is changed.\n"
                  "\n"
                  "Examples:\n"
@@ -31,10 +31,10 @@ constexpr const char* page =
                  "  kedrin-module check --list\n"
                  "\n"
                  "Exit codes:\n"
-                 "  0  sound: no errors (with --strict: nor warnings)\n"
-                 "  1  defects\n"
-                 "  2  the arguments make no sense\n"
-                 "  3  something could not be checked, or the report cannot be written");
+                 "  0  sound: no errors (with --strict, no warnings either)\n"
+                 "  1  defects found\n"
+                 "  2  invalid arguments\n"
+                 "  3  something could not be checked, or the report could not be written");
 
 constexpr std::size_t defaultMaxPlaces = 5;
 constexpr std::size_t mostMaxPlaces = 1000;
@@ -71,24 +71,27 @@ private:
 } // namespace
 
 CCheckCommand::CCheckCommand(CLI::App& program)
-    : m_command(addCommand(program, "check", "Check a module, or all modules of a modules directory", page)),
+    : m_command(addCommand(program, "check", "Check a module, or all modules in a directory", page)),
       m_maxPlaces(defaultMaxPlaces)
 {
     m_command->add_option("MODULE", m_path, tr("A module's folder, or a folder of modules"));
-    m_command->add_flag("--list", m_list, tr("List the checks; nothing is checked"));
-    m_command->add_flag("--json", m_json, tr("Report as JSON"));
-    m_command->add_flag("--strict", m_strict, tr("Warnings count as defects"));
-    m_command->add_option("--places", m_maxPlaces, tr("How many places of each finding to name (5)"))
+    m_command->add_flag("--list", m_list, tr("List the checks and check nothing"));
+    m_command->add_flag("--json", m_json, tr("Print the report as JSON"));
+    m_command->add_flag("--strict", m_strict, tr("Count warnings as defects"));
+    m_command
+        ->add_option("--places", m_maxPlaces,
+                     tr("How many positions to list for each finding "
+                        "(default: 5)"))
         ->check(CLI::Range(std::size_t(0), mostMaxPlaces))
         ->option_text("N");
-    m_command->add_flag("-q,--quiet", m_quiet, tr("No progress bar and no report: the exit code tells"));
+    m_command->add_flag("-q,--quiet", m_quiet, tr("No progress bar and no report, only the exit code"));
 }
 
 bool CCheckCommand::isChosen() const { return m_command->parsed(); }
 
 std::string CCheckCommand::usageError() const
 {
-    return m_list == m_path.empty() ? "" : tr("check needs MODULE or --list, not both");
+    return m_list == m_path.empty() ? "" : tr("check requires MODULE or --list, but not both");
 }
 
 int CCheckCommand::run(const CommandStreams& streams) const

@@ -28,7 +28,7 @@ bool hasCommand(const CLI::App& parser, const std::string& name)
 } // namespace
 
 CProgramParser::CProgramParser()
-    : CLI::App(tr("Prepares Bible modules for the reader Kedrin"), "kedrin-module")
+    : CLI::App(tr("Prepares Bible modules for the Kedrin reader"), "kedrin-module")
 {
     formatter(std::make_shared<CHelpFormatter>());
     set_help_flag("-h,--help", tr("Print this help message and exit"));
@@ -49,7 +49,7 @@ int parseAndRun(CLI::App& parser, std::span<const std::unique_ptr<ICommand>> com
         const std::string word = argc > 1 ? argv[1] : "";
         const bool isUnknown = !word.empty() && word[0] != '-' && !hasCommand(parser, word);
         return refuseUsage(streams.err,
-                           isUnknown ? message("\"%s\" is no command", word) : usageMessage(error));
+                           isUnknown ? message("unknown command \"%s\"", word) : usageMessage(error));
     }
     for (const auto& command : commands)
         if (command->isChosen()) {

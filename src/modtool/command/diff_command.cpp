@@ -4,8 +4,8 @@
 #include "command_line.h"
 #include "exit_codes.h"
 #include "messages.h"
-#include "stored_markup.h"
 #include "query_command.h"
+#include "stored_markup.h"
 #include "verse_alignment.h"
 
 #include <CLI/CLI.hpp>
@@ -17,16 +17,16 @@ namespace Kedrin::ModTool {
 namespace {
 
 constexpr const char* page =
-    translatable("Verses are compared that have the same place in the common numbering.\n"
+    translatable("Compares the verses that have the same position in the global numbering.\n"
                  "\n"
                  "Examples:\n"
                  "  kedrin-module diff modules/bibles/old modules/bibles/new\n"
                  "  kedrin-module diff --count modules/bibles/kjv modules/bibles/web\n"
                  "\n"
                  "Exit codes:\n"
-                 "  0  the same\n"
-                 "  1  differences\n"
-                 "  2  the arguments make no sense\n"
+                 "  0  no differences\n"
+                 "  1  differences found\n"
+                 "  2  invalid arguments\n"
                  "  3  a module cannot be read");
 
 using Tolvo::CRef;
@@ -129,7 +129,7 @@ CDiffCommand::CDiffCommand(CLI::App& program)
 {
     m_command->add_option("MODULE", m_first, tr("The first module's folder"))->required();
     m_command->add_option("OTHER", m_second, tr("The second module's folder"))->required();
-    m_command->add_flag("--count", m_count, tr("Only how many differ"));
+    m_command->add_flag("--count", m_count, tr("Show only how many verses differ"));
 }
 
 int CDiffCommand::answer(std::ostream& out) const

@@ -19,7 +19,7 @@ namespace Kedrin::ModTool {
 namespace {
 
 constexpr const char* page =
-    translatable("What build makes of the export is the same module, byte for byte.\n"
+    translatable("Building from the exported file gives the same module, byte for byte.\n"
                  "\n"
                  "Examples:\n"
                  "  kedrin-module export modules/bibles/my my.txt --to verse-lines\n"
@@ -27,8 +27,8 @@ constexpr const char* page =
                  "\n"
                  "Exit codes:\n"
                  "  0  done\n"
-                 "  2  the arguments make no sense\n"
-                 "  3  the module cannot be read, or the export cannot be written");
+                 "  2  invalid arguments\n"
+                 "  3  the module cannot be read, or the file cannot be written");
 
 constexpr const char* osis = "osis";
 constexpr const char* verseLines = "verse-lines";
@@ -51,11 +51,11 @@ private:
 } // namespace
 
 CExportCommand::CExportCommand(CLI::App& program)
-    : CQueryCommand(addCommand(program, "export", "Write a module as a source that build reads", page))
+    : CQueryCommand(addCommand(program, "export", "Export a module to a file that build can read", page))
 {
     m_command->add_option("MODULE", m_module, tr("The module's folder"))->required();
-    m_command->add_option("FILE", m_file, tr("The file to write; standard output if none is named"));
-    m_command->add_option("--to", m_format, tr("The format"))
+    m_command->add_option("FILE", m_file, tr("The file to write (default: standard output)"));
+    m_command->add_option("--to", m_format, tr("Format of the file"))
         ->required()
         ->check(CLI::IsMember({verseLines, osis}))
         ->option_text("verse-lines|osis");

@@ -26,11 +26,26 @@ std::string row(const std::string& name, const std::string& description)
 
 CHelpFormatter::CHelpFormatter()
 {
-    for (const char* word :
-         {translatable("Usage"), translatable("OPTIONS"), translatable("SUBCOMMAND"),
-          translatable("Positionals"), translatable("Options"), translatable("TEXT"), translatable("DIR"),
-          translatable("FILE"), translatable("NAME"), translatable("MODULE")})
+    for (const char* word : {translatable("Usage"), translatable("OPTIONS"), translatable("SUBCOMMAND"),
+                             translatable("Positionals"), translatable("Options"), translatable("TEXT"),
+                             translatable("DIR"), translatable("NAME")})
         label(word, tr(word));
+}
+
+std::string argumentName(const std::string& name)
+{
+    for (const char* known : {translatable("SOURCE"), translatable("MODULE-FOLDER"), translatable("MODULE"),
+                              translatable("OTHER"), translatable("REFERENCE"), translatable("TEXT"),
+                              translatable("PREFIX"), translatable("FILE")})
+        if (name == known)
+            return tr(known);
+    return name;
+}
+
+std::string CHelpFormatter::make_option_name(const CLI::Option* option, bool isPositional) const
+{
+    const std::string name = Formatter::make_option_name(option, isPositional);
+    return isPositional ? argumentName(name) : name;
 }
 
 std::string CHelpFormatter::make_group(std::string group, bool isPositional,
@@ -56,7 +71,7 @@ std::string CHelpFormatter::make_option_opts(const CLI::Option* option) const
     if (!option->get_option_text().empty())
         return ' ' + option->get_option_text();
     const bool hasValue = option->get_type_size() != 0 && !option->get_type_name().empty();
-    return hasValue ? ' ' + get_label(option->get_type_name()) : "";
+    return hasValue ? ' ' + argumentName(get_label(option->get_type_name())) : "";
 }
 
 } // namespace Kedrin::ModTool

@@ -22,7 +22,7 @@ constexpr const char* page = translatable("Example:\n"
                                           "\n"
                                           "Exit codes:\n"
                                           "  0  done\n"
-                                          "  2  the arguments make no sense\n"
+                                          "  2  invalid arguments\n"
                                           "  3  the module cannot be read");
 
 void writeLines(const ModuleFacts& facts, std::ostream& out)
@@ -38,12 +38,12 @@ void writeLines(const ModuleFacts& facts, std::ostream& out)
                    counted(facts.versesCount, "verse", "verses"), facts.emptyVersesCount,
                    counted(facts.wordsCount, "word", "words"), counted(facts.byteCount, "byte", "bytes"))
         << '\n'
-        << message("numbering: %s, %s none; %s",
-                   counted(facts.movedCount, "verse has another number in the common numbering",
-                           "verses have another number in the common numbering"),
-                   facts.outsideCount,
-                   counted(facts.keptCount, "verse keeps its place on the way there and back",
-                           "verses keep their place on the way there and back"))
+        << message(
+               "numbering: %s, %s have none; %s",
+               counted(facts.movedCount, "verse has a different number in the global numbering",
+                       "verses have a different number in the global numbering"),
+               facts.outsideCount,
+               counted(facts.keptCount, "verse maps correctly both ways", "verses map correctly both ways"))
         << '\n';
     for (const BookFacts& book : facts.books)
         out << book.osis << '\t' << book.abbreviation << '\t' << book.title << '\t' << book.chaptersCount
@@ -94,10 +94,10 @@ private:
 } // namespace
 
 CInfoCommand::CInfoCommand(CLI::App& program)
-    : CQueryCommand(addCommand(program, "info", "Tell what a module says of itself and what it holds", page))
+    : CQueryCommand(addCommand(program, "info", "Show a module's metadata and contents", page))
 {
     m_command->add_option("MODULE", m_module, tr("The module's folder"))->required();
-    m_command->add_flag("--json", m_json, tr("As JSON"));
+    m_command->add_flag("--json", m_json, tr("Print the answer as JSON"));
 }
 
 int CInfoCommand::answer(std::ostream& out) const

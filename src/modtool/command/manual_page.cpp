@@ -35,9 +35,8 @@ public:
         for (const CLI::App* command : commands)
             describe(program, *command);
         section(tr("Environment"));
-        line(tr(
-            "LANGUAGE, LC_ALL, LC_MESSAGES and LANG say in which language the program speaks: Bulgarian or, "
-            "for any other, English. What programs read (--json) is English."));
+        line(tr("LANGUAGE, LC_ALL, LC_MESSAGES and LANG select the language of the messages: Bulgarian, or "
+                "English for any other. Output for other programs (--json) is always in English."));
         return m_page.str();
     }
 

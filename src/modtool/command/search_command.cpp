@@ -21,7 +21,7 @@ namespace Kedrin::ModTool {
 namespace {
 
 constexpr const char* page =
-    translatable("The verses are those that the window's search finds, in the same order.\n"
+    translatable("Finds the same verses as the search in the window, in the same order.\n"
                  "\n"
                  "Examples:\n"
                  "  kedrin-module search modules/bibles/my light\n"
@@ -30,7 +30,7 @@ constexpr const char* page =
                  "Exit codes:\n"
                  "  0  found\n"
                  "  1  nothing found\n"
-                 "  2  the arguments make no sense\n"
+                 "  2  invalid arguments\n"
                  "  3  the module cannot be read");
 
 using Tolvo::CRef;
@@ -73,26 +73,25 @@ private:
 } // namespace
 
 CSearchCommand::CSearchCommand(CLI::App& program)
-    : CQueryCommand(addCommand(program, "search", "Search a module for a text", page))
+    : CQueryCommand(addCommand(program, "search", "Search a module for text", page))
 {
     m_command->add_option("MODULE", m_module, tr("The module's folder"))->required();
-    m_command->add_option("TEXT", m_text, tr("What to search for; several words are one text"))
+    m_command->add_option("TEXT", m_text, tr("Text to search for; several words are one text"))
         ->type_name("")
         ->required();
     auto* wholeWord =
-        m_command->add_flag("--whole-word", m_wholeWord, tr("Only as a whole word, in any case"));
-    m_command->add_flag("--part", m_part, tr("Inside words too; this is so if nothing is said"))
-        ->excludes(wholeWord);
-    m_command->add_flag("--case", m_case, tr("Only in just this case"));
-    m_command->add_flag("--count", m_count, tr("Only how many verses hold it"));
-    m_command->add_flag("--json", m_json, tr("As JSON"));
+        m_command->add_flag("--whole-word", m_wholeWord, tr("Match whole words only, in any case"));
+    m_command->add_flag("--part", m_part, tr("Match inside words too (default)"))->excludes(wholeWord);
+    m_command->add_flag("--case", m_case, tr("Match case"));
+    m_command->add_flag("--count", m_count, tr("Show only the number of verses found"));
+    m_command->add_flag("--json", m_json, tr("Print the answer as JSON"));
 }
 
 std::string CSearchCommand::usageError() const
 {
     if (m_wholeWord && m_case)
-        return tr("--whole-word finds a word in any case, so it goes without --case");
-    return joined(m_text, " ").empty() ? tr("search needs a text") : "";
+        return tr("--whole-word ignores case, so it cannot be combined with --case");
+    return joined(m_text, " ").empty() ? tr("the text to search for is empty") : "";
 }
 
 SearchMode CSearchCommand::mode() const

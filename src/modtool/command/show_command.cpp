@@ -4,8 +4,8 @@
 #include "command_line.h"
 #include "exit_codes.h"
 #include "messages.h"
-#include "stored_markup.h"
 #include "query_command.h"
+#include "stored_markup.h"
 #include "text_columns.h"
 #include "verse_alignment.h"
 
@@ -20,9 +20,9 @@ namespace Kedrin::ModTool {
 namespace {
 
 constexpr const char* page =
-    translatable("Books are named by their titles in the module, full, short or abbreviated, by Bulgarian or "
-                 "English names and\n"
-                 "abbreviations, or by OSIS ids, in any case.\n"
+    translatable("A book can be given by its title in the module (full, short or abbreviated), by a "
+                 "Bulgarian or English name or\n"
+                 "abbreviation, or by its OSIS id. Case does not matter.\n"
                  "\n"
                  "Examples:\n"
                  "  kedrin-module show modules/bibles/my Jn 3:16\n"
@@ -31,8 +31,8 @@ constexpr const char* page =
                  "\n"
                  "Exit codes:\n"
                  "  0  done\n"
-                 "  1  the module has no such verse, or the reference is none\n"
-                 "  2  the arguments make no sense\n"
+                 "  1  the module has no such verse, or this is not a reference\n"
+                 "  2  invalid arguments\n"
                  "  3  a module cannot be read");
 
 using Tolvo::CRef;
@@ -105,10 +105,10 @@ CShowCommand::CShowCommand(CLI::App& program)
         ->add_option("REFERENCE", m_reference, tr("Book, chapter or verses: John 3:16, Gen 1:1-5, Ps 119"))
         ->required();
     m_command
-        ->add_option("--with", m_others, tr("A further module to show beside it; may be given several times"))
+        ->add_option("--with", m_others, tr("Another module to show beside it; may be given several times"))
         ->type_name("MODULE")
         ->allow_extra_args(false);
-    m_command->add_option("--width", m_width, tr("Columns of text in all, for several modules"))
+    m_command->add_option("--width", m_width, tr("Total width in columns, for several modules"))
         ->check(CLI::Range(20, 1000))
         ->option_text("N");
 }

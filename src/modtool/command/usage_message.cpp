@@ -1,5 +1,6 @@
 #include "usage_message.h"
 
+#include "help_formatter.h"
 #include "messages.h"
 
 #include <array>
@@ -10,28 +11,26 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-/// A sentence of the parser, "%s" where it puts something in, and what is said instead.
+/// A message of the parser, with "%s" for what it inserts, and the message shown instead.
 struct Sentence
 {
     const char* parsers;
     const char* english;
 };
 
-constexpr Sentence unchanged(const char* english) { return {english, english}; }
-
 constexpr std::array sentences = {
-    unchanged(translatable("The following argument was not expected: %s")),
-    unchanged(translatable("The following arguments were not expected: %s")),
-    unchanged(translatable("A subcommand is required")),
-    unchanged(translatable("%s is required")),
-    Sentence{"%s: %s required %s missing", translatable("%s needs a value")},
+    Sentence{"The following argument was not expected: %s", translatable("unexpected argument: %s")},
+    Sentence{"The following arguments were not expected: %s", translatable("unexpected arguments: %s")},
+    Sentence{"A subcommand is required", translatable("a command is required")},
+    Sentence{"%s is required", translatable("%s is required")},
+    Sentence{"%s: %s required %s missing", translatable("%s requires a value")},
     Sentence{"%s: At Most %s required but received %s", translatable("%s may be given only once")},
-    unchanged(translatable("Could not convert: %s = %s")),
-    unchanged(translatable("%s: Value %s not in range %s to %s")),
-    unchanged(translatable("%s: %s not in %s")),
-    unchanged(translatable("%s: too many inputs for a flag")),
-    unchanged(translatable("%s was given a disallowed flag override")),
-    unchanged(translatable("%s excludes %s")),
+    Sentence{"Could not convert: %s = %s", translatable("invalid value: %s = %s")},
+    Sentence{"%s: Value %s not in range %s to %s", translatable("%s: %s is not between %s and %s")},
+    Sentence{"%s: %s not in %s", translatable("%s: %s is not one of %s")},
+    Sentence{"%s: too many inputs for a flag", translatable("%s: too many values")},
+    Sentence{"%s was given a disallowed flag override", translatable("%s does not take a value")},
+    Sentence{"%s excludes %s", translatable("%s cannot be combined with %s")},
 };
 
 /// What stands in `said` where `sentence` has its "%s"; nothing where it is another sentence.
@@ -64,8 +63,11 @@ std::string usageMessage(const CLI::ParseError& error)
 {
     std::string said = error.what();
     for (const Sentence& sentence : sentences)
-        if (const auto parts = partsOf(said, sentence.parsers))
+        if (auto parts = partsOf(said, sentence.parsers)) {
+            for (std::string& part : *parts)
+                part = argumentName(part);
             return expanded(tr(sentence.english), *parts);
+        }
     return said; // our own, in the user's language already
 }
 

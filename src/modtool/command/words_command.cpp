@@ -4,9 +4,9 @@
 #include "exit_codes.h"
 #include "messages.h"
 #include "module_words.h"
-#include "stored_markup.h"
 #include "query_command.h"
 #include "search_text.h"
+#include "stored_markup.h"
 #include "ut_utils.h"
 
 #include <CLI/CLI.hpp>
@@ -23,8 +23,8 @@ constexpr const char* page = translatable("Examples:\n"
                                           "\n"
                                           "Exit codes:\n"
                                           "  0  done\n"
-                                          "  1  no word begins so\n"
-                                          "  2  the arguments make no sense\n"
+                                          "  1  no word starts with PREFIX\n"
+                                          "  2  invalid arguments\n"
                                           "  3  the module cannot be read");
 
 bool beginsWith(const std::string& word, const std::string& prefix)
@@ -54,8 +54,8 @@ CWordsCommand::CWordsCommand(CLI::App& program)
     : CQueryCommand(addCommand(program, "words", "List the words of a module", page))
 {
     m_command->add_option("MODULE", m_module, tr("The module's folder"))->required();
-    m_command->add_option("PREFIX", m_prefix, tr("Only words that begin so, in whatever case"));
-    m_command->add_flag("--counts", m_counts, tr("With the number of verses that hold the word"));
+    m_command->add_option("PREFIX", m_prefix, tr("List only words that start with this, in any case"));
+    m_command->add_flag("--counts", m_counts, tr("Add the number of verses that contain the word"));
 }
 
 int CWordsCommand::answer(std::ostream& out) const

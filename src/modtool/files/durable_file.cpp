@@ -68,7 +68,7 @@ public:
     void requireRegular() const
     {
         if (!isRegularFile(m_descriptor))
-            failToWrite(m_name, tr("it is no regular file"));
+            failToWrite(m_name, tr("it is not a regular file"));
     }
 
     /// Waits until no other descriptor of the file is locked.

@@ -41,9 +41,9 @@ void checkReplaceable(const std::string& path)
     if (!fs::exists(status))
         return;
     if (!fs::is_directory(status))
-        throw CBuildError(message("%s: is no folder", path));
+        throw CBuildError(message("%s: is not a folder", path));
     if (!fs::exists(path + '/' + titlesFileName) && !fs::is_empty(path, error))
-        throw CBuildError(message("%s: is not empty and holds no module", path));
+        throw CBuildError(message("%s: is not empty and contains no module, so it is not replaced", path));
 }
 
 } // namespace
@@ -55,7 +55,8 @@ void checkOutside(const std::string& fileName, const std::string& folder)
     std::error_code ignored;
     const fs::path file = fs::weakly_canonical(fileName, ignored);
     if (std::mismatch(whole.begin(), whole.end(), file.begin(), file.end()).first == whole.end())
-        throw CBuildError(message("%s: lies in the module's folder, which is replaced as a whole", fileName));
+        throw CBuildError(
+            message("%s: is inside the module's folder, which is replaced as a whole", fileName));
 }
 
 CModuleFolder::CModuleFolder(const std::string& path) : m_path(plainPath(path)), m_parent(folderOf(m_path))
@@ -96,7 +97,7 @@ void CModuleFolder::lock()
             failToWrite(m_lockName, std::strerror(errno));
         if (!isRegularFile(m_lock)) {
             ::close(m_lock);
-            failToWrite(m_lockName, tr("it is no regular file"));
+            failToWrite(m_lockName, tr("it is not a regular file"));
         }
         if (::flock(m_lock, LOCK_EX | LOCK_NB) != 0) {
             ::close(m_lock);

@@ -6,7 +6,7 @@
 namespace Kedrin::ModTool {
 
 /// Sees to it that a file is not lost with the module that is replaced.
-/// @throws CBuildError  "%s: lies in the module's folder, which is replaced as a whole", and what CModuleFolder's
+/// @throws CBuildError  "%s: is inside the module's folder, which is replaced as a whole", and what CModuleFolder's
 ///                      constructor says of a folder that it does not replace
 void checkOutside(const std::string& fileName, const std::string& folder);
 
@@ -26,7 +26,8 @@ public:
     /// @param path  the module's folder, absent, empty or a module (it holds BibleTitles.txt); of a link, where it
     ///              leads. The folder around it is made where it is missing.
     /// @throws CFolderBusy  "%s: another build of this folder is running"
-    /// @throws CBuildError  "%s: is no folder", "%s: is not empty and holds no module", "%s: cannot be written (%s)"
+    /// @throws CBuildError  "%s: is not a folder", "%s: is not empty and contains no module, so it is not replaced",
+    ///                      "%s: cannot be written (%s)"
     explicit CModuleFolder(const std::string& path);
     ~CModuleFolder();
     CModuleFolder(const CModuleFolder&) = delete;

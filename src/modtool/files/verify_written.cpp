@@ -48,7 +48,7 @@ void checkTextPoints(const std::string& folder, const ModuleData& module)
     std::size_t byteOffset = 0;
     for (unsigned int verseNum = 0; verseNum < module.verses.size(); ++verseNum) {
         if (points[verseNum] != byteOffset)
-            differ(message("where the text of %s begins", positionInModule(module, verseNum)));
+            differ(message("the start of the text of %s", positionInModule(module, verseNum)));
         byteOffset += verseLengthBytes + escapedSize(module.verse(verseNum));
     }
     checkSize(folder, textFileName, byteOffset);
@@ -70,7 +70,7 @@ void checkWordPoints(const std::string& folder, const WordIndex& index)
     for (unsigned int word = 0; word < index.words.size(); ++word) {
         const std::size_t entryOffset = index.firstEntry[word] + word; // a count stands before each word's
         if (wordPoints[word] != byteOffset || entryPoints[word] != entryOffset)
-            differ(message("where the word %s begins", toUtf8(index.words[word])));
+            differ(message("the start of the word %s", toUtf8(index.words[word])));
         byteOffset += index.words[word].size() + lineEndBytes;
     }
     checkSize(folder, wordListFileName, byteOffset);
@@ -158,7 +158,7 @@ void checkPlaces(const CBible& bible, const ModuleData& module, unsigned int wan
                 isAt(bible.toLocal(CRef(pair.globalBook, pair.global.chapter, pair.global.verse, true)),
                      pair.localBook, pair.local);
     if (kept != wanted)
-        differ(tr("the places of the verses"));
+        differ(tr("the positions of the verses"));
 }
 
 } // namespace
@@ -177,7 +177,7 @@ std::uint64_t checkWritten(const std::string& folder, const ModuleData& module, 
         return letters;
     } catch (const std::exception& ex) {
         throw CBuildError(
-            message("%s: the written module does not read back: %s", folder, withSystemReason(ex)));
+            message("%s: the written module failed verification: %s", folder, withSystemReason(ex)));
     }
 }
 

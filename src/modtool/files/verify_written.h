@@ -11,7 +11,7 @@ namespace Kedrin::ModTool {
 /// structure, every verse, words, concordance, information, and how many verses keep their place both ways.
 /// @returns letters and digits of the verses that were read
 /// @param kept  how many of the module's places the differences are meant to keep
-/// @throws CBuildError  "%s: the written module does not read back: %s", the folder and what is wrong
+/// @throws CBuildError  "%s: the written module failed verification: %s", the folder and what is wrong
 std::uint64_t checkWritten(const std::string& folder, const ModuleData& module, unsigned int kept);
 
 } // namespace Kedrin::ModTool

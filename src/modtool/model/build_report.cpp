@@ -20,7 +20,7 @@ std::string occasions(const char* label, const Tally& what, const char* singular
 {
     if (what.count == 0)
         return "";
-    return line(label, message("%s, first %s", counted(what.count, singular, plural), what.firstPosition));
+    return line(label, message("%s, first at %s", counted(what.count, singular, plural), what.firstPosition));
 }
 
 std::string replacedLine(const ReplacedKind& kind)
@@ -29,8 +29,8 @@ std::string replacedLine(const ReplacedKind& kind)
     const std::string from = describeCharacter(kind.from);
     const std::string times = counted(kind.replaced.count, "time", "times");
     return line(translatable("replaced"),
-                to.empty() ? message("%s removed, %s, first %s", from, times, kind.firstPosition)
-                           : message("%s by \"%s\", %s, first %s", from, to, times, kind.firstPosition));
+                to.empty() ? message("%s removed, %s, first at %s", from, times, kind.firstPosition)
+                           : message("%s with \"%s\", %s, first at %s", from, to, times, kind.firstPosition));
 }
 
 std::string trimmedLine(const BuildReport& report)
@@ -60,7 +60,7 @@ std::string matterOf(std::string_view code)
 std::string omittedLine(const OmittedBook& book)
 {
     if (book.versesCount != 0)
-        return line(translatable("left out"), message("%s: %s, not in the common numbering", book.osis,
+        return line(translatable("left out"), message("%s: %s, not in the global numbering", book.osis,
                                                       counted(book.versesCount, "verse", "verses")));
     const std::string matter = matterOf(book.osis);
     return line(translatable("left out"), matter.empty()
@@ -72,26 +72,27 @@ std::string numberingLines(const BuildReport& report)
 {
     const DiffFigures& diff = report.diff;
     return line(translatable("numbering"), report.versificationGuessed
-                                               ? message("%s (fits best)", report.versification)
+                                               ? message("%s (best match)", report.versification)
                                                : report.versification) +
-           line("", message("%s of %s verses keep their place both ways (%s without any record)", diff.kept,
+           line("", message("%s of %s verses map correctly both ways (%s without any record)", diff.kept,
                             diff.versesCount, diff.keptWithout)) +
            (diff.withoutPlace == 0
                 ? ""
-                : line("", counted(diff.withoutPlace, "verse has no place in the common numbering",
-                                   "verses have no place in the common numbering")));
+                : line("", counted(diff.withoutPlace, "verse has no position in the global numbering",
+                                   "verses have no position in the global numbering")));
 }
 
 } // namespace
 
 std::string BuildReport::text() const
 {
-    std::string report = line(translatable("module"), folder) + line(translatable("title"), title) +
-                         line(translatable("holds"), counted(booksCount, "book", "books") + ", " +
-                                                         counted(chaptersCount, "chapter", "chapters") +
-                                                         ", " + counted(versesCount, "verse", "verses")) +
-                         line(translatable("words"), message("%s different of %s", wordsCount, occurrences)) +
-                         numberingLines(*this);
+    std::string report =
+        line(translatable("module"), folder) + line(translatable("title"), title) +
+        line(translatable("contains"), counted(booksCount, "book", "books") + ", " +
+                                           counted(chaptersCount, "chapter", "chapters") + ", " +
+                                           counted(versesCount, "verse", "verses")) +
+        line(translatable("words"), message("%s distinct, %s in total", wordsCount, occurrences)) +
+        numberingLines(*this);
     for (const OmittedBook& book : omittedBooks)
         report += omittedLine(book);
     report += findings.text();
@@ -102,8 +103,8 @@ std::string BuildReport::text() const
         occasions(translatable("without text"), emptyChapters, "chapter inside a book, kept as one verse",
                   "chapters inside books, each kept as one verse");
     report += occasions(translatable("left out"), longWords,
-                        "word of more than 39 bytes from the list of words, its verse kept",
-                        "words of more than 39 bytes from the list of words, their verses kept");
+                        "word of more than 39 bytes from the word list; its verse is kept",
+                        "words of more than 39 bytes from the word list; their verses are kept");
     for (const ReplacedKind& kind : replaced)
         report += replacedLine(kind);
     return report;
@@ -125,7 +126,7 @@ void BuildReport::checkLetters() const
     const std::int64_t found = static_cast<std::int64_t>(letters.module) + lettersLeftOut();
     if (given != found)
         throw CBuildError(
-            message("the source has %s letters and digits, %s are accounted for; this is an error in "
+            message("the source has %s letters and digits, but %s are accounted for; this is a bug in "
                     "kedrin-module, please report it",
                     given, found));
 }
@@ -140,13 +141,13 @@ std::string BuildReport::letterAccount() const
     if (letters.attributes != 0)
         account += part(message("%s more in its attributes, taken as text", letters.attributes));
     if (letters.change != 0)
-        account += part(message("%s more or fewer by replaced characters", letters.change));
+        account += part(message("%s more or fewer because of replaced characters", letters.change));
     account += part(message("%s in the verses of the module", letters.module));
     for (const std::string& leftOut : findings.letterParts())
         account += part(leftOut);
     for (const OmittedBook& book : omittedBooks)
         if (book.letters != 0)
-            account += part(message("%s in %s, not in the common numbering", book.letters, book.osis));
+            account += part(message("%s in %s, not in the global numbering", book.letters, book.osis));
     return account;
 }
 

@@ -29,36 +29,35 @@ constexpr Wording wording(const char* label, const char* singular, const char* p
 
 // In the order of ReaderRule.
 constexpr std::array<Wording, static_cast<std::size_t>(ReaderRule::count)> wordings{
-    wording(translatable("joined"), "range of verses, its text at the first",
-            "ranges of verses, their text at the first"),
+    wording(translatable("joined"), "range of verses, with the text in the first",
+            "ranges of verses, with the text in the first"),
     wording(translatable("joined"), "part of a verse", "parts of verses"),
-    wording(translatable("joined"), "verse given again", "verses given again"),
+    wording(translatable("joined"), "verse given more than once", "verses given more than once"),
     wording(translatable("left out"), "verse repeated word for word", "verses repeated word for word"),
     wording(translatable("joined"), "verse 0, put before the next verse",
             "verses 0, put before the next verse"),
     wording(translatable("joined"), "psalm title, put before its text",
             "psalm titles, put before their text"),
-    wording(translatable("joined"), "verse without a number, to the verse before it",
-            "verses without a number, to the verses before them"),
-    wording(translatable("taken"), "chapter without a number for the next one",
-            "chapters without a number for the next ones"),
-    wording(translatable("taken"), "book by its name, being without a number or code",
-            "books by their names, being without a number or code"),
-    wording(translatable("taken"), "Greek Esther or Daniel for the book itself",
-            "Greek Esther and Daniel for the books themselves"),
+    wording(translatable("joined"), "verse without a number, with the verse before it",
+            "verses without a number, with the verses before them"),
+    wording(translatable("interpreted"), "chapter without a number as the next one",
+            "chapters without a number as the next ones"),
+    wording(translatable("interpreted"), "book without a number or code by its name",
+            "books without a number or code by their names"),
+    wording(translatable("interpreted"), "Greek Esther or Daniel as the book itself",
+            "Greek Esther and Daniel as the books themselves"),
     wording(translatable("kept"), "text of an unknown marker", "texts of unknown markers"),
-    wording(translatable("without sign"), "quotation that the source marks",
-            "quotations that the source marks"),
+    wording(translatable("unmarked"), "quotation tagged in the source", "quotations tagged in the source"),
     wording(translatable("left out"), "note", "notes"),
     wording(translatable("left out"), "title", "titles"),
-    wording(translatable("left out"), "other reading", "other readings"),
-    wording(translatable("left out"), "number of another numbering", "numbers of another numbering"),
+    wording(translatable("left out"), "variant reading", "variant readings"),
+    wording(translatable("left out"), "number in another numbering", "numbers in another numbering"),
     wording(translatable("left out"), "figure or index entry", "figures or index entries"),
     wording(translatable("left out"), "text before a psalm's first verse, perhaps its title",
             "texts before a psalm's first verse, perhaps its title"),
     wording(translatable("left out"), "text outside the verses", "texts outside the verses"),
-    wording(translatable("ended"), "note without an end, with its paragraph",
-            "notes without an end, with their paragraphs"),
+    wording(translatable("closed"), "note without an end, at the end of its paragraph",
+            "notes without an end, at the end of their paragraphs"),
     wording(translatable("left out"), "field of a further column", "fields of further columns"),
     Wording{"", "", ""}, // attributes, metadata and places have no line
     Wording{"", "", ""},
@@ -120,7 +119,7 @@ std::string SourceFindings::text() const
         if (found.count == 0 || !hasLine(what))
             continue;
         lines += padded(tr(wordings[i].label), labelColumns) +
-                 message("%s, first %s", counted(found.count, wordings[i].singular, wordings[i].plural),
+                 message("%s, first at %s", counted(found.count, wordings[i].singular, wordings[i].plural),
                          found.firstPosition) +
                  '\n';
         if (what == ReaderRule::psalmText)
@@ -142,16 +141,16 @@ std::vector<std::string> SourceFindings::letterParts() const
             continue;
         switch (static_cast<ReaderRule>(i)) {
         case ReaderRule::metadata:
-            parts.push_back(message("%s in titles and remarks of the source about itself", m_letters[i]));
+            parts.push_back(message("%s in titles and metadata of the source", m_letters[i]));
             break;
         case ReaderRule::place:
             parts.push_back(message("%s in names of books, numbers and marks of lines", m_letters[i]));
             break;
         case ReaderRule::attribute:
-            parts.push_back(message("%s in attributes of markers", m_letters[i]));
+            parts.push_back(message("%s in marker attributes", m_letters[i]));
             break;
         case ReaderRule::unknownMarker:
-            parts.push_back(message("%s in names of markers", m_letters[i]));
+            parts.push_back(message("%s in marker names", m_letters[i]));
             break;
         default:
             parts.push_back(message("%s in %s", m_letters[i],

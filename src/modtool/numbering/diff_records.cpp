@@ -35,7 +35,7 @@ std::vector<DiffRecord> parseDiffRecords(std::string_view text)
     const std::string_view rest =
         forEachDiffRecord(text, [&](const DiffRecord& record) { records.push_back(record); });
     if (rest.find_first_not_of(" \t\n\v\f\r") != std::string_view::npos)
-        throw CBuildError(tr("the differences are no records of five numbers"));
+        throw CBuildError(tr("the differences are not records of five numbers"));
     return records;
 }
 

@@ -18,7 +18,7 @@ std::string_view forEachDiffRecord(std::string_view text, const std::function<vo
 std::vector<DiffRecord> readDiffRecords(std::string_view text);
 
 /// The records of a text that holds nothing else.
-/// @throws CBuildError  "the differences are no records of five numbers"
+/// @throws CBuildError  "the differences are not records of five numbers"
 std::vector<DiffRecord> parseDiffRecords(std::string_view text);
 
 /// A record as _Diff_.txt writes it: "1 2 2 0 -1".

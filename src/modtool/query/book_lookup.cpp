@@ -4,8 +4,8 @@
 #include "common_books.h"
 #include "errors.h"
 #include "messages.h"
-#include "stored_markup.h"
 #include "spelling.h"
+#include "stored_markup.h"
 
 #include <algorithm>
 
@@ -50,15 +50,16 @@ unsigned int CBookLookup::find(const std::string& name) const
         found =
             booksWith([&](const Name& n) { return n.key.starts_with(key) && titles.hasBook(n.globalID); });
     if (found.size() > 1)
-        throw CNotFound(message("\"%s\" may be %s", name, listed(found)));
+        throw CNotFound(message("\"%s\" is ambiguous: %s", name, listed(found)));
     if (found.empty()) {
         const std::vector<unsigned int> like = booksLike(key);
-        throw CNotFound(
-            like.empty() ? message("\"%s\" is no book of the module", name)
-                         : message("\"%s\" is no book of the module (did you mean %s?)", name, listed(like)));
+        throw CNotFound(like.empty() ? message("\"%s\" is not a book of the module", name)
+                                     : message("\"%s\" is not a book of the module (did you mean %s?)", name,
+                                               listed(like)));
     }
     if (!titles.hasBook(found.front()))
-        throw CNotFound(message("the module has no book %s", commonBooks()[found.front()].osis));
+        throw CNotFound(
+            message("the module has no book \"%s\" (%s)", name, commonBooks()[found.front()].osis));
     return titles.localID(found.front());
 }
 

@@ -22,9 +22,9 @@ public:
 
     /// @returns the book's local number
     /// @throws CNotFound
-    ///     "\"%s\" may be %s": several books, by their titles in the module
-    ///     "the module has no book %s": a common name, with the book's OSIS id
-    ///     "\"%s\" is no book of the module" and, where names are alike, " (did you mean %s?)"
+    ///     "\"%s\" is ambiguous: %s": several books, by their titles in the module
+    ///     "the module has no book \"%s\" (%s)": a common name, with the book's OSIS id
+    ///     "\"%s\" is not a book of the module" and, where names are alike, " (did you mean %s?)"
     unsigned int find(const std::string& name) const;
 
 private:

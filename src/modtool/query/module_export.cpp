@@ -27,7 +27,7 @@ std::vector<ModuleBook> moduleBooks(const CModuleReader& module)
         const unsigned int globalID = module.titles().globalID(book);
         books.push_back({std::string(commonBooks()[globalID].osis), globalID, {}});
         if (module.titles().localID(globalID) != book)
-            throw CModuleError(message("%s: the book %s stands twice", module.folder(), books.back().osis));
+            throw CModuleError(message("%s: the book %s appears twice", module.folder(), books.back().osis));
         for (unsigned int chapter = 0; chapter < module.structure().chaptersCount(book); ++chapter)
             books.back().versesCount.push_back(module.structure().versesCount(book, chapter));
     }
@@ -94,8 +94,8 @@ SourceBible exportModule(const CModuleReader& module)
         0, static_cast<unsigned int>(places.size()), [&](unsigned int verseNum, std::string_view stored) {
             const CRef& place = places[verseNum];
             if (place.chapter() >= maxSourceNumber || place.verse() >= maxSourceNumber)
-                throw CModuleError(message("%s: %s is beyond the numbers of a source", module.folder(),
-                                           module.label(place)));
+                throw CModuleError(
+                    message("%s: %s is out of range for a source", module.folder(), module.label(place)));
             const std::string text = plainText(stored);
             bible.verses.push_back({place.bookID(), static_cast<std::uint16_t>(place.chapter() + 1),
                                     static_cast<std::uint16_t>(place.verse() + 1),

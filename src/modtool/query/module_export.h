@@ -14,7 +14,7 @@ namespace Kedrin::ModTool {
 ///
 /// Of a module that `build` made, a build of this makes the same ten files, byte for byte. Of another one the markup of
 /// the verses is lost, empty verses at the end of chapters go, and words are found by the tool's own rule.
-/// @throws CModuleError  "%s: the book %s stands twice", "%s: %s is beyond the numbers of a source", and what CModuleReader throws
+/// @throws CModuleError  "%s: the book %s appears twice", "%s: %s is out of range for a source", and what CModuleReader throws
 SourceBible exportModule(const CModuleReader& module);
 
 } // namespace Kedrin::ModTool

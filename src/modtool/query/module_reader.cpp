@@ -45,7 +45,7 @@ CModuleReader::CModuleReader(const std::string& folder) : m_folder(withoutSlashe
 {
     std::error_code ignored;
     if (!std::filesystem::is_directory(m_folder, ignored))
-        throw CModuleError(message("%s: is no module folder", m_folder));
+        throw CModuleError(message("%s: is not a module folder", m_folder));
     try {
         open();
     } catch (const std::exception& ex) {
@@ -74,12 +74,12 @@ void CModuleReader::validate()
     const std::uint64_t points = pointFile.size() / pointBytes;
     if (m_structure->totalVersesCount() > points)
         throw CModuleError(
-            message("%s: BibleStructure.csv counts %s verses, CompactPoint.bin has places for %s", m_folder,
-                    m_structure->totalVersesCount(), points));
+            message("%s: BibleStructure.csv counts %s verses, but CompactPoint.bin has records for %s",
+                    m_folder, m_structure->totalVersesCount(), points));
     unsigned int verseNum = 0;
     for (unsigned int book = 0; book < m_titles->booksCount(); ++book) {
         if (m_titles->globalID(book) >= commonBooksCount)
-            throw CModuleError(message("%s: book %s has the common number %s, 76 is the last", m_folder,
+            throw CModuleError(message("%s: book %s has the global number %s; the last is 76", m_folder,
                                        book + 1, m_titles->globalID(book)));
         m_firstVerseNums.push_back(verseNum);
         for (unsigned int chapter = 0; chapter < m_structure->chaptersCount(book); ++chapter)

@@ -35,10 +35,10 @@ class CModuleReader
 public:
     /// Opens the files but for those of the words. They need not lie in a modules directory.
     /// @param folder  native path, with or without a trailing '/'
-    /// @throws CModuleError  "%s: is no module folder"
+    /// @throws CModuleError  "%s: is not a module folder"
     ///     "%s: the module cannot be read: %s", with the engine's message
-    ///     "%s: BibleStructure.csv counts %u verses, CompactPoint.bin has places for %u"
-    ///     "%s: book %u has the common number %u, 76 is the last"
+    ///     "%s: BibleStructure.csv counts %u verses, but CompactPoint.bin has records for %u"
+    ///     "%s: book %u has the global number %u; the last is 76"
     explicit CModuleReader(const std::string& folder);
 
     const std::string& folder() const { return m_folder; } ///< without a trailing '/'

@@ -22,8 +22,8 @@ std::vector<unsigned int> versesWithWord(const CModuleReader& module, const std:
     const unsigned int count = module.structure().totalVersesCount();
     for (const unsigned int verseNum : verseNums)
         if (verseNum >= count)
-            throw CModuleError(message("%s: the word \"%s\" is said to be in verse %s of %s", module.folder(),
-                                       plainLine(word), verseNum + 1, count));
+            throw CModuleError(message("%s: the concordance puts the word \"%s\" in verse %s of %s",
+                                       module.folder(), plainLine(word), verseNum + 1, count));
     return verseNums;
 }
 

@@ -18,7 +18,7 @@ enum class SearchMode
 /// CBible gives common references only, from which not every module's differences lead back, and it ends the program
 /// where a file is damaged; this is the same search over the same readers without either.
 /// @param text  Windows-1251
-/// @throws CModuleError  "%s: the word \"%s\" is said to be in verse %u of %u" and what the readers throw
+/// @throws CModuleError  "%s: the concordance puts the word \"%s\" in verse %u of %u" and what the readers throw
 std::vector<Tolvo::CRef> searchModule(const CModuleReader& module, const std::string& text, SearchMode mode);
 
 } // namespace Kedrin::ModTool

@@ -15,7 +15,7 @@ namespace {
 void refuseBrokenRecords(const std::string& fileName, std::size_t recordBytes)
 {
     if (ut::CInputFile(fileName.c_str()).size() % recordBytes != 0)
-        throw CModuleError(message("%s: ends inside a record", fileName));
+        throw CModuleError(message("%s: ends in the middle of a record", fileName));
 }
 
 } // namespace

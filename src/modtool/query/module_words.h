@@ -15,7 +15,7 @@ namespace Kedrin::ModTool {
 class CModuleWords
 {
 public:
-    /// @throws CModuleError  "%s: the words cannot be read: %s", "%s/%s: ends inside a record"
+    /// @throws CModuleError  "%s: the words cannot be read: %s", "%s/%s: ends in the middle of a record"
     explicit CModuleWords(const std::string& folder);
 
     const Tolvo::CWordList& list() const { return *m_list; }

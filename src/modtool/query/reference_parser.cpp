@@ -127,7 +127,7 @@ private:
     unsigned int versesIn(unsigned int chapter) const
     {
         if (chapter < 1 || chapter > chaptersCount())
-            throw CNotFound(message("%s has %s, there is no chapter %s", m_module.bookLabel(m_book),
+            throw CNotFound(message("%s has %s; there is no chapter %s", m_module.bookLabel(m_book),
                                     counted(chaptersCount(), "chapter", "chapters"), chapter));
         return m_module.structure().versesCount(m_book, chapter - 1);
     }
@@ -137,7 +137,7 @@ private:
     {
         const unsigned int count = versesIn(point.chapter);
         if (*point.verse < 1 || *point.verse > count)
-            throw CNotFound(message("%s has %s, there is no verse %s",
+            throw CNotFound(message("%s has %s; there is no verse %s",
                                     m_module.bookLabel(m_book) + ' ' + std::to_string(point.chapter),
                                     counted(count, "verse", "verses"), *point.verse));
         return {point.chapter - 1, *point.verse - 1};
@@ -161,7 +161,7 @@ VerseRange parseReference(const std::string& reference, const CModuleReader& mod
     const Parts parts = partsOf(reference);
     std::vector<Point> points;
     if (parts.name.empty() || (!parts.numbers.empty() && !CNumbers(parts.numbers).read(points)))
-        throw CNotFound(message("\"%s\" is no reference", reference));
+        throw CNotFound(message("\"%s\" is not a reference", reference));
     CResolver resolver(module, CBookLookup(module).find(parts.name));
     if (points.empty())
         return resolver.wholeBook();

@@ -28,7 +28,7 @@ struct VerseRange
 /// number greater than 1 is a verse.
 ///
 /// @throws CNotFound
-///     "\"%s\" is no reference"
+///     "\"%s\" is not a reference"
 ///     what CBookLookup throws
 ///     "%s has %u chapters, there is no chapter %u"; the book's label
 ///     "%s has %u verses, there is no verse %u"; the chapter's label

@@ -91,7 +91,7 @@ SourceBible readUsfmFolder(const std::string& folder, const std::vector<fs::path
         const std::string content = readText(file.string(), encoding);
         byteCount += content.size();
         if (byteCount > maxSourceBytes)
-            throw CBuildError(message("%s: holds more than 64 MiB", folder));
+            throw CBuildError(message("%s: contains more than 64 MiB", folder));
         reader.read(file.string(), content, file.filename().string());
     }
     SourceBible bible = reader.finish(folder);
@@ -131,7 +131,7 @@ std::optional<SourceBible> readPlainFolder(const std::string& folder, const std:
         const std::string content = readText(file.string(), encoding, &ofFile);
         byteCount += content.size();
         if (byteCount > maxSourceBytes)
-            throw CBuildError(message("%s: holds more than 64 MiB", folder));
+            throw CBuildError(message("%s: contains more than 64 MiB", folder));
         if (!isPlainFile(file, content)) {
             others.push_back(file.filename().string());
             continue;
@@ -145,7 +145,7 @@ std::optional<SourceBible> readPlainFolder(const std::string& folder, const std:
     SourceBible bible = reader.finish(folder);
     sayRecognised(bible, recognised);
     for (const std::string& name : others)
-        bible.findings.say(translatable("left out"), message("the file %s, which holds no verses", name));
+        bible.findings.say(translatable("left out"), message("the file %s, which contains no verses", name));
     return bible;
 }
 
@@ -159,8 +159,8 @@ SourceBible readFolder(const std::string& folder, const ReadOptions& options)
     if (options.format != SourceFormat::usfm)
         if (auto bible = readPlainFolder(folder, options.encoding))
             return std::move(*bible);
-    throw CBuildError(mayBeUsfm ? message("%s: holds no USFM file (*.usfm, *.sfm, *.ptx, *.scp)", folder)
-                                : message("%s: holds no file of plain lines", folder));
+    throw CBuildError(mayBeUsfm ? message("%s: contains no USFM file (*.usfm, *.sfm, *.ptx, *.scp)", folder)
+                                : message("%s: contains no file of plain lines", folder));
 }
 
 SourceBible readUsfmFile(const std::string& fileName, const std::string& content)
@@ -177,7 +177,7 @@ SourceBible readPlainFile(const std::string& fileName, const std::string& conten
     return reader.finish(fileName);
 }
 
-/// The format to read a content in. A text whose book is given can only be plain lines.
+/// Format of the file to read a content in. A text whose book is given can only be plain lines.
 SourceFormat formatOf(const std::string& content, const std::string& fileName, const ReadOptions& options)
 {
     SourceFormat format = options.format;
@@ -252,7 +252,7 @@ SourceBible readSourceFile(const std::string& path, const ReadOptions& options)
     const bool isFolder = fs::is_directory(path, ignored);
     if (isFolder && options.format != SourceFormat::detected && options.format != SourceFormat::usfm &&
         options.format != SourceFormat::plainLines)
-        throw CBuildError(message("%s: is a folder, which only USFM and plain lines may be", path));
+        throw CBuildError(message("%s: is a folder; only USFM and plain lines are read from folders", path));
     std::string recognised;
     SourceBible bible = isFolder ? readFolder(path, options)
                                  : readContent(path, readText(path, options.encoding, &recognised), options);

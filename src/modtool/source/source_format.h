@@ -41,10 +41,10 @@ SourceFormat detectFormat(std::string_view utf8, const std::string& fileName);
 /// after its file.
 /// @throws CBuildError
 ///     what readText(), detectFormat() and the formats' readers throw
-///     "%s: is a folder, which only USFM and plain lines may be", "%s: holds no file of plain lines"
+///     "%s: is a folder; only USFM and plain lines are read from folders", "%s: contains no file of plain lines"
 ///     "%s: --book is for a file of plain lines"
-///     "%s: holds no USFM file (*.usfm, *.sfm, *.ptx, *.scp)"
-///     "%s: holds more than 64 MiB"
+///     "%s: contains no USFM file (*.usfm, *.sfm, *.ptx, *.scp)"
+///     "%s: contains more than 64 MiB"
 SourceBible readSourceFile(const std::string& path, const ReadOptions& options);
 
 } // namespace Kedrin::ModTool

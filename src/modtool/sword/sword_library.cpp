@@ -130,7 +130,7 @@ std::string CSwordLibrary::resolve(const std::string& name) const
             return found.front();
     }
     throw CBuildError(message("no SWORD Bible is named \"%s\" (installed: %s)", name,
-                              all.empty() ? "none" : joined(all, ", ")));
+                              all.empty() ? tr("none") : joined(all, ", ")));
 }
 
 SourceBible CSwordLibrary::read(const std::string& name,

@@ -150,7 +150,7 @@ private:
         m_letters += inSource;
         if (inSource != found)
             throw CBuildError(
-                message("%s: %s letters and digits were read, %s are accounted for; this is an error in "
+                message("%s: %s letters and digits were read, but %s are accounted for; this is a bug in "
                         "kedrin-module, please report it",
                         placeName(), inSource, found));
     }

@@ -27,8 +27,7 @@ const System& asSystem(const void* system) { return *static_cast<const System*>(
 CVersification::CVersification(const std::string& name) : m_name(name), m_system(findSystem(name.c_str()))
 {
     if (!m_system)
-        throw CBuildError(
-            message("there is no versification \"%s\" (there are: %s)", name, joined(names(), ", ")));
+        throw CBuildError(message("unknown versification \"%s\" (known: %s)", name, joined(names(), ", ")));
 }
 
 std::vector<std::string> CVersification::names()

@@ -13,7 +13,7 @@ namespace Kedrin::ModTool {
 class CVersification
 {
 public:
-    /// @throws CBuildError  "there is no versification \"%s\" (there are: %s)"
+    /// @throws CBuildError  "unknown versification \"%s\" (known: %s)"
     explicit CVersification(const std::string& name);
 
     /// The names of all systems, KJV first, then in the order of the alphabet.

@@ -28,7 +28,7 @@ std::string searchText(std::string_view utf8)
         const icu::UnicodeString letter = cyrillicFor(text, i);
         const std::string substitute = letter.isEmpty() ? substituteFor(codePoint) : substituteFor(letter);
         if (substitute == "?")
-            throw CNotFound(message("no module can hold \"%s\" (%s)", utf8, describeCharacter(codePoint)));
+            throw CNotFound(message("no module can contain \"%s\" (%s)", utf8, describeCharacter(codePoint)));
         bytes += substitute;
     }
     return bytes;

@@ -114,7 +114,7 @@ void CTextEncoder::encodeAny(std::string_view utf8, std::uint32_t place, std::st
             icu::UnicodeString::fromUTF8(icu::StringPiece(utf8.data(), static_cast<int32_t>(utf8.size()))),
             status);
     if (U_FAILURE(status))
-        throw CBuildError(message("the Unicode library fails: %s", u_errorName(status)));
+        throw CBuildError(message("the Unicode library failed: %s", u_errorName(status)));
     CBlankFolder folder(out);
     m_letterChange -= static_cast<std::int64_t>(countLetters(utf8));
     for (int32_t i = 0; i < text.length(); i = text.moveIndex32(i, 1)) {

@@ -49,7 +49,7 @@ private:
     static void check(UErrorCode status)
     {
         if (U_FAILURE(status))
-            throw CBuildError(message("the Unicode library fails: %s", u_errorName(status)));
+            throw CBuildError(message("the Unicode library failed: %s", u_errorName(status)));
     }
 
     bool holdsLetterOrDigit(int32_t begin, int32_t end) const

@@ -95,7 +95,7 @@ TEST_F(AllSword, LeavesOutWhatWindows1251CannotHold)
 {
     addGreek();
     addOne();
-    const std::string leftOut = "Greek: left out: 14 of 14 letters have no likeness in Windows-1251\n";
+    const std::string leftOut = "Greek: skipped: 14 of 14 letters have no equivalent in Windows-1251\n";
     EXPECT_EQ(buildAll(), (Result{0, leftOut + firstLine, ""}));
     EXPECT_FALSE(fs::exists(directory() + "/greek"));
     EXPECT_EQ(buildAll(), (Result{0, leftOut + "MadeOne: up to date\n", ""}))
@@ -111,7 +111,7 @@ TEST_F(AllSword, OneLetterInAHundredMayBeLost)
     m_sword.add("Edge", {{"Gen 1:1", words + "λ"}});
     EXPECT_EQ(buildAll().out, "Edge: built, 1 book, 1 verse: Edge\n");
     m_sword.add("Edge", {{"Gen 1:1", words + "λλ"}});
-    EXPECT_EQ(buildAll().out, "Edge: left out: 2 of 101 letters have no likeness in Windows-1251\n");
+    EXPECT_EQ(buildAll().out, "Edge: skipped: 2 of 101 letters have no equivalent in Windows-1251\n");
 }
 
 TEST_F(AllSword, BuildsWhatWasLeftOutWhenItChanges)
@@ -129,7 +129,7 @@ TEST_F(AllSword, ForgetsTheModuleOfWhatIsLeftOutNow)
     m_sword.add("Greek", {{"John 1:1", "In the beginning"}});
     ASSERT_EQ(buildAll().code, 0);
     addGreek();
-    EXPECT_TRUE(buildAll().out.starts_with("Greek: left out: "));
+    EXPECT_TRUE(buildAll().out.starts_with("Greek: skipped: "));
     EXPECT_TRUE(fs::exists(directory() + "/greek/BibleTitles.txt"))
         << "a module is replaced by a complete one only";
 }
@@ -142,7 +142,7 @@ TEST_F(AllSword, OneThatFailsDoesNotStopTheOthers)
     const Result result = buildAll();
     EXPECT_EQ(result, (Result{1, secondLine,
                               "kedrin-module: MadeOne: " + directory() +
-                                  "/madeone: is not empty and holds no module\n"}));
+                                  "/madeone: is not empty and contains no module, so it is not replaced\n"}));
 }
 
 TEST_F(AllSword, OneThatAnotherBuildsIsLeftToIt)
@@ -150,8 +150,9 @@ TEST_F(AllSword, OneThatAnotherBuildsIsLeftToIt)
     addOne();
     addTwo();
     const Kedrin::ModTool::CModuleFolder other(directory() + "/madeone");
-    EXPECT_EQ(buildAll(),
-              (Result{0, std::string("MadeOne: left to another build that is running\n") + secondLine, ""}));
+    EXPECT_EQ(
+        buildAll(),
+        (Result{0, std::string("MadeOne: skipped: another build of it is running\n") + secondLine, ""}));
 }
 
 TEST_F(AllSword, QuietSaysErrorsOnly)

@@ -87,18 +87,19 @@ TEST_F(BuiltFiles, AreReportedInFull)
         (Result{0,
                 "module        " + made() + "\n" +
                     "title         Пробен\n"
-                    "holds         2 books, 4 chapters, 6 verses\n"
-                    "words         6 different of 7\n"
-                    "numbering     KJV (fits best)\n"
-                    "              6 of 6 verses keep their place both ways (6 without any record)\n"
-                    "left out      PrMan: 1 verse, not in the common numbering\n"
+                    "contains      2 books, 4 chapters, 6 verses\n"
+                    "words         6 distinct, 7 in total\n"
+                    "numbering     KJV (best match)\n"
+                    "              6 of 6 verses map correctly both ways (6 without any record)\n"
+                    "left out      PrMan: 1 verse, not in the global numbering\n"
                     "left out      without text at the end: 1 verse, 1 chapter, 1 book\n"
-                    "without text  1 verse inside a chapter, first Gen 1:2\n"
-                    "without text  1 chapter inside a book, kept as one verse, first Gen 2\n"
-                    "replaced      U+00C6 LATIN CAPITAL LETTER AE by \"Ae\", 1 time, first Gen 3:1\n"
-                    "replaced      U+00E6 LATIN SMALL LETTER AE by \"ae\", 1 time, first Gen 3:1\n"
-                    "replaced      U+0253 LATIN SMALL LETTER B WITH HOOK by \"?\", 1 time, first Gen 1:3\n"
-                    "replaced      U+200B ZERO WIDTH SPACE removed, 1 time, first Gen 3:1\n",
+                    "without text  1 verse inside a chapter, first at Gen 1:2\n"
+                    "without text  1 chapter inside a book, kept as one verse, first at Gen 2\n"
+                    "replaced      U+00C6 LATIN CAPITAL LETTER AE with \"Ae\", 1 time, first at Gen 3:1\n"
+                    "replaced      U+00E6 LATIN SMALL LETTER AE with \"ae\", 1 time, first at Gen 3:1\n"
+                    "replaced      U+0253 LATIN SMALL LETTER B WITH HOOK with \"?\", 1 time, first at Gen "
+                    "1:3\n"
+                    "replaced      U+200B ZERO WIDTH SPACE removed, 1 time, first at Gen 3:1\n",
                 ""}));
 }
 

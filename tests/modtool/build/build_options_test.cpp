@@ -42,8 +42,8 @@ TEST(BuildOptions, OtherCharactersAreRefusedInAListWithoutIWithGrave)
 {
     BuildReport report;
     EXPECT_EQ(messageOf<CBuildError>([&] { prepared("\u045D \u00E9", {}, report); }),
-              "the text holds characters that Windows-1251 lacks (--substitute replaces them):\n"
-              "  U+00E9 LATIN SMALL LETTER E WITH ACUTE, 1 time, first Gen 1:1");
+              "the text contains characters that Windows-1251 lacks (--substitute replaces them):\n"
+              "  U+00E9 LATIN SMALL LETTER E WITH ACUTE, 1 time, first at Gen 1:1");
 }
 
 TEST(BuildOptions, BooksAreCalledInBulgarianOrAsTheSourceDoes)
@@ -74,5 +74,5 @@ TEST(BuildOptions, ReportTellsWhatTheReaderFound)
     SourceBible bible = source("a");
     bible.findings.add(ReaderRule::note, "Gen 1:1");
     prepareModule(bible, {}, report);
-    EXPECT_NE(report.text().find("\nleft out      1 note, first Gen 1:1\n"), std::string::npos);
+    EXPECT_NE(report.text().find("\nleft out      1 note, first at Gen 1:1\n"), std::string::npos);
 }

@@ -43,7 +43,7 @@ TEST_F(BuiltText, SoftHyphensAreRemovedAndCounted)
     const Result result = build("Gen\t1\t1\tсло\u00ADво\n");
     EXPECT_EQ(result.code, 0);
     EXPECT_EQ(verse(0, 0, 0), "слово");
-    EXPECT_EQ(reported(result, "replaced"), "      U+00AD SOFT HYPHEN removed, 1 time, first Gen 1:1");
+    EXPECT_EQ(reported(result, "replaced"), "      U+00AD SOFT HYPHEN removed, 1 time, first at Gen 1:1");
 }
 
 TEST_F(BuiltText, EveryCharacterOfWindows1251IsTaken)
@@ -54,14 +54,14 @@ TEST_F(BuiltText, EveryCharacterOfWindows1251IsTaken)
 
 TEST_F(BuiltText, WhatWindows1251LacksIsRefusedWithAList)
 {
-    EXPECT_EQ(
-        refusal("Gen\t1\t1\tÆ é\nGen\t1\t2\té\u0007 𝄞\u0098\n"),
-        "kedrin-module: the text holds characters that Windows-1251 lacks (--substitute replaces them):\n"
-        "  U+0007 <control-0007>, 1 time, first Gen 1:2\n"
-        "  U+0098 <control-0098>, 1 time, first Gen 1:2\n"
-        "  U+00C6 LATIN CAPITAL LETTER AE, 1 time, first Gen 1:1\n"
-        "  U+00E9 LATIN SMALL LETTER E WITH ACUTE, 2 times, first Gen 1:1\n"
-        "  U+1D11E MUSICAL SYMBOL G CLEF, 1 time, first Gen 1:2\n");
+    EXPECT_EQ(refusal("Gen\t1\t1\tÆ é\nGen\t1\t2\té\u0007 𝄞\u0098\n"),
+              "kedrin-module: the text contains characters that Windows-1251 lacks (--substitute "
+              "replaces them):\n"
+              "  U+0007 <control-0007>, 1 time, first at Gen 1:2\n"
+              "  U+0098 <control-0098>, 1 time, first at Gen 1:2\n"
+              "  U+00C6 LATIN CAPITAL LETTER AE, 1 time, first at Gen 1:1\n"
+              "  U+00E9 LATIN SMALL LETTER E WITH ACUTE, 2 times, first at Gen 1:1\n"
+              "  U+1D11E MUSICAL SYMBOL G CLEF, 1 time, first at Gen 1:2\n");
 }
 
 TEST_F(BuiltText, NothingIsRefusedForABookThatIsLeftOut)
@@ -113,7 +113,7 @@ TEST_F(BuiltText, EachKindOfSubstituteIsCounted)
 {
     const Result result = build("Gen\t1\t1\té\nGen\t1\t2\tée\u0301\n", {"--substitute"});
     EXPECT_EQ(reported(result, "replaced"),
-              "      U+00E9 LATIN SMALL LETTER E WITH ACUTE by \"e\", 3 times, first Gen 1:1");
+              "      U+00E9 LATIN SMALL LETTER E WITH ACUTE with \"e\", 3 times, first at Gen 1:1");
 }
 
 TEST_F(BuiltText, NoncharactersAreSubstitutedToo) { EXPECT_EQ(substituted("a\uFFFEb\uE000c"), "a?b?c"); }

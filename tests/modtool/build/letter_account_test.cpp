@@ -47,15 +47,15 @@ TEST_F(LetterAccounts, NamesWhatIsNotInTheVerses)
     EXPECT_EQ(account("# title: Made\nGen\t1\t1\tone\nPrMan\t1\t1\ttwo2\n"),
               "letters       16 letters and digits in the source\n"
               "              3 in the verses of the module\n"
-              "              9 in titles and remarks of the source about itself\n"
-              "              4 in PrMan, not in the common numbering\n");
+              "              9 in titles and metadata of the source\n"
+              "              4 in PrMan, not in the global numbering\n");
 }
 
 TEST_F(LetterAccounts, ReplacedAndComposedCharactersChangeIt)
 {
     EXPECT_EQ(account("Gen\t1\t1\t\u00E6 \u05D0 \u1112\u1161 \u0438\u0306\n", {"--substitute"}),
               "letters       5 letters and digits in the source\n"
-              "              -2 more or fewer by replaced characters\n"
+              "              -2 more or fewer because of replaced characters\n"
               "              3 in the verses of the module\n");
 }
 
@@ -63,10 +63,9 @@ TEST_F(LetterAccounts, TextThatDoesNotAddUpIsRefusedAndNothingIsWritten)
 {
     SourceBible source = readVerseLines("f.vpl", "Gen\t1\t1\tone\n");
     ++*source.letters;
-    EXPECT_EQ(
-        messageOf<CBuildError>([&] { built(source); }),
-        "the source has 4 letters and digits, 3 are accounted for; this is an error in kedrin-module, please "
-        "report it");
+    EXPECT_EQ(messageOf<CBuildError>([&] { built(source); }),
+              "the source has 4 letters and digits, but 3 are accounted for; this is a bug in "
+              "kedrin-module, please report it");
     EXPECT_FALSE(std::ifstream(made() + "/BibleTitles.txt").is_open());
     --*source.letters;
     EXPECT_EQ(built(source).letters.module, 3u);

@@ -16,7 +16,7 @@ TEST_F(Layout, MissingVersesInsideAChapterAreEmptyOnes)
     EXPECT_EQ(verse(0, 0, 0), "");
     EXPECT_EQ(verse(0, 0, 1), "б");
     EXPECT_EQ(verse(0, 0, 4), "д");
-    EXPECT_EQ(reported(result, "without text"), "  3 verses inside chapters, first Gen 1:1");
+    EXPECT_EQ(reported(result, "without text"), "  3 verses inside chapters, first at Gen 1:1");
 }
 
 TEST_F(Layout, MissingChapterIsOneEmptyVerse)
@@ -25,14 +25,15 @@ TEST_F(Layout, MissingChapterIsOneEmptyVerse)
     EXPECT_EQ(made("BibleStructure.csv"), "3 1 1 1\n");
     EXPECT_EQ(verse(0, 2, 0), "в");
     EXPECT_EQ(reported(result, "without text"),
-              "  2 chapters inside books, each kept as one verse, first Gen 1");
+              "  2 chapters inside books, each kept as one verse, first at Gen 1");
 }
 
 TEST_F(Layout, ChapterOfEmptyVersesInsideABookIsOneEmptyVerse)
 {
     const Result result = build("Gen\t1\t1\tа\nGen\t2\t1\t\nGen\t2\t2\t \nGen\t3\t1\tв\n");
     EXPECT_EQ(made("BibleStructure.csv"), "3 1 1 1\n");
-    EXPECT_EQ(reported(result, "without text"), "  1 chapter inside a book, kept as one verse, first Gen 2");
+    EXPECT_EQ(reported(result, "without text"),
+              "  1 chapter inside a book, kept as one verse, first at Gen 2");
 }
 
 TEST_F(Layout, EmptyVersesAtTheEndOfAChapterAreLeftOut)
@@ -60,20 +61,20 @@ TEST_F(Layout, BooksThatTheCommonNumberingLacksAreLeftOut)
 {
     const Result result = build("PrMan\t1\t1\tа\nPrMan\t1\t2\tб\nJude\t1\t1\tв\n4Macc\t1\t1\tг\n");
     EXPECT_TRUE(made("BibleTitles.txt").starts_with("1 61\n"));
-    EXPECT_NE(result.out.find("left out      PrMan: 2 verses, not in the common numbering\n"
-                              "left out      4Macc: 1 verse, not in the common numbering\n"),
+    EXPECT_NE(result.out.find("left out      PrMan: 2 verses, not in the global numbering\n"
+                              "left out      4Macc: 1 verse, not in the global numbering\n"),
               std::string::npos);
 }
 
 TEST_F(Layout, SourceOfSuchBooksAloneIsRefused)
 {
     EXPECT_EQ(refusal("PrMan\t1\t1\tа\n"),
-              "kedrin-module: no book of the source is in the common numbering\n");
+              "kedrin-module: none of the source's books is in the global numbering\n");
 }
 
 TEST_F(Layout, SourceWithoutTextIsRefused)
 {
-    EXPECT_EQ(refusal("Gen\t1\t1\t\nGen\t2\t1\t \n"), "kedrin-module: the source holds no text\n");
+    EXPECT_EQ(refusal("Gen\t1\t1\t\nGen\t2\t1\t \n"), "kedrin-module: the source contains no text\n");
 }
 
 TEST_F(Limits, Hold65534Verses)
@@ -92,9 +93,9 @@ TEST_F(Limits, Hold65534Verses)
 TEST_F(Limits, RefuseOneVerseMore)
 {
     EXPECT_EQ(refusal("Gen\t1\t65534\tа\nGen\t2\t1\tб\n"),
-              "kedrin-module: Gen 2:1: the module would hold more than 65534 verses\n");
+              "kedrin-module: Gen 2:1: the module would have more than 65534 verses\n");
     EXPECT_EQ(refusal("Gen\t65534\t65534\tа\n"),
-              "kedrin-module: Gen 65534:2: the module would hold more than 65534 verses\n");
+              "kedrin-module: Gen 65534:2: the module would have more than 65534 verses\n");
 }
 
 TEST_F(Limits, HoldAVerseOf65535Bytes)
@@ -113,9 +114,9 @@ TEST_F(Limits, RefuseAVerseOfOneByteMoreAsItIsStored)
     for (std::size_t i = 0; i < verse.size(); i += 2)
         verse[i] = 'a';
     EXPECT_EQ(refusal("Gen\t1\t1\tа\nGen\t1\t2\t" + verse + "\n"),
-              message + "65537 bytes, 65535 are the most\n");
+              message + "65537 bytes; the limit is 65535\n");
     EXPECT_EQ(refusal("Gen\t1\t1\tа\nGen\t1\t2\t" + std::string(13108, '&') + "\n"),
-              message + "65540 bytes, 65535 are the most\n");
+              message + "65540 bytes; the limit is 65535\n");
     EXPECT_EQ(build("Gen\t1\t1\tа\nGen\t1\t2\t" + std::string(13107, '&') + "\n").code, 0);
 }
 
@@ -129,7 +130,7 @@ TEST_F(Limits, HoldTitlesOf255BytesAndNoMore)
         {"--title", "full title"}, {"--short", "short title"}, {"--abbr", "abbreviated title"}};
     for (const auto& [option, name] : titles) {
         EXPECT_EQ(refusal("Gen\t1\t1\tа\n", {option, longest + "T"}),
-                  "kedrin-module: the " + std::string(name) + " has 256 bytes, 255 are the most\n");
+                  "kedrin-module: the " + std::string(name) + " has 256 bytes; the limit is 255\n");
         EXPECT_EQ(refusal("Gen\t1\t1\tа\n", {option, " "}),
                   "kedrin-module: the " + std::string(name) + " is empty\n");
     }

@@ -45,16 +45,18 @@ ModuleFiles spoiledModule()
     return files;
 }
 
-const std::string figures = "2 books, 4 verses (1 empty), 4 keep their place, 3 words\n";
-const std::string noteText = "  note info-copyright (1): Nothing says who made the text and how it may be "
-                             "used. Add the copyright after the "
-                             "third line.\n    _Info_.txt\n";
+const std::string figures = "2 books, 4 verses (1 empty), 4 map both ways, 3 words\n";
+const std::string noteText =
+    "  note info-copyright (1): There is no notice of who made the text and how it may be "
+    "used. Add the copyright after the third line.\n"
+    "    _Info_.txt\n";
 const std::string warningText =
-    "  warning word-points-missing (1): WordPoint.bin is not there; this reader does not "
-    "need it, others may. Build the module again.\n    WordPoint.bin\n";
+    "  warning word-points-missing (1): WordPoint.bin is missing; this reader does not need "
+    "it, but others may. Build the module again.\n"
+    "    WordPoint.bin\n";
 const std::string errorText =
-    "  error conc-missing-verse (2): The concordance lacks a verse that holds the word: the "
-    "search misses it. Build the module again.\n";
+    "  error conc-missing-verse (2): The concordance lacks a verse that contains the word: "
+    "the search misses it. Build the module again.\n";
 
 TEST(CheckCommand, SoundModule)
 {
@@ -132,7 +134,7 @@ TEST(CheckCommand, Json)
           "check": "info-copyright",
           "severity": "note",
           "count": 1,
-          "advice": "Nothing says who made the text and how it may be used. Add the copyright after the third line.",
+          "advice": "There is no notice of who made the text and how it may be used. Add the copyright after the third line.",
           "places": [
             "_Info_.txt"
           ]
@@ -167,7 +169,7 @@ TEST(CheckCommand, ModulesDirectory)
     folder.write("BibleStructure.txt", commonStructureFile());
     const Ended result = run({"check", path});
     EXPECT_EQ(result.out,
-              path + ": sound\n" + path + "/a: sound; " + figures + path +
+              path + ": no defects\n" + path + "/a: sound; " + figures + path +
                   "/b: 2 errors, 1 warning, 1 note; " + figures + noteText + warningText + errorText +
                   "    Бог: Gen 1:1\n    рече: Gen 2:1\n2 modules: 2 errors, 1 warning, 1 note\n");
     EXPECT_EQ(result.exitCode, 1);
@@ -218,9 +220,9 @@ TEST(CheckCommand, AFolderOfNoFilesInAModulesDirectoryIsADamagedModule)
 TEST(CheckCommand, Usage)
 {
     const std::string again = "\nkedrin-module: try kedrin-module --help\n";
-    EXPECT_EQ(run({"check"}).err, "kedrin-module: check needs MODULE or --list, not both" + again);
+    EXPECT_EQ(run({"check"}).err, "kedrin-module: check requires MODULE or --list, but not both" + again);
     EXPECT_EQ(run({"check", "--list", "x"}).err,
-              "kedrin-module: check needs MODULE or --list, not both" + again);
+              "kedrin-module: check requires MODULE or --list, but not both" + again);
     EXPECT_EQ(run({"check", "--places", "1001", "x"}).exitCode, run({"check"}).exitCode);
     EXPECT_EQ(run({"check"}).exitCode, static_cast<int>(exitUsage));
 }

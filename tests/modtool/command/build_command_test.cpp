@@ -19,14 +19,14 @@ protected:
 
 TEST_F(BuildCommand, NeedsASourceAndAFolder)
 {
-    const Result wrong = usage("build needs SOURCE and MODULE-FOLDER, or --all-sword DIR");
+    const Result wrong = usage("build requires SOURCE and MODULE-FOLDER, or --all-sword DIR");
     EXPECT_EQ(run({"build"}), wrong);
     EXPECT_EQ(run({"build", "file.vpl"}), wrong);
 }
 
 TEST_F(BuildCommand, AllSwordGoesAlone)
 {
-    const Result wrong = usage("--all-sword goes with no other argument than -q");
+    const Result wrong = usage("--all-sword can be combined only with -q");
     EXPECT_EQ(run({"build", "--all-sword", modules(), "file.vpl", "folder"}), wrong);
     for (const char* option : {"--title", "--short", "--abbr", "--versification"})
         EXPECT_EQ(run({"build", "--all-sword", modules(), option, "x"}), wrong) << option;
@@ -79,7 +79,8 @@ TEST_F(BuildCommand, QuietSaysNothing)
 
 TEST_F(BuildCommand, QuietStillSaysErrors)
 {
-    EXPECT_EQ(build("", {"-q"}), (Result{1, "", "kedrin-module: " + sourceName() + ": holds no verse\n"}));
+    EXPECT_EQ(build("", {"-q"}),
+              (Result{1, "", "kedrin-module: " + sourceName() + ": contains no verses\n"}));
 }
 
 TEST_F(BuildCommand, TitlesComeFromTheOptions)

@@ -145,11 +145,11 @@ TEST_P(HostileSource, EndsWithOneErrorOrIsText)
 }
 
 const std::string declares = "@:1: declares entities or elements of its own, which is not allowed";
-const std::string tooDeep = "@:1: elements stand in one another more than 100 deep";
-const std::string tooLong = "@:1: not well-formed XML: a part of it is too long";
+const std::string tooDeep = "@:1: elements are nested more than 100 deep";
+const std::string tooLong = "@:1: not well-formed XML: part of it is too long";
 const std::string tooManyNames = "@:1: not well-formed XML: it has too many names";
-const std::string longVerse = "Gen 1:1: the verse has 16777216 bytes, 65535 are the most";
-const std::string manyVerses = ": the module would hold more than 65534 verses";
+const std::string longVerse = "Gen 1:1: the verse has 16777216 bytes; the limit is 65535";
+const std::string manyVerses = ": the module would have more than 65534 verses";
 
 const std::vector<Hostile> nesting{
     {"DeepNestingInOsis", [] { return osis(repeated("<a>")); }, tooDeep},
@@ -165,7 +165,7 @@ const std::vector<Hostile> attributes{
     {"HugeAttributeInZefania", [] { return zefania("<a b=\"" + repeated("x") + "\"/>"); }, tooLong},
     {"HugeAttributeInUsfm", [] { return usfmVerse("1", "\\w a|lemma=\"" + repeated("x") + "\"\\w*"); }, ""},
     {"HugeTitleInVerseLines", [] { return "# title: " + repeated("x") + '\n' + line("1", "a"); },
-     "the full title has 16777216 bytes, 255 are the most"},
+     "the full title has 16777216 bytes; the limit is 255"},
     {"ManyAttributesInOsis", [] { return osis("<a " + numbered("b", "='' ", 500000) + "/>"); }, tooManyNames},
     {"ManyAttributesInZefania", [] { return zefania("<a " + numbered("b", "='' ", 500000) + "/>"); },
      tooManyNames},
@@ -184,13 +184,13 @@ const std::vector<Hostile> entities{
 
 const std::vector<Hostile> numbers{
     {"NumberOfFourBillionInOsis", [] { return osisVerse("Gen.1.4294967297", "a"); },
-     "@:1: \"Gen.1.4294967297\" is no reference to a verse, such as Gen.1.1"},
+     "@:1: \"Gen.1.4294967297\" is not a verse reference, such as Gen.1.1"},
     {"NumberOfFourBillionInZefania", [] { return zefaniaVerse("4294967297", "a"); }, ""},
     {"NumberOfFourBillionInBeblia", [] { return bebliaVerse("4294967297", "a"); }, ""},
     {"NumberOfFourBillionInOpenSong", [] { return openSongVerse("4294967297", "a"); }, ""},
     {"NumberOfFourBillionInUsfm", [] { return usfmVerse("4294967297", "a"); }, ""},
     {"NumberOfFourBillionInVerseLines", [] { return line("4294967297", "a"); },
-     "@:1: \"4294967297\" is no verse number from 1 to 65534"},
+     "@:1: \"4294967297\" is not a verse number from 1 to 65534"},
     {"LastNumberInOsis", [] { return osisVerse("Gen.65534.65534", "a"); }, "Gen 65534:2" + manyVerses},
     {"RangesToTheLastNumberInOsis",
      [] {
@@ -212,39 +212,40 @@ const std::vector<Hostile> numbers{
 
 const std::vector<Hostile> lengths{
     {"EndlessVerseInOsis", [] { return osisVerse("Gen.1.1", repeated("<a>a</a>", 65u << 20)); },
-     "@: is longer than 64 MiB"},
+     "@: is larger than 64 MiB"},
     {"EndlessVerseInZefania", [] { return zefaniaVerse("1", repeated("<BR/>a&lt;", 40u << 20)); },
-     "Gen 1:1: the verse has 25165823 bytes, 65535 are the most"},
+     "Gen 1:1: the verse has 25165823 bytes; the limit is 65535"},
     {"EndlessVerseInBeblia", [] { return bebliaVerse("1", repeated("a")); }, tooLong},
     {"EndlessVerseInOpenSong", [] { return openSongVerse("1", repeated("a")); }, tooLong},
     {"EndlessVerseInUsfm", [] { return usfmVerse("1", repeated("a")); }, longVerse},
     {"EndlessVerseInVerseLines", [] { return line("1", repeated("a")); }, longVerse},
     {"EmptyVersesInOsis", [] { return osis(repeated("<verse osisID=\"Gen.1.1\"/>")); },
-     "the source holds no text"},
+     "the source contains no text"},
     {"EmptyVersesBehindALongTitleInOsis",
      [] {
          return osis("<verse osisID=\"Gen.1.1\"/><title canonical=\"true\">" + repeated("a ", 8u << 20) +
                      "</title>" + repeated("<verse osisID=\"Gen.1.1\"/>", 8u << 20));
      },
-     "Gen 1:1: the verse has 8388607 bytes, 65535 are the most"},
-    {"EmptyVersesInUsfm", [] { return usfm(repeated("\\v 1 ")); }, "the source holds no text"},
+     "Gen 1:1: the verse has 8388607 bytes; the limit is 65535"},
+    {"EmptyVersesInUsfm", [] { return usfm(repeated("\\v 1 ")); }, "the source contains no text"},
     {"EmptyVersesInZefania",
      [] {
          return zefania("<BIBLEBOOK bnumber=\"1\"><CHAPTER cnumber=\"1\">" +
                         repeated("<VERS vnumber=\"1\"/>") + "</CHAPTER></BIBLEBOOK>");
      },
-     "the source holds no text"},
+     "the source contains no text"},
     {"EmptyVersesInBeblia",
      [] {
          return beblia("<book number=\"1\"><chapter number=\"1\">" + repeated("<verse number=\"1\"/>") +
                        "</chapter></book>");
      },
-     "the source holds no text"},
-    {"EmptyVersesInOpenSong", [] { return openSong(repeated("<v n=\"1\"/>")); }, "the source holds no text"},
+     "the source contains no text"},
+    {"EmptyVersesInOpenSong", [] { return openSong(repeated("<v n=\"1\"/>")); },
+     "the source contains no text"},
     {"EmptyVersesInVerseLines", [] { return repeated(line("1", "")); },
      "@:2: Gen 1:1 is given twice, first in line 1"},
-    {"CommentsInOsis", [] { return osis(repeated("<!---->")); }, "@: holds no verse"},
-    {"InstructionsInZefania", [] { return repeated("<?a?>") + zefania(""); }, "@: holds no verse"},
+    {"CommentsInOsis", [] { return osis(repeated("<!---->")); }, "@: contains no verses"},
+    {"InstructionsInZefania", [] { return repeated("<?a?>") + zefania(""); }, "@: contains no verses"},
     {"NamesInOsis", [] { return osis(numbered("<a", "/>", 1000000)); }, tooManyNames},
     {"NamesInZefania", [] { return zefania(numbered("<a", ":b/>", 1000000)); }, tooManyNames},
     {"EndlessCopyrightInVerseLines", [] { return "# copyright: " + repeated("x") + '\n' + line("1", "a"); },
@@ -256,13 +257,13 @@ const std::vector<Hostile> lengths{
              lines += line(std::to_string(verse), repeated("\uFDFA", 3000));
          return lines;
      },
-     "the text holds characters that Windows-1251 lacks (--substitute replaces them):\n"
-     "  U+FDFA ARABIC LIGATURE SALLALLAHOU ALAYHE WASALLAM, 5999000 times, first Gen 1:1"},
+     "the text contains characters that Windows-1251 lacks (--substitute replaces them):\n"
+     "  U+FDFA ARABIC LIGATURE SALLALLAHOU ALAYHE WASALLAM, 5999000 times, first at Gen 1:1"},
     {"EndlessAccentedWordInVerseLines", [] { return line("1", repeated("\u0431\u00E0", 4u << 20)); },
-     "Gen 1:1: the verse has 2097152 bytes, 65535 are the most"},
+     "Gen 1:1: the verse has 2097152 bytes; the limit is 65535"},
     {"EndlessStressInVerseLines", [] { return line("1", "\u0431" + repeated("\u0300")); },
-     "the text holds characters that Windows-1251 lacks (--substitute replaces them):\n"
-     "  U+0300 COMBINING GRAVE ACCENT, 8388568 times, first Gen 1:1"},
+     "the text contains characters that Windows-1251 lacks (--substitute replaces them):\n"
+     "  U+0300 COMBINING GRAVE ACCENT, 8388568 times, first at Gen 1:1"},
     {"WordsInVerseLines", [] { return words(1100000); }, "the text has more than 1048576 different words"},
     {"TextInVerseLines",
      [] {
@@ -271,24 +272,23 @@ const std::vector<Hostile> lengths{
              lines += line(std::to_string(verse), std::string(60000, 'a'));
          return lines;
      },
-     "the text has 18000000 bytes, 16777216 are the most"},
+     "the text has 18000000 bytes; the limit is 16777216"},
 };
 
 const std::vector<Hostile> paths{
     {"PathAsBookInOsis", [] { return osisVerse("../../../tmp/x.1.1", "a"); },
-     "@:1: \"../../../tmp/x.1.1\" is no reference to a verse, such as Gen.1.1"},
+     "@:1: \"../../../tmp/x.1.1\" is not a verse reference, such as Gen.1.1"},
     {"PathAsBookOfOsis",
      [] { return osis("<div type=\"book\" osisID=\"../../x\"><verse osisID=\"/x.1.1\">a</verse></div>"); },
-     "no book of the source is in the common numbering"},
+     "none of the source's books is in the global numbering"},
     {"PathAsBookInZefania",
      [] {
          return zefania("<BIBLEBOOK bnumber=\"../../x\" bname=\"../y\"><CHAPTER cnumber=\"1\"><VERS "
                         "vnumber=\"1\">a</VERS>"
                         "</CHAPTER></BIBLEBOOK>");
      },
-     "@:1: \"../../x\" is no book number, and \"../y\" no known name of a book: write the number into "
-     "bnumber, such as 1 for "
-     "Genesis"},
+     "@:1: \"../../x\" is not a book number, and \"../y\" is not a known book name: write the "
+     "number in bnumber, such as 1 for Genesis"},
     {"PathAsBookInBeblia",
      [] {
          return beblia(
@@ -298,11 +298,12 @@ const std::vector<Hostile> paths{
      "@:1: \"../../x\" is no book number: write one into number, such as 1 for Genesis"},
     {"PathAsBookInOpenSong",
      [] { return "<bible><b n=\"../../x\"><c n=\"1\"><v n=\"1\">a</v></c></b></bible>"; },
-     "@:1: \"../../x\" is no known name of a book: write an English or Bulgarian one into n, such as "
-     "Genesis"},
+     "@:1: \"../../x\" is not a known book name: write an English or Bulgarian one in n, such "
+     "as Genesis"},
     {"PathAsBookInUsfm", [] { return "\\id ../../x\n\\c 1\n\\v 1 a"; },
-     "@:1: \"../../x\" is no book code: write one behind \\id, such as GEN"},
-    {"PathAsBookInVerseLines", [] { return "../../x\t1\t1\ta\n"; }, "@:1: \"../../x\" is no OSIS book id"},
+     "@:1: \"../../x\" is not a book code: write one after \\id, such as GEN"},
+    {"PathAsBookInVerseLines", [] { return "../../x\t1\t1\ta\n"; },
+     "@:1: \"../../x\" is not an OSIS book id"},
     {"PathAsTitleInVerseLines", [] { return "# title: ../../x\n" + line("1", "a"); }, ""},
 };
 
@@ -317,15 +318,15 @@ std::string badLines(const std::string& count, unsigned int first, const std::st
 
 const std::vector<Hostile> plainLines{
     {"QuotesInPlainLines", [] { return repeated("\""); },
-     "@:1: a line is BOOK, CHAPTER, VERSE and text with tabs between them"},
+     "@:1: a line must be BOOK, CHAPTER, VERSE and text, separated by tabs"},
     {"QuotesInAField", [] { return "Gen,1,1,\"" + repeated("\""); },
      "@: 1 line cannot be read:\n  line 1: a quotation mark is never closed"},
     {"QuotedFields", [] { return "Gen,1,1,a\nGen,1,2," + repeated("\"\","); },
      "@: 1 line cannot be read:\n  line 2: has more than 4 fields"},
     {"OpenQuotesInEveryRecord", [] { return "Gen,1,1,a\n" + repeated("Gen,1,1,\"a\n"); },
-     badLines("762601", 2, "text behind a closing quotation mark", 2) + "\n  and 762581 more lines"},
+     badLines("762601", 2, "text after a closing quotation mark", 2) + "\n  and 762581 more lines"},
     {"DelimitersInATable", [] { return "Gen,1,1," + repeated(","); }, longVerse},
-    {"ColumnsOfATable", [] { return "b,c,v,t" + repeated(","); }, "@: holds no verse"},
+    {"ColumnsOfATable", [] { return "b,c,v,t" + repeated(","); }, "@: contains no verses"},
     {"HashesInPlainLines", [] { return plain(repeated("#")); }, ""},
     {"LinesOfHashesInPlainLines", [] { return plain(repeated("#\n")); }, ""},
     {"MarksInHashedLines", [] { return repeated("#p#") + "\n#1:1#a\n"; },
@@ -337,9 +338,10 @@ const std::vector<Hostile> plainLines{
      "@: 1 line cannot be read:\n  line 21: \"Gen 1:" + std::string(34, '1') +
          "...\" is neither a verse, such as \"Gen 1:1 text\", nor a heading"},
     {"BadLinesInPlainLines", [] { return plain(repeated("Psx 1:1 a\n", 10u << 20)); },
-     badLines("1048576", 21, "\"Psx\" is no known book (did you mean Ps?)") + "\n  and 1048556 more lines"},
+     badLines("1048576", 21, "\"Psx\" is not a known book (did you mean Ps?)") +
+         "\n  and 1048556 more lines"},
     {"LastNumberInPlainLines", [] { return "Gen 65534:65534 a\n"; }, "Gen 65534:2" + manyVerses},
-    {"VersesWithoutTextInPlainLines", [] { return repeated("Gen 1:1\n"); }, "the source holds no text"},
+    {"VersesWithoutTextInPlainLines", [] { return repeated("Gen 1:1\n"); }, "the source contains no text"},
 };
 
 const auto named = [](const testing::TestParamInfo<Hostile>& tested) {

@@ -37,58 +37,58 @@ expect "report" "модул         $work/m/a
 съдържа       1 книга, 1 глава, 3 стиха
 думи          4 различни от общо 4
 номерация     KJV
-              3 от 3 стиха запазват мястото си в двете посоки (3 без нито един запис)
-без текст     1 стих вътре в глава, първо в Gen 1:2" \
+              3 от 3 стиха се съпоставят вярно в двете посоки (3 без нито един запис)
+без текст     1 стих вътре в глава, първа поява: Gen 1:2" \
     "$("$tool" build "$work/a.txt" "$work/m/a" --versification KJV 2>&1)"
 printf '\\id GEN\n\\ip Увод\n\\c 1\n\\v 1 В начало\n' >"$work/a.usfm"
-expect "place in the source" "изпуснати     1 текст извън стиховете, първо в ред 2" \
+expect "place in the source" "изпуснати     1 текст извън стиховете, първа поява: ред 2" \
     "$("$tool" build "$work/a.usfm" "$work/m/b" --versification KJV 2>&1 | tail -1)"
-expect "check" "$work/m/a: изправен, 1 бележка; 1 книга, 3 стиха (1 празни), 3 запазват мястото си, 4 думи
+expect "check" "$work/m/a: изправен, 1 бележка; 1 книга, 3 стиха (празни: 1), 3 се съпоставят в двете посоки, 4 думи
   бележка info-copyright (1): Никъде не пише кой е направил текста и как може да се използва. Добавете авторските права след третия ред.
     _Info_.txt" "$("$tool" check "$work/m/a" 2>&1)"
 expect "the other program" "kedrin-module: „Йонна“ не е книга от модула" "$("$tool" show "$work/m/a" Йонна 2>&1)"
-expect "counts" "kedrin-module: Бит: 1 глава, глава 9 няма" "$("$tool" show "$work/m/a" Бит 9:1 2>&1)"
+expect "counts" "kedrin-module: в Бит има 1 глава; глава 9 няма" "$("$tool" show "$work/m/a" Бит 9:1 2>&1)"
 expect "usage" "kedrin-module: --width: стойността 3 не е между 20 и 1000
 kedrin-module: помощ: kedrin-module --help" "$("$tool" show "$work/m/a" Бит --width 3 2>&1)"
 expect "no command" "kedrin-module: липсва команда
 kedrin-module: помощ: kedrin-module --help" "$("$tool" 2>&1)"
 
-# usage WANTED ARGUMENTS...: what a command line that makes no sense is answered with
+# usage WANTED ARGUMENTS...: the message for invalid arguments
 usage() {
     local wanted=$1
     shift
     expect "usage: $*" "kedrin-module: $wanted" "$("$tool" "$@" 2>&1 | head -1)"
 }
-usage 'липсва TEXT' search m
+usage 'липсва ТЕКСТ' search m
 usage 'излишен аргумент: --x' search m a --x
 usage 'излишни аргументи: --y --x' search m a --x --y
-usage '--width иска стойност' show m Jn --width
+usage '--width изисква стойност' show m Jn --width
 usage '--width: стойността x не е между 20 и 1000' show m Jn --width x
 usage '--to: x не е сред {verse-lines,osis}' export m --to x
-usage '--from: „x“ не е нито едно от beblia|opensong|osis|usfm|zefania|plain-lines|verse-lines' build a b --from x
-usage '--places се дава само веднъж' check --places 5 --places 6 m
+usage '--from: „x“ не е сред beblia|opensong|osis|usfm|zefania|plain-lines|verse-lines' build a b --from x
+usage '--places може да се даде само веднъж' check --places 5 --places 6 m
 usage 'невалидна стойност: --json = maybe' search m a --json=maybe
-usage '--whole-word не върви заедно с --part' search m a --part --whole-word
-usage '--whole-word намира думата с главни и малки букви, затова не върви с --case' search m a --case --whole-word
-usage 'за search е нужен текст' search m ''
-usage 'за build са нужни SOURCE и MODULE-FOLDER или --all-sword DIR' build a
-usage '--all-sword върви само с -q' build a --all-sword b
-usage 'за check е нужно или MODULE, или --list, не и двете' check m --list
-usage '„намери“ не е команда' намери m
+usage '--whole-word не може заедно с --part' search m a --part --whole-word
+usage '--whole-word не различава главни от малки букви, затова не може заедно с --case' search m a --case --whole-word
+usage 'текстът за търсене е празен' search m ''
+usage 'за build са нужни ИЗТОЧНИК и ПАПКА-НА-МОДУЛА или --all-sword ПАПКА' build a
+usage '--all-sword може да се използва само с -q' build a --all-sword b
+usage 'за check е нужен или МОДУЛ, или --list, но не и двете' check m --list
+usage 'непозната команда „намери“' намери m
 
 # The same in English.
 LANG=C.UTF-8
-usage '--width needs a value' show m Jn --width
+usage '--width requires a value' show m Jn --width
 usage '--places may be given only once' check --places 5 --places 6 m
-usage '"find" is no command' find m
-usage 'A subcommand is required'
+usage 'unknown command "find"' find m
+usage 'a command is required'
 LANG=bg_BG.UTF-8
 
 expect "what the system says" "kedrin-module: /proc/nowhere: не може да се запише" \
     "$("$tool" build "$work/a.txt" /proc/nowhere/a 2>&1 | sed 's/ (.*//')"
 for command in build check export show search info words diff; do
     expect "the page of $command" "Употреба: kedrin-module $command" \
-        "$("$tool" $command --help | sed -n '2s/ \[.*\| MODULE.*//p')"
+        "$("$tool" $command --help | sed -n '2s/ \[.*\| МОДУЛ.*//p')"
 done
 
 for arguments in "check $work/m/a --json" "search $work/m/a начало --json" "info $work/m/a --json"; do

@@ -24,7 +24,7 @@ for command in $commands; do
         [[ $bulgarian == *"$word"* ]] || fail "the Bulgarian manual page lacks $word"
     done
 done
-[[ $english == *"Exit codes: 0 done 1 the source was refused"* ]] || fail "no exit codes"
+[[ $english == *"Exit codes: 0 done 1 the source was rejected"* ]] || fail "no exit codes"
 [[ $bulgarian == *"Кодове на изход: 0 готово 1 източникът е отхвърлен"* ]] || fail "no Bulgarian exit codes"
 [[ $bulgarian == *"kedrin-module show modules/bibles/my Йоан 3:16"* ]] || fail "no Bulgarian examples"
 [ $failures -eq 0 ]

@@ -79,7 +79,7 @@ TEST_F(ModulePath, OfALinkMakesTheModuleWhereItLeads)
 TEST_F(ModulePath, OfALinkToNothingIsRefused)
 {
     const std::string name = link("link", m_folder.file("nothing"));
-    EXPECT_TRUE(isRefused(name, name + ": is no folder"));
+    EXPECT_TRUE(isRefused(name, name + ": is not a folder"));
     EXPECT_EQ(fs::read_symlink(name), m_folder.file("nothing"));
     EXPECT_TRUE(isRefused(name + "/made", name + ": cannot be written (File exists)"));
     EXPECT_FALSE(fs::exists(m_folder.file("nothing")));
@@ -106,10 +106,11 @@ TEST_F(ModulePath, ThatIsEmptyIsNoArgument)
 
 TEST_F(ModulePath, OfTheRootOrOfAFolderWithOtherFilesIsRefused)
 {
-    EXPECT_TRUE(isRefused("/", "/: is not empty and holds no module"));
-    EXPECT_TRUE(isRefused("//", "/: is not empty and holds no module"));
+    EXPECT_TRUE(isRefused("/", "/: is not empty and contains no module, so it is not replaced"));
+    EXPECT_TRUE(isRefused("//", "/: is not empty and contains no module, so it is not replaced"));
     EXPECT_TRUE(
-        isRefused(modules() + "/..", m_folder.path().string() + ": is not empty and holds no module"));
+        isRefused(modules() + "/..",
+                  m_folder.path().string() + ": is not empty and contains no module, so it is not replaced"));
 }
 
 TEST_F(ModulePath, MayBeTheCurrentDirectory)
@@ -157,7 +158,7 @@ TEST_F(ModulePath, WithTheSourceInItIsRefused)
     beginWithTheOldModule();
     const std::string source = m_folder.write("modules/made/text/New.vpl", build_test::bytesOf(newSource()));
     const std::string message =
-        "kedrin-module: " + source + ": lies in the module's folder, which is replaced as a whole\n";
+        "kedrin-module: " + source + ": is inside the module's folder, which is replaced as a whole\n";
     for (const Command& arguments : {Command{"build", source, made()},
                                      {"build", source, link("link", modules()) + "/made/"},
                                      {"build", newSource(), made(), "--copyright", source}})

@@ -157,7 +157,7 @@ TEST_F(Output, WhatHasTheNameOfTheFileBesideStays)
     ASSERT_EQ(::mkfifo(beside.c_str(), 0600), 0);
     EXPECT_EQ(run(exportTo(file)).standardError, refusal(beside, "No such device or address"));
     const int reader = ::open(beside.c_str(), O_RDONLY | O_NONBLOCK);
-    EXPECT_EQ(run(exportTo(file)).standardError, refusal(beside, "it is no regular file"));
+    EXPECT_EQ(run(exportTo(file)).standardError, refusal(beside, "it is not a regular file"));
     ::close(reader);
     EXPECT_TRUE(fs::is_fifo(beside));
 }
@@ -185,7 +185,7 @@ TEST_F(Output, LockThatIsNoFileStays)
     EXPECT_TRUE(fs::is_symlink(lock) && !fs::exists(modules() + "/elsewhere"));
     fs::remove(lock);
     ASSERT_EQ(::mkfifo(lock.c_str(), 0600), 0);
-    EXPECT_EQ(run(buildOf(newSource())).standardError, refusal(lock, "it is no regular file"));
+    EXPECT_EQ(run(buildOf(newSource())).standardError, refusal(lock, "it is not a regular file"));
     EXPECT_TRUE(fs::is_fifo(lock));
     fs::remove(lock);
     EXPECT_EQ(run(buildOf(newSource())).exitCode, 0);

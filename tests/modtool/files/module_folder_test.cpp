@@ -85,8 +85,9 @@ TEST_F(PublishedFolder, MayBeReachedThroughALink)
 TEST_F(PublishedFolder, OfAnotherKindIsNotReplaced)
 {
     write("made/letter.txt", "dear reader");
-    EXPECT_EQ(build(fresh),
-              (Result{1, "", "kedrin-module: " + made() + ": is not empty and holds no module\n"}));
+    EXPECT_EQ(build(fresh), (Result{1, "",
+                                    "kedrin-module: " + made() +
+                                        ": is not empty and contains no module, so it is not replaced\n"}));
     EXPECT_EQ(filesOf(made()), (std::map<std::string, std::string>{{"letter.txt", "dear reader"}}));
     EXPECT_EQ(namesIn(modules()), (Names{"made"}));
 }
@@ -94,7 +95,7 @@ TEST_F(PublishedFolder, OfAnotherKindIsNotReplaced)
 TEST_F(PublishedFolder, DoesNotReplaceAFile)
 {
     write("made", "a file");
-    EXPECT_EQ(build(fresh), (Result{1, "", "kedrin-module: " + made() + ": is no folder\n"}));
+    EXPECT_EQ(build(fresh), (Result{1, "", "kedrin-module: " + made() + ": is not a folder\n"}));
     EXPECT_EQ(bytesOf(made()), "a file");
 }
 

@@ -34,7 +34,7 @@ protected:
     std::string wrong() const
     {
         const std::string message = messageOf<CBuildError>([&] { checkWritten(made(), m_module, m_kept); });
-        const std::string front = made() + ": the written module does not read back: ";
+        const std::string front = made() + ": the written module failed verification: ";
         return message.starts_with(front) ? message.substr(front.size()) : message;
     }
 
@@ -114,7 +114,7 @@ TEST_F(ReadBack, SaysWhatIsWrong)
     EXPECT_EQ(withOne("BibleStructure.csv", "2 1 1\n2 1 2\n"), "the verses of Jonah 2");
     EXPECT_EQ(withOne("BibleTitles.txt", made("BibleTitles.txt").replace(2, 1, "1")), "the titles of Gen");
     EXPECT_EQ(withOne("_Info_.txt", "Other\nMade\nMade\n"), "the titles of the module");
-    EXPECT_EQ(withOne("_Diff_.txt", ""), "the places of the verses");
+    EXPECT_EQ(withOne("_Diff_.txt", ""), "the positions of the verses");
 }
 
 } // namespace

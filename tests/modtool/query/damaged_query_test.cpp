@@ -45,7 +45,7 @@ TEST_F(Damaged, NoFolder)
                   command[0] == "words"
                       ? "kedrin-module: /nowhere: the words cannot be read: CWordList::CWordList(): error "
                         "opening file /nowhere/WordList.txt\n"
-                      : "kedrin-module: /nowhere: is no module folder\n");
+                      : "kedrin-module: /nowhere: is not a module folder\n");
     }
 }
 
@@ -76,23 +76,24 @@ TEST_F(Damaged, MoreVersesThanPlaces)
     const std::string path = spoiled([](auto& bytes) { bytes["BibleStructure.csv"] = "1 4000000000 1 1"; });
     EXPECT_EQ(
         run({"show", path, "Gen"}),
-        (Result{3, "",
-                "kedrin-module: " + path +
-                    ": BibleStructure.csv counts 4000000001 verses, CompactPoint.bin has places for 4\n"}));
+        (Result{
+            3, "",
+            "kedrin-module: " + path +
+                ": BibleStructure.csv counts 4000000001 verses, but CompactPoint.bin has records for 4\n"}));
 }
 
 TEST_F(Damaged, BookThatTheCommonNumberingLacks)
 {
     const std::string path = spoiled([](auto& bytes) { bytes["BibleTitles.txt"].replace(0, 5, "2 0 77"); });
     EXPECT_EQ(run({"info", path}).err,
-              "kedrin-module: " + path + ": book 2 has the common number 77, 76 is the last\n");
+              "kedrin-module: " + path + ": book 2 has the global number 77; the last is 76\n");
 }
 
 TEST_F(Damaged, ConcordanceThatEndsInsideARecord)
 {
     const std::string path = spoiled([](auto& bytes) { bytes["Conc.bin"].pop_back(); });
     EXPECT_EQ(run({"search", path, "рече", "--whole-word"}),
-              (Result{3, "", "kedrin-module: " + path + "/Conc.bin: ends inside a record\n"}));
+              (Result{3, "", "kedrin-module: " + path + "/Conc.bin: ends in the middle of a record\n"}));
     EXPECT_EQ(run({"words", path}).code, 3);
 }
 
@@ -110,7 +111,7 @@ TEST_F(Damaged, WordInAVerseThatIsNot)
 {
     const std::string path = spoiled([](auto& bytes) { bytes["Conc.bin"][2] = '\x09'; });
     EXPECT_EQ(run({"search", path, "бог", "--whole-word"}).err,
-              "kedrin-module: " + path + ": the word \"бог\" is said to be in verse 9 of 4\n");
+              "kedrin-module: " + path + ": the concordance puts the word \"бог\" in verse 9 of 4\n");
 }
 
 TEST_F(Damaged, EveryFileCutAtEveryLengthEndsWithAnAnswerOrAnError)

@@ -207,12 +207,12 @@ TEST_F(Exports, RemarksAndBadHeaders)
         return message.starts_with(source) ? message.substr(source.size()) : message;
     };
     EXPECT_EQ(refusal("# x\n# book: Gen\ta\tb\n"),
-              ":2: a book's titles are its id and three titles with tabs between them");
+              ":2: book titles must be an id and three titles, separated by tabs");
     EXPECT_EQ(refusal("# book: Gen\ta\tb\tc\td\n"),
-              ":1: a book's titles are its id and three titles with tabs between them");
-    EXPECT_EQ(refusal("# differences: 1 2 3 4\n"), "the differences are no records of five numbers");
-    EXPECT_EQ(refusal("# versification: Klingon\n").substr(0, 38),
-              "there is no versification \"Klingon\" (t");
+              ":1: book titles must be an id and three titles, separated by tabs");
+    EXPECT_EQ(refusal("# differences: 1 2 3 4\n"), "the differences are not records of five numbers");
+    EXPECT_EQ(refusal("# versification: Klingon\n").substr(0, 39),
+              "unknown versification \"Klingon\" (known");
 }
 
 TEST_F(Exports, WritesAFile)
@@ -232,7 +232,7 @@ TEST_F(Exports, RefusesAModuleWithABookTwice)
     files.bytes["BibleTitles.txt"].replace(0, 5, "2 0 0");
     const std::string module = m_modules.add("m", files);
     EXPECT_EQ(exported({module, "--to", "osis"}),
-              (Result{3, "", "kedrin-module: " + module + ": the book Gen stands twice\n"}));
+              (Result{3, "", "kedrin-module: " + module + ": the book Gen appears twice\n"}));
 }
 
 TEST_F(Exports, WholeBibleComesBack)

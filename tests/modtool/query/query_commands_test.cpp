@@ -64,7 +64,7 @@ TEST_F(Commands, ShowBesideAModuleThatLacksTheBook)
 TEST_F(Commands, ShowRefusesWhatItCannotFind)
 {
     EXPECT_EQ(run({"show", m_bulgarian, "Битие 3"}),
-              (Result{1, "", "kedrin-module: Бит has 2 chapters, there is no chapter 3\n"}));
+              (Result{1, "", "kedrin-module: Бит has 2 chapters; there is no chapter 3\n"}));
     EXPECT_EQ(run({"show", m_bulgarian}).code, 2);
     EXPECT_EQ(run({"show", m_bulgarian, "Бит 1", "--width", "5"}).code, 2);
 }
@@ -136,20 +136,21 @@ TEST_F(Commands, SearchTakesTheReplacementsOfABuild)
     EXPECT_EQ(
         run({"search", m_bulgarian, "\u0441\u0435 \u043F\u043E\u043C\u043E\u043B\u045D", "--count"}).out,
         "1\n");
-    EXPECT_EQ(run({"search", m_bulgarian, "\u6F22"}),
-              (Result{1, "",
-                      "kedrin-module: no module can hold \"\u6F22\" (U+6F22 CJK UNIFIED IDEOGRAPH-6F22)\n"}));
+    EXPECT_EQ(
+        run({"search", m_bulgarian, "\u6F22"}),
+        (Result{1, "",
+                "kedrin-module: no module can contain \"\u6F22\" (U+6F22 CJK UNIFIED IDEOGRAPH-6F22)\n"}));
 }
 
 TEST_F(Commands, SearchRefusesCombinations)
 {
     EXPECT_EQ(run({"search", m_bulgarian, "ден", "--whole-word", "--case"}),
               (Result{2, "",
-                      "kedrin-module: --whole-word finds a word in any case, so it goes without --case\n"
+                      "kedrin-module: --whole-word ignores case, so it cannot be combined with --case\n"
                       "kedrin-module: try kedrin-module --help\n"}));
     EXPECT_EQ(run({"search", m_bulgarian, "ден", "--whole-word", "--part"}).code, 2);
     EXPECT_EQ(run({"search", m_bulgarian, ""}).err,
-              "kedrin-module: search needs a text\nkedrin-module: try kedrin-module --help\n");
+              "kedrin-module: the text to search for is empty\nkedrin-module: try kedrin-module --help\n");
 }
 
 TEST_F(Commands, Words)
@@ -171,24 +172,26 @@ TEST_F(Commands, Info)
 {
     ModuleFiles files = test_support::smallModule();
     const std::string path = m_modules.add("small", files);
-    EXPECT_EQ(
-        run({"info", path}),
-        (Result{0,
-                "Малък превод\nshort title: Малък\nabbreviation: МП\nfolder: " + path +
-                    "\ncopyright: Свободен текст\n"
-                    "2 books, 3 chapters, 4 verses (1 empty), 3 words, 245 bytes\n"
-                    "numbering: 0 verses have another number in the common numbering, 0 none; 4 verses keep "
-                    "their place on the way there and back\n"
-                    "Gen\tБит\tБитие\t2\t3\nExod\tИзх\tИзход\t1\t1\n",
-                ""}));
+    EXPECT_EQ(run({"info", path}),
+              (Result{0,
+                      "Малък превод\nshort title: Малък\nabbreviation: МП\nfolder: " + path +
+                          "\n"
+                          "copyright: Свободен текст\n"
+                          "2 books, 3 chapters, 4 verses (1 empty), 3 words, 245 bytes\n"
+                          "numbering: 0 verses have a different number in the global numbering, 0 have none; "
+                          "4 verses map correctly both ways\n"
+                          "Gen\tБит\tБитие\t2\t3\n"
+                          "Exod\tИзх\tИзход\t1\t1\n",
+                      ""}));
 }
 
 TEST_F(Commands, InfoCountsTheNumbering)
 {
-    EXPECT_NE(run({"info", m_bulgarian})
-                  .out.find("numbering: 2 verses have another number in the common numbering, 1 "
-                            "none; 10 verses keep their place on the way there and back\n"),
-              std::string::npos);
+    EXPECT_NE(
+        run({"info", m_bulgarian})
+            .out.find("numbering: 2 verses have a different number in the global numbering, 1 have none; 10 "
+                      "verses map correctly both ways\n"),
+        std::string::npos);
     const std::string json = run({"info", m_bulgarian, "--json"}).out;
     EXPECT_NE(json.find("\"numbering\": {\n    \"moved\": 2,\n    \"outside\": 1,\n    \"kept\": 10\n  }"),
               std::string::npos)

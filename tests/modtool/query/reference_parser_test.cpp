@@ -93,29 +93,32 @@ TEST_F(References, TitleOfTheModuleGoesBeforeBeginnings)
 
 TEST_F(References, AmbiguousNameListsTheBooks)
 {
-    EXPECT_EQ(refusal("Йо 1:1"), "\"Йо\" may be Йов, Йоан or Йона");
-    EXPECT_EQ(refusal("Jo 1"), "\"Jo\" may be Йов, Йона or Йоан");
+    EXPECT_EQ(refusal("Йо 1:1"), "\"Йо\" is ambiguous: Йов, Йоан or Йона");
+    EXPECT_EQ(refusal("Jo 1"), "\"Jo\" is ambiguous: Йов, Йона or Йоан");
 }
 
 TEST_F(References, UnknownNameListsWhatIsAlike)
 {
-    EXPECT_EQ(refusal("Йуан 1"), "\"Йуан\" is no book of the module (did you mean Йоан?)");
-    EXPECT_EQ(refusal("Genesys 1"), "\"Genesys\" is no book of the module (did you mean Битие?)");
-    EXPECT_EQ(refusal("Zzzz 1"), "\"Zzzz\" is no book of the module");
-    EXPECT_EQ(refusal("- 1"), "\"-\" is no book of the module");
+    EXPECT_EQ(refusal("Йуан 1"), "\"Йуан\" is not a book of the module (did you mean Йоан?)");
+    EXPECT_EQ(refusal("Genesys 1"), "\"Genesys\" is not a book of the module (did you mean Битие?)");
+    EXPECT_EQ(refusal("Zzzz 1"), "\"Zzzz\" is not a book of the module");
+    EXPECT_EQ(refusal("- 1"), "\"-\" is not a book of the module");
 }
 
-TEST_F(References, BookThatTheModuleLacks) { EXPECT_EQ(refusal("Rev 1"), "the module has no book Rev"); }
+TEST_F(References, BookThatTheModuleLacks)
+{
+    EXPECT_EQ(refusal("Rev 1"), "the module has no book \"Rev\" (Rev)");
+}
 
 TEST_F(References, NumbersOutsideTheBook)
 {
-    EXPECT_EQ(refusal("Йоан 4:1"), "Йоа has 3 chapters, there is no chapter 4");
-    EXPECT_EQ(refusal("Йоан 0"), "Йоа has 3 chapters, there is no chapter 0");
-    EXPECT_EQ(refusal("Юда 2:1"), "Юда has 1 chapter, there is no chapter 2");
-    EXPECT_EQ(refusal("Йоан 3:37"), "Йоа 3 has 36 verses, there is no verse 37");
-    EXPECT_EQ(refusal("Йоан 3:0"), "Йоа 3 has 36 verses, there is no verse 0");
-    EXPECT_EQ(refusal("Юда 26"), "Юда 1 has 25 verses, there is no verse 26");
-    EXPECT_EQ(refusal("Йоан 3:5-99"), "Йоа 3 has 36 verses, there is no verse 99");
+    EXPECT_EQ(refusal("Йоан 4:1"), "Йоа has 3 chapters; there is no chapter 4");
+    EXPECT_EQ(refusal("Йоан 0"), "Йоа has 3 chapters; there is no chapter 0");
+    EXPECT_EQ(refusal("Юда 2:1"), "Юда has 1 chapter; there is no chapter 2");
+    EXPECT_EQ(refusal("Йоан 3:37"), "Йоа 3 has 36 verses; there is no verse 37");
+    EXPECT_EQ(refusal("Йоан 3:0"), "Йоа 3 has 36 verses; there is no verse 0");
+    EXPECT_EQ(refusal("Юда 26"), "Юда 1 has 25 verses; there is no verse 26");
+    EXPECT_EQ(refusal("Йоан 3:5-99"), "Йоа 3 has 36 verses; there is no verse 99");
     EXPECT_EQ(refusal("Йоан 3:16-3"), "\"Йоан 3:16-3\" ends before it begins");
     EXPECT_EQ(refusal("Йоан 3-2"), "\"Йоан 3-2\" ends before it begins");
 }
@@ -124,10 +127,10 @@ TEST_F(References, WhatIsNoReference)
 {
     for (const char* text : {"", " ", "3:16", "1", "Йоан 3:", "Йоан 3:16:2", "Йоан 1-2-3", "Йоан 3:-5",
                              "Йоан 99999999999", "Йоан 1-", "Йоан 3::16"})
-        EXPECT_EQ(refusal(text), '"' + std::string(text) + "\" is no reference") << text;
+        EXPECT_EQ(refusal(text), '"' + std::string(text) + "\" is not a reference") << text;
 }
 
 TEST_F(References, BytesThatAreNoUtf8AreRefused)
 {
-    EXPECT_EQ(refusal("\xFF\xFE 1"), "\"\uFFFD\uFFFD\" is no book of the module");
+    EXPECT_EQ(refusal("\xFF\xFE 1"), "\"\uFFFD\uFFFD\" is not a book of the module");
 }

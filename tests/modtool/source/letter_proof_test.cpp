@@ -38,7 +38,7 @@ std::string complaint(const std::string& xml, const std::string& taken)
 std::string fault(const std::string& line, const std::string& source, const std::string& read)
 {
     return "f.xml:" + line + ": the source has \"" + source + "\" here, but \"" + read +
-           "\" was read; this is an error in kedrin-module, please report it";
+           "\" was read; this is a bug in kedrin-module, please report it";
 }
 
 } // namespace

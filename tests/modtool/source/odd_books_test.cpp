@@ -32,7 +32,7 @@ protected:
 
     static std::string lineOf(const std::string& book, const std::string& verses)
     {
-        return "left out      " + book + ": " + verses + ", not in the common numbering\n";
+        return "left out      " + book + ": " + verses + ", not in the global numbering\n";
     }
 };
 
@@ -46,7 +46,7 @@ TEST_F(OddBooks, WithoutVersesAreSaidToBeWhatTheyAre)
                                     "left out      GLO: glossary, without verses\n"
                                     "left out      XXA: a book without verses\n" +
                                         lineOf("XXB", "1 verse") +
-                                        "left out      1 text outside the verses, first in line 2\n");
+                                        "left out      1 text outside the verses, first at line 2\n");
 }
 
 TEST_F(OddBooks, OfVerseLinesAreLeftOutAndCounted)
@@ -130,10 +130,11 @@ TEST_F(OddBooks, GreekEstherAloneIsEsther)
 {
     const Result result = buildSource("a.usfm", "\\id ESG\n\\c 1\n\\v 1 а\n\\c 11\n\\v 1 б");
     ASSERT_EQ(result.code, 0) << result.err;
-    EXPECT_EQ(reported(result, "taken"), "         1 Greek Esther or Daniel for the book itself, first Esth");
-    EXPECT_EQ(reported(result, "holds"), "         1 book, 11 chapters, 11 verses");
+    EXPECT_EQ(reported(result, "interpreted"),
+              "         1 Greek Esther or Daniel as the book itself, first at Esth");
+    EXPECT_EQ(reported(result, "contains"), "         1 book, 11 chapters, 11 verses");
     EXPECT_EQ(reported(result, "without text"),
-              "  9 chapters inside books, each kept as one verse, first Esth 2");
+              "  9 chapters inside books, each kept as one verse, first at Esth 2");
 }
 
 TEST_F(OddBooks, Psalm151OfTheSynodalCountIsAChapterWithoutAPlace)
@@ -143,8 +144,9 @@ TEST_F(OddBooks, Psalm151OfTheSynodalCountIsAChapterWithoutAPlace)
         text += "Ps\t151\t" + std::to_string(verse) + "\tб\n";
     const Result result = build(text, {"--versification", "Synodal"});
     ASSERT_EQ(result.code, 0) << result.err;
-    EXPECT_EQ(reported(result, "holds"), "         1 book, 151 chapters, 157 verses");
-    EXPECT_NE(result.out.find(" have no place in the common numbering\n"), std::string::npos) << result.out;
+    EXPECT_EQ(reported(result, "contains"), "         1 book, 151 chapters, 157 verses");
+    EXPECT_NE(result.out.find(" have no position in the global numbering\n"), std::string::npos)
+        << result.out;
     EXPECT_EQ(verse(0, 150, 6), "б");
 }
 
@@ -155,8 +157,8 @@ TEST_F(OddBooks, VersesBeyondTheCommonNumberingStayAndAreCounted)
     ASSERT_EQ(result.code, 0) << result.err;
     EXPECT_EQ(verse(0, 0, 25), "б");
     EXPECT_EQ(verse(0, 1, 0), "в");
-    EXPECT_NE(result.out.find("25 of 27 verses keep their place both ways"), std::string::npos) << result.out;
-    EXPECT_NE(result.out.find("              2 verses have no place in the common numbering\n"),
+    EXPECT_NE(result.out.find("25 of 27 verses map correctly both ways"), std::string::npos) << result.out;
+    EXPECT_NE(result.out.find("              2 verses have no position in the global numbering\n"),
               std::string::npos)
         << result.out;
 }

@@ -27,9 +27,9 @@ TEST(PsalmTexts, OfUsfmAreNamedWithTheirPlace)
 {
     EXPECT_EQ(findingsOfUsfm("\\id PSA\n\\c 3\n\\p Псалом на\n  Давида.\n\\q1\n\\v 1 a\n\\c 4\n\\p "
                              "Asaph\n\\v 1 b\n\\c 5\n\\v 1 c\n"),
-              "left out      2 texts before a psalm's first verse, perhaps its title, first in line 3\n"
-              "              Ps 3, in line 3: \"Псалом на Давида.\"\n"
-              "              Ps 4, in line 8: \"Asaph\"\n");
+              "left out      2 texts before a psalm's first verse, perhaps its title, first at line 3\n"
+              "              Ps 3, line 3: \"Псалом на Давида.\"\n"
+              "              Ps 4, line 8: \"Asaph\"\n");
 }
 
 TEST(PsalmTexts, OfAFolderAreNamedWithTheirFile)
@@ -38,10 +38,10 @@ TEST(PsalmTexts, OfAFolderAreNamedWithTheirFile)
     folder.write("01.usfm", "\\id GEN\n\\p Intro\n\\c 1\n\\v 1 a\n");
     folder.write("19-PSA.usfm", "\\id PSA\n\\c 150\n\\p Praise\n\\v 1 a\n");
     EXPECT_EQ(readSourceFile(folder.path().string(), {}).findings.text(),
-              "left out      1 text before a psalm's first verse, perhaps its title, first in line 3 of "
-              "19-PSA.usfm\n"
-              "              Ps 150, in line 3 of 19-PSA.usfm: \"Praise\"\n"
-              "left out      1 text outside the verses, first in line 2 of 01.usfm\n");
+              "left out      1 text before a psalm's first verse, perhaps its title, first at line 3 "
+              "of 19-PSA.usfm\n"
+              "              Ps 150, line 3 of 19-PSA.usfm: \"Praise\"\n"
+              "left out      1 text outside the verses, first at line 2 of 01.usfm\n");
 }
 
 TEST(PsalmTexts, OfXmlAreNamedWithTheirPlace)
@@ -52,23 +52,23 @@ TEST(PsalmTexts, OfXmlAreNamedWithTheirPlace)
             "<osis><osisText><div type='book' osisID='Ps'><chapter osisID='Ps.3'><p>A <hi>psalm</hi>.</p>"
             "<verse osisID='Ps.3.1'>a</verse></chapter></div></osisText></osis>")
             .findings.text(),
-        "left out      1 text before a psalm's first verse, perhaps its title, first in line 1\n"
-        "              Ps 3, in line 1: \"A psalm.\"\n");
+        "left out      1 text before a psalm's first verse, perhaps its title, first at line 1\n"
+        "              Ps 3, line 1: \"A psalm.\"\n");
     EXPECT_EQ(
         readZefania(
             "f.xml",
             "<XMLBIBLE><BIBLEBOOK bnumber='19'><CHAPTER cnumber='3'>\nA psalm.\n<VERS vnumber='1'>a</VERS>"
             "</CHAPTER></BIBLEBOOK></XMLBIBLE>")
             .findings.text(),
-        "left out      1 text before a psalm's first verse, perhaps its title, first in line 2\n"
-        "              Ps 3, in line 2: \"A psalm.\"\n");
+        "left out      1 text before a psalm's first verse, perhaps its title, first at line 2\n"
+        "              Ps 3, line 2: \"A psalm.\"\n");
 }
 
 TEST(PsalmTexts, OfBooksInXmlAreNamedWithTheirPlace)
 {
     const std::string expected =
-        "left out      1 text before a psalm's first verse, perhaps its title, first in line 2\n"
-        "              Ps 3, in line 2: \"A psalm.\"\n";
+        "left out      1 text before a psalm's first verse, perhaps its title, first at line 2\n"
+        "              Ps 3, line 2: \"A psalm.\"\n";
     EXPECT_EQ(readBeblia("f.xml", "<bible><book number='19'>\n<chapter number='3'>A psalm.<verse number='1'>a"
                                   "</verse></chapter></book></bible>")
                   .findings.text(),

@@ -56,7 +56,7 @@ TEST(SourceFormat, ForcedFormatIsTakenAsGiven)
     usfm.format = SourceFormat::usfm;
     EXPECT_EQ(linesOf(readSourceFile(file, usfm)), "Gen 1:1 a\n");
     EXPECT_EQ(messageOf<CBuildError>([&] { readSourceFile(file, asDetected); }),
-              file + ":1: a line is BOOK, CHAPTER, VERSE and text with tabs between them");
+              file + ":1: a line must be BOOK, CHAPTER, VERSE and text, separated by tabs");
 }
 
 TEST(SourceFormat, FolderOfUsfmFilesIsReadInTheOrderOfNames)
@@ -82,11 +82,11 @@ TEST(SourceFormat, FolderWithoutUsfmIsRefused)
     const TempFolder folder;
     const std::string path = folder.path().string();
     EXPECT_EQ(messageOf<CBuildError>([&] { readSourceFile(path, asDetected); }),
-              path + ": holds no USFM file (*.usfm, *.sfm, *.ptx, *.scp)");
+              path + ": contains no USFM file (*.usfm, *.sfm, *.ptx, *.scp)");
     ReadOptions osis;
     osis.format = SourceFormat::osis;
     EXPECT_EQ(messageOf<CBuildError>([&] { readSourceFile(path, osis); }),
-              path + ": is a folder, which only USFM and plain lines may be");
+              path + ": is a folder; only USFM and plain lines are read from folders");
 }
 
 TEST(SourceFormat, FilesOfAFolderMayHaveOtherExtensions)
@@ -171,7 +171,7 @@ TEST(TextInput, Windows1251WhereDeclaredOrGiven)
 TEST(TextInput, UnknownEncodingIsRefused)
 {
     EXPECT_EQ(messageOf<CBuildError>([] { decodedText("a", "f", "klingon"); }),
-              "f: the encoding \"klingon\" is not known");
+              "f: unknown encoding \"klingon\"");
 }
 
 TEST(SourceFormat, ReadersGetTheDecodedText)

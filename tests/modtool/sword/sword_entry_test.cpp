@@ -71,7 +71,7 @@ TEST(SwordEntry, VerseThatBeginsInAHeadingIsWhole)
 {
     const std::string raw = preverse + "<title>Глава " + verseBegin + "трети</title> стих";
     EXPECT_EQ(textOf(raw), "трети стих");
-    EXPECT_EQ(reportOf(raw), "left out      1 title, first Gen 1:1\n");
+    EXPECT_EQ(reportOf(raw), "left out      1 title, first at Gen 1:1\n");
 }
 
 TEST(SwordEntry, TagsWithoutAPartnerLeaveNothingOut)
@@ -106,14 +106,14 @@ TEST(SwordEntry, HeadingsBesidePsalmTitlesAreLeftOut)
                             "</title><title>Глас</title>" +
                             verseBegin + "Господи";
     EXPECT_EQ(textOf(raw), "Псалом. Господи");
-    EXPECT_EQ(reportOf(raw), "left out      2 titles, first Gen 1:1\n");
+    EXPECT_EQ(reportOf(raw), "left out      2 titles, first at Gen 1:1\n");
 }
 
 TEST(SwordEntry, WhatStandsBeforeTheVerseIsOutside)
 {
     const std::string raw = preverse + "<p>Предговор</p>" + verseBegin + "едно";
     EXPECT_EQ(textOf(raw), "едно");
-    EXPECT_EQ(reportOf(raw), "left out      1 text outside the verses, first Gen 1:1\n");
+    EXPECT_EQ(reportOf(raw), "left out      1 text outside the verses, first at Gen 1:1\n");
     EXPECT_EQ(textOf(preverse + "<p canonical=\"true\">Псалом</p>" + verseBegin + "едно"), "Псалом едно");
 }
 
@@ -188,7 +188,7 @@ TEST(SwordEntry, EndsWithItsBook)
 {
     const std::string raw = "край.<div eID=\"g1\" osisID=\"Rev\" type=\"book\"/><div>речник</div>";
     EXPECT_EQ(textOf(raw), "край.");
-    EXPECT_EQ(reportOf(raw), "left out      1 text outside the verses, first Gen 1:1\n");
+    EXPECT_EQ(reportOf(raw), "left out      1 text outside the verses, first at Gen 1:1\n");
     EXPECT_EQ(textOf("а<div eID=\"g1\" type=\"x-p\"/>б"), "а б");
 }
 
@@ -205,7 +205,7 @@ TEST(SwordEntry, NoteThatGoesOnInTheNextEntryIsLeftOutOfBoth)
     place = {"Gen 1:2"};
     place.beginsInNote = true;
     EXPECT_EQ(folded(readAt("б</note> в", place, findings).verse), "в");
-    EXPECT_EQ(findings.text(), "left out      1 note, first Gen 1:1\n");
+    EXPECT_EQ(findings.text(), "left out      1 note, first at Gen 1:1\n");
 }
 
 TEST(SwordEntry, PsalmTitleOfAChapterGoesToItsFirstVerse)
@@ -215,8 +215,8 @@ TEST(SwordEntry, PsalmTitleOfAChapterGoesToItsFirstVerse)
     EXPECT_EQ(
         folded(readAt("<title>а</title><title canonical=\"true\">Псалом </title>в", chapter, findings).title),
         "Псалом");
-    EXPECT_EQ(findings.text(), "left out      1 title, first Ps 3\n"
-                               "left out      1 text outside the verses, first Ps 3\n");
+    EXPECT_EQ(findings.text(), "left out      1 title, first at Ps 3\n"
+                               "left out      1 text outside the verses, first at Ps 3\n");
     EXPECT_EQ(folded(readAt("<title canonical=\"true\">Псалом ", chapter, findings).title), "Псалом");
     const SwordPlace book{"Ps", SwordPlace::Kind::introduction};
     EXPECT_EQ(readAt("<title canonical=\"true\">Псалтир</title>", book, findings).title, "");

@@ -103,10 +103,10 @@ TEST_F(SwordSource, WhatIsLeftOutIsCounted)
     ASSERT_EQ(result.code, 0) << result.err;
     const std::size_t begin = result.out.find("left out");
     EXPECT_EQ(result.out.substr(std::min(begin, result.out.size())),
-              "left out      2 notes, first Gen 1:1\n"
-              "left out      3 titles, first Gen 1\n"
-              "left out      1 other reading, first Gen 1:2\n"
-              "left out      2 texts outside the verses, first Gen 1\n");
+              "left out      2 notes, first at Gen 1:1\n"
+              "left out      3 titles, first at Gen 1\n"
+              "left out      1 variant reading, first at Gen 1:2\n"
+              "left out      2 texts outside the verses, first at Gen 1\n");
 }
 
 TEST_F(SwordSource, MarkersOfUsfmGoAndAreCounted)
@@ -115,7 +115,7 @@ TEST_F(SwordSource, MarkersOfUsfmGoAndAreCounted)
     const Result result = buildSword("Made");
     ASSERT_EQ(result.code, 0) << result.err;
     EXPECT_EQ(verse(0, 0, 0), "на Господа");
-    EXPECT_EQ(reported(result, "kept"), "          1 text of an unknown marker, first Gen 1:1");
+    EXPECT_EQ(reported(result, "kept"), "          1 text of an unknown marker, first at Gen 1:1");
 }
 
 TEST_F(SwordSource, KeepsCanonicalTitles)
@@ -155,8 +155,9 @@ TEST_F(SwordSource, JoinedVersesHaveTheirTextOnce)
     ASSERT_EQ(result.code, 0) << result.err;
     EXPECT_EQ(verse(0, 0, 0), "два стиха");
     EXPECT_EQ(verse(0, 0, 1), "");
-    EXPECT_EQ(reported(result, "without text"), "  1 verse inside a chapter, first Gen 1:2");
-    EXPECT_EQ(reported(result, "joined"), "        1 range of verses, its text at the first, first Gen 1:1");
+    EXPECT_EQ(reported(result, "without text"), "  1 verse inside a chapter, first at Gen 1:2");
+    EXPECT_EQ(reported(result, "joined"),
+              "        1 range of verses, with the text in the first, first at Gen 1:1");
 }
 
 TEST_F(SwordSource, EmptyEntriesAreNoRange)
@@ -200,8 +201,8 @@ TEST_F(SwordSource, PsalmTitleOfAChapterStandsBeforeItsFirstVerse)
     const Result result = buildSword("Made");
     ASSERT_EQ(result.code, 0) << result.err;
     EXPECT_EQ(verse(0, 2, 0), "Псалом Давидов. Господи");
-    EXPECT_EQ(reported(result, "joined"), "        1 psalm title, put before its text, first Ps 3");
-    EXPECT_EQ(reported(result, "left out"), "      1 text outside the verses, first Ps 4");
+    EXPECT_EQ(reported(result, "joined"), "        1 psalm title, put before its text, first at Ps 3");
+    EXPECT_EQ(reported(result, "left out"), "      1 text outside the verses, first at Ps 4");
 }
 
 TEST_F(SwordSource, NoteOverTwoVersesIsLeftOutOfBoth)
@@ -215,7 +216,7 @@ TEST_F(SwordSource, NoteOverTwoVersesIsLeftOutOfBoth)
     EXPECT_EQ(verse(0, 0, 2), "г") << "behind an empty verse";
     EXPECT_EQ(verse(0, 0, 3), "д е") << "a note without an end";
     EXPECT_EQ(verse(0, 0, 4), "ж");
-    EXPECT_EQ(reported(result, "left out"), "      1 note, first Gen 1:1");
+    EXPECT_EQ(reported(result, "left out"), "      1 note, first at Gen 1:1");
 }
 
 TEST_F(SwordSource, EveryMarkupKeepsItsText)
@@ -267,7 +268,7 @@ TEST_F(SwordSource, BytesThatAreNoUtf8AreRefusedAsCharactersAre)
 TEST_F(SwordSource, EmptyBibleHoldsNoBook)
 {
     m_sword.add("Made", {});
-    EXPECT_EQ(buildSword("Made").err, "kedrin-module: the source holds no text\n");
+    EXPECT_EQ(buildSword("Made").err, "kedrin-module: the source contains no text\n");
 }
 
 } // namespace

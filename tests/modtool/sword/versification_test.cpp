@@ -30,7 +30,7 @@ TEST(Versification, UnknownNameThrowsWithTheListOfNames)
 {
     const std::string message =
         test_support::messageOf<CBuildError>([] { CVersification versification("Vulgata"); });
-    EXPECT_TRUE(message.starts_with("there is no versification \"Vulgata\" (there are: KJV, ")) << message;
+    EXPECT_TRUE(message.starts_with("unknown versification \"Vulgata\" (known: KJV, ")) << message;
     EXPECT_NE(message.find(", Synodal"), std::string::npos);
     EXPECT_TRUE(message.ends_with(")"));
 }
@@ -108,7 +108,7 @@ TEST_F(Differences, OfASynodalJonahShiftItsSecondChapterBothWays)
 {
     const Result result = build(lines("Gen", {31, 25}) + m_synodalJonah, {"--versification", "Synodal"});
     EXPECT_EQ(result.code, 0);
-    EXPECT_NE(result.out.find("103 of 104 verses keep their place both ways (93 without any record)"),
+    EXPECT_NE(result.out.find("103 of 104 verses map correctly both ways (93 without any record)"),
               std::string::npos)
         << result.out;
     const Kedrin::Tolvo::CBible bible(made());
@@ -124,8 +124,8 @@ TEST_F(Differences, OfASynodalJonahShiftItsSecondChapterBothWays)
 TEST_F(Differences, OfASynodalJonahAreFoundWithoutTheName)
 {
     const Result result = build(m_synodalJonah);
-    EXPECT_TRUE(reported(result, "numbering").ends_with(" (fits best)"));
-    EXPECT_NE(result.out.find("47 of 48 verses keep their place both ways (37 without any record)"),
+    EXPECT_TRUE(reported(result, "numbering").ends_with(" (best match)"));
+    EXPECT_NE(result.out.find("47 of 48 verses map correctly both ways (37 without any record)"),
               std::string::npos);
 }
 
@@ -134,14 +134,14 @@ TEST_F(Differences, NameOfTheVersificationIsObeyed)
     const Result result = build(m_synodalJonah, {"--versification", "KJV"});
     EXPECT_EQ(reported(result, "numbering"), "     KJV");
     EXPECT_EQ(made("_Diff_.txt"), "");
-    EXPECT_NE(result.out.find("1 verse has no place in the common numbering"), std::string::npos)
+    EXPECT_NE(result.out.find("1 verse has no position in the global numbering"), std::string::npos)
         << "Jonah 2:11";
 }
 
 TEST_F(Differences, UnknownVersificationIsRefused)
 {
     EXPECT_TRUE(refusal(m_synodalJonah, {"--versification", "Vulgata"})
-                    .starts_with("kedrin-module: there is no versification \"Vulgata\" (there are: KJV, "));
+                    .starts_with("kedrin-module: unknown versification \"Vulgata\" (known: KJV, "));
 }
 
 TEST_F(Differences, AreNoneForANewTestamentWhoseBooksHaveOtherNumbersHere)
@@ -149,7 +149,7 @@ TEST_F(Differences, AreNoneForANewTestamentWhoseBooksHaveOtherNumbersHere)
     const Result result = build(lines("John", {51, 25}) + lines("Jude", {25}) + lines("Rom", {32, 29}));
     EXPECT_TRUE(made("BibleTitles.txt").starts_with("3 53 61 62\n"));
     EXPECT_EQ(made("_Diff_.txt"), "");
-    EXPECT_NE(result.out.find("162 of 162 verses keep their place both ways (162 without any record)"),
+    EXPECT_NE(result.out.find("162 of 162 verses map correctly both ways (162 without any record)"),
               std::string::npos);
     const Kedrin::Tolvo::CBible bible(made());
     EXPECT_TRUE(isAt(bible.toGlobal(CRef(2, 1, 28, false)), 62, 1, 28));

@@ -45,8 +45,8 @@ TEST_F(Letters, BulgarianIWithGraveIsReplacedAndCountedWithoutBeingAsked)
         ASSERT_EQ(result.code, 0) << result.err;
         EXPECT_EQ(verse(0, 0, 0), "И и и и");
         EXPECT_EQ(replacedLines(result),
-                  "U+040D CYRILLIC CAPITAL LETTER I WITH GRAVE by \"И\", 1 time, first Gen 1:1\n"
-                  "U+045D CYRILLIC SMALL LETTER I WITH GRAVE by \"и\", 2 times, first Gen 1:1\n");
+                  "U+040D CYRILLIC CAPITAL LETTER I WITH GRAVE with \"И\", 1 time, first at Gen 1:1\n"
+                  "U+045D CYRILLIC SMALL LETTER I WITH GRAVE with \"и\", 2 times, first at Gen 1:1\n");
     }
 }
 
@@ -56,8 +56,8 @@ TEST_F(Letters, IeWithGraveIsReplacedAndCountedWithoutBeingAsked)
     ASSERT_EQ(result.code, 0) << result.err;
     EXPECT_EQ(verse(0, 0, 0), "Е е е");
     EXPECT_EQ(replacedLines(result),
-              "U+0400 CYRILLIC CAPITAL LETTER IE WITH GRAVE by \"Е\", 1 time, first Gen 1:1\n"
-              "U+0450 CYRILLIC SMALL LETTER IE WITH GRAVE by \"е\", 2 times, first Gen 1:1\n");
+              "U+0400 CYRILLIC CAPITAL LETTER IE WITH GRAVE with \"Е\", 1 time, first at Gen 1:1\n"
+              "U+0450 CYRILLIC SMALL LETTER IE WITH GRAVE with \"е\", 2 times, first at Gen 1:1\n");
 }
 
 TEST_F(Letters, GraveStressOfAnyCyrillicLetterGoesAndIsCountedWithoutBeingAsked)
@@ -66,16 +66,16 @@ TEST_F(Letters, GraveStressOfAnyCyrillicLetterGoesAndIsCountedWithoutBeingAsked)
         buildText("а\u0300 О\u0300 у\u0300 ъ\u0300 ю\u0300 я\u0300 э\u0300 ы\u0300 і\u0300 ї\u0340", {});
     ASSERT_EQ(result.code, 0) << result.err;
     EXPECT_EQ(verse(0, 0, 0), "а О у ъ ю я э ы і ї");
-    EXPECT_EQ(replacedLines(result), "U+0300 COMBINING GRAVE ACCENT removed, 10 times, first Gen 1:1\n");
+    EXPECT_EQ(replacedLines(result), "U+0300 COMBINING GRAVE ACCENT removed, 10 times, first at Gen 1:1\n");
 }
 
 TEST_F(Letters, GraveOfAnotherLetterIsRefusedAndGoesWhenAsked)
 {
-    EXPECT_EQ(
-        refusal("Gen\t1\t1\tа\u0300 q\u0300 è\n"),
-        "kedrin-module: the text holds characters that Windows-1251 lacks (--substitute replaces them):\n"
-        "  U+00E8 LATIN SMALL LETTER E WITH GRAVE, 1 time, first Gen 1:1\n"
-        "  U+0300 COMBINING GRAVE ACCENT, 1 time, first Gen 1:1\n");
+    EXPECT_EQ(refusal("Gen\t1\t1\tа\u0300 q\u0300 è\n"),
+              "kedrin-module: the text contains characters that Windows-1251 lacks (--substitute "
+              "replaces them):\n"
+              "  U+00E8 LATIN SMALL LETTER E WITH GRAVE, 1 time, first at Gen 1:1\n"
+              "  U+0300 COMBINING GRAVE ACCENT, 1 time, first at Gen 1:1\n");
     const Result result = buildText("а\u0300 q\u0300 è", {"--substitute"});
     EXPECT_EQ(verse(0, 0, 0), "а q e");
 }
@@ -89,11 +89,11 @@ TEST_F(Letters, LatinLetterWithGraveInACyrillicWordIsItsCyrillicLikeness)
     ASSERT_EQ(always.code, 0) << always.err;
     EXPECT_EQ(verse(0, 0, 0), "се „Ева“ ете ти до вас");
     EXPECT_EQ(replacedLines(always),
-              "U+00C8 LATIN CAPITAL LETTER E WITH GRAVE by \"Е\", 1 time, first Gen 1:1\n"
-              "U+00E0 LATIN SMALL LETTER A WITH GRAVE by \"а\", 1 time, first Gen 1:1\n"
-              "U+00E8 LATIN SMALL LETTER E WITH GRAVE by \"е\", 2 times, first Gen 1:1\n"
-              "U+00F2 LATIN SMALL LETTER O WITH GRAVE by \"о\", 1 time, first Gen 1:1\n"
-              "U+00F9 LATIN SMALL LETTER U WITH GRAVE by \"и\", 1 time, first Gen 1:1\n");
+              "U+00C8 LATIN CAPITAL LETTER E WITH GRAVE with \"Е\", 1 time, first at Gen 1:1\n"
+              "U+00E0 LATIN SMALL LETTER A WITH GRAVE with \"а\", 1 time, first at Gen 1:1\n"
+              "U+00E8 LATIN SMALL LETTER E WITH GRAVE with \"е\", 2 times, first at Gen 1:1\n"
+              "U+00F2 LATIN SMALL LETTER O WITH GRAVE with \"о\", 1 time, first at Gen 1:1\n"
+              "U+00F9 LATIN SMALL LETTER U WITH GRAVE with \"и\", 1 time, first at Gen 1:1\n");
 }
 
 TEST_F(Letters, LatinLetterWithAnotherAccentInACyrillicWordIsItsLikenessWhenAsked)
@@ -127,7 +127,7 @@ TEST_F(Letters, MarksOfStressGoWhenAskedAndAreCounted)
               std::string::npos);
     const Result result = buildText("за\u0301мък замъ\u0301к", {"--substitute"});
     EXPECT_EQ(verse(0, 0, 0), "замък замък");
-    EXPECT_EQ(replacedLines(result), "U+0301 COMBINING ACUTE ACCENT removed, 2 times, first Gen 1:1\n");
+    EXPECT_EQ(replacedLines(result), "U+0301 COMBINING ACUTE ACCENT removed, 2 times, first at Gen 1:1\n");
 }
 
 TEST_F(Letters, ComposedBeforeTheyAreLookedAt)
@@ -144,9 +144,9 @@ TEST_F(Letters, OfTheOldOrthographyHaveTheirSuccessors)
         buildText("Ѣ ѣ Ѫ ѫ Ѭ ѭ Ѧ ѧ Ѩ ѩ Ѳ ѳ Ѵ ѵ Ѡ ѡ Ѹ ѹ Ѯ ѯ Ѱ ѱ Ѥ ѥ Ꙗ ꙗ Ꙋ ꙋ", {"--substitute"});
     ASSERT_EQ(result.code, 0) << result.err;
     EXPECT_EQ(verse(0, 0, 0), "Е е Ъ ъ Я я Я я Я я Ф ф И и О о У у Кс кс Пс пс Е е Я я У у");
-    EXPECT_NE(
-        result.out.find("replaced      U+0463 CYRILLIC SMALL LETTER YAT by \"е\", 1 time, first Gen 1:1\n"),
-        std::string::npos)
+    EXPECT_NE(result.out.find(
+                  "replaced      U+0463 CYRILLIC SMALL LETTER YAT with \"е\", 1 time, first at Gen 1:1\n"),
+              std::string::npos)
         << result.out;
 }
 
@@ -165,9 +165,9 @@ TEST_F(Letters, OfEveryFormatAreReplacedAlike)
         ASSERT_EQ(result.code, 0) << name << result.err;
         EXPECT_EQ(verse(0, 0, 0), "и за е љ") << name;
         EXPECT_EQ(replacedLines(result),
-                  "U+0301 COMBINING ACUTE ACCENT removed, 1 time, first Gen 1:1\n"
-                  "U+045D CYRILLIC SMALL LETTER I WITH GRAVE by \"и\", 1 time, first Gen "
-                  "1:1\nU+0463 CYRILLIC SMALL LETTER YAT by \"е\", 1 time, first Gen 1:1\n")
+                  "U+0301 COMBINING ACUTE ACCENT removed, 1 time, first at Gen 1:1\n"
+                  "U+045D CYRILLIC SMALL LETTER I WITH GRAVE with \"и\", 1 time, first at Gen 1:1\n"
+                  "U+0463 CYRILLIC SMALL LETTER YAT with \"е\", 1 time, first at Gen 1:1\n")
             << name;
     }
 }

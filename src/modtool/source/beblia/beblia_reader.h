@@ -13,7 +13,7 @@ namespace Kedrin::ModTool {
 ///     what CXmlBible::read() throws
 ///     "%s:%u: a verse before any <book>"
 ///     "%s:%u: %s is no book number: write one into number, such as 1 for Genesis", for a book with verses
-///     "%s: holds no verse"
+///     "%s: contains no verses"
 SourceBible readBeblia(const std::string& fileName, std::string_view utf8);
 
 } // namespace Kedrin::ModTool

@@ -33,9 +33,8 @@ void CLetterProof::fail(std::string_view letters, std::size_t line) const
         --same;
     failAtLine(
         m_fileName, line,
-        message(
-            "the source has %s here, but %s was read; this is an error in kedrin-module, please report it",
-            inQuotes(letters.substr(same)), inQuotes(m_rest.substr(same))));
+        message("the source has %s here, but %s was read; this is a bug in kedrin-module, please report it",
+                inQuotes(letters.substr(same)), inQuotes(m_rest.substr(same))));
 }
 
 } // namespace Kedrin::ModTool

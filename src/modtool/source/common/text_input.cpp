@@ -26,7 +26,7 @@ std::string wholeFile(const std::string& fileName)
     if (!file.isOpen())
         throw CBuildError(message("%s: cannot be opened", fileName));
     if (file.size() > maxSourceBytes)
-        throw CBuildError(message("%s: is longer than 64 MiB", fileName));
+        throw CBuildError(message("%s: is larger than 64 MiB", fileName));
     std::string content(static_cast<std::size_t>(file.size()), '\0');
     if (file.readAt(0, content.data(), content.size()) != content.size())
         throw CBuildError(message("%s: cannot be read", fileName));
@@ -112,7 +112,7 @@ std::string converted(const std::string& content, const std::string& fileName, c
     const std::unique_ptr<UConverter, decltype(&ucnv_close)> converter(ucnv_open(encoding.c_str(), &status),
                                                                        &ucnv_close);
     if (U_FAILURE(status))
-        throw CBuildError(message("%s: the encoding %s is not known", fileName, inQuotes(encoding)));
+        throw CBuildError(message("%s: unknown encoding %s", fileName, inQuotes(encoding)));
     ucnv_setToUCallBack(converter.get(), UCNV_TO_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &status);
     std::string text;
     text.reserve(content.size());

@@ -14,7 +14,7 @@ namespace Kedrin::ModTool {
 /// @param recognised  nullptr, or takes the name of an encoding that the content alone says (see isWindows1251()); "" for
 ///                    none
 /// @throws CBuildError
-///     "%s: cannot be opened", "%s: is longer than 64 MiB", "%s: cannot be read"
+///     "%s: cannot be opened", "%s: is larger than 64 MiB", "%s: cannot be read"
 ///     "%s: the encoding \"%s\" is not known", "%s:%u: not valid %s", with line and encoding
 std::string readText(const std::string& fileName, const std::string& encoding,
                      std::string* recognised = nullptr);

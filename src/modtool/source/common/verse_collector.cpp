@@ -108,7 +108,7 @@ void CVerseCollector::checkLetters()
                                 countLetters(m_signs) + m_bible.findings.letters();
     if (given != found)
         throw CBuildError(
-            message("%s: %s letters and digits were read, %s are accounted for; this is an error in "
+            message("%s: %s letters and digits were read, but %s are accounted for; this is a bug in "
                     "kedrin-module, please report it",
                     place(0), given, found));
 }
@@ -279,7 +279,7 @@ std::string CVerseCollector::place(std::size_t line) const
 {
     if (!m_pieces.empty() && (m_inVerse || line == 0))
         return m_bible.placeOf(m_pieces.back().verse);
-    return m_file.empty() ? message("in line %s", line) : message("in line %s of %s", line, m_file);
+    return m_file.empty() ? message("line %s", line) : message("line %s of %s", line, m_file);
 }
 
 SourceBible CVerseCollector::finish()

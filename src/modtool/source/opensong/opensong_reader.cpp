@@ -61,8 +61,8 @@ private:
         const std::string osis = osisOf(name);
         if (osis.empty())
             beginUnknownBook(
-                message("%s is no known name of a book: write an English or Bulgarian one into n, "
-                        "such as Genesis",
+                message("%s is not a known book name: write an English or Bulgarian one in n, such as "
+                        "Genesis",
                         inQuotes(name)));
         else
             beginBook(osis);

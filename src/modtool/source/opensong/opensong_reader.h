@@ -12,9 +12,9 @@ namespace Kedrin::ModTool {
 /// @throws CBuildError
 ///     what CXmlBible::read() throws
 ///     "%s:%u: a verse before any <b>"
-///     "%s:%u: %s is no known name of a book: write an English or Bulgarian one into n, such as Genesis", for a book
+///     "%s:%u: %s is not a known book name: write an English or Bulgarian one in n, such as Genesis", for a book
 ///     with verses
-///     "%s: holds no verse"
+///     "%s: contains no verses"
 SourceBible readOpenSong(const std::string& fileName, std::string_view utf8);
 
 } // namespace Kedrin::ModTool

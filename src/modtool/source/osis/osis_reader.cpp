@@ -64,7 +64,7 @@ public:
         }
         SourceBible bible = m_verses.finish();
         if (bible.verses.empty())
-            throw CBuildError(message("%s: holds no verse", m_xml.fileName()));
+            throw CBuildError(message("%s: contains no verses", m_xml.fileName()));
         bible.letters = proveXmlLetters(m_xml.fileName(), m_utf8, m_verses.takeLetters());
         return bible;
     }
@@ -160,7 +160,7 @@ private:
         } else if (m_verses.inBook()) {
             m_verses.beginVerseWithoutNumber(std::max(m_chapter, 1u), m_xml.line());
         } else {
-            m_xml.fail(message("%s is no reference to a verse, such as Gen.1.1", inQuotes(id)));
+            m_xml.fail(message("%s is not a verse reference, such as Gen.1.1", inQuotes(id)));
         }
     }
 

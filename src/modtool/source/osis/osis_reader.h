@@ -8,14 +8,14 @@
 namespace Kedrin::ModTool {
 
 /// Reads OSIS XML (doc/formats/osis.md): the text of the verses, whether they are written as elements or between
-/// milestones. Notes, headings, other readings and lexical marks go; added words, names, poetry and the words of
+/// milestones. Notes, headings, variant readings and lexical marks go; added words, names, poetry and the words of
 /// Christ stay as plain text.
 /// @param utf8  the file's content, without byte order mark
 /// @throws CBuildError
 ///     what CXmlReader throws
 ///     "%s:%u: the root element is %s, not osis"
-///     "%s:%u: %s is no reference to a verse, such as Gen.1.1", before any book
-///     "%s: holds no verse"
+///     "%s:%u: %s is not a verse reference, such as Gen.1.1", before any book
+///     "%s: contains no verses"
 SourceBible readOsis(const std::string& fileName, std::string_view utf8);
 
 } // namespace Kedrin::ModTool

@@ -32,8 +32,8 @@ void CBadLines::refuse(const std::string& fileName) const
 std::string unknownBook(std::string_view name)
 {
     const std::string nearest = bookFinder().nearest(name);
-    return nearest.empty() ? message("%s is no known book", inQuotes(name))
-                           : message("%s is no known book (did you mean %s?)", inQuotes(name), nearest);
+    return nearest.empty() ? message("%s is not a known book", inQuotes(name))
+                           : message("%s is not a known book (did you mean %s?)", inQuotes(name), nearest);
 }
 
 } // namespace Kedrin::ModTool

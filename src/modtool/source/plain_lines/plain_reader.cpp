@@ -55,10 +55,10 @@ void CPlainReader::read(const std::string& fileName, std::string_view utf8, cons
     const std::string book = givenBook(input, fileName);
     const auto shape = plainShapeOf(utf8, !book.empty());
     if (!shape)
-        throw CBuildError(
-            message("%s: is no table of verses, no verse a line and no verses under headings", fileName));
+        throw CBuildError(message(
+            "%s: is not a table of verses, nor one verse per line, nor verses under headings", fileName));
     if (shape->namesBooks() && !input.book.empty())
-        throw CBuildError(message("%s: names its books itself, which leaves nothing to --book", fileName));
+        throw CBuildError(message("%s: names its own books, so --book cannot be used", fileName));
     CBadLines badLines;
     m_private->verses.setFile(input.shownName);
     CPlainVerses verses(m_private->verses, badLines, shape->namesBooks() ? "" : book, !input.book.empty());
@@ -72,15 +72,16 @@ void CPlainReader::read(const std::string& fileName, std::string_view utf8, cons
     m_private->letters += provePlainLetters(fileName, utf8, hasEntities, m_private->verses.takeLetters());
     m_private->say(translatable("read as"), shape->text());
     if (verses.usedGivenBook() && input.book.empty())
-        m_private->say(translatable("taken"), message("%s for the book, by the name of the file %s", book,
-                                                      std::filesystem::path(fileName).filename().string()));
+        m_private->say(translatable("interpreted"),
+                       message("%s for the book, by the name of the file %s", book,
+                               std::filesystem::path(fileName).filename().string()));
 }
 
 SourceBible CPlainReader::finish(const std::string& source)
 {
     SourceBible bible = m_private->verses.finish();
     if (bible.verses.empty())
-        throw CBuildError(message("%s: holds no verse", source));
+        throw CBuildError(message("%s: contains no verses", source));
     bible.letters = m_private->letters;
     for (const auto& [label, text] : m_private->m_said)
         bible.findings.say(label, text);

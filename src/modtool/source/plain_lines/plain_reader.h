@@ -30,14 +30,14 @@ public:
     /// @param utf8  the file's content, without byte order mark
     /// @throws CBuildError
     ///     what CLetterProof, CBadLines::refuse() and readPlainLines() throw
-    ///     "%s: is no table of verses, no verse a line and no verses under headings"
-    ///     "--book: %s is no known book", perhaps with "(did you mean %s?)"
-    ///     "%s: names its books itself, which leaves nothing to --book"
+    ///     "%s: is not a table of verses, nor one verse per line, nor verses under headings"
+    ///     "--book: %s is not a known book", perhaps with "(did you mean %s?)"
+    ///     "%s: names its own books, so --book cannot be used"
     void read(const std::string& fileName, std::string_view utf8, const PlainInput& input = {});
 
     /// All that was read. Call it once.
     /// @param source  for the message
-    /// @throws CBuildError  "%s: holds no verse"
+    /// @throws CBuildError  "%s: contains no verses"
     SourceBible finish(const std::string& source);
 
 private:

@@ -50,7 +50,7 @@ private:
         const bool isUnclosed = m_records.flaw() == CPlainRecords::Flaw::unclosedQuote;
         bad([&] {
             return std::string(tr(isUnclosed ? translatable("a quotation mark is never closed")
-                                             : translatable("text behind a closing quotation mark")));
+                                             : translatable("text after a closing quotation mark")));
         });
     }
 
@@ -91,12 +91,13 @@ private:
         const auto verse = parseVerseNumber(verseField);
         if (!chapter || *chapter == 0)
             return bad([&] {
-                return message("%s is no chapter number from 1 to %s", inQuotes(chapterField),
+                return message("%s is not a chapter number from 1 to %s", inQuotes(chapterField),
                                maxSourceNumber);
             });
         if (!verse)
             return bad([&] {
-                return message("%s is no verse number from 0 to %s", inQuotes(verseField), maxSourceNumber);
+                return message("%s is not a verse number from 0 to %s", inQuotes(verseField),
+                               maxSourceNumber);
             });
         if (m_verses.beginVerse(*chapter, *verse, m_records.line()))
             addFields();
@@ -121,7 +122,7 @@ private:
         if (m_lastOsis.empty()) {
             const std::string name(trimmed(field.text()));
             bad([&] {
-                return plainNumber(name) ? message("%s is no book number from 1 to %s", inQuotes(name),
+                return plainNumber(name) ? message("%s is not a book number from 1 to %s", inQuotes(name),
                                                    protestantBooksCount)
                                          : unknownBook(name);
             });

@@ -11,7 +11,7 @@ void CPlainVerses::beginBook(const std::string& osis, std::string_view name, std
         return;
     if (m_isForced && osis != m_givenBook)
         return m_badLines.add(line, [&] {
-            return message("%s is another book than %s, which --book gives", inQuotes(name), m_givenBook);
+            return message("%s is not %s, the book given with --book", inQuotes(name), m_givenBook);
         });
     m_verses.beginBook(osis);
     m_book = osis;

@@ -188,7 +188,7 @@ private:
         const std::string osis = osisOfUsfmLine(code, rest);
         if (osis.empty())
             failAtLine(m_fileName, m_line,
-                       message("%s is no book code: write one behind \\id, such as GEN", inQuotes(code)));
+                       message("%s is not a book code: write one after \\id, such as GEN", inQuotes(code)));
         m_verses.leaveOut(ReaderRule::metadata, rest);
         m_mainTitle = false;
         m_verses.beginBook(osis);
@@ -203,7 +203,7 @@ private:
     {
         if (!m_chapter)
             failAtLine(m_fileName, m_line,
-                       tr("a chapter before any \\id: write one with the book's code, such as \\id GEN"));
+                       tr("a chapter before any \\id: write an \\id with the book's code, such as \\id GEN"));
         const auto number = parseVerseNumber(m_tokens.number());
         m_chapter = number ? number->first : nextChapter();
         m_hasChapter = true;
@@ -218,7 +218,7 @@ private:
     {
         if (!m_chapter)
             failAtLine(m_fileName, m_line,
-                       tr("a verse before any \\id: write one with the book's code, such as \\id GEN"));
+                       tr("a verse before any \\id: write an \\id with the book's code, such as \\id GEN"));
         if (const auto number = parseVerseNumber(m_tokens.number()))
             m_verses.beginVerse(*m_chapter, *number, m_line);
         else
@@ -292,7 +292,7 @@ SourceBible CUsfmReader::finish(const std::string& source)
 {
     SourceBible bible = m_private->verses.finish();
     if (bible.verses.empty())
-        throw CBuildError(message("%s: holds no verse", source));
+        throw CBuildError(message("%s: contains no verses", source));
     bible.letters = m_private->letters;
     return bible;
 }

@@ -23,13 +23,13 @@ public:
     /// @param shownName  what the report calls the file in its places; "": it does not
     /// @throws CBuildError
     ///     what CLetterProof throws
-    ///     "%s:%u: a verse before any \\id: write one with the book's code, such as \\id GEN", the same with "chapter"
-    ///     "%s:%u: %s is no book code: write one behind \\id, such as GEN"
+    ///     "%s:%u: a verse before any \\id: write an \\id with the book's code, such as \\id GEN", the same with "chapter"
+    ///     "%s:%u: %s is not a book code: write one after \\id, such as GEN"
     void read(const std::string& fileName, std::string_view utf8, const std::string& shownName = "");
 
     /// All that was read. Call it once.
     /// @param source  for the message
-    /// @throws CBuildError  "%s: holds no verse"
+    /// @throws CBuildError  "%s: contains no verses"
     SourceBible finish(const std::string& source);
 
 private:

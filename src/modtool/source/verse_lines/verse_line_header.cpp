@@ -39,7 +39,7 @@ void CVerseLineHeader::takeBook(std::string_view fields)
     for (std::size_t i = 0; i < parts.size(); ++i) {
         const std::size_t tab = fields.find('\t');
         if ((tab == std::string_view::npos) != (i + 1 == parts.size()))
-            throw CBuildError(tr("a book's titles are its id and three titles with tabs between them"));
+            throw CBuildError(tr("book titles must be an id and three titles, separated by tabs"));
         parts[i] = fields.substr(0, tab);
         fields.remove_prefix(std::min(fields.size(), parts[i].size() + 1));
     }

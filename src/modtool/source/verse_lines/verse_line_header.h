@@ -14,7 +14,7 @@ class CVerseLineHeader
 {
 public:
     /// @param line  without its line end
-    /// @throws CBuildError  "a book's titles are its id and three titles with tabs between them", "more than 1000 books"
+    /// @throws CBuildError  "book titles must be an id and three titles, separated by tabs", "more than 1000 books"
     void take(std::string_view line);
 
     /// Gives the Bible what the header says; its books are known by now.

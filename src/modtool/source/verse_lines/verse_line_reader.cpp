@@ -70,7 +70,7 @@ public:
             begin = end + 1;
         }
         if (m_bible.verses.empty())
-            throw CBuildError(message("%s: holds no verse", m_fileName));
+            throw CBuildError(message("%s: contains no verses", m_fileName));
         sortVerses();
         m_header.giveTo(m_bible);
         m_bible.letters = lettersOfLines(content);
@@ -94,10 +94,10 @@ private:
         const std::string_view chapter = field(line);
         const std::string_view verse = field(line);
         if (!isBookId(book))
-            fail(message("%s is no OSIS book id", inQuotes(book)));
+            fail(message("%s is not an OSIS book id", inQuotes(book)));
         m_bible.verses.push_back({bookIndex(book),
-                                  number(chapter, translatable("%s is no chapter number from 1 to %s")),
-                                  number(verse, translatable("%s is no verse number from 1 to %s")),
+                                  number(chapter, translatable("%s is not a chapter number from 1 to %s")),
+                                  number(verse, translatable("%s is not a verse number from 1 to %s")),
                                   static_cast<std::uint32_t>(line.data() - m_bible.text.data()),
                                   static_cast<std::uint32_t>(line.size()), m_line});
     }
@@ -117,7 +117,7 @@ private:
     {
         const std::size_t tab = line.find('\t');
         if (tab == std::string_view::npos)
-            fail(tr("a line is BOOK, CHAPTER, VERSE and text with tabs between them"));
+            fail(tr("a line must be BOOK, CHAPTER, VERSE and text, separated by tabs"));
         const std::string_view first = line.substr(0, tab);
         line.remove_prefix(tab + 1);
         return first;

@@ -11,12 +11,12 @@ namespace Kedrin::ModTool {
 /// and verses are sorted. Empty lines are passed over. Lines before the first verse that begin with "#" are the header
 /// (see CVerseLineHeader); without a title there it is the file's name without its extension.
 /// @throws CBuildError, naming file and line:
-///     "%s: cannot be opened", "%s: is longer than 64 MiB", "%s: cannot be read", "%s: holds no verse"
+///     "%s: cannot be opened", "%s: is larger than 64 MiB", "%s: cannot be read", "%s: contains no verses"
 ///     "%s:%u: not valid UTF-8"
-///     "%s:%u: a line is BOOK, CHAPTER, VERSE and text with tabs between them"
-///     "%s:%u: \"%s\" is no OSIS book id"
-///     "%s:%u: \"%s\" is no chapter number from 1 to 65534", the same with "verse number"
-///     "%s:%u: a book's titles are its id and three titles with tabs between them"
+///     "%s:%u: a line must be BOOK, CHAPTER, VERSE and text, separated by tabs"
+///     "%s:%u: \"%s\" is not an OSIS book id"
+///     "%s:%u: \"%s\" is not a chapter number from 1 to 65534", the same with "verse number"
+///     "%s:%u: book titles must be an id and three titles, separated by tabs"
 ///     "%s:%u: more than 1000 books"
 ///     "%s:%u: %s is given twice, first in line %u"
 SourceBible readVerseLines(const std::string& fileName);

@@ -77,8 +77,7 @@ void CExpatParser::refuseUnknownEntity(std::string_view written) const
         const std::string_view reference = written.substr(i);
         const auto beginsReference = [&](std::string_view known) { return reference.starts_with(known); };
         if (std::none_of(std::begin(knownReferences), std::end(knownReferences), beginsReference))
-            fail(message("the entity %s is not known",
-                         inQuotes(reference.substr(1, reference.find(';') - 1))));
+            fail(message("unknown entity %s", inQuotes(reference.substr(1, reference.find(';') - 1))));
     }
 }
 

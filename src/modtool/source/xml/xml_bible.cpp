@@ -93,7 +93,7 @@ void CXmlBible::leaveOut(ReaderRule reason)
 void requireVerses(const SourceBible& bible, const std::string& source)
 {
     if (bible.verses.empty())
-        throw CBuildError(message("%s: holds no verse", source));
+        throw CBuildError(message("%s: contains no verses", source));
 }
 
 } // namespace Kedrin::ModTool

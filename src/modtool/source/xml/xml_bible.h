@@ -82,12 +82,12 @@ private:
     std::optional<unsigned int> m_chapter; ///< of the book; nothing before its first one
 };
 
-/// @throws CBuildError  "%s: holds no verse"
+/// @throws CBuildError  "%s: contains no verses"
 void requireVerses(const SourceBible& bible, const std::string& source);
 
 /// The Bible of a document that holds all of it.
 /// @tparam Format  a class made of CXmlBible's first three arguments
-/// @throws CBuildError  what `Format` throws; "%s: holds no verse"
+/// @throws CBuildError  what `Format` throws; "%s: contains no verses"
 template <typename Format>
 SourceBible readXmlBible(const std::string& fileName, std::string_view utf8)
 {

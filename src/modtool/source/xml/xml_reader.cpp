@@ -124,7 +124,7 @@ void CXmlReader::Impl::start(const XML_Char* name, const XML_Char** attributes)
 {
     const std::string_view tag = m_parser.token();
     if (m_openElements >= maxDepth)
-        m_parser.fail(message("elements stand in one another more than %s deep", maxDepth));
+        m_parser.fail(message("elements are nested more than %s deep", maxDepth));
     if (m_hasForeignType) // then the library leaves unknown entities in attributes out
         m_parser.refuseUnknownEntity(tag);
     limitNames(name);
@@ -185,7 +185,7 @@ void CXmlReader::Impl::limitNames(std::string_view name)
 void CXmlReader::Impl::limitPart(std::size_t byteCount) const
 {
     if (byteCount > maxPartBytes)
-        m_parser.failMalformed(tr("a part of it is too long"));
+        m_parser.failMalformed(tr("part of it is too long"));
 }
 
 std::string CXmlReader::Impl::attribute(std::string_view name) const

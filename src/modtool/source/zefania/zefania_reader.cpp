@@ -36,7 +36,7 @@ public:
         }
         SourceBible bible = m_verses.finish();
         if (bible.verses.empty())
-            throw CBuildError(message("%s: holds no verse", m_xml.fileName()));
+            throw CBuildError(message("%s: contains no verses", m_xml.fileName()));
         bible.letters = proveXmlLetters(m_xml.fileName(), m_utf8, m_verses.takeLetters());
         return bible;
     }
@@ -114,8 +114,8 @@ private:
             m_verses.found(ReaderRule::bookByName, m_xml.line());
             return osis;
         }
-        m_unknownBook = message("%s is no book number, and %s no known name of a book: "
-                                "write the number into bnumber, such as 1 for Genesis",
+        m_unknownBook = message("%s is not a book number, and %s is not a known book name: write the "
+                                "number in bnumber, such as 1 for Genesis",
                                 inQuotes(number), inQuotes(name));
         m_unknownLine = m_xml.line();
         return osisOfZefania(0);

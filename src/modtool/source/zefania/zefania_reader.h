@@ -15,7 +15,7 @@ namespace Kedrin::ModTool {
 ///     "%s:%u: the root element is %s, not XMLBIBLE"
 ///     "%s:%u: %s is no book number, and %s no known name of a book: write the number into bnumber, such as 1 for
 ///     Genesis", for a book with verses; "%s:%u: a verse before any BIBLEBOOK"
-///     "%s: holds no verse"
+///     "%s: contains no verses"
 SourceBible readZefania(const std::string& fileName, std::string_view utf8);
 
 } // namespace Kedrin::ModTool

@@ -76,9 +76,10 @@ TEST(BebliaReader, RangesPartsAndVerseZero)
         chapter("<verse number=\"0\">T</verse><verse number=\"1-2\">a</verse><verse number=\"3a\">b</verse>"
                 "<verse number=\"3b\">c</verse><verse number=\"4\"/>");
     EXPECT_EQ(linesOf(bible), "Gen 1:1 T a\nGen 1:3 b c\nGen 1:4\n");
-    EXPECT_EQ(bible.findings.text(), "joined        1 range of verses, its text at the first, first Gen 1:1\n"
-                                     "joined        2 parts of verses, first Gen 1:3\n"
-                                     "joined        1 verse 0, put before the next verse, first Gen 1:0\n");
+    EXPECT_EQ(bible.findings.text(),
+              "joined        1 range of verses, with the text in the first, first at Gen 1:1\n"
+              "joined        2 parts of verses, first at Gen 1:3\n"
+              "joined        1 verse 0, put before the next verse, first at Gen 1:0\n");
 }
 
 TEST(BebliaReader, VersesGivenTwiceAreJoinedOrTakenOnce)
@@ -87,8 +88,8 @@ TEST(BebliaReader, VersesGivenTwiceAreJoinedOrTakenOnce)
         chapter("<verse number=\"1\">a</verse><verse number=\"1\">b</verse><verse number=\"2\">c</verse>"
                 "<verse number=\"2\">c</verse>");
     EXPECT_EQ(linesOf(bible), "Gen 1:1 a b\nGen 1:2 c\n");
-    EXPECT_EQ(bible.findings.text(), "joined        1 verse given again, first Gen 1:1\n"
-                                     "left out      1 verse repeated word for word, first Gen 1:2\n");
+    EXPECT_EQ(bible.findings.text(), "joined        1 verse given more than once, first at Gen 1:1\n"
+                                     "left out      1 verse repeated word for word, first at Gen 1:2\n");
 }
 
 TEST(BebliaReader, NotesTitlesAndTextOutsideAreLeftOutAndCounted)
@@ -97,16 +98,16 @@ TEST(BebliaReader, NotesTitlesAndTextOutsideAreLeftOutAndCounted)
         chapter("<title>Head</title>loose<verse number=\"1\">one<note>n</note>two<br/>three <i>four</i>"
                 "</verse>");
     EXPECT_EQ(linesOf(bible), "Gen 1:1 one two three four\n");
-    EXPECT_EQ(bible.findings.text(), "left out      1 note, first Gen 1:1\n"
-                                     "left out      1 title, first in line 1\n"
-                                     "left out      1 text outside the verses, first in line 1\n");
+    EXPECT_EQ(bible.findings.text(), "left out      1 note, first at Gen 1:1\n"
+                                     "left out      1 title, first at line 1\n"
+                                     "left out      1 text outside the verses, first at line 1\n");
 }
 
 TEST(BebliaReader, MarkersOfUsfmGoAndAreCounted)
 {
     const SourceBible bible = chapter("<verse number=\"1\">the \\nd LORD\\nd* said</verse>");
     EXPECT_EQ(linesOf(bible), "Gen 1:1 the LORD said\n");
-    EXPECT_EQ(bible.findings.text(), "kept          2 texts of unknown markers, first Gen 1:1\n");
+    EXPECT_EQ(bible.findings.text(), "kept          2 texts of unknown markers, first at Gen 1:1\n");
 }
 
 TEST(BebliaReader, NumbersThatAreNoneStopNothing)
@@ -117,9 +118,9 @@ TEST(BebliaReader, NumbersThatAreNoneStopNothing)
              "<chapter><verse number=\"1\">e</verse></chapter></book>");
     EXPECT_EQ(linesOf(bible), "Gen 1:1 a b c\nGen 1:2 d\nGen 2:1 e\n");
     EXPECT_EQ(bible.findings.text(),
-              "joined        1 verse 0, put before the next verse, first Gen 1:0\n"
-              "joined        2 verses without a number, to the verses before them, first Gen 1:0\n"
-              "taken         2 chapters without a number for the next ones, first in line 1\n");
+              "joined        1 verse 0, put before the next verse, first at Gen 1:0\n"
+              "joined        2 verses without a number, with the verses before them, first at Gen 1:0\n"
+              "interpreted   2 chapters without a number as the next ones, first at line 1\n");
 }
 
 TEST(BebliaReader, ChapterBehindTheLastNumberStaysInRange)
@@ -144,7 +145,7 @@ TEST(BebliaReader, BooksBeyondTheProtestantOnesAreTakenByTheirNameOrHaveNoPlace)
     EXPECT_EQ(linesOf(bible), "Tob 1:1 a\nBook68 1:1 a\n");
     EXPECT_EQ(bible.bookTitles[0].fullTitle, "Tobit");
     EXPECT_EQ(bible.findings.text(),
-              "taken         1 book by its name, being without a number or code, first in line 1\n");
+              "interpreted   1 book without a number or code by its name, first at line 1\n");
 }
 
 TEST(BebliaReader, BookWithoutANumberIsTakenByItsName)
@@ -163,7 +164,7 @@ TEST(BebliaReader, RefusesAnotherRootVersesOfNoBookAndNone)
     EXPECT_EQ(messageOf<CBuildError>([] { readBeblia("f.xml", "<a/>"); }),
               "f.xml:1: the root element is \"a\", not bible");
     EXPECT_EQ(errorIn("<verse number=\"1\">a</verse>"), "f.xml:1: a verse before any <book>");
-    EXPECT_EQ(errorIn(""), "f.xml: holds no verse");
+    EXPECT_EQ(errorIn(""), "f.xml: contains no verses");
 }
 
 TEST(BebliaReader, ExampleOfTheFormatPage)
@@ -174,7 +175,7 @@ TEST(BebliaReader, ExampleOfTheFormatPage)
                               "Tob 1:1 Книга на думите на Товит\n");
     EXPECT_EQ(bible.info.fullTitle, "Тест");
     EXPECT_EQ(bible.findings.text(),
-              "joined        1 range of verses, its text at the first, first Gen 1:2\n"
-              "taken         1 book by its name, being without a number or code, first in line 6\n"
-              "left out      1 note, first Gen 1:1\n");
+              "joined        1 range of verses, with the text in the first, first at Gen 1:2\n"
+              "interpreted   1 book without a number or code by its name, first at line 6\n"
+              "left out      1 note, first at Gen 1:1\n");
 }

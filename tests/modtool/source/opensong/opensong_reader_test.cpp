@@ -80,17 +80,17 @@ TEST(OpenSongReader, RangesPartsAndVerseZero)
                                       "<v n=\"5a\">c</v><v n=\"5b\">d</v><v n=\"6\" t=\"x\"/>");
     EXPECT_EQ(linesOf(bible), "Gen 1:1 T a\nGen 1:3 b\nGen 1:5 c d\nGen 1:6\n");
     EXPECT_EQ(bible.findings.text(),
-              "joined        2 ranges of verses, their text at the first, first Gen 1:1\n"
-              "joined        2 parts of verses, first Gen 1:5\n"
-              "joined        1 verse 0, put before the next verse, first Gen 1:0\n");
+              "joined        2 ranges of verses, with the text in the first, first at Gen 1:1\n"
+              "joined        2 parts of verses, first at Gen 1:5\n"
+              "joined        1 verse 0, put before the next verse, first at Gen 1:0\n");
 }
 
 TEST(OpenSongReader, VersesGivenTwiceAreJoinedOrTakenOnce)
 {
     const SourceBible bible = chapter("<v n=\"1\">a</v><v n=\"1\">b</v><v n=\"2\">c</v><v n=\"2\">c</v>");
     EXPECT_EQ(linesOf(bible), "Gen 1:1 a b\nGen 1:2 c\n");
-    EXPECT_EQ(bible.findings.text(), "joined        1 verse given again, first Gen 1:1\n"
-                                     "left out      1 verse repeated word for word, first Gen 1:2\n");
+    EXPECT_EQ(bible.findings.text(), "joined        1 verse given more than once, first at Gen 1:1\n"
+                                     "left out      1 verse repeated word for word, first at Gen 1:2\n");
 }
 
 TEST(OpenSongReader, MarksInAVerseAreText)
@@ -105,16 +105,16 @@ TEST(OpenSongReader, NotesTitlesAndTextOutsideAreLeftOutAndCounted)
     const SourceBible bible =
         chapter("<title>Head</title>loose<v n=\"1\">one<note>n</note>two<br/>three</v>");
     EXPECT_EQ(linesOf(bible), "Gen 1:1 one two three\n");
-    EXPECT_EQ(bible.findings.text(), "left out      1 note, first Gen 1:1\n"
-                                     "left out      1 title, first in line 1\n"
-                                     "left out      1 text outside the verses, first in line 1\n");
+    EXPECT_EQ(bible.findings.text(), "left out      1 note, first at Gen 1:1\n"
+                                     "left out      1 title, first at line 1\n"
+                                     "left out      1 text outside the verses, first at line 1\n");
 }
 
 TEST(OpenSongReader, MarkersOfUsfmGoAndAreCounted)
 {
     const SourceBible bible = chapter("<v n=\"1\">the \\nd LORD\\nd* said</v>");
     EXPECT_EQ(linesOf(bible), "Gen 1:1 the LORD said\n");
-    EXPECT_EQ(bible.findings.text(), "kept          2 texts of unknown markers, first Gen 1:1\n");
+    EXPECT_EQ(bible.findings.text(), "kept          2 texts of unknown markers, first at Gen 1:1\n");
 }
 
 TEST(OpenSongReader, NumbersThatAreNoneStopNothing)
@@ -124,18 +124,17 @@ TEST(OpenSongReader, NumbersThatAreNoneStopNothing)
              "<c n=\"0\"><v n=\"1\">d</v></c></b>");
     EXPECT_EQ(linesOf(bible), "Obad 1:1 a b\nGen 1:1 d c\n");
     EXPECT_EQ(bible.findings.text(),
-              "joined        1 verse 0, put before the next verse, first Gen 1:0\n"
-              "joined        1 verse without a number, to the verse before it, first Obad 1:1\n"
-              "taken         1 chapter without a number for the next one, first in line 1\n");
+              "joined        1 verse 0, put before the next verse, first at Gen 1:0\n"
+              "joined        1 verse without a number, with the verse before it, first at Obad 1:1\n"
+              "interpreted   1 chapter without a number as the next one, first at line 1\n");
 }
 
 TEST(OpenSongReader, UnknownBookIsRefusedWhereItHasVerses)
 {
     for (const std::string name : {"Genfoo", "Jo", "", "0", "67", "1-2", "1a"})
-        EXPECT_EQ(
-            errorIn("\n<b n=\"" + name + "\">\n" + verse),
-            "f:2: \"" + name +
-                "\" is no known name of a book: write an English or Bulgarian one into n, such as Genesis");
+        EXPECT_EQ(errorIn("\n<b n=\"" + name + "\">\n" + verse),
+                  "f:2: \"" + name +
+                      "\" is not a known book name: write an English or Bulgarian one in n, such as Genesis");
     EXPECT_EQ(linesOf(read("<b n=\"Preface\">Words</b>" + bookNamed("Gen"))), "Gen 1:1 a\n");
 }
 
@@ -144,7 +143,7 @@ TEST(OpenSongReader, RefusesAnotherRootVersesOfNoBookAndNone)
     EXPECT_EQ(messageOf<CBuildError>([] { readOpenSong("f", "<a/>"); }),
               "f:1: the root element is \"a\", not bible");
     EXPECT_EQ(errorIn("<v n=\"1\">a</v>"), "f:1: a verse before any <b>");
-    EXPECT_EQ(errorIn(""), "f: holds no verse");
+    EXPECT_EQ(errorIn(""), "f: contains no verses");
 }
 
 TEST(OpenSongReader, ExampleOfTheFormatPage)
@@ -155,5 +154,5 @@ TEST(OpenSongReader, ExampleOfTheFormatPage)
     EXPECT_EQ(linesOf(bible),
               "Gen 1:1 In the beginning was the word\nGen 1:2 and light\nMatt 1:1 Родословие\n");
     EXPECT_EQ(bible.findings.text(),
-              "joined        1 range of verses, its text at the first, first Gen 1:2\n");
+              "joined        1 range of verses, with the text in the first, first at Gen 1:2\n");
 }

@@ -63,8 +63,8 @@ TEST(OsisReader, NotesAndTitlesAreLeftOutAndCounted)
     const SourceBible bible = read("<title>Head</title>" + verse("one<note>a<note>b</note></note> two"
                                                                  "<title>Middle</title>three"));
     EXPECT_EQ(linesOf(bible), "Gen 1:1 one two three\n");
-    EXPECT_EQ(bible.findings.text(), "left out      1 note, first Gen 1:1\n"
-                                     "left out      2 titles, first in line 2\n");
+    EXPECT_EQ(bible.findings.text(), "left out      1 note, first at Gen 1:1\n"
+                                     "left out      2 titles, first at line 2\n");
 }
 
 TEST(OsisReader, WordsDoNotRunTogetherOverANote)
@@ -85,7 +85,7 @@ TEST(OsisReader, WordsOfChristAreTextAndSignsOfQuotationsAreTaken)
         read(verse("<q who='Jesus' marker=''>Go</q>, <q marker='\u201C'>come</q> "
                    "<q sID='a' marker='\u201E'/>up<q eID='a' marker='\u201C'/> <q>bare</q>"));
     EXPECT_EQ(linesOf(bible), "Gen 1:1 Go, \u201Ccome\u201D \u201Eup\u201C bare\n");
-    EXPECT_EQ(bible.findings.text(), "without sign  1 quotation that the source marks, first Gen 1:1\n");
+    EXPECT_EQ(bible.findings.text(), "unmarked      1 quotation tagged in the source, first at Gen 1:1\n");
 }
 
 TEST(OsisReader, CanonicalTitleStandsBeforeTheTextThatFollows)
@@ -115,7 +115,7 @@ TEST(OsisReader, ListsAndRangesHaveTheirTextAtTheFirst)
              "<verse osisID='Gen.1.6-8'>c</verse><verse osisID='Gen.1.31-Gen.2.2'>d</verse>");
     EXPECT_EQ(linesOf(bible), "Gen 1:1 a\nGen 1:4 b\nGen 1:6 c\nGen 1:31 d\n");
     EXPECT_EQ(bible.findings.text(),
-              "joined        4 ranges of verses, their text at the first, first Gen 1:1\n");
+              "joined        4 ranges of verses, with the text in the first, first at Gen 1:1\n");
 }
 
 TEST(OsisReader, PartsAndRepetitionsAreJoined)
@@ -124,9 +124,9 @@ TEST(OsisReader, PartsAndRepetitionsAreJoined)
                                    "<verse osisID='Gen.1.2'>c</verse><verse osisID='Gen.1.2'>d</verse>"
                                    "<verse osisID='Gen.1.3'>e</verse><verse osisID='Gen.1.3'> e</verse>");
     EXPECT_EQ(linesOf(bible), "Gen 1:1 a b\nGen 1:2 c d\nGen 1:3 e\n");
-    EXPECT_EQ(bible.findings.text(), "joined        2 parts of verses, first Gen 1:1\n"
-                                     "joined        1 verse given again, first Gen 1:2\n"
-                                     "left out      1 verse repeated word for word, first Gen 1:3\n");
+    EXPECT_EQ(bible.findings.text(), "joined        2 parts of verses, first at Gen 1:1\n"
+                                     "joined        1 verse given more than once, first at Gen 1:2\n"
+                                     "left out      1 verse repeated word for word, first at Gen 1:3\n");
 }
 
 TEST(OsisReader, VerseZeroStandsBeforeTheNextVerse)
@@ -134,7 +134,7 @@ TEST(OsisReader, VerseZeroStandsBeforeTheNextVerse)
     const SourceBible bible =
         read("<verse osisID='Ps.3.0'>A psalm.</verse><verse osisID='Ps.3.1'>Lord</verse>");
     EXPECT_EQ(linesOf(bible), "Ps 3:1 A psalm. Lord\n");
-    EXPECT_EQ(bible.findings.text(), "joined        1 verse 0, put before the next verse, first Ps 3:0\n");
+    EXPECT_EQ(bible.findings.text(), "joined        1 verse 0, put before the next verse, first at Ps 3:0\n");
 }
 
 TEST(OsisReader, TextOutsideTheVersesIsCounted)
@@ -142,7 +142,7 @@ TEST(OsisReader, TextOutsideTheVersesIsCounted)
     const SourceBible bible = read("<div type='introduction'><p>Of <b>it</b></p></div>\n<p>x" + verse("one") +
                                    " y<verse osisID='Gen.1.2'>two</verse></p>");
     EXPECT_EQ(linesOf(bible), "Gen 1:1 one\nGen 1:2 two\n");
-    EXPECT_EQ(bible.findings.text(), "left out      3 texts outside the verses, first in line 2\n");
+    EXPECT_EQ(bible.findings.text(), "left out      3 texts outside the verses, first at line 2\n");
 }
 
 TEST(OsisReader, OtherReadingsAreLeftOut)
@@ -150,7 +150,7 @@ TEST(OsisReader, OtherReadingsAreLeftOut)
     const SourceBible bible = read(verse("<seg type='x-variant' subType='x-1'>a</seg>"
                                          "<seg type='x-variant' subType='x-2'>b</seg>"));
     EXPECT_EQ(linesOf(bible), "Gen 1:1 a\n");
-    EXPECT_EQ(bible.findings.text(), "left out      1 other reading, first Gen 1:1\n");
+    EXPECT_EQ(bible.findings.text(), "left out      1 variant reading, first at Gen 1:1\n");
 }
 
 TEST(OsisReader, EntitiesOfXmlAndCharacterNumbersAreText)
@@ -199,10 +199,10 @@ TEST(OsisReader, VerseWithoutAReferenceGoesOnWithTheOneBefore)
             read("<verse osisID='Gen.1.3'>a</verse><verse osisID='" + id + "'>b</verse>");
         EXPECT_EQ(linesOf(bible), "Gen 1:3 a b\n") << id;
         EXPECT_EQ(bible.findings.text(),
-                  "joined        1 verse without a number, to the verse before it, first Gen 1:3\n")
+                  "joined        1 verse without a number, with the verse before it, first at Gen 1:3\n")
             << id;
         EXPECT_EQ(errorIn("<verse osisID='" + id + "'>a</verse>"),
-                  "f.xml:2: \"" + id + "\" is no reference to a verse, such as Gen.1.1");
+                  "f.xml:2: \"" + id + "\" is not a verse reference, such as Gen.1.1");
     }
     EXPECT_EQ(linesOf(read("<div type='book' osisID='Gen'><chapter osisID='Gen.2'><verse osisID='x'>a</verse>"
                            "<verse osisID='Gen.2.1'>b</verse></chapter></div>")),
@@ -232,7 +232,7 @@ TEST(OsisReader, RefusesMoreThanAThousandBooks)
 
 TEST(OsisReader, RefusesATextWithoutVersesAndAnotherRoot)
 {
-    EXPECT_EQ(errorIn("<p>a</p>"), "f.xml: holds no verse");
+    EXPECT_EQ(errorIn("<p>a</p>"), "f.xml: contains no verses");
     EXPECT_EQ(messageOf<CBuildError>([] { readOsis("f.xml", "<html/>"); }),
               "f.xml:1: the root element is \"html\", not osis");
 }
@@ -247,7 +247,7 @@ TEST(OsisReader, ExampleOfTheFormatPage)
 <l>се умножиха!<verse eID="a"/></l></lg></chapter></div></osisText></osis>
 )");
     EXPECT_EQ(linesOf(bible), "Ps 3:1 Псалом на Давида. Господи, колко се умножиха!\n");
-    EXPECT_EQ(bible.findings.text(), "joined        1 psalm title, put before its text, first Ps 3:1\n"
-                                     "left out      1 note, first Ps 3:1\n");
+    EXPECT_EQ(bible.findings.text(), "joined        1 psalm title, put before its text, first at Ps 3:1\n"
+                                     "left out      1 note, first at Ps 3:1\n");
     EXPECT_EQ(bible.info.fullTitle, "Тест");
 }

@@ -62,7 +62,7 @@ TEST(OsisVariety, VersesWithoutAnEndEndWithTheNextOneOrTheChapter)
                                    "<verse osisID='Gen.1.2'/>two</chapter>"
                                    "<chapter osisID='Gen.2'>label<verse osisID='Gen.2.1'/>three</chapter>");
     EXPECT_EQ(linesOf(bible), "Gen 1:1 one\nGen 1:2 two\nGen 2:1 three\n");
-    EXPECT_EQ(bible.findings.text(), "left out      1 text outside the verses, first in line 1\n");
+    EXPECT_EQ(bible.findings.text(), "left out      1 text outside the verses, first at line 1\n");
 }
 
 TEST(OsisVariety, EndOfAnotherVerseEndsNothing)
@@ -92,8 +92,8 @@ TEST(OsisVariety, MarkersOfUsfmGoAndAreCounted)
 {
     const SourceBible bible = read("\\p x" + verse("the \\nd <w>LORD</w>\\+nd* said\\q2 \\ 1\\2"));
     EXPECT_EQ(linesOf(bible), "Gen 1:1 the LORD said \\ 1\\2\n");
-    EXPECT_EQ(bible.findings.text(), "kept          3 texts of unknown markers, first Gen 1:1\n"
-                                     "left out      1 text outside the verses, first in line 1\n");
+    EXPECT_EQ(bible.findings.text(), "kept          3 texts of unknown markers, first at Gen 1:1\n"
+                                     "left out      1 text outside the verses, first at line 1\n");
 }
 
 TEST(OsisVariety, WordBehindABackslashStays)
@@ -144,10 +144,10 @@ TEST(OsisVariety, TitlesAndSignsWithoutAVerseAreCountedWhereTheyStand)
     const std::string genesis = "<div type='book' osisID='Gen'>" + verse("one") + "</div>";
     EXPECT_EQ(read("<div type='book' osisID='Ps'>\n<title type='psalm'>A psalm.</title>\n</div>" + genesis)
                   .findings.text(),
-              "left out      1 text outside the verses, first in line 2\n");
+              "left out      1 text outside the verses, first at line 2\n");
     EXPECT_EQ(read("<div type='book' osisID='Ps'>\n<q marker='x' who='Jesus' sID='a'/>\n</div>" + genesis)
                   .findings.text(),
-              "left out      1 text outside the verses, first in line 2\n");
+              "left out      1 text outside the verses, first at line 2\n");
 }
 
 TEST(OsisVariety, VerseInsideAnyOtherTitleStays)
@@ -162,7 +162,7 @@ TEST(OsisVariety, TitleThatIsNotCanonicalIsAHeading)
     const SourceBible bible = read("<title type='psalm' canonical='false'>Head</title>" +
                                    verse("one<title type='sub'>S</title>two"));
     EXPECT_EQ(linesOf(bible), "Gen 1:1 one two\n");
-    EXPECT_EQ(bible.findings.text(), "left out      2 titles, first in line 1\n");
+    EXPECT_EQ(bible.findings.text(), "left out      2 titles, first at line 1\n");
 }
 
 TEST(OsisVariety, FirstWorkSpeaksWhereNoneIsNamed)
@@ -191,8 +191,8 @@ TEST(OsisVariety, GroupsColophonsTablesAndListsLoseNothingSilently)
                                          "<table><row><cell>three</cell><cell>four</cell></row></table>") +
                                    "<div type='colophon'>Written from Rome</div></div></div>");
     EXPECT_EQ(linesOf(bible), "Gen 1:1 one two three four\n");
-    EXPECT_EQ(bible.findings.text(), "left out      2 titles, first in line 1\n"
-                                     "left out      1 text outside the verses, first in line 1\n");
+    EXPECT_EQ(bible.findings.text(), "left out      2 titles, first at line 1\n"
+                                     "left out      1 text outside the verses, first at line 1\n");
 }
 
 TEST(OsisVariety, QuotationThatBeginsBeforeItsVerse)
@@ -208,7 +208,7 @@ TEST(OsisVariety, WordsRunNotTogetherOverAPicture)
 {
     const SourceBible bible = read(verse("one<figure src='a.png'><caption>c</caption></figure>two"));
     EXPECT_EQ(linesOf(bible), "Gen 1:1 one two\n");
-    EXPECT_EQ(bible.findings.text(), "left out      1 figure or index entry, first Gen 1:1\n");
+    EXPECT_EQ(bible.findings.text(), "left out      1 figure or index entry, first at Gen 1:1\n");
 }
 
 } // namespace

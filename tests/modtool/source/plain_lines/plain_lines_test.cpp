@@ -60,9 +60,10 @@ TEST(PlainTables, HeadersInAnyOrderWithFurtherColumns)
     EXPECT_EQ(versesOf("Текст\tСтих\tГлава\tКнига\none\t1\t1\tБит.\ntwo\t3\t2\tИзход\n"), expected);
     const SourceBible bible = read("id,book_id,Chapter,Verse,Scripture,note\n7,1,1,1,one,x\n8,2,2,3,two,\n");
     EXPECT_EQ(linesOf(bible), expected);
-    EXPECT_EQ(bible.findings.text(), "read as       CSV with a header: \"id\" (left out), book, chapter, "
-                                     "verse, text, \"note\" (left out)\n"
-                                     "left out      3 fields of further columns, first Gen 1:1\n");
+    EXPECT_EQ(bible.findings.text(),
+              "read as       CSV with a header: \"id\" (left out), book, chapter, verse, text, "
+              "\"note\" (left out)\n"
+              "left out      3 fields of further columns, first at Gen 1:1\n");
 }
 
 TEST(PlainTables, QuotedFieldsOfCommasAndSemicolons)
@@ -79,9 +80,9 @@ TEST(PlainTables, BooksByNumber)
     EXPECT_EQ(versesOf("01O||1||1||a\n39O||1||1||b\n40N||1||1||c\n"), "Gen 1:1 a\nMal 1:1 b\nMatt 1:1 c\n");
     EXPECT_EQ(refusalOf("1,1,1,a\n67,1,1,b\n0,1,1,c\n40O,1,1,d\n"),
               "f.txt: 3 lines cannot be read:\n"
-              "  line 2: \"67\" is no book number from 1 to 66\n"
-              "  line 3: \"0\" is no book number from 1 to 66\n"
-              "  line 4: \"40O\" is no known book");
+              "  line 2: \"67\" is not a book number from 1 to 66\n"
+              "  line 3: \"0\" is not a book number from 1 to 66\n"
+              "  line 4: \"40O\" is not a known book");
 }
 
 TEST(PlainTables, RemarksBlankLinesRangesPartsAndVerseZero)
@@ -98,15 +99,15 @@ TEST(PlainTables, BadRecordsAreAllNamed)
         refusalOf("Genesis,1,1,a\nGenesys,1,1,b\nPsx,1,1,c\nQqqqqq,1,1,d\nGen,0,1,e\nGen,1,x,f\nGen,1,1\n"
                   "Gen,1,2,\"g\" h\nGen,1,3,i\nGen,1,4,\"j,\"k\"\nGen,1,5,l\nGen,1,6,\"m\n"),
         "f.txt: 9 lines cannot be read:\n"
-        "  line 2: \"Genesys\" is no known book (did you mean Gen?)\n"
-        "  line 3: \"Psx\" is no known book (did you mean Ps?)\n"
-        "  line 4: \"Qqqqqq\" is no known book\n"
-        "  line 5: \"0\" is no chapter number from 1 to 65534\n"
-        "  line 6: \"x\" is no verse number from 0 to 65534\n"
+        "  line 2: \"Genesys\" is not a known book (did you mean Gen?)\n"
+        "  line 3: \"Psx\" is not a known book (did you mean Ps?)\n"
+        "  line 4: \"Qqqqqq\" is not a known book\n"
+        "  line 5: \"0\" is not a chapter number from 1 to 65534\n"
+        "  line 6: \"x\" is not a verse number from 0 to 65534\n"
         "  line 7: has 3 fields, the table has 4\n"
-        "  line 8: text behind a closing quotation mark\n"
-        "  line 10: text behind a closing quotation mark\n"
-              "  line 12: a quotation mark is never closed");
+        "  line 8: text after a closing quotation mark\n"
+        "  line 10: text after a closing quotation mark\n"
+        "  line 12: a quotation mark is never closed");
     EXPECT_EQ(refusalOf("Gen,1,1,a\nGen,1,2,\"b\n"),
               "f.txt: 1 line cannot be read:\n  line 2: a quotation mark is never closed");
     EXPECT_EQ(refusalOf("t|b|c|v\na|Gen|1|1|x\n"),
@@ -121,7 +122,7 @@ TEST(PlainTables, FirstTwentyBadLinesAreDescribed)
     for (int i = 1; i <= 22; ++i)
         text += "Gen,x,1,a\n";
     for (int i = 31; i <= 50; ++i)
-        expected += "  line " + std::to_string(i) + ": \"x\" is no chapter number from 1 to 65534\n";
+        expected += "  line " + std::to_string(i) + ": \"x\" is not a chapter number from 1 to 65534\n";
     EXPECT_EQ(refusalOf(text), expected + "  and 2 more lines");
 }
 
@@ -140,7 +141,7 @@ TEST(PlainLines, BadReferencesAreAllNamed)
 {
     EXPECT_EQ(refusalOf("Gen 1:1 a\nGenesys 1:1 b\nGen 1:99999 c\nwords\n"),
               "f.txt: 3 lines cannot be read:\n"
-              "  line 2: \"Genesys\" is no known book (did you mean Gen?)\n"
+              "  line 2: \"Genesys\" is not a known book (did you mean Gen?)\n"
               "  line 3: \"Gen 1:99999 c\" is neither a verse, such as \"Gen 1:1 text\", nor a heading\n"
               "  line 4: \"words\" is neither a verse, such as \"Gen 1:1 text\", nor a heading");
 }
@@ -180,8 +181,8 @@ TEST(PlainLines, HeadingsOfPartsAndRemarksAreCounted)
         read("Моят превод\n# Title\n## Genesis\n### The beginning\n[1:1] a\n### The end\n[1:2] b\n");
     EXPECT_EQ(linesOf(bible), "Gen 1:1 a\nGen 1:2 b\n");
     EXPECT_EQ(bible.findings.text(), "read as       lines: chapter:verse, text, the book above them\n"
-                                     "left out      2 titles, first in line 4\n"
-                                     "left out      2 texts outside the verses, first in line 1\n");
+                                     "left out      2 titles, first at line 4\n"
+                                     "left out      2 texts outside the verses, first at line 1\n");
     EXPECT_EQ(bible.bookTitles.at(0).fullTitle, "Genesis");
 }
 
@@ -189,10 +190,10 @@ TEST(PlainLines, UnknownHeadingsAreRefused)
 {
     EXPECT_EQ(refusalOf("## Genesis\n1:1 a\n## Exodos\n1:1 b\nЛевита\n1:1 c\n"),
               "f.txt: 2 lines cannot be read:\n"
-              "  line 3: \"Exodos\" is no known book (did you mean Exod?)\n"
+              "  line 3: \"Exodos\" is not a known book (did you mean Exod?)\n"
               "  line 5: \"Левита\" is neither a verse, such as \"1:1 text\", nor a heading");
     EXPECT_EQ(refusalOf("## Genesys\n1:1 a\n1:2 b\n"),
-              "f.txt: 1 line cannot be read:\n  line 1: \"Genesys\" is no known book (did you mean Gen?)");
+              "f.txt: 1 line cannot be read:\n  line 1: \"Genesys\" is not a known book (did you mean Gen?)");
 }
 
 TEST(PlainLines, VersesWithoutABookOrChapterAreRefused)
@@ -222,25 +223,24 @@ TEST(PlainLines, BookOfAFileIsGivenOrItsName)
     for (const std::string name : {"01-genesis.dat", "genesis.txt", "01.txt", "x/001_Genesis", "Битие.txt"}) {
         const SourceBible bible = read("1:1 a\n", "", name);
         EXPECT_EQ(linesOf(bible), "Gen 1:1 a\n");
-        EXPECT_NE(bible.findings.text().find("\ntaken         Gen for the book, by the name of the file "),
+        EXPECT_NE(bible.findings.text().find("\ninterpreted   Gen for the book, by the name of the file "),
                   std::string::npos);
     }
     EXPECT_EQ(linesOf(read("1:1 a\n", "", "1-corinthians.txt")), "1Cor 1:1 a\n");
     EXPECT_EQ(linesOf(read("Изход\n1:1 a\n", "", "01-genesis.dat")), "Exod 1:1 a\n");
-    EXPECT_EQ(refusalOf("1:1 a\n", "Genesys"), "--book: \"Genesys\" is no known book (did you mean Gen?)");
-    EXPECT_EQ(refusalOf("Gen 1:1 a\n", "Gen"),
-              "f.txt: names its books itself, which leaves nothing to --book");
-    EXPECT_EQ(
-        refusalOf("Изход\n1:1 a\n", "Gen"),
-        "f.txt: 1 line cannot be read:\n  line 1: \"Изход\" is another book than Gen, which --book gives");
+    EXPECT_EQ(refusalOf("1:1 a\n", "Genesys"), "--book: \"Genesys\" is not a known book (did you mean Gen?)");
+    EXPECT_EQ(refusalOf("Gen 1:1 a\n", "Gen"), "f.txt: names its own books, so --book cannot be used");
+    EXPECT_EQ(refusalOf("Изход\n1:1 a\n", "Gen"),
+              "f.txt: 1 line cannot be read:\n  line 1: \"Изход\" is not Gen, the book given with --book");
 }
 
 TEST(PlainLines, WhatHasNoShapeIsRefused)
 {
     EXPECT_EQ(refusalOf("words\nand words\n"),
-              "f.txt: is no table of verses, no verse a line and no verses under headings");
-    EXPECT_EQ(refusalOf(""), "f.txt: is no table of verses, no verse a line and no verses under headings");
-    EXPECT_EQ(refusalOf("b,c,v,t\n"), "f.txt: holds no verse");
+              "f.txt: is not a table of verses, nor one verse per line, nor verses under headings");
+    EXPECT_EQ(refusalOf(""),
+              "f.txt: is not a table of verses, nor one verse per line, nor verses under headings");
+    EXPECT_EQ(refusalOf("b,c,v,t\n"), "f.txt: contains no verses");
 }
 
 TEST(PlainLines, ShapeIsSaid)
@@ -275,14 +275,14 @@ TEST(PlainDetection, FoldersOfFilesWithoutUsfm)
     EXPECT_EQ(linesOf(bible), "Gen 1:1 a\nExod 1:1 b\n");
     EXPECT_EQ(bible.findings.text(),
               "read as       lines: #chapter:verse#text\n"
-              "taken         Gen for the book, by the name of the file 01-genesis.dat\n"
-              "taken         Exod for the book, by the name of the file 02-exodus.dat\n"
-              "left out      the file README, which holds no verses\n");
+              "interpreted   Gen for the book, by the name of the file 01-genesis.dat\n"
+              "interpreted   Exod for the book, by the name of the file 02-exodus.dat\n"
+              "left out      the file README, which contains no verses\n");
     ReadOptions plain;
     plain.format = SourceFormat::plainLines;
     const TempFolder none;
     EXPECT_EQ(messageOf<CBuildError>([&] { readSourceFile(none.path().string(), plain); }),
-              none.path().string() + ": holds no file of plain lines");
+              none.path().string() + ": contains no file of plain lines");
     plain.book = "Gen";
     EXPECT_EQ(messageOf<CBuildError>([&] { readSourceFile(folder.path().string(), plain); }),
               folder.path().string() + ": --book is for a file of plain lines");

@@ -135,6 +135,6 @@ TEST(LetterProofs, OfUsfmKnowMarkersNumbersAndCodesAlone)
     EXPECT_EQ(count("\\id GEN, a\\c1\\v2-3а b\\v 4И\\v 5. c\\v\u00A0d", "abИcd"), 5u);
     EXPECT_EQ(count("\\w a|b=\"c\"\\w* \\qt-s |d\\*", "abcd"), 4u);
     EXPECT_EQ(messageOf<CBuildError>([&] { count("\\p a\nb", "a"); }),
-              "f:1: the source has \"b\" here, but \"\" was read; this is an error in kedrin-module, please "
-              "report it");
+              "f:1: the source has \"b\" here, but \"\" was read; this is a bug in kedrin-module, "
+              "please report it");
 }

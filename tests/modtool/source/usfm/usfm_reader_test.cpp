@@ -71,15 +71,16 @@ TEST(UsfmReader, NotesAreLeftOutAndCounted)
     const std::string text =
         "one\\f + \\fr 1:1 \\ft note \\+nd x\\+nd*\\f*, two\\x - \\xo 1:1 \\xt Ex 1\\x*three";
     EXPECT_EQ(linesIn(text), "Gen 1:1 one, two three\n");
-    EXPECT_EQ(findingsIn(text), "left out      2 notes, first Gen 1:1\n");
+    EXPECT_EQ(findingsIn(text), "left out      2 notes, first at Gen 1:1\n");
 }
 
 TEST(UsfmReader, NoteWithoutAnEndEndsWithItsParagraph)
 {
     const std::string text = "one\\f + \\ft note\n\\p two\n\\v 2 three";
     EXPECT_EQ(linesIn(text), "Gen 1:1 one two\nGen 1:2 three\n");
-    EXPECT_EQ(findingsIn(text), "left out      1 note, first Gen 1:1\n"
-                                "ended         1 note without an end, with its paragraph, first Gen 1:1\n");
+    EXPECT_EQ(findingsIn(text),
+              "left out      1 note, first at Gen 1:1\n"
+              "closed        1 note without an end, at the end of its paragraph, first at Gen 1:1\n");
 }
 
 TEST(UsfmReader, HeadingsAndIntroductionsAreLeftOutAndCounted)
@@ -88,8 +89,8 @@ TEST(UsfmReader, HeadingsAndIntroductionsAreLeftOutAndCounted)
         read("\\id GEN\n\\imt1 Intro\n\\ip Of \\bk it\\bk*\n\\c 1\n\\s1 Head\n\\r (x)\n\\p\n\\v 1 one\n"
              "\\s1 Middle \\f + \\ft n\\f*\n\\p two\n\\esb\n\\p Side\n\\esbe\n\\p three");
     EXPECT_EQ(linesOf(bible), "Gen 1:1 one two three\n");
-    EXPECT_EQ(bible.findings.text(), "left out      3 titles, first in line 5\n"
-                                     "left out      3 texts outside the verses, first in line 2\n");
+    EXPECT_EQ(bible.findings.text(), "left out      3 titles, first at line 5\n"
+                                     "left out      3 texts outside the verses, first at line 2\n");
 }
 
 TEST(UsfmReader, PsalmTitleStandsBeforeTheVerseThatFollows)
@@ -107,9 +108,9 @@ TEST(UsfmReader, RangesPartsAndSecondNumbers)
              "\\v 7,8 e\n\\v 9\u20139a f");
     EXPECT_EQ(linesOf(bible), "Gen 1:1 a\nGen 1:4 b c\nGen 1:5 d\nGen 1:7 e\nGen 1:9 f\n");
     EXPECT_EQ(bible.findings.text(),
-              "joined        2 ranges of verses, their text at the first, first Gen 1:1\n"
-              "joined        2 parts of verses, first Gen 1:4\n"
-              "left out      3 numbers of another numbering, first in line 2\n");
+              "joined        2 ranges of verses, with the text in the first, first at Gen 1:1\n"
+              "joined        2 parts of verses, first at Gen 1:4\n"
+              "left out      3 numbers in another numbering, first at line 2\n");
 }
 
 TEST(UsfmReader, BlanksAndLineBreaksWrittenAsSigns)
@@ -121,7 +122,7 @@ TEST(UsfmReader, UnknownMarkersKeepTheirTextAndAreCounted)
 {
     EXPECT_EQ(linesIn("one \\zz two\\zz* three"), "Gen 1:1 one two three\n");
     EXPECT_EQ(findingsIn("one \\zz two\\zz* three"),
-              "kept          1 text of an unknown marker, first Gen 1:1\n");
+              "kept          1 text of an unknown marker, first at Gen 1:1\n");
 }
 
 TEST(UsfmReader, FiguresAreLeftOut)
@@ -156,13 +157,13 @@ TEST(UsfmReader, TitlesOfBooks)
 TEST(UsfmReader, RefusesWhatHasNoPlace)
 {
     EXPECT_EQ(errorIn("\\c 1\n\\v 1 a"),
-              "f.usfm:1: a chapter before any \\id: write one with the book's code, such as \\id GEN");
+              "f.usfm:1: a chapter before any \\id: write an \\id with the book's code, such as \\id GEN");
     EXPECT_EQ(errorIn("\\v 1 a"),
-              "f.usfm:1: a verse before any \\id: write one with the book's code, such as \\id GEN");
+              "f.usfm:1: a verse before any \\id: write an \\id with the book's code, such as \\id GEN");
     for (const std::string code : {"GENSIS", "", "\u0411\u0411\u0411", "G", "GEN\u0411"})
         EXPECT_EQ(errorIn("\\id " + code + "\n"),
-                  "f.usfm:1: \"" + code + "\" is no book code: write one behind \\id, such as GEN");
-    EXPECT_EQ(errorIn("\\id GEN\n\\c 1\n\\p text\n"), "f.usfm: holds no verse");
+                  "f.usfm:1: \"" + code + "\" is not a book code: write one after \\id, such as GEN");
+    EXPECT_EQ(errorIn("\\id GEN\n\\c 1\n\\p text\n"), "f.usfm: contains no verses");
 }
 
 TEST(UsfmReader, CodeOfABookMayBeWrittenInAnyForm)
@@ -181,7 +182,7 @@ TEST(UsfmReader, BookWithoutACodeIsTakenByItsName)
         const SourceBible bible = read("\\id " + line + "\n\\c 1\n\\v 1 a");
         EXPECT_EQ(linesOf(bible), "Gen 1:1 a\n") << line;
         EXPECT_EQ(bible.findings.text(),
-                  "taken         1 book by its name, being without a number or code, first in line 1\n")
+                  "interpreted   1 book without a number or code by its name, first at line 1\n")
             << line;
     }
     EXPECT_EQ(linesOf(read("\\id 1 Samuel\n\\c 1\n\\v 1 a")), "1Sam 1:1 a\n");
@@ -208,8 +209,8 @@ TEST(UsfmReader, VerseWithoutANumberGoesOnWithTheOneBefore)
     const SourceBible bible = read("\\id GEN\n\\c 1\n\\v И a\n\\v 1 b\n\\v\nc\n\\v 4000000000 d\n\\v 2 e\n");
     EXPECT_EQ(linesOf(bible), "Gen 1:1 И a b c 4000000000 d\nGen 1:2 e\n");
     EXPECT_EQ(bible.findings.text(),
-              "joined        1 verse 0, put before the next verse, first Gen 1:0\n"
-              "joined        3 verses without a number, to the verses before them, first Gen 1:0\n");
+              "joined        1 verse 0, put before the next verse, first at Gen 1:0\n"
+              "joined        3 verses without a number, with the verses before them, first at Gen 1:0\n");
 }
 
 TEST(UsfmReader, ChapterWithoutANumberIsTheNextOne)
@@ -223,7 +224,8 @@ TEST(UsfmReader, ChapterZeroStandsBeforeTheFirstVerse)
 {
     const SourceBible bible = read("\\id SIR\n\\c 0\n\\v 1 a\n\\v 2 b\n\\c 1\n\\v 1 c\n\\c 1\n\\v 2 d");
     EXPECT_EQ(linesOf(bible), "Sir 1:1 a b c\nSir 1:2 d\n");
-    EXPECT_EQ(bible.findings.text(), "joined        2 verses 0, put before the next verse, first Sir 1:0\n");
+    EXPECT_EQ(bible.findings.text(),
+              "joined        2 verses 0, put before the next verse, first at Sir 1:0\n");
 }
 
 TEST(UsfmReader, BarIsAnAttributeOnlyWhereTheMarkerHasOne)
@@ -240,6 +242,6 @@ TEST(UsfmReader, ExampleOfTheFormatPage)
                                    "\\v 1 \\w Господи|strong=\"H3068\"\\w*,\\f + \\ft или: Боже\\f* колко\n"
                                    "\\q2 се умножиха!\n");
     EXPECT_EQ(linesOf(bible), "Ps 3:1 Псалом на Давида. Господи, колко се умножиха!\n");
-    EXPECT_EQ(bible.findings.text(), "joined        1 psalm title, put before its text, first Ps 3:1\n"
-                                     "left out      1 note, first Ps 3:1\n");
+    EXPECT_EQ(bible.findings.text(), "joined        1 psalm title, put before its text, first at Ps 3:1\n"
+                                     "left out      1 note, first at Ps 3:1\n");
 }

@@ -69,7 +69,7 @@ TEST(UsfmVariety, NotesOfEveryForm)
                 "two\\ef - \\cat People\\cat*\\fr 1:1: \\ft long\\ef* three\\ex + \\xo 1:1 \\xt x\\ex*, "
                 "four\\rq Gen 2:2\\rq* five\\fe * \\ft g\\fe*");
     EXPECT_EQ(linesOf(bible), "Gen 1:1 one two three, four five\n");
-    EXPECT_EQ(bible.findings.text(), "left out      5 notes, first Gen 1:1\n");
+    EXPECT_EQ(bible.findings.text(), "left out      5 notes, first at Gen 1:1\n");
 }
 
 TEST(UsfmVariety, NoteInsideAWordDividesItNot)
@@ -85,8 +85,8 @@ TEST(UsfmVariety, HeadingsOfEveryFormAreLeftOut)
         "\\c 1\n\\cl Psalm One\n\\cd About it\n\\cp 1a\n\\ms1 Book\n\\mr (1-41)\n\\s1 Head\n\\sr (1-2)\n"
         "\\r (x)\n\\qa Aleph\n\\q1\n\\v 1 one\n\\s5\n\\v 2 two\n\\sd2\n\\sp God\n\\p three\n\\mte End\n");
     EXPECT_EQ(linesOf(bible), "Ps 1:1 one\nPs 1:2 two three\n");
-    EXPECT_EQ(bible.findings.text(), "left out      11 titles, first in line 7\n"
-                                     "left out      2 texts outside the verses, first in line 11\n");
+    EXPECT_EQ(bible.findings.text(), "left out      11 titles, first at line 7\n"
+                                     "left out      2 texts outside the verses, first at line 11\n");
 }
 
 TEST(UsfmVariety, SelahAndSongsOfThePsalmsAreText)
@@ -104,10 +104,11 @@ TEST(UsfmVariety, SecondNumbersOfEveryForm)
         read("\\id PSA\n\\c 3\n\\ca 2\\ca*\n\\p\n\\v 1a one \\v 1b \\vp 1\u03B2\\vp*two "
              "\\v 2\u00A0three \\v 3-4 \\va 2-3\\va* four\n\\v 0 zero");
     EXPECT_EQ(linesOf(bible), "Ps 3:1 zero one two\nPs 3:2 three\nPs 3:3 four\n");
-    EXPECT_EQ(bible.findings.text(), "joined        1 range of verses, its text at the first, first Ps 3:3\n"
-                                     "joined        2 parts of verses, first Ps 3:1\n"
-                                     "joined        1 verse 0, put before the next verse, first Ps 3:0\n"
-                                     "left out      3 numbers of another numbering, first in line 3\n");
+    EXPECT_EQ(bible.findings.text(),
+              "joined        1 range of verses, with the text in the first, first at Ps 3:3\n"
+              "joined        2 parts of verses, first at Ps 3:1\n"
+              "joined        1 verse 0, put before the next verse, first at Ps 3:0\n"
+              "left out      3 numbers in another numbering, first at line 3\n");
 }
 
 TEST(UsfmVariety, PartsMayHaveCyrillicLetters)
@@ -128,8 +129,8 @@ TEST(UsfmVariety, VersesGivenTwiceAreJoined)
 {
     const SourceBible bible = inVerse("a\n\\v 2 c\n\\p\n\\v 1 b\n\\v 2 c\n\\c 1\n\\v 3 d");
     EXPECT_EQ(linesOf(bible), "Gen 1:1 a b\nGen 1:2 c\nGen 1:3 d\n");
-    EXPECT_EQ(bible.findings.text(), "joined        1 verse given again, first Gen 1:1\n"
-                                     "left out      1 verse repeated word for word, first Gen 1:2\n");
+    EXPECT_EQ(bible.findings.text(), "joined        1 verse given more than once, first at Gen 1:1\n"
+                                     "left out      1 verse repeated word for word, first at Gen 1:2\n");
 }
 
 TEST(UsfmVariety, FrontMatterGlossaryAndExtraBooksAreBooksWithoutAPlace)
@@ -139,8 +140,8 @@ TEST(UsfmVariety, FrontMatterGlossaryAndExtraBooksAreBooksWithoutAPlace)
         "\\id GLO\n\\p \\k Grace\\k* favour\n\\id XXA\n\\c 1\n\\p\n\\v 1 extra\n");
     EXPECT_EQ(linesOf(bible), "Gen 1:1 one\nXXA 1:1 extra\n");
     EXPECT_EQ(bible.books, (std::vector<std::string>{"FRT", "Gen", "GLO", "XXA"}));
-    EXPECT_EQ(bible.findings.text(), "left out      1 title, first in line 3\n"
-                                     "left out      3 texts outside the verses, first in line 2\n");
+    EXPECT_EQ(bible.findings.text(), "left out      1 title, first at line 3\n"
+                                     "left out      3 texts outside the verses, first at line 2\n");
 }
 
 TEST(UsfmVariety, SidebarsAndPicturesAreLeftOut)
@@ -149,15 +150,15 @@ TEST(UsfmVariety, SidebarsAndPicturesAreLeftOut)
         inVerse("one\n\\esb \\cat History\\cat*\n\\ms Side\n\\p Text \\w word\\w*\n\\esbe\n"
                 "\\p two\\fig Cap|a.jpg|col|||Text|1:1\\fig* three \\pro pro\\pro*");
     EXPECT_EQ(linesOf(bible), "Gen 1:1 one two three\n");
-    EXPECT_EQ(bible.findings.text(), "left out      2 figures or index entries, first Gen 1:1\n"
-                                     "left out      1 text outside the verses, first Gen 1:1\n");
+    EXPECT_EQ(bible.findings.text(), "left out      2 figures or index entries, first at Gen 1:1\n"
+                                     "left out      1 text outside the verses, first at Gen 1:1\n");
 }
 
 TEST(UsfmVariety, UnknownMarkersOfEveryKindKeepTheirText)
 {
     const SourceBible bible = inVerse("one \\zcustom two\\zcustom* \\+zz three\\+zz*\n\\zpara four \\ five");
     EXPECT_EQ(linesOf(bible), "Gen 1:1 one two three four five\n");
-    EXPECT_EQ(bible.findings.text(), "kept          4 texts of unknown markers, first Gen 1:1\n");
+    EXPECT_EQ(bible.findings.text(), "kept          4 texts of unknown markers, first at Gen 1:1\n");
 }
 
 std::string inMarker(const std::string& marker, const std::string& text)

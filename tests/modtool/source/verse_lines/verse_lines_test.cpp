@@ -80,8 +80,8 @@ TEST_F(BadVerseLines, MissingFileCannotBeOpened)
 
 TEST_F(BadVerseLines, WithoutAVerse)
 {
-    EXPECT_EQ(said(""), ": holds no verse\n");
-    EXPECT_EQ(said("\n\r\n"), ": holds no verse\n");
+    EXPECT_EQ(said(""), ": contains no verses\n");
+    EXPECT_EQ(said("\n\r\n"), ": contains no verses\n");
 }
 
 TEST_F(BadVerseLines, NotUtf8)
@@ -92,22 +92,22 @@ TEST_F(BadVerseLines, NotUtf8)
 
 TEST_F(BadVerseLines, FewerThanThreeTabs)
 {
-    const std::string message = ": a line is BOOK, CHAPTER, VERSE and text with tabs between them\n";
+    const std::string message = ": a line must be BOOK, CHAPTER, VERSE and text, separated by tabs\n";
     EXPECT_EQ(said("Gen 1 1 text\n"), ":1" + message);
     EXPECT_EQ(said("Gen\t1\t1\tа\n\nGen\t1\t2\n"), ":3" + message);
 }
 
 TEST_F(BadVerseLines, BookThatIsNoId)
 {
-    EXPECT_EQ(said("\t1\t1\tа\n"), ":1: \"\" is no OSIS book id\n");
-    EXPECT_EQ(said("Gen.1\t1\t1\tа\n"), ":1: \"Gen.1\" is no OSIS book id\n");
-    EXPECT_EQ(said("Битник\t1\t1\tа\n"), ":1: \"Битник\" is no OSIS book id\n");
-    EXPECT_EQ(said("Abcdefghijklmnopq\t1\t1\tа\n"), ":1: \"Abcdefghijklmnopq\" is no OSIS book id\n");
+    EXPECT_EQ(said("\t1\t1\tа\n"), ":1: \"\" is not an OSIS book id\n");
+    EXPECT_EQ(said("Gen.1\t1\t1\tа\n"), ":1: \"Gen.1\" is not an OSIS book id\n");
+    EXPECT_EQ(said("Битник\t1\t1\tа\n"), ":1: \"Битник\" is not an OSIS book id\n");
+    EXPECT_EQ(said("Abcdefghijklmnopq\t1\t1\tа\n"), ":1: \"Abcdefghijklmnopq\" is not an OSIS book id\n");
 }
 
 TEST_F(BadVerseLines, ChapterThatIsNoNumber)
 {
-    const std::string message = " is no chapter number from 1 to 65534\n";
+    const std::string message = " is not a chapter number from 1 to 65534\n";
     for (const char* number : {"0", "65535", "4294967297", "-1", "+1", "1a", "", " 1", "١"})
         EXPECT_EQ(said("Gen\t" + std::string(number) + "\t1\tа\n"),
                   ":1: \"" + std::string(number) + '"' + message);
@@ -115,7 +115,7 @@ TEST_F(BadVerseLines, ChapterThatIsNoNumber)
 
 TEST_F(BadVerseLines, VerseThatIsNoNumber)
 {
-    const std::string message = " is no verse number from 1 to 65534\n";
+    const std::string message = " is not a verse number from 1 to 65534\n";
     for (const char* number : {"0", "65535", "99999999999999999999", "-1", "1.", ""})
         EXPECT_EQ(said("Gen\t1\t" + std::string(number) + "\tа\n"),
                   ":1: \"" + std::string(number) + '"' + message);
@@ -124,9 +124,9 @@ TEST_F(BadVerseLines, VerseThatIsNoNumber)
 TEST_F(BadVerseLines, LongFieldIsQuotedShortened)
 {
     EXPECT_EQ(said("Gen\t" + std::string(41, '9') + "\t1\tа\n"),
-              ":1: \"" + std::string(40, '9') + "...\" is no chapter number from 1 to 65534\n");
+              ":1: \"" + std::string(40, '9') + "...\" is not a chapter number from 1 to 65534\n");
     EXPECT_EQ(said("Gen\t" + std::string(40, '9') + "\t1\tа\n"),
-              ":1: \"" + std::string(40, '9') + "\" is no chapter number from 1 to 65534\n");
+              ":1: \"" + std::string(40, '9') + "\" is not a chapter number from 1 to 65534\n");
 }
 
 TEST_F(BadVerseLines, VerseGivenTwiceNamesBothLines)
@@ -148,7 +148,7 @@ TEST_F(BadVerseLines, LongerThanTheLimit)
     m_folder.write("Made.vpl", "");
     std::filesystem::resize_file(sourceName(), 64u * 1024 * 1024 + 1);
     EXPECT_EQ(build_test::run({"build", sourceName(), made()}).err,
-              "kedrin-module: " + sourceName() + ": is longer than 64 MiB\n");
+              "kedrin-module: " + sourceName() + ": is larger than 64 MiB\n");
 }
 
 } // namespace

@@ -52,7 +52,7 @@ TEST_F(VerseLinesVariety, RangesPartsAndVerseZeroAreRefusedWithTheirLine)
     for (const char* number : {"1-2", "1a", "0", "1,2"})
         EXPECT_EQ(refusal("Gen\t1\t3\tа\nGen\t1\t" + std::string(number) + "\tб\n"),
                   "kedrin-module: " + sourceName() + ":2: \"" + number +
-                      "\" is no verse number from 1 to 65534\n");
+                      "\" is not a verse number from 1 to 65534\n");
 }
 
 TEST_F(VerseLinesVariety, HeaderBehindAMarkIsRead)
@@ -72,8 +72,8 @@ TEST_F(VerseLinesVariety, MissingVersesChaptersAndAnyOrderAreCounted)
     const Result result = build("Exod\t1\t3\tв\nGen\t3\t1\tд\nGen\t1\t2\tб\nExod\t1\t1\tа\n");
     ASSERT_EQ(result.code, 0);
     EXPECT_EQ(made("BibleStructure.csv"), "1 3\n3 2 1 1\n");
-    EXPECT_NE(result.out.find("without text  2 verses inside chapters, first Exod 1:2\n"
-                              "without text  1 chapter inside a book, kept as one verse, first Gen 2\n"),
+    EXPECT_NE(result.out.find("without text  2 verses inside chapters, first at Exod 1:2\n"
+                              "without text  1 chapter inside a book, kept as one verse, first at Gen 2\n"),
               std::string::npos)
         << result.out;
 }

@@ -53,9 +53,9 @@ TEST(ZefaniaReader, NotesReferencesAndCaptionsAreLeftOutAndCounted)
         chapter("<CAPTION vref='1'>Head</CAPTION><PROLOG>P</PROLOG><REMARK>R</REMARK>"
                 "<VERS vnumber='1'>one<DIV><NOTE>n</NOTE></DIV>two<XREF>x</XREF></VERS>");
     EXPECT_EQ(linesOf(bible), "Gen 1:1 one two\n");
-    EXPECT_EQ(bible.findings.text(), "left out      2 notes, first Gen 1:1\n"
-                                     "left out      2 titles, first in line 1\n"
-                                     "left out      1 text outside the verses, first in line 1\n");
+    EXPECT_EQ(bible.findings.text(), "left out      2 notes, first at Gen 1:1\n"
+                                     "left out      2 titles, first at line 1\n"
+                                     "left out      1 text outside the verses, first at line 1\n");
 }
 
 TEST(ZefaniaReader, RangesAndVerseZero)
@@ -64,8 +64,8 @@ TEST(ZefaniaReader, RangesAndVerseZero)
                                       "<VERS vnumber='3-4'>b</VERS><VERS vnumber='5'/>");
     EXPECT_EQ(linesOf(bible), "Gen 1:1 T a\nGen 1:3 b\nGen 1:5\n");
     EXPECT_EQ(bible.findings.text(),
-              "joined        2 ranges of verses, their text at the first, first Gen 1:1\n"
-              "joined        1 verse 0, put before the next verse, first Gen 1:0\n");
+              "joined        2 ranges of verses, with the text in the first, first at Gen 1:1\n"
+              "joined        1 verse 0, put before the next verse, first at Gen 1:0\n");
 }
 
 TEST(ZefaniaReader, NamesInSmallLettersAreTheSame)
@@ -99,13 +99,12 @@ TEST(ZefaniaReader, BookWithoutANumberIsTakenByItsName)
         const SourceBible bible = read("<BIBLEBOOK " + book + ">" + verse);
         EXPECT_EQ(linesOf(bible), "Gen 1:1 a\n") << book;
         EXPECT_EQ(bible.findings.text(),
-                  "taken         1 book by its name, being without a number or code, first in line 1\n")
+                  "interpreted   1 book without a number or code by its name, first at line 1\n")
             << book;
     }
     EXPECT_EQ(errorIn("<BIBLEBOOK bnumber='0' bname='Jo'>" + verse),
-              "f.xml:1: \"0\" is no book number, and \"Jo\" no known name of a book: write the number into "
-              "bnumber, "
-              "such as 1 for Genesis");
+              "f.xml:1: \"0\" is not a book number, and \"Jo\" is not a known book name: write the "
+              "number in bnumber, such as 1 for Genesis");
     EXPECT_EQ(linesOf(read("<BIBLEBOOK bnumber='0' bname='Preface'>Words</BIBLEBOOK><BIBLEBOOK bnumber='1'>" +
                            verse)),
               "Gen 1:1 a\n");
@@ -119,9 +118,9 @@ TEST(ZefaniaReader, NumbersThatAreNoneStopNothing)
              "<CHAPTER cnumber=''><VERS vnumber='1'>f</VERS></CHAPTER></BIBLEBOOK>");
     EXPECT_EQ(linesOf(bible), "Gen 1:1 a b c\nGen 1:2 d e\nGen 2:1 f\n");
     EXPECT_EQ(bible.findings.text(),
-              "joined        1 verse 0, put before the next verse, first Gen 1:0\n"
-              "joined        3 verses without a number, to the verses before them, first Gen 1:0\n"
-              "taken         2 chapters without a number for the next ones, first in line 1\n");
+              "joined        1 verse 0, put before the next verse, first at Gen 1:0\n"
+              "joined        3 verses without a number, with the verses before them, first at Gen 1:0\n"
+              "interpreted   2 chapters without a number as the next ones, first at line 1\n");
 }
 
 TEST(ZefaniaReader, ChapterZeroOrNoneIsOfTheFirst)
@@ -137,7 +136,7 @@ TEST(ZefaniaReader, RefusesVersesOfNoBook)
 {
     EXPECT_EQ(errorIn("<CHAPTER cnumber='1'><VERS vnumber='1'>a</VERS></CHAPTER>"),
               "f.xml:1: a verse before any BIBLEBOOK");
-    EXPECT_EQ(errorIn(""), "f.xml: holds no verse");
+    EXPECT_EQ(errorIn(""), "f.xml: contains no verses");
 }
 
 TEST(ZefaniaReader, ExampleOfTheFormatPage)
@@ -148,7 +147,7 @@ TEST(ZefaniaReader, ExampleOfTheFormatPage)
 </CAPTION><VERS vnumber="1">В <gr str="7225">начало</gr><NOTE>бел.</NOTE> Бог</VERS></CHAPTER></BIBLEBOOK></XMLBIBLE>
 )");
     EXPECT_EQ(linesOf(bible), "Gen 1:1 В начало Бог\n");
-    EXPECT_EQ(bible.findings.text(), "left out      1 note, first Gen 1:1\n"
-                                     "left out      1 title, first in line 1\n");
+    EXPECT_EQ(bible.findings.text(), "left out      1 note, first at Gen 1:1\n"
+                                     "left out      1 title, first at line 1\n");
     EXPECT_EQ(bible.info.fullTitle, "Тест");
 }

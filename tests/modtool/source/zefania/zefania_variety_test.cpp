@@ -53,7 +53,7 @@ TEST(ZefaniaVariety, MarkersOfUsfmGoAndAreCounted)
 {
     const SourceBible bible = chapter("<VERS vnumber='1'>the \\nd LORD\\nd* said</VERS>");
     EXPECT_EQ(linesOf(bible), "Gen 1:1 the LORD said\n");
-    EXPECT_EQ(bible.findings.text(), "kept          2 texts of unknown markers, first Gen 1:1\n");
+    EXPECT_EQ(bible.findings.text(), "kept          2 texts of unknown markers, first at Gen 1:1\n");
 }
 
 TEST(ZefaniaVariety, NoteInsideAWordDividesItNot)
@@ -71,9 +71,9 @@ TEST(ZefaniaVariety, HeadingsAnywhereAreLeftOut)
                 "h</gr></CAPTION><VERS vnumber='1'>one<CAPTION vref='1'>m</CAPTION>two</VERS>"
                 "<REMARK vref='1'>r</REMARK>loose<MEDIA>m</MEDIA>");
     EXPECT_EQ(linesOf(bible), "Gen 1:1 one two\n");
-    EXPECT_EQ(bible.findings.text(), "left out      3 titles, first in line 1\n"
-                                     "left out      1 figure or index entry, first in line 1\n"
-                                     "left out      2 texts outside the verses, first in line 1\n");
+    EXPECT_EQ(bible.findings.text(), "left out      3 titles, first at line 1\n"
+                                     "left out      1 figure or index entry, first at line 1\n"
+                                     "left out      2 texts outside the verses, first at line 1\n");
 }
 
 TEST(ZefaniaVariety, VersesGivenTwiceAreJoined)
@@ -81,8 +81,8 @@ TEST(ZefaniaVariety, VersesGivenTwiceAreJoined)
     const SourceBible bible = chapter("<VERS vnumber='1'>a</VERS><VERS vnumber='1'>b</VERS>"
                                       "<VERS vnumber='2'>c</VERS><VERS vnumber='2'>c</VERS>");
     EXPECT_EQ(linesOf(bible), "Gen 1:1 a b\nGen 1:2 c\n");
-    EXPECT_EQ(bible.findings.text(), "joined        1 verse given again, first Gen 1:1\n"
-                                     "left out      1 verse repeated word for word, first Gen 1:2\n");
+    EXPECT_EQ(bible.findings.text(), "joined        1 verse given more than once, first at Gen 1:1\n"
+                                     "left out      1 verse repeated word for word, first at Gen 1:2\n");
 }
 
 TEST(ZefaniaVariety, NamesInCapitalLettersAreTheSame)
