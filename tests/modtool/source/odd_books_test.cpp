@@ -131,8 +131,8 @@ TEST_F(OddBooks, GreekEstherAloneIsEsther)
     const Result result = buildSource("a.usfm", "\\id ESG\n\\c 1\n\\v 1 а\n\\c 11\n\\v 1 б");
     ASSERT_EQ(result.code, 0) << result.err;
     EXPECT_EQ(reported(result, "interpreted"),
-              "         1 Greek Esther or Daniel as the book itself, first at Esth");
-    EXPECT_EQ(reported(result, "contains"), "         1 book, 11 chapters, 11 verses");
+              "   1 Greek Esther or Daniel as the book itself, first at Esth");
+    EXPECT_EQ(reported(result, "contains"), "      1 book, 11 chapters, 11 verses");
     EXPECT_EQ(reported(result, "without text"),
               "  9 chapters inside books, each kept as one verse, first at Esth 2");
 }
@@ -144,7 +144,7 @@ TEST_F(OddBooks, Psalm151OfTheSynodalCountIsAChapterWithoutAPlace)
         text += "Ps\t151\t" + std::to_string(verse) + "\tб\n";
     const Result result = build(text, {"--versification", "Synodal"});
     ASSERT_EQ(result.code, 0) << result.err;
-    EXPECT_EQ(reported(result, "contains"), "         1 book, 151 chapters, 157 verses");
+    EXPECT_EQ(reported(result, "contains"), "      1 book, 151 chapters, 157 verses");
     EXPECT_NE(result.out.find(" have no position in the global numbering\n"), std::string::npos)
         << result.out;
     EXPECT_EQ(verse(0, 150, 6), "б");
