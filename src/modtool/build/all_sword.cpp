@@ -1,5 +1,6 @@
 #include "all_sword.h"
 
+#include "ascii.h"
 #include "build.h"
 #include "durable_file.h"
 #include "errors.h"
@@ -20,14 +21,10 @@ namespace {
 constexpr const char* toolVersion = "kedrin-module 4\n";
 
 /// A module's folder name: the Bible's name in lower case, safe as a file name.
-std::string folderName(std::string name)
+std::string folderName(std::string_view bible)
 {
-    for (char& c : name) {
-        if (c >= 'A' && c <= 'Z')
-            c = static_cast<char>(c - 'A' + 'a');
-        if (c == '/')
-            c = '_';
-    }
+    std::string name = lower(bible);
+    std::replace(name.begin(), name.end(), '/', '_');
     return name.starts_with('.') ? '_' + name : name;
 }
 

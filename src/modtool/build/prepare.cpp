@@ -12,9 +12,11 @@
 #include "module_format.h"
 #include "module_layout.h"
 #include "substitutes.h"
+#include "text_columns.h"
 #include "versification.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace Kedrin::ModTool {
 
@@ -189,18 +191,10 @@ void countModule(const ModuleData& module, BuildReport& report)
 
 std::vector<std::string> wrappedLines(const std::vector<std::string>& paragraphs)
 {
+    const auto bytesThatFit = [](std::string_view text) { return std::min(text.size(), maxLineBytes); };
     std::vector<std::string> lines;
-    for (const std::string& paragraph : paragraphs) {
-        const std::string whole = encodedTitle(paragraph);
-        std::string_view rest = whole;
-        while (rest.size() > maxLineBytes) {
-            const std::size_t blank = rest.substr(0, maxLineBytes + 1).rfind(' ');
-            const bool atBlank = blank != std::string_view::npos && blank != 0;
-            lines.emplace_back(rest.substr(0, atBlank ? blank : maxLineBytes));
-            rest.remove_prefix(atBlank ? blank + 1 : maxLineBytes);
-        }
-        lines.emplace_back(rest);
-    }
+    for (const std::string& paragraph : paragraphs)
+        std::ranges::move(brokenLines(encodedTitle(paragraph), bytesThatFit), std::back_inserter(lines));
     return lines;
 }
 

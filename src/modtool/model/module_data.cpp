@@ -13,13 +13,11 @@ std::string positionText(std::string_view book, std::size_t chapter, std::size_t
 
 std::string positionInModule(const ModuleData& module, unsigned int verseNum)
 {
-    for (const ModuleBook& book : module.books)
-        for (std::size_t chapter = 0; chapter < book.versesCount.size(); ++chapter) {
-            if (verseNum < book.versesCount[chapter])
-                return positionText(book.osis, chapter + 1, verseNum + 1);
-            verseNum -= book.versesCount[chapter];
-        }
-    return "";
+    const auto found = findVerse(module.books, verseNum);
+    if (!found)
+        return "";
+    const auto& [book, place] = *found;
+    return positionText(module.books[book].osis, place.chapter + 1u, place.verse + 1u);
 }
 
 } // namespace Kedrin::ModTool

@@ -4,8 +4,10 @@
 #include "word_index.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace Kedrin::ModTool {
@@ -91,6 +93,20 @@ void forEachPlace(const std::vector<ModuleBook>& books, Use&& use)
         for (unsigned int chapter = 0; chapter < books[book].versesCount.size(); ++chapter)
             for (unsigned int verse = 0; verse < books[book].versesCount[chapter]; ++verse)
                 use(book, chapter, verse);
+}
+
+/// The book, and the chapter and verse, of a verse number; nothing where the books have fewer verses. All count from 0.
+/// @param books  each with its `versesCount`, [chapter]
+template <typename Book>
+std::optional<std::pair<std::size_t, Place>> findVerse(const std::vector<Book>& books, unsigned int verseNum)
+{
+    for (std::size_t book = 0; book < books.size(); ++book)
+        for (unsigned int chapter = 0; chapter < books[book].versesCount.size(); ++chapter) {
+            if (verseNum < books[book].versesCount[chapter])
+                return std::pair(book, Place{chapter, verseNum});
+            verseNum -= books[book].versesCount[chapter];
+        }
+    return std::nullopt;
 }
 
 /// "Gen 1:1", numbers from 1.

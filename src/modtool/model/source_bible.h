@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 namespace Kedrin::ModTool {
@@ -19,6 +20,9 @@ struct SourceVerse
     std::uint32_t offset;  ///< its text: bytes of SourceBible::text
     std::uint32_t byteCount;
     std::uint32_t line; ///< line of the source file, from 1; 0 where the source has no lines
+
+    /// What verses are ordered by.
+    auto position() const { return std::tuple(book, chapter, verse); }
 };
 
 /// What a source says of itself, UTF-8.

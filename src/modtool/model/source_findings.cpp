@@ -1,5 +1,6 @@
 #include "source_findings.h"
 
+#include "ascii.h"
 #include "messages.h"
 #include "text_columns.h"
 
@@ -83,14 +84,13 @@ void SourceFindings::addPsalmText(const std::string& place, std::string_view utf
 
 void SourceFindings::extendPsalmText(std::string_view utf8)
 {
-    constexpr std::string_view blanks = " \t\r\n";
     if (m_psalmTexts.empty())
         return;
     std::string& text = m_psalmTexts.back().second;
     while (text.size() <= shownBytes && !utf8.empty()) {
-        const std::size_t wordEnd = std::min(utf8.find_first_of(blanks), utf8.size());
+        const std::size_t wordEnd = std::min(utf8.find_first_of(whiteSpace), utf8.size());
         text += utf8.substr(0, wordEnd);
-        const std::size_t next = std::min(utf8.find_first_not_of(blanks, wordEnd), utf8.size());
+        const std::size_t next = std::min(utf8.find_first_not_of(whiteSpace, wordEnd), utf8.size());
         text += next != wordEnd && !text.empty() ? " " : "";
         utf8.remove_prefix(next);
     }
@@ -100,8 +100,8 @@ std::string SourceFindings::psalmTextLines() const
 {
     std::string lines;
     for (const auto& [place, text] : m_psalmTexts) {
-        const std::string_view trimmed = std::string_view(text).substr(0, text.find_last_not_of(' ') + 1);
-        lines += std::string(labelColumns, ' ') + place + ": " + inQuotes(trimmed, shownBytes) + '\n';
+        lines += std::string(labelColumns, ' ') + place + ": " + inQuotes(trimmedEnd(text, " "), shownBytes) +
+                 '\n';
     }
     if (m_psalmTexts.size() == maxNamed)
         lines += std::string(labelColumns, ' ') + "...\n";

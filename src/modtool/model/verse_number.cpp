@@ -42,9 +42,7 @@ std::optional<unsigned int> takeNumber(std::string_view& text, bool& isPart)
 
 std::optional<VerseNumber> parseVerseNumber(std::string_view text)
 {
-    constexpr std::string_view around = " \t\r\n", behind = ".:;,)] \t\r\n";
-    text.remove_prefix(std::min(text.find_first_not_of(around), text.size()));
-    text = text.substr(0, text.find_last_not_of(behind) + 1);
+    text = trimmedEnd(trimmedStart(text), ".:;,)] \t\r\n");
     VerseNumber number{0, 0, false};
     bool lastIsPart = false;
     const auto first = takeNumber(text, number.isPart);

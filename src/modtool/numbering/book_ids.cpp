@@ -99,8 +99,7 @@ std::string osisOfUsfm(std::string_view code)
     constexpr std::string_view byteOrderMark = "\uFEFF";
     if (code.starts_with(byteOrderMark))
         code.remove_prefix(byteOrderMark.size());
-    std::string wanted(code.substr(0, 4));
-    std::transform(wanted.begin(), wanted.end(), wanted.begin(), upper);
+    std::string wanted = upper(code.substr(0, 4));
     const auto end = std::find_if_not(wanted.begin(), wanted.end(), isCodeByte);
     if (end - wanted.begin() != 3 || startsWithLetter(code.substr(3)))
         return "";

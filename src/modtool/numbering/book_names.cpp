@@ -1,8 +1,9 @@
 #include "book_names.h"
 
 #include "common_books.h"
+#include "text_columns.h"
+#include "text_encoder.h"
 
-#include <unicode/normalizer2.h>
 #include <unicode/uchar.h>
 #include <unicode/unistr.h>
 
@@ -133,11 +134,7 @@ std::string onlyBook(Accept&& accept)
 
 std::string nameKey(std::string_view utf8)
 {
-    UErrorCode status = U_ZERO_ERROR;
-    icu::UnicodeString name =
-        icu::UnicodeString::fromUTF8(icu::StringPiece(utf8.data(), static_cast<int32_t>(utf8.size())));
-    if (const icu::Normalizer2* nfc = icu::Normalizer2::getNFCInstance(status); U_SUCCESS(status))
-        name = nfc->normalize(name, status);
+    icu::UnicodeString name = composed(utf8);
     name = withDigits(name.foldCase());
     icu::UnicodeString key;
     for (int32_t i = 0; i < name.length(); i = name.moveIndex32(i, 1))
@@ -172,8 +169,7 @@ std::string osisOfShortName(std::string_view utf8)
 {
     const std::string osis = osisOfName(utf8);
     const std::string wanted = nameKey(utf8);
-    const auto isOfLetter = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; };
-    if (!osis.empty() || std::count_if(wanted.begin(), wanted.end(), isOfLetter) < 3)
+    if (!osis.empty() || charactersIn(wanted) < 3)
         return osis;
     return onlyBook([&](const std::string& key) { return key.starts_with(wanted); });
 }

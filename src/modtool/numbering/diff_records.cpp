@@ -1,5 +1,6 @@
 #include "diff_records.h"
 
+#include "ascii.h"
 #include "errors.h"
 #include "messages.h"
 #include "text_reader.h"
@@ -17,7 +18,7 @@ std::string_view forEachDiffRecord(std::string_view text, const std::function<vo
         const auto chapterDelta = numbers.nextSigned();
         const auto verseDelta = numbers.nextSigned();
         if (!verseDelta) // a reader that has failed once stays failed
-            return rest;
+            return trimmedStart(rest, " \t\n\v\f\r");
         use({*book, *chapter, *verse, *chapterDelta, *verseDelta});
     }
 }
@@ -32,9 +33,8 @@ std::vector<DiffRecord> readDiffRecords(std::string_view text)
 std::vector<DiffRecord> parseDiffRecords(std::string_view text)
 {
     std::vector<DiffRecord> records;
-    const std::string_view rest =
-        forEachDiffRecord(text, [&](const DiffRecord& record) { records.push_back(record); });
-    if (rest.find_first_not_of(" \t\n\v\f\r") != std::string_view::npos)
+    const auto use = [&](const DiffRecord& record) { records.push_back(record); };
+    if (!forEachDiffRecord(text, use).empty())
         throw CBuildError(tr("the differences are not records of five numbers"));
     return records;
 }

@@ -11,7 +11,7 @@ namespace Kedrin::ModTool {
 
 /// Reads records as _Diff_.txt writes them: five numbers each, white space between. Calls `use` for each, in
 /// order, up to the first that is not five numbers of their types, where the engine stops, too.
-/// @returns what was not read: white space, or the rest from that record on
+/// @returns what was not read, from that record on; "" where all was read
 std::string_view forEachDiffRecord(std::string_view text, const std::function<void(const DiffRecord&)>& use);
 
 /// The records at the beginning of the text that are whole.

@@ -5,6 +5,7 @@
 #include "errors.h"
 #include "input_file.h"
 #include "messages.h"
+#include "module_data.h"
 #include "module_format.h"
 #include "stored_markup.h"
 
@@ -132,8 +133,7 @@ std::string CModuleReader::bookLabel(unsigned int localBook) const
 
 std::string CModuleReader::label(const CRef& local) const
 {
-    return bookLabel(local.bookID()) + ' ' + std::to_string(local.chapter() + 1) + ':' +
-           std::to_string(local.verse() + 1);
+    return positionText(bookLabel(local.bookID()), local.chapter() + 1, local.verse() + 1);
 }
 
 std::string CModuleReader::storedText(const CRef& local) const

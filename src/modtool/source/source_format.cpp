@@ -76,11 +76,7 @@ std::vector<fs::path> usfmFiles(const std::string& folder)
     return files;
 }
 
-bool beginsWithDigit(const fs::path& file)
-{
-    const char first = file.filename().string().front();
-    return first >= '0' && first <= '9';
-}
+bool beginsWithDigit(const fs::path& file) { return isAsciiDigit(file.filename().string().front()); }
 
 SourceBible readUsfmFolder(const std::string& folder, const std::vector<fs::path>& files,
                            const std::string& encoding)
@@ -227,8 +223,7 @@ void nameAfterFile(SourceInfo& info, const std::string& path, bool isFolder)
 
 SourceFormat detectFormat(std::string_view utf8, const std::string& fileName)
 {
-    const std::size_t begin = std::min(utf8.find_first_not_of(" \t\r\n"), utf8.size());
-    const std::string_view content = utf8.substr(begin);
+    const std::string_view content = trimmedStart(utf8);
     if (content.starts_with('\\'))
         return SourceFormat::usfm;
     if (!content.starts_with('<'))

@@ -50,7 +50,7 @@ void addParagraphs(std::vector<std::string>& paragraphs, const char* label, cons
     for (std::size_t begin = 0; begin < plain.size();) {
         const std::size_t end = std::min(plain.find('\n', begin), plain.size());
         const std::string line = plain.substr(begin, end - begin);
-        if (line.find_first_not_of(" \t\r") != std::string::npos)
+        if (!isBlank(line))
             paragraphs.push_back(label + line);
         begin = end + 1;
     }

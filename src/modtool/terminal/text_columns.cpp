@@ -51,20 +51,25 @@ unsigned int terminalWidth(const std::ostream& out, unsigned int otherwise)
     return size.ws_col;
 }
 
-std::vector<std::string> brokenLines(const std::string& utf8, unsigned int width)
+std::vector<std::string> brokenLines(std::string_view text,
+                                     const std::function<std::size_t(std::string_view)>& bytesThatFit)
 {
     std::vector<std::string> lines;
-    std::string_view rest(utf8);
-    while (bytesOf(rest, width) < rest.size()) {
-        const std::size_t most = bytesOf(rest, width);
-        const std::size_t blank = rest.rfind(' ', most);
+    std::size_t most = bytesThatFit(text);
+    for (; most < text.size(); most = bytesThatFit(text)) {
+        const std::size_t blank = text.rfind(' ', most);
         const bool atBlank = blank != std::string_view::npos && blank != 0;
-        lines.emplace_back(rest.substr(0, atBlank ? blank : most));
-        rest.remove_prefix(atBlank ? blank + 1 : most);
+        lines.emplace_back(text.substr(0, atBlank ? blank : most));
+        text.remove_prefix(atBlank ? blank + 1 : most);
     }
-    if (!rest.empty() || lines.empty())
-        lines.emplace_back(rest);
+    if (!text.empty() || lines.empty())
+        lines.emplace_back(text);
     return lines;
+}
+
+std::vector<std::string> brokenLines(std::string_view utf8, unsigned int width)
+{
+    return brokenLines(utf8, [=](std::string_view text) { return bytesOf(text, width); });
 }
 
 CTextColumns::CTextColumns(std::size_t columnsCount, unsigned int totalWidth) : m_columnsCount(columnsCount)

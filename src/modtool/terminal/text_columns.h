@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -44,7 +45,12 @@ private:
     unsigned int m_width;
 };
 
-/// The lines of a text that is broken at `width` code points. At least one line.
-std::vector<std::string> brokenLines(const std::string& utf8, unsigned int width);
+/// The lines of a text that is broken at blanks; a longer word is broken anywhere. At least one line.
+/// @param bytesThatFit  how many bytes at the beginning of a text fit on a line: all of them, or at least one
+std::vector<std::string> brokenLines(std::string_view text,
+                                     const std::function<std::size_t(std::string_view)>& bytesThatFit);
+
+/// The same for lines of at most `width` code points.
+std::vector<std::string> brokenLines(std::string_view utf8, unsigned int width);
 
 } // namespace Kedrin::ModTool

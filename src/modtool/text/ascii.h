@@ -23,17 +23,36 @@ inline std::string lower(std::string_view text)
     return lowered;
 }
 
+inline std::string upper(std::string_view text)
+{
+    std::string raised(text);
+    std::transform(raised.begin(), raised.end(), raised.begin(), [](char c) { return upper(c); });
+    return raised;
+}
+
 /// Whether the text is empty or all white space.
 constexpr bool isBlank(std::string_view text)
 {
     return text.find_first_not_of(whiteSpace) == std::string_view::npos;
 }
 
+/// The text without `blanks` at its start.
+constexpr std::string_view trimmedStart(std::string_view text, std::string_view blanks = whiteSpace)
+{
+    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
+    return text;
+}
+
+/// The text without `blanks` at its end.
+constexpr std::string_view trimmedEnd(std::string_view text, std::string_view blanks = whiteSpace)
+{
+    return text.substr(0, text.find_last_not_of(blanks) + 1);
+}
+
 /// The text without `blanks` at its ends.
 constexpr std::string_view trimmed(std::string_view text, std::string_view blanks = whiteSpace)
 {
-    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
-    return text.substr(0, text.find_last_not_of(blanks) + 1);
+    return trimmedStart(trimmedEnd(text, blanks), blanks);
 }
 
 /// The texts with `separator` between each two.

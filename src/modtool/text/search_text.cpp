@@ -5,19 +5,15 @@
 #include "look_alikes.h"
 #include "messages.h"
 #include "substitutes.h"
+#include "text_encoder.h"
 
-#include <unicode/normalizer2.h>
 #include <unicode/unistr.h>
 
 namespace Kedrin::ModTool {
 
 std::string searchText(std::string_view utf8)
 {
-    UErrorCode status = U_ZERO_ERROR;
-    icu::UnicodeString text =
-        icu::UnicodeString::fromUTF8(icu::StringPiece(utf8.data(), static_cast<int32_t>(utf8.size())));
-    if (const icu::Normalizer2* nfc = icu::Normalizer2::getNFCInstance(status); U_SUCCESS(status))
-        text = nfc->normalize(text, status);
+    const icu::UnicodeString text = composed(utf8);
     std::string bytes;
     for (int32_t i = 0; i < text.length(); i = text.moveIndex32(i, 1)) {
         const auto codePoint = static_cast<char32_t>(text.char32At(i));

@@ -106,15 +106,7 @@ bool CTextEncoder::encodeSimple(std::string_view utf8, std::string& out) const
 
 void CTextEncoder::encodeAny(std::string_view utf8, std::uint32_t place, std::string& out)
 {
-    UErrorCode status = U_ZERO_ERROR;
-    const icu::Normalizer2* nfc = icu::Normalizer2::getNFCInstance(status);
-    icu::UnicodeString text;
-    if (U_SUCCESS(status))
-        text = nfc->normalize(
-            icu::UnicodeString::fromUTF8(icu::StringPiece(utf8.data(), static_cast<int32_t>(utf8.size()))),
-            status);
-    if (U_FAILURE(status))
-        throw CBuildError(message("the Unicode library failed: %s", u_errorName(status)));
+    const icu::UnicodeString text = composed(utf8);
     CBlankFolder folder(out);
     m_letterChange -= static_cast<std::int64_t>(countLetters(utf8));
     for (int32_t i = 0; i < text.length(); i = text.moveIndex32(i, 1)) {
@@ -148,6 +140,18 @@ const std::string& CTextEncoder::replace(const icu::UnicodeString& text, std::in
     if (kind.to == "?" && isLetter(codePoint))
         ++m_lostLetters;
     return kind.to;
+}
+
+icu::UnicodeString composed(std::string_view utf8)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::Normalizer2* nfc = icu::Normalizer2::getNFCInstance(status);
+    const icu::UnicodeString text =
+        icu::UnicodeString::fromUTF8(icu::StringPiece(utf8.data(), static_cast<int32_t>(utf8.size())));
+    const icu::UnicodeString result = U_SUCCESS(status) ? nfc->normalize(text, status) : text;
+    if (U_FAILURE(status))
+        throw CBuildError(message("the Unicode library failed: %s", u_errorName(status)));
+    return result;
 }
 
 std::string encodedTitle(std::string_view utf8)

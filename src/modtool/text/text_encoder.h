@@ -66,6 +66,10 @@ private:
     std::int64_t m_letterChange = 0;
 };
 
+/// The text in canonical composition (NFC).
+/// @throws CBuildError  "the Unicode library failed: %s"
+icu::UnicodeString composed(std::string_view utf8);
+
 /// Metadata in Windows-1251, with substitutes wherever needed: "?" for bytes that are no UTF-8.
 std::string encodedTitle(std::string_view utf8);
 

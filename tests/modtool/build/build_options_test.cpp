@@ -16,6 +16,7 @@ SourceBible source(const std::string& text)
 {
     SourceBible bible = readVerseLines("f.tsv", "Gen\t1\t1\t" + text + "\nExod\t1\t1\tb\n");
     bible.bookTitles = {{"Genesis", "Gen.", ""}, {"", "", ""}};
+    bible.info.fullTitle = bible.info.shortTitle = bible.info.abbreviatedTitle = "f";
     bible.info.copyright = {"Own"};
     return bible;
 }

@@ -4,10 +4,10 @@
 #include "build_fixture.h"
 #include "errors.h"
 #include "prepare.h"
+#include "source_format.h"
 #include "spoiled.h"
 #include "thrown.h"
 #include "verify_written.h"
-#include "verse_line_reader.h"
 
 namespace {
 
@@ -26,7 +26,7 @@ protected:
         BuildOptions options;
         options.versification = "Synodal";
         BuildReport report;
-        m_module = prepareModule(readVerseLines(sourceName()), options, report);
+        m_module = prepareModule(readSourceFile(sourceName(), {}), options, report);
         m_kept = report.diff.kept;
     }
 

@@ -32,7 +32,7 @@ TEST(DiffRecords, ReadingStopsAtARecordThatIsNotWhole)
          {" 1 2 3 4", "\nx", " 1 2 3 0 2147483648", " -1 2 3 0 0", " 4294967296 1 1 0 0"}) {
         const std::string text = diffRecordText(first) + rest;
         EXPECT_THAT(readDiffRecords(text), ElementsAre(first)) << text;
-        EXPECT_EQ(forEachDiffRecord(text, [](const DiffRecord&) {}), rest);
+        EXPECT_EQ(forEachDiffRecord(text, [](const DiffRecord&) {}), rest.substr(1));
         EXPECT_THROW(parseDiffRecords(text), CBuildError) << text;
     }
 }

@@ -1,5 +1,6 @@
 #include "text_input.h"
 
+#include "ascii.h"
 #include "errors.h"
 #include "input_file.h"
 #include "messages.h"
@@ -60,7 +61,7 @@ std::string declaredInUsfm(std::string_view head)
     if (const std::size_t page = value.find("125");
         page != std::string_view::npos && page + 4 <= value.size())
         return "windows-" + std::string(value.substr(page, 4));
-    return std::string(value.substr(0, value.find_last_not_of(' ') + 1));
+    return std::string(trimmedEnd(value, " "));
 }
 
 std::string encodingOf(std::string_view content)

@@ -13,17 +13,6 @@
 
 namespace Kedrin::ModTool {
 
-namespace {
-
-constexpr const char* blanks = " \t\r\n";
-
-std::string_view trimmedEnd(std::string_view text)
-{
-    return text.substr(0, text.find_last_not_of(blanks) + 1);
-}
-
-} // namespace
-
 void CVerseCollector::beginBook(std::string_view osis)
 {
     const auto index = static_cast<std::uint32_t>(m_bible.books.size());

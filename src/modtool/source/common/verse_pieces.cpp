@@ -6,13 +6,10 @@
 #include <algorithm>
 #include <string>
 #include <string_view>
-#include <tuple>
 
 namespace Kedrin::ModTool {
 
 namespace {
-
-auto placeIn(const SourceVerse& verse) { return std::tuple(verse.book, verse.chapter, verse.verse); }
 
 /// Whether two pieces that follow one another make one verse: the same place, or verse 0 and the next one.
 bool belongTogether(const SourceVerse& first, const SourceVerse& second)
@@ -60,7 +57,7 @@ SourceVerse joined(const std::vector<VersePiece>& pieces, std::size_t begin, std
 void joinPieces(std::vector<VersePiece> pieces, SourceBible& bible)
 {
     std::stable_sort(pieces.begin(), pieces.end(), [](const VersePiece& a, const VersePiece& b) {
-        return placeIn(a.verse) < placeIn(b.verse);
+        return a.verse.position() < b.verse.position();
     });
     bible.verses.reserve(pieces.size());
     for (std::size_t begin = 0; begin < pieces.size();) {

@@ -1,5 +1,6 @@
 #include "osis_reference.h"
 
+#include "ascii.h"
 #include "common_books.h"
 #include "module_format.h"
 #include "source_bible.h"
@@ -57,8 +58,7 @@ std::optional<unsigned int> lastVerse(std::string_view text, const OsisReference
 
 std::optional<OsisReference> parseOsisReferences(std::string_view list)
 {
-    list.remove_prefix(std::min(list.find_first_not_of(' '), list.size()));
-    list = list.substr(0, list.find_last_not_of(' ') + 1);
+    list = trimmed(list, " ");
     auto reference = parseReference(list.substr(0, list.find_first_of(" -")));
     const std::size_t sign = list.find_last_of(" -");
     if (!reference || sign == std::string_view::npos)

@@ -5,13 +5,10 @@
 #include "letters.h"
 #include "messages.h"
 #include "module_format.h"
-#include "text_input.h"
 #include "verse_line_header.h"
 
 #include <algorithm>
 #include <charconv>
-#include <filesystem>
-#include <tuple>
 #include <unordered_map>
 
 namespace Kedrin::ModTool {
@@ -22,13 +19,9 @@ constexpr std::size_t maxBookIdBytes = 16;
 
 bool isBookId(std::string_view text)
 {
-    const auto isIdByte = [](char c) {
-        return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9');
-    };
+    const auto isIdByte = [](char c) { return isAsciiLetter(c) || isAsciiDigit(c); };
     return !text.empty() && text.size() <= maxBookIdBytes && std::all_of(text.begin(), text.end(), isIdByte);
 }
-
-auto placeIn(const SourceVerse& verse) { return std::tuple(verse.book, verse.chapter, verse.verse); }
 
 /// Letters and digits of the remarks and of what stands behind the third tab of the other lines.
 std::uint64_t lettersOfLines(std::string_view content)
@@ -150,13 +143,14 @@ private:
     {
         auto& verses = m_bible.verses;
         const auto before = [](const SourceVerse& a, const SourceVerse& b) {
-            return placeIn(a) < placeIn(b);
+            return a.position() < b.position();
         };
         if (!std::is_sorted(verses.begin(), verses.end(), before))
             std::stable_sort(verses.begin(), verses.end(), before);
         const SourceVerse* second = nullptr; // the first line of the file that repeats another
         for (std::size_t i = 1; i < verses.size(); ++i)
-            if (placeIn(verses[i - 1]) == placeIn(verses[i]) && (!second || verses[i].line < second->line))
+            if (verses[i - 1].position() == verses[i].position() &&
+                (!second || verses[i].line < second->line))
                 second = &verses[i];
         if (second)
             fail(message("%s is given twice, first in line %s", m_bible.placeOf(*second), (second - 1)->line),
@@ -172,22 +166,9 @@ private:
 
 } // namespace
 
-SourceBible readVerseLines(const std::string& fileName)
-{
-    return readVerseLines(fileName, readText(fileName, ""));
-}
-
 SourceBible readVerseLines(const std::string& fileName, std::string utf8)
 {
-    SourceBible bible = CParser(fileName, std::move(utf8)).parse();
-    SourceInfo& info = bible.info;
-    if (info.fullTitle.empty())
-        info.fullTitle = std::filesystem::path(fileName).stem().string();
-    if (info.shortTitle.empty())
-        info.shortTitle = info.fullTitle;
-    if (info.abbreviatedTitle.empty())
-        info.abbreviatedTitle = info.shortTitle;
-    return bible;
+    return CParser(fileName, std::move(utf8)).parse();
 }
 
 } // namespace Kedrin::ModTool

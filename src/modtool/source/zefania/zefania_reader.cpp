@@ -79,14 +79,10 @@ private:
     }
 
     /// An attribute that the format's two spellings write in small or capital letters.
-    std::string attribute(std::string name) const
+    std::string attribute(std::string_view name) const
     {
-        std::string value = m_xml.attribute(name);
-        if (!value.empty())
-            return value;
-        std::transform(name.begin(), name.end(), name.begin(),
-                       [](char c) { return static_cast<char>(c - 'a' + 'A'); });
-        return m_xml.attribute(name);
+        const std::string value = m_xml.attribute(name);
+        return value.empty() ? m_xml.attribute(upper(name)) : value;
     }
 
     void startBook()
