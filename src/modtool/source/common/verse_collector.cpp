@@ -5,7 +5,6 @@
 #include "letters.h"
 #include "messages.h"
 #include "module_format.h"
-#include "note_spacing.h"
 #include "stray_markers.h"
 
 #include <algorithm>
@@ -78,21 +77,14 @@ void CVerseCollector::endVerse()
 {
     if (m_inVerse)
         checkLetters();
-    m_inVerse = m_inTitle = m_hasGap = m_outsideCounted = m_inWord = m_hasGapInWord = false;
-}
-
-std::uint64_t CVerseCollector::Counted::lettersOf(std::string_view text)
-{
-    byteCount = std::min(byteCount, text.size()); // blanks at its end may have gone
-    letters += countLetters(text.substr(byteCount));
-    byteCount = text.size();
-    return letters;
+    m_inVerse = m_inTitle = m_outsideCounted = false;
+    m_gap = {};
 }
 
 /// All letters given until now are in the text, wait to come into it, or are counted as left out.
 void CVerseCollector::checkLetters()
 {
-    const std::uint64_t given = m_lettersGiven + m_bible.attributeLetters;
+    const std::uint64_t given = m_given.count() + m_bible.attributeLetters;
     const std::uint64_t found = m_text.lettersOf(m_bible.text) + m_waitingTitle.lettersOf(m_title) +
                                 countLetters(m_signs) + m_bible.findings.letters();
     if (given != found)
@@ -111,15 +103,13 @@ void CVerseCollector::append(std::string_view utf8)
 
 void CVerseCollector::addText(std::string_view utf8, std::size_t line)
 {
-    m_lettersGiven += appendLetters(utf8, m_letters);
+    m_given.add(utf8);
     addKnownText(utf8, line);
 }
 
 void CVerseCollector::leaveOut(ReaderRule why, std::string_view utf8)
 {
-    const std::uint64_t count = appendLetters(utf8, m_letters);
-    m_lettersGiven += count;
-    m_bible.findings.addLetters(why, count);
+    m_bible.findings.addLetters(why, m_given.add(utf8));
 }
 
 /// Text whose letters are in the account already.
@@ -141,7 +131,7 @@ void CVerseCollector::addPlainText(std::string_view utf8, std::size_t line)
 {
     if (m_inTitle) {
         m_waitingLine = isBlank(utf8) ? m_waitingLine : line;
-        m_title += needsBlank(m_title, utf8) ? " " : "";
+        m_title += m_gap.needsSpace(m_title, utf8) ? " " : "";
         m_title += utf8;
         return;
     }
@@ -152,18 +142,9 @@ void CVerseCollector::addPlainText(std::string_view utf8, std::size_t line)
     }
     if (!m_title.empty() && !isBlank(utf8))
         placeTitle();
-    if (needsBlank(m_bible.textOf(m_pieces.back().verse), utf8))
+    if (m_gap.needsSpace(m_bible.textOf(m_pieces.back().verse), utf8))
         append(" ");
     append(utf8);
-}
-
-/// Whether a gap is to be filled between the text and the next one. What follows the gap ends it.
-bool CVerseCollector::needsBlank(std::string_view before, std::string_view next)
-{
-    if (next.empty())
-        return false;
-    m_hasGapInWord = false;
-    return std::exchange(m_hasGap, false) && needsSpaceBetween(before, next);
 }
 
 void CVerseCollector::leaveOutside(std::string_view utf8, std::size_t line)
@@ -222,15 +203,6 @@ void CVerseCollector::addBreak()
         append(" ");
 }
 
-void CVerseCollector::addGap() { (m_inWord ? m_hasGapInWord : m_hasGap) = m_inVerse || m_inTitle; }
-
-void CVerseCollector::endWord()
-{
-    m_inWord = false;
-    m_hasGap = m_hasGap || m_hasGapInWord;
-    m_hasGapInWord = false;
-}
-
 void CVerseCollector::beginTitle()
 {
     if (!m_title.empty())
@@ -271,13 +243,15 @@ std::string CVerseCollector::place(std::size_t line) const
     return m_file.empty() ? message("line %s", line) : message("line %s of %s", line, m_file);
 }
 
-SourceBible CVerseCollector::finish()
+SourceBible CVerseCollector::finish(const std::string& source)
 {
     endVerse();
     placeTitle();
     loseSigns();
     takeGreekBooks();
     joinPieces(std::move(m_pieces), m_bible);
+    if (m_bible.verses.empty())
+        throw CBuildError(message("%s: contains no verses", source));
     return std::move(m_bible);
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "letter_account.h"
+#include "note_gap.h"
 #include "source_bible.h"
 #include "verse_number.h"
 #include "verse_pieces.h"
@@ -7,7 +9,6 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <utility>
 #include <vector>
 
 namespace Kedrin::ModTool {
@@ -21,8 +22,7 @@ public:
     /// @throws CBuildError  "the source has more than 1000 books"
     void beginBook(std::string_view osis);
 
-    /// Whether a book was begun.
-    bool inBook() const { return !m_bible.books.empty(); }
+    bool inBook() const { return !m_bible.books.empty(); } ///< whether a book was begun
 
     /// Whether a verse of the book that was begun last was met.
     bool bookHasVerses() const { return !m_pieces.empty() && m_pieces.back().verse.book == m_book; }
@@ -45,14 +45,12 @@ public:
     void beginVerseWithoutNumber(unsigned int chapter, std::size_t line);
 
     /// Ends the verse, if there is one.
-    /// @throws CBuildError  "%s: %s letters and digits were read, %s are accounted for; this is an error in
-    ///                      kedrin-module, please report it"
+    /// @throws CBuildError  not all letters and digits that were read are accounted for
     void endVerse();
 
     bool inVerse() const { return m_inVerse; }
 
     /// Text of the verse, or of the title, without markers of USFM; outside both it is counted.
-    /// @param place  where it stands, for text outside
     void addText(std::string_view utf8, std::size_t line);
 
     /// Text that does not come into the verses; found() counts the thing itself.
@@ -61,11 +59,10 @@ public:
     /// The end of a line, a paragraph, a cell: words do not run together over it.
     void addBreak();
 
-    /// A note was left out here: words that stood on either side of it do not run together, but a word that the
-    /// source marks as one, between the next two, stays one.
-    void addGap();
-    void beginWord() { m_inWord = true; }
-    void endWord();
+    /// A note was removed here (CNoteGap); the next two enclose a word that the source marks as one.
+    void addGap() { m_gap.add(m_inVerse || m_inTitle); }
+    void beginWord() { m_gap.beginWord(); }
+    void endWord() { m_gap.endWord(); }
 
     /// The sign at the beginning of a quotation or paragraph, or at the end of a quotation, which stands in an attribute.
     /// Outside the verses it goes to the next verse, or to the last one.
@@ -83,28 +80,20 @@ public:
     std::string& versification() { return m_bible.versification; }
 
     /// The letters and digits of all texts that were given, in their order, since the last call.
-    std::string takeLetters() { return std::exchange(m_letters, {}); }
+    std::string takeLetters() { return m_given.take(); }
 
     /// The Bible that was collected, by the rules. Call it once.
-    SourceBible finish();
+    /// @param source  for the error: a file or folder
+    /// @throws CBuildError  "%s: contains no verses"
+    SourceBible finish(const std::string& source);
 
 private:
-    /// Letters of the beginning of a text that grows: counted once, however often they are asked for.
-    struct Counted
-    {
-        std::size_t byteCount = 0;
-        std::uint64_t letters = 0;
-
-        std::uint64_t lettersOf(std::string_view text);
-    };
-
     void openVerse(unsigned int chapter, const VerseNumber& number, bool isPart, std::size_t line);
     std::string place(std::size_t line) const;
     void append(std::string_view utf8);
     void checkLetters();
     void addKnownText(std::string_view utf8, std::size_t line);
     void addPlainText(std::string_view utf8, std::size_t line);
-    bool needsBlank(std::string_view before, std::string_view next);
     void leaveOutside(std::string_view utf8, std::size_t line);
     void loseSigns();
     void placeTitle();
@@ -113,21 +102,18 @@ private:
     SourceBible m_bible;
     std::vector<VersePiece> m_pieces; ///< the last one is open while m_inVerse
     std::unordered_map<std::string, std::uint32_t> m_bookIndices;
-    std::string m_letters;
-    std::uint64_t m_lettersGiven = 0;
-    Counted m_text;         ///< of m_bible.text
-    Counted m_waitingTitle; ///< of m_title
-    std::string m_title;    ///< waits for text to stand before
-    std::string m_signs;    ///< wait for the next verse
+    CGivenLetters m_given;
+    CGrowingText m_text;         ///< m_bible.text
+    CGrowingText m_waitingTitle; ///< m_title
+    std::string m_title;         ///< waits for text to stand before
+    std::string m_signs;         ///< wait for the next verse
     std::string m_file;
     std::uint32_t m_book = 0;
     unsigned int m_psalm = 0;      ///< whose verses have not begun; 0: none
     std::size_t m_waitingLine = 0; ///< of the title or sign that waits
     bool m_inVerse = false;
     bool m_inTitle = false;
-    bool m_hasGap = false;
-    bool m_inWord = false;
-    bool m_hasGapInWord = false; ///< and nothing of the word followed
+    CNoteGap m_gap;
     bool m_outsideCounted = false;
 };
 

@@ -1,7 +1,7 @@
 #include "osis_reader.h"
 
-#include "errors.h"
 #include "messages.h"
+#include "osis_elements.h"
 #include "osis_header.h"
 #include "osis_reference.h"
 #include "verse_collector.h"
@@ -9,41 +9,11 @@
 #include "xml_reader.h"
 
 #include <algorithm>
-#include <array>
 #include <vector>
 
 namespace Kedrin::ModTool {
 
 namespace {
-
-template <std::size_t N>
-bool isOneOf(std::string_view name, const std::array<std::string_view, N>& names)
-{
-    return std::find(names.begin(), names.end(), name) != names.end();
-}
-
-constexpr std::array<std::string_view, 18> blocks{
-    "p",    "l",    "lg",     "lb",     "div",    "list",   "item",    "table", "row",
-    "cell", "head", "closer", "speech", "salute", "signed", "chapter", "label", "caesura"};
-constexpr std::array<std::string_view, 3> titles{"title", "head", "speaker"};
-constexpr std::array<std::string_view, 3> figures{"figure", "caption", "index"};
-constexpr std::array<std::string_view, 9> sideMatter{"introduction",    "preface",   "glossary",
-                                                     "front",           "back",      "index",
-                                                     "acknowledgement", "coverPage", "titlePage"};
-
-/// The closing sign for a quotation's opening one.
-std::string closingSign(const std::string& opening)
-{
-    static constexpr std::pair<const char*, const char*> pairs[] = {{"\u201C", "\u201D"},
-                                                                    {"\u2018", "\u2019"},
-                                                                    {"\u201E", "\u201C"},
-                                                                    {"\u00AB", "\u00BB"},
-                                                                    {"\u2039", "\u203A"}};
-    for (const auto& [open, close] : pairs)
-        if (opening == open)
-            return close;
-    return opening;
-}
 
 class CReader
 {
@@ -62,9 +32,7 @@ public:
             else
                 end();
         }
-        SourceBible bible = m_verses.finish();
-        if (bible.verses.empty())
-            throw CBuildError(message("%s: contains no verses", m_xml.fileName()));
+        SourceBible bible = m_verses.finish(m_xml.fileName());
         bible.letters = proveXmlLetters(m_xml.fileName(), m_utf8, m_verses.takeLetters());
         return bible;
     }
@@ -89,18 +57,18 @@ private:
             startMilestone();
         else if (name == "w" && !m_xml.isEmpty())
             m_verses.beginWord();
-        else if (isOneOf(name, titles))
+        else if (isOsisTitle(name))
             startTitle(name);
         else if (const auto reason = reasonToSkip(name))
             skip(*reason);
-        if (isOneOf(name, blocks))
+        if (isOsisBlock(name))
             m_verses.addBreak();
     }
 
     void end()
     {
         const std::string_view name = m_xml.name();
-        if (isOneOf(name, blocks))
+        if (isOsisBlock(name))
             m_verses.addBreak();
         if (m_xml.depth() == m_verseDepth && name == "verse") {
             m_verses.endVerse();
@@ -172,7 +140,7 @@ private:
             if (const std::string id = m_xml.attribute("osisID");
                 !id.empty() && m_xml.attribute("eID").empty())
                 beginBook(id);
-        } else if (!m_xml.isEmpty() && isOneOf(type, sideMatter))
+        } else if (!m_xml.isEmpty() && isOsisSideMatter(type))
             skip(ReaderRule::outside);
     }
 
@@ -206,7 +174,7 @@ private:
         else
             m_verses.addOpeningSign(sign, m_xml.line());
         if (!m_xml.isEmpty())
-            m_quoteSigns.push_back(closingSign(sign));
+            m_quoteSigns.push_back(closingQuoteMark(sign));
     }
 
     void startTitle(const std::string& name)
@@ -266,7 +234,7 @@ private:
             name == "seg" && type == "x-variant" && m_xml.attribute("subType") == "x-2";
         if (isSecondVariant || (name == "rdg" && !type.empty() && type != "primary"))
             return ReaderRule::otherReading;
-        if (isOneOf(name, figures))
+        if (isOsisFigure(name))
             return ReaderRule::figure;
         return std::nullopt;
     }

@@ -79,9 +79,7 @@ void CPlainReader::read(const std::string& fileName, std::string_view utf8, cons
 
 SourceBible CPlainReader::finish(const std::string& source)
 {
-    SourceBible bible = m_private->verses.finish();
-    if (bible.verses.empty())
-        throw CBuildError(message("%s: contains no verses", source));
+    SourceBible bible = m_private->verses.finish(source);
     bible.letters = m_private->letters;
     for (const auto& [label, text] : m_private->m_said)
         bible.findings.say(label, text);

@@ -290,9 +290,7 @@ void CUsfmReader::read(const std::string& fileName, std::string_view utf8, const
 
 SourceBible CUsfmReader::finish(const std::string& source)
 {
-    SourceBible bible = m_private->verses.finish();
-    if (bible.verses.empty())
-        throw CBuildError(message("%s: contains no verses", source));
+    SourceBible bible = m_private->verses.finish(source);
     bible.letters = m_private->letters;
     return bible;
 }

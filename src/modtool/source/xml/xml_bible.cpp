@@ -90,10 +90,4 @@ void CXmlBible::leaveOut(ReaderRule reason)
     m_verses.addGap();
 }
 
-void requireVerses(const SourceBible& bible, const std::string& source)
-{
-    if (bible.verses.empty())
-        throw CBuildError(message("%s: contains no verses", source));
-}
-
 } // namespace Kedrin::ModTool

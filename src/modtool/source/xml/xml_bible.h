@@ -82,9 +82,6 @@ private:
     std::optional<unsigned int> m_chapter; ///< of the book; nothing before its first one
 };
 
-/// @throws CBuildError  "%s: contains no verses"
-void requireVerses(const SourceBible& bible, const std::string& source);
-
 /// The Bible of a document that holds all of it.
 /// @tparam Format  a class made of CXmlBible's first three arguments
 /// @throws CBuildError  what `Format` throws; "%s: contains no verses"
@@ -93,8 +90,7 @@ SourceBible readXmlBible(const std::string& fileName, std::string_view utf8)
 {
     CVerseCollector verses;
     const std::uint64_t letters = Format(fileName, utf8, verses).read();
-    SourceBible bible = verses.finish();
-    requireVerses(bible, fileName);
+    SourceBible bible = verses.finish(fileName);
     bible.letters = letters;
     return bible;
 }

@@ -34,9 +34,7 @@ public:
             else
                 end(lower(m_xml.name()));
         }
-        SourceBible bible = m_verses.finish();
-        if (bible.verses.empty())
-            throw CBuildError(message("%s: contains no verses", m_xml.fileName()));
+        SourceBible bible = m_verses.finish(m_xml.fileName());
         bible.letters = proveXmlLetters(m_xml.fileName(), m_utf8, m_verses.takeLetters());
         return bible;
     }
