@@ -1,8 +1,10 @@
 #include "check_books.h"
 
+#include "ascii.h"
 #include "check_file.h"
 #include "common_books.h"
 #include "messages.h"
+#include "module_data.h"
 #include "module_format.h"
 #include "text_reader.h"
 
@@ -10,6 +12,21 @@
 #include <set>
 
 namespace Kedrin::ModTool {
+
+std::string CheckedShape::bookName(std::size_t book) const
+{
+    const std::uint32_t globalID = books[book].globalID;
+    return globalID < commonBooksCount ? std::string(commonBooks()[globalID].osis)
+                                       : message("book %s", book + 1);
+}
+
+std::string CheckedShape::placeOf(std::uint32_t verseNum) const
+{
+    const auto found = hasStructure ? findVerse(books, verseNum) : std::nullopt;
+    if (found)
+        return positionText(bookName(found->first), found->second.chapter + 1u, found->second.verse + 1u);
+    return message("verse %s", verseNum + 1);
+}
 
 namespace {
 
@@ -93,7 +110,7 @@ void readTitles(const std::string& folder, CheckedShape& shape, CFindings& findi
     checkBookNumbers(shape, findings);
     for (const char* kind : titleKinds)
         checkTitles(kind, rest, shape, findings);
-    if (rest.find_first_not_of(" \t\r\n") != std::string_view::npos)
+    if (!isBlank(rest))
         findings.add(CheckID::titlesSurplus, shownBytes(lineText(takeLine(rest))));
 }
 
@@ -133,10 +150,9 @@ void readStructure(const std::string& folder, CheckedShape& shape, CFindings& fi
     shape.hasStructure = true;
     if (shape.totalVerses > maxNumberedVerses)
         findings.add(CheckID::structureTooManyVerses, std::to_string(shape.totalVerses));
-    std::string_view rest = numbers.rest();
-    rest.remove_prefix(std::min(rest.find_first_not_of(" \t\n\v\f\r"), rest.size()));
-    if (!rest.empty())
-        findings.add(CheckID::structureSurplus, shownBytes(takeLine(rest)));
+    std::string_view surplus = trimmedStart(numbers.rest(), " \t\n\v\f\r");
+    if (!surplus.empty())
+        findings.add(CheckID::structureSurplus, shownBytes(takeLine(surplus)));
 }
 
 } // namespace

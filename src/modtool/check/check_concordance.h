@@ -1,9 +1,9 @@
 #pragma once
 
 #include "byte_spans.h"
+#include "check_books.h"
 #include "check_findings.h"
 #include "check_text.h"
-#include "checked_shape.h"
 
 #include <cstdint>
 #include <optional>

@@ -29,7 +29,6 @@ CDiffEffect checkRecords(std::string_view content, const CheckedShape& shape, CF
     CDiffEffect effect;
     std::string_view unread =
         forEachDiffRecord(content, [&](const DiffRecord& record) { effect.add(record); });
-    unread.remove_prefix(std::min(unread.find_first_not_of(" \t\n\v\f\r"), unread.size()));
     if (!unread.empty())
         findings.add(CheckID::diffMalformed, shownBytes(lineText(takeLine(unread))));
     if (shape.books.empty())

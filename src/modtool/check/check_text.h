@@ -1,7 +1,7 @@
 #pragma once
 
+#include "check_books.h"
 #include "check_findings.h"
-#include "checked_shape.h"
 #include "word_index.h"
 
 #include <cstdint>

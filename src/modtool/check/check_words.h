@@ -1,8 +1,8 @@
 #pragma once
 
+#include "check_books.h"
 #include "check_findings.h"
 #include "check_text.h"
-#include "checked_shape.h"
 
 #include <cstdint>
 #include <optional>

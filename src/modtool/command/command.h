@@ -3,6 +3,10 @@
 #include <ostream>
 #include <string>
 
+namespace CLI {
+class App;
+}
+
 namespace Kedrin::ModTool {
 
 /// Where a command writes. The streams outlive the run.
@@ -29,6 +33,26 @@ public:
     /// Runs the command. Errors are lines on `err`; nothing is thrown.
     /// @returns the program's exit code
     virtual int run(const CommandStreams& streams) const = 0;
+};
+
+/// A command that reads modules and writes what it finds to standard output. CNotFound makes the exit code
+/// exitFailed, any other exception exitTrouble.
+class CQueryCommand : public ICommand
+{
+public:
+    bool isChosen() const final;
+    int run(const CommandStreams& streams) const final;
+
+protected:
+    /// @param command  the parser's, made by addCommand()
+    explicit CQueryCommand(CLI::App* command) : m_command(command) {}
+
+    /// Writes the answer.
+    /// @returns exitDone, or exitFailed where nothing is found, or `diff` finds differences
+    /// @throws CNotFound, CModuleError
+    virtual int answer(std::ostream& out) const = 0;
+
+    CLI::App* m_command; ///< owned by the program's parser
 };
 
 } // namespace Kedrin::ModTool

@@ -1,10 +1,10 @@
 #include "commands.h"
 
 #include "build_report.h"
+#include "command.h"
 #include "command_line.h"
 #include "exit_codes.h"
 #include "messages.h"
-#include "query_command.h"
 #include "stored_markup.h"
 #include "verse_alignment.h"
 
@@ -113,8 +113,6 @@ public:
     explicit CDiffCommand(CLI::App& program);
 
 private:
-    /// @returns an ExitCode: done when all verses are the same, nothing when any differs
-    /// @throws CModuleError  a module cannot be read
     int answer(std::ostream& out) const override;
 
     std::string m_first;

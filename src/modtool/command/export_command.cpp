@@ -1,5 +1,6 @@
 #include "commands.h"
 
+#include "command.h"
 #include "command_line.h"
 #include "durable_file.h"
 #include "errors.h"
@@ -7,7 +8,6 @@
 #include "messages.h"
 #include "module_export.h"
 #include "osis_writer.h"
-#include "query_command.h"
 #include "verse_lines_writer.h"
 
 #include <CLI/CLI.hpp>

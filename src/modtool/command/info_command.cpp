@@ -1,12 +1,12 @@
 #include "commands.h"
 
 #include "build_report.h"
+#include "command.h"
 #include "command_line.h"
 #include "exit_codes.h"
 #include "language.h"
 #include "messages.h"
 #include "module_facts.h"
-#include "query_command.h"
 #include "query_json.h"
 
 #include <CLI/CLI.hpp>
@@ -83,8 +83,6 @@ public:
     explicit CInfoCommand(CLI::App& program);
 
 private:
-    /// @returns an ExitCode: done
-    /// @throws CModuleError  the module cannot be read
     int answer(std::ostream& out) const override;
 
     std::string m_module;

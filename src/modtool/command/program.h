@@ -5,7 +5,7 @@
 namespace Kedrin::ModTool {
 
 /// The program: reads the arguments, runs a command.
-/// @returns an ExitCode
+/// @returns the exit code
 /// @param terminal  where to draw a progress bar; null: nowhere
 int runProgram(int argc, const char* const* argv, std::ostream& out, std::ostream& err,
                std::ostream* terminal);

@@ -16,7 +16,7 @@ bool isQueryCommand(std::string_view word);
 std::vector<std::unique_ptr<ICommand>> makeQueryCommands(CLI::App& program);
 
 /// The program for one of these commands: reads the arguments, runs the command.
-/// @returns an ExitCode
+/// @returns the exit code
 int runQueryProgram(int argc, const char* const* argv, std::ostream& out, std::ostream& err);
 
 } // namespace Kedrin::ModTool

@@ -1,13 +1,13 @@
 #include "commands.h"
 
 #include "ascii.h"
+#include "command.h"
 #include "command_line.h"
 #include "common_books.h"
 #include "exit_codes.h"
 #include "language.h"
 #include "messages.h"
 #include "module_search.h"
-#include "query_command.h"
 #include "query_json.h"
 #include "search_text.h"
 
@@ -50,9 +50,6 @@ public:
     std::string usageError() const override;
 
 private:
-    /// @returns an ExitCode: done, or nothing when no verse holds the text
-    /// @throws CModuleError  the module cannot be read
-    /// @throws CNotFound     what searchText() throws
     int answer(std::ostream& out) const override;
 
     SearchMode mode() const;

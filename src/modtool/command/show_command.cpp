@@ -1,10 +1,10 @@
 #include "commands.h"
 
 #include "ascii.h"
+#include "command.h"
 #include "command_line.h"
 #include "exit_codes.h"
 #include "messages.h"
-#include "query_command.h"
 #include "stored_markup.h"
 #include "text_columns.h"
 #include "verse_alignment.h"
@@ -84,9 +84,6 @@ public:
     explicit CShowCommand(CLI::App& program);
 
 private:
-    /// @returns an ExitCode: done
-    /// @throws CModuleError  a module cannot be read
-    /// @throws CNotFound     what parseReference() throws
     int answer(std::ostream& out) const override;
 
     std::string m_module;

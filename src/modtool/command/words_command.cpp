@@ -1,10 +1,10 @@
 #include "commands.h"
 
+#include "command.h"
 #include "command_line.h"
 #include "exit_codes.h"
 #include "messages.h"
 #include "module_words.h"
-#include "query_command.h"
 #include "search_text.h"
 #include "stored_markup.h"
 #include "ut_utils.h"
@@ -39,8 +39,6 @@ public:
     explicit CWordsCommand(CLI::App& program);
 
 private:
-    /// @returns an ExitCode: done, or nothing when no word begins so
-    /// @throws CModuleError  the module's words cannot be read
     int answer(std::ostream& out) const override;
 
     std::string m_module;

@@ -5,7 +5,6 @@
 #include "errors.h"
 #include "messages.h"
 #include "module_format.h"
-#include "usfm_attributes.h"
 #include "usfm_letters.h"
 #include "usfm_markers.h"
 #include "usfm_tokens.h"

@@ -24,6 +24,29 @@ std::size_t nameBytes(std::string_view text)
     return static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), isNameByte) - text.begin());
 }
 
+/// Whether a text is attributes with their names: `lemma="x" strong='H1'`.
+bool areAttributes(std::string_view text)
+{
+    bool hasAny = false;
+    for (;;) {
+        text = trimmedStart(text);
+        if (text.empty())
+            return hasAny;
+        const std::size_t nameEnd = nameBytes(text);
+        const std::size_t equals = text.find_first_not_of(whiteSpace, nameEnd);
+        if (nameEnd == 0 || equals == std::string_view::npos || text[equals] != '=')
+            return false;
+        text.remove_prefix(equals + 1);
+        text = trimmedStart(text);
+        const std::size_t end = text.empty() || (text[0] != '"' && text[0] != '\'') ? std::string_view::npos
+                                                                                    : text.find(text[0], 1);
+        if (end == std::string_view::npos)
+            return false;
+        text.remove_prefix(end + 1);
+        hasAny = true;
+    }
+}
+
 } // namespace
 
 std::string_view CUsfmTokens::take(std::size_t byteCount)
@@ -126,6 +149,17 @@ std::string plainUsfm(std::string_view text)
         i += isLineBreak ? 1 : 0;
     }
     return plain;
+}
+
+std::size_t attributesBegin(std::string_view text, std::string_view endMarker)
+{
+    if (endMarker.empty())
+        return std::string_view::npos;
+    const bool isAny = hasUnnamedAttribute(endMarker);
+    const std::size_t bar = isAny ? text.find('|') : text.rfind('|');
+    return bar != std::string_view::npos && (isAny || areAttributes(text.substr(bar + 1)))
+               ? bar
+               : std::string_view::npos;
 }
 
 } // namespace Kedrin::ModTool

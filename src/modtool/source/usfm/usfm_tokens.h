@@ -61,4 +61,9 @@ private:
 /// A text without the signs that stand for a blank or for a place where a line may be broken: '~', "//".
 std::string plainUsfm(std::string_view text);
 
+/// Where the attributes in a text before an end marker begin, at their '|'; npos where it has none. Attributes have names
+/// and values in quotes, but markers that have one without a name ("w") take anything for it.
+/// @param endMarker  its name; "" where none follows
+std::size_t attributesBegin(std::string_view text, std::string_view endMarker);
+
 } // namespace Kedrin::ModTool

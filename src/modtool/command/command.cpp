@@ -1,4 +1,4 @@
-#include "query_command.h"
+#include "command.h"
 
 #include "errors.h"
 #include "exit_codes.h"
