@@ -33,10 +33,8 @@ QModelIndexList WordListModel::match(const QModelIndex& start, int, const QVaria
 
 bool WordListModel::beginsWith(unsigned int wordIndex, const std::string& prefix) const
 {
-    if (wordIndex >= m_translation.wordsCount())
-        return false;
-    const std::string word = m_translation.getWord(wordIndex);
-    return ut::cyr_stricmp(word.substr(0, prefix.size()).c_str(), prefix.c_str()) == 0;
+    return wordIndex < m_translation.wordsCount() &&
+           Kedrin::Tolvo::caseInsensitiveBegins(m_translation.getWord(wordIndex), prefix);
 }
 
 unsigned int WordListModel::firstNotBelow(const std::string& word) const

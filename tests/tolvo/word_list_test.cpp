@@ -46,6 +46,16 @@ TEST(WordOrder, IsTheOneWithoutRegardToCase)
     EXPECT_TRUE(caseInsensitiveComp("", "a"));
 }
 
+TEST(WordBeginning, IsComparedWithoutRegardToCase)
+{
+    EXPECT_TRUE(caseInsensitiveBegins("Light", "lI"));
+    EXPECT_TRUE(caseInsensitiveBegins(god, smallGod));
+    EXPECT_TRUE(caseInsensitiveBegins(god, smallGod.substr(0, 2)));
+    EXPECT_TRUE(caseInsensitiveBegins(god, ""));
+    EXPECT_FALSE(caseInsensitiveBegins(god.substr(0, 2), smallGod)) << "the word is shorter";
+    EXPECT_FALSE(caseInsensitiveBegins("Light", "ight"));
+}
+
 TEST(WordList, OfAnEmptyFileIsEmpty)
 {
     const CWordList list = made("");

@@ -7,7 +7,6 @@
 #include "module_words.h"
 #include "search_text.h"
 #include "stored_markup.h"
-#include "ut_utils.h"
 
 #include <CLI/CLI.hpp>
 
@@ -26,11 +25,6 @@ constexpr const char* page = translatable("Examples:\n"
                                           "  1  no word starts with PREFIX\n"
                                           "  2  invalid arguments\n"
                                           "  3  the module cannot be read");
-
-bool beginsWith(const std::string& word, const std::string& prefix)
-{
-    return ut::cyr_stricmp(word.substr(0, prefix.size()).c_str(), prefix.c_str()) == 0;
-}
 
 /// `kedrin-module words MODULE [PREFIX] [--counts]`: the words of a module in its order, a line each.
 class CWordsCommand final : public CQueryCommand
@@ -63,7 +57,7 @@ int CWordsCommand::answer(std::ostream& out) const
     bool found = false;
     for (unsigned int i = 0; i < words.list().count(); ++i) {
         const std::string word = words.list()[i];
-        if (!beginsWith(word, prefix))
+        if (!Tolvo::caseInsensitiveBegins(word, prefix))
             continue;
         found = true;
         out << plainLine(word);

@@ -23,6 +23,11 @@ bool caseInsensitiveComp(const std::string& s1, const std::string& s2)
     return ut::cyr_stricmp(s1.c_str(), s2.c_str()) < 0;
 }
 
+bool caseInsensitiveBegins(const std::string& word, const std::string& prefix)
+{
+    return ut::cyr_stricmp(word.substr(0, prefix.size()).c_str(), prefix.c_str()) == 0;
+}
+
 CWordList::CWordList(const char* wordListPath, const char* /*wordPointPath*/, bool loadIntoMem)
 {
     ut::lets_out<std::ios_base::failure>(loading, [&] {

@@ -11,6 +11,9 @@ namespace Kedrin::Tolvo {
 /// The order of the word list: ut::cyr_stricmp of the two is negative. A strict weak order.
 bool caseInsensitiveComp(const std::string& s1, const std::string& s2);
 
+/// Whether a word begins with `prefix` without regard to case.
+bool caseInsensitiveBegins(const std::string& word, const std::string& prefix);
+
 /// The distinct words of one module, sorted by caseInsensitiveComp (doc/formats/word-list.md), held in memory. A
 /// word's index, its place in the list from 0, is its key in the concordance. The order is the file's to keep; it
 /// is not checked.
