@@ -46,10 +46,10 @@ public:
         for (std::size_t i = 1; i < wordCount; ++i)
             verse += (m_random() % 9 == 0 ? ", " : " ") + nextWord();
         // every verse number once, in a scattered order
-        const std::size_t place = m_verse++ * 7919 % CBenchModule::verseCount;
-        if (place < CBenchModule::commonHits)
+        const std::size_t rank = m_verse++ * 7919 % CBenchModule::verseCount;
+        if (rank < CBenchModule::commonHits)
             verse += std::string(" ") + CBenchModule::commonWord;
-        if (place < CBenchModule::rareHits)
+        if (rank < CBenchModule::rareHits)
             verse += std::string("; ") + CBenchModule::rareWord;
         return verse + ".";
     }

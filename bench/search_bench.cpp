@@ -85,7 +85,7 @@ void read_text_only(benchmark::State& state)
     const CBenchModule& module = CBenchModule::get();
     ut::CInputFile text(module.file("CompactText.bin").c_str());
     ut::CInputFile point(module.file("CompactPoint.bin").c_str());
-    std::vector<char> piece(CVerseRun::defaultPieceBytes);
+    std::vector<char> piece(CVerseCursor::defaultPieceBytes);
     for (auto _ : state)
         for (ut::CInputFile* file : {&text, &point})
             for (std::uint64_t offset = 0; offset < file->size(); offset += piece.size())

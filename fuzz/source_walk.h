@@ -26,11 +26,12 @@ void walkSource(const std::uint8_t* data, std::size_t size, Read&& read)
         const SourceBible bible = read(text);
         auto last = std::tuple(0u, 0u, 0u);
         for (const SourceVerse& verse : bible.verses) {
-            const auto place = std::tuple(verse.book + 1u, unsigned{verse.chapter}, unsigned{verse.verse});
-            if (place <= last || verse.book >= bible.books.size() || verse.chapter == 0 || verse.verse == 0 ||
-                verse.offset > bible.text.size() || verse.byteCount > bible.text.size() - verse.offset)
+            const auto position = std::tuple(verse.book + 1u, unsigned{verse.chapter}, unsigned{verse.verse});
+            if (position <= last || verse.book >= bible.books.size() || verse.chapter == 0 ||
+                verse.verse == 0 || verse.offset > bible.text.size() ||
+                verse.byteCount > bible.text.size() - verse.offset)
                 std::abort();
-            last = place;
+            last = position;
         }
         if (!bible.bookTitles.empty() && bible.bookTitles.size() != bible.books.size())
             std::abort();

@@ -54,8 +54,8 @@ void checkRun(const std::string& textPath, const std::string& pointPath,
               const std::vector<std::string>& expected, std::size_t first, std::size_t pieceBytes)
 {
     CBibleText text(textPath.c_str(), pointPath.c_str());
-    CVerseRun run(text, static_cast<unsigned int>(first), static_cast<unsigned int>(expected.size() - first),
-                  pieceBytes);
+    CVerseCursor run(text, static_cast<unsigned int>(first),
+                     static_cast<unsigned int>(expected.size() - first), pieceBytes);
     for (std::size_t verse = first; verse < expected.size(); ++verse) {
         const std::string answer = answerOf([&] {
             require(run.next(), "a run gives every verse asked for");
@@ -107,7 +107,7 @@ std::string walkText(const std::string& textPath, const std::string& pointPath)
 
     checkSingleVerses(textPath, pointPath, expected);
     for (const std::size_t pieceBytes :
-         {std::size_t(1), std::size_t(7), std::size_t(64), CVerseRun::defaultPieceBytes})
+         {std::size_t(1), std::size_t(7), std::size_t(64), CVerseCursor::defaultBlockBytes})
         for (std::size_t first = 0; first < expected.size(); first += 1 + first)
             checkRun(textPath, pointPath, expected, first, pieceBytes);
     return {};

@@ -15,7 +15,7 @@ add_executable(tolvo_engine_tests
   long_file_test.cpp
   module_names_test.cpp
   text_scan_test.cpp
-  verse_run_piece_test.cpp)
+  verse_cursor_block_test.cpp)
 target_link_libraries(tolvo_engine_tests PRIVATE test_support kedrin_options GTest::gtest_main)
 set(tolvo_leaks_that_stay)
 if(KEDRIN_SANITIZE)

@@ -73,7 +73,7 @@ inline Verses versesOf(Kedrin::Tolvo::CBibleText& text, unsigned int first, unsi
                        std::size_t pieceBytes)
 {
     Verses verses;
-    Kedrin::Tolvo::CVerseRun run(text, first, count, pieceBytes);
+    Kedrin::Tolvo::CVerseCursor run(text, first, count, pieceBytes);
     try {
         while (run.next()) {
             EXPECT_EQ(run.verseNum(), first + verses.size());

@@ -17,7 +17,7 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-/// Changes whenever the tool makes other modules of the same source.
+/// Changed whenever the tool builds a different module from the same source.
 constexpr const char* toolVersion = "kedrin-module 4\n";
 
 /// A module's folder name: the Bible's name in lower case, safe as a file name.
@@ -44,7 +44,7 @@ public:
         std::filesystem::create_directories(m_directory, error);
         if (error)
             failToWrite(m_directory, error.message());
-        provideCommonStructure(m_directory);
+        provideGlobalStructure(m_directory);
         const std::vector<std::string> names = m_library.bibles();
         if (names.empty())
             say(tr("no SWORD Bible is installed"));
@@ -115,7 +115,7 @@ private:
                std::all_of(moduleFileNames.begin(), moduleFileNames.end(), exists);
     }
 
-    /// Why the Bible was left out when its fingerprint was the same; "" when it was not.
+    /// Why the Bible with this fingerprint was skipped last time; "" if it was not.
     static std::string knownReason(const std::string& leftOut, const std::string& fingerprint)
     {
         const std::string content = contentOf(leftOut);

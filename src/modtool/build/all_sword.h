@@ -7,11 +7,11 @@
 
 namespace Kedrin::ModTool {
 
-/// Builds a module from every installed SWORD Bible, each into `directory`/<its name in lower case>, with substitutes.
-/// A Bible that has not changed since its module was built is passed over after a look at its files' sizes and times;
-/// one of which more than a letter in a hundred has no likeness in Windows-1251 is left out, and not read again until
-/// it changes. One that fails does not stop the others.
-/// @param out  a line a Bible: what was done, and why
+/// Builds a module from every installed SWORD Bible, each in `directory`/<its name in lower case>, replacing
+/// characters as --substitute does. A Bible whose file sizes and times have not changed since its module was
+/// built is skipped. One with more than one letter in a hundred without an equivalent in Windows-1251 is
+/// skipped, and not read again until it changes. A failure does not stop the others.
+/// @param out  one line per Bible: what was done, and why
 /// @returns whether none failed
 bool buildAllSword(const std::string& directory, std::ostream& out, std::ostream& err, CProgress& progress);
 

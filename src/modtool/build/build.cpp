@@ -1,7 +1,7 @@
 #include "build.h"
 
-#include "common_books.h"
 #include "durable_file.h"
+#include "global_books.h"
 #include "messages.h"
 #include "module_files.h"
 #include "module_folder.h"
@@ -61,9 +61,9 @@ BuildReport buildModule(const SourceBible& source, const std::string& path, cons
     if (!fingerprint.empty())
         folder.write(fingerprintFileName, fingerprint);
     progress.show(tr("verifying"), 2, steps);
-    report.letters.module = checkWritten(folder.besidePath(), module, report.diff.kept);
+    report.letters.module = checkWritten(folder.besidePath(), module, report.diff.roundTrips);
     report.checkLetters();
-    provideCommonStructure(folderOf(folder.path()));
+    provideGlobalStructure(folderOf(folder.path()));
     progress.show(tr("moving into place"), 3, steps);
     folder.publish();
     progress.show(tr("done"), steps, steps);
@@ -71,9 +71,9 @@ BuildReport buildModule(const SourceBible& source, const std::string& path, cons
     return report;
 }
 
-void provideCommonStructure(const std::string& modulesDirectory)
+void provideGlobalStructure(const std::string& modulesDirectory)
 {
-    replaceDurably(modulesDirectory + '/' + globalStructureFileName, commonStructureFile());
+    replaceDurably(modulesDirectory + '/' + globalStructureFileName, globalStructureFile());
 }
 
 } // namespace Kedrin::ModTool

@@ -14,16 +14,15 @@ namespace Kedrin::ModTool {
 /// @throws CBuildError
 SourceBible readSource(const std::string& source, const ReadOptions& options, CProgress& progress);
 
-/// Makes the module and puts it into its folder, and the common structure beside it. Either all of it is done, or the
-/// folder stays as it was.
-/// @param fingerprint  kept in the folder's hidden file ".source" when not empty
+/// Builds the module in its folder, and BibleStructure.txt beside it. If it fails, the folder is unchanged.
+/// @param fingerprint  stored in the folder's hidden file ".source" if not empty
 /// @throws CBuildError  what prepareModule(), CModuleFolder and checkWritten() throw
 BuildReport buildModule(const SourceBible& source, const std::string& folder, const BuildOptions& options,
                         const std::string& fingerprint, CProgress& progress);
 
-/// Writes the modules directory's BibleStructure.txt where it is missing or different.
+/// Writes the modules directory's BibleStructure.txt if it is missing or different.
 /// @throws CBuildError  "%s: cannot be written (%s)"
-void provideCommonStructure(const std::string& modulesDirectory);
+void provideGlobalStructure(const std::string& modulesDirectory);
 
 inline constexpr const char* fingerprintFileName = ".source";
 

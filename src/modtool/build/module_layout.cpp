@@ -50,7 +50,7 @@ public:
 private:
     bool hasText(std::size_t i) const { return m_encoded[i].byteCount != 0; }
 
-    /// One past the last verse with text; `begin` where there is none.
+    /// One past the last verse with text; `begin` if there is none.
     std::size_t lastWithText(std::size_t begin, std::size_t end) const
     {
         while (end > begin && !hasText(end - 1))
@@ -101,7 +101,7 @@ private:
     void addEmptyVerse()
     {
         addVerse({0, 0});
-        m_report.emptyVerses.add(lastPlace());
+        m_report.emptyVerses.add(lastPosition());
     }
 
     void addVerse(ModuleData::Verse verse)
@@ -110,16 +110,16 @@ private:
         ++m_module.books.back().versesCount.back();
         if (m_module.verses.size() > maxModuleVerses)
             throw CBuildError(
-                message("%s: the module would have more than %s verses", lastPlace(), maxModuleVerses));
+                message("%s: the module would have more than %s verses", lastPosition(), maxModuleVerses));
         const std::size_t stored =
             verse.byteCount == 0 ? 0 : escapedSize(m_module.verse(m_module.verses.size() - 1));
         m_textBytes += stored;
         if (stored > maxVerseBytes)
-            throw CBuildError(
-                message("%s: the verse has %s bytes; the limit is %s", lastPlace(), stored, maxVerseBytes));
+            throw CBuildError(message("%s: the verse has %s bytes; the limit is %s", lastPosition(), stored,
+                                      maxVerseBytes));
     }
 
-    std::string lastPlace() const
+    std::string lastPosition() const
     {
         const ModuleBook& book = m_module.books.back();
         return positionText(book.osis, book.versesCount.size(), book.versesCount.back());

@@ -10,10 +10,11 @@
 
 namespace Kedrin::ModTool {
 
-/// Numbers the verses of a module: fills `books` and `verses`. Books, chapters at the end of a book and verses at the
-/// end of a chapter that hold no text are left out; gaps become empty verses, a chapter without text one empty verse,
-/// because the engine cannot number a chapter without verses. The report counts all of it.
-/// @param globals  [book of the source]: its global number; nothing for a book to leave out
+/// Numbers the verses of a module: fills `books` and `verses`. Trailing verses of a chapter, trailing
+/// chapters of a book and books without text are left out; gaps become empty verses, and a chapter without
+/// text becomes one empty verse, because the engine cannot number a chapter without verses. The report counts
+/// all of this.
+/// @param globals  [book of the source]: its global number; nothing for a book that is left out
 /// @param encoded  [verse of the source]: its bytes in `module.text`
 /// @throws CBuildError  as prepareModule(): too many verses, a verse too long, too much text or none
 void layOut(const SourceBible& source, const std::vector<std::optional<unsigned int>>& globals,

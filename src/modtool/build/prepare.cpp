@@ -1,11 +1,11 @@
 #include "prepare.h"
 
-#include "common_books.h"
 #include "cp1251.h"
 #include "diff_effect.h"
 #include "diff_records.h"
 #include "diff_search.h"
 #include "errors.h"
+#include "global_books.h"
 #include "letters.h"
 #include "messages.h"
 #include "module_data.h"
@@ -47,7 +47,7 @@ void refuseForeignCharacters(const CTextEncoder& encoder, const SourceBible& sou
         if (!kind.isAlways)
             list += "\n  " + message("%s, %s, first at %s", describeCharacter(character.codePoint),
                                      counted(kind.count, "time", "times"),
-                                     source.placeOf(source.verses[kind.firstPosition]));
+                                     source.positionOf(source.verses[kind.firstPosition]));
     if (!list.empty())
         throw CBuildError(
             tr("the text contains characters that Windows-1251 lacks (--substitute replaces them):") + list);
@@ -57,10 +57,10 @@ void reportReplaced(const CTextEncoder::Kinds& kinds, const SourceBible& source,
 {
     for (const auto& [character, kind] : kinds)
         report.replaced.push_back(
-            {character.codePoint, kind, source.placeOf(source.verses[kind.firstPosition])});
+            {character.codePoint, kind, source.positionOf(source.verses[kind.firstPosition])});
 }
 
-/// Appends a verse to `text` and proves that its letters are there.
+/// Appends a verse to `text` and checks that none of its letters are lost.
 ModuleData::Verse encodeVerse(const SourceBible& source, std::uint32_t index, CTextEncoder& encoder,
                               std::string& text)
 {
@@ -75,12 +75,12 @@ ModuleData::Verse encodeVerse(const SourceBible& source, std::uint32_t index, CT
         throw CBuildError(
             message("%s: %s letters and digits were read, but %s are accounted for; this is a bug in "
                     "kedrin-module, please report it",
-                    source.placeOf(source.verses[index]), given, found));
+                    source.positionOf(source.verses[index]), given, found));
     return {static_cast<std::uint32_t>(offset), static_cast<std::uint32_t>(text.size() - offset)};
 }
 
-/// The global number of each book of the source; the report counts what is left out.
-std::vector<std::optional<unsigned int>> globalBooks(const SourceBible& source, BuildReport& report)
+/// The global number of each book of the source; books without one are counted in the report.
+std::vector<std::optional<unsigned int>> globalIDsOfBooks(const SourceBible& source, BuildReport& report)
 {
     std::vector<std::optional<unsigned int>> globals;
     for (const std::string& osis : source.books)
@@ -121,12 +121,12 @@ ModuleInfo moduleInfo(const SourceInfo& source, const BuildOptions& options)
 
 BookTitles titlesOf(const ModuleBook& book)
 {
-    const CommonBook& common = commonBooks()[book.globalID];
+    const GlobalBook& common = globalBooks()[book.globalID];
     return {ut::to_cp1251(common.fullTitle), ut::to_cp1251(common.shortTitle),
             ut::to_cp1251(common.abbreviatedTitle)};
 }
 
-/// The titles of the module's books: Bulgarian, or the source's where it has any.
+/// The titles of the module's books: Bulgarian, or the source's if it has any.
 std::vector<BookTitles> bookTitles(const SourceBible& source, const std::vector<ModuleBook>& books,
                                    bool sourceTitles)
 {
@@ -158,7 +158,7 @@ WordIndex indexWords(const ModuleData& module, BuildReport& report)
     return indexer.finish();
 }
 
-/// @param given  records to take instead of choosing some
+/// @param given  records to use instead of choosing them
 void chooseNumbering(ModuleData& module, const std::string& named, const std::optional<std::string>& given,
                      BuildReport& report)
 {
@@ -166,14 +166,15 @@ void chooseNumbering(ModuleData& module, const std::string& named, const std::op
         named.empty() ? CVersification::bestFor(module.books) : CVersification(named);
     report.versification = versification.name();
     report.versificationGuessed = named.empty();
-    module.places = versePairs(module.books, versification);
+    module.versePairs = versePairs(module.books, versification);
     report.diff.versesCount = static_cast<unsigned int>(module.verses.size());
-    report.diff.withoutPlace = report.diff.versesCount - static_cast<unsigned int>(module.places.size());
-    module.diff = chooseDiffRecords(module.places, report.diff);
+    report.diff.withoutPosition =
+        report.diff.versesCount - static_cast<unsigned int>(module.versePairs.size());
+    module.diff = chooseDiffRecords(module.versePairs, report.diff);
     if (!given)
         return;
     module.diff = parseDiffRecords(*given);
-    report.diff.kept = CDiffEffect(module.diff).shifts().keptCount(module.places);
+    report.diff.roundTrips = CDiffEffect(module.diff).shifts().roundTripCount(module.versePairs);
 }
 
 void countModule(const ModuleData& module, BuildReport& report)
@@ -202,7 +203,7 @@ ModuleData prepareModule(const SourceBible& source, const BuildOptions& options,
 {
     ModuleData module;
     module.info = moduleInfo(source.info, options);
-    const auto globals = globalBooks(source, report);
+    const auto globals = globalIDsOfBooks(source, report);
 
     CTextEncoder encoder;
     module.text.reserve(source.text.size());

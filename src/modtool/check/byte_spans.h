@@ -6,7 +6,7 @@
 
 namespace Kedrin::ModTool {
 
-/// The records of a file, and whose they are; tells which overlap and what lies between them.
+/// The spans of a file and their owners; finds overlaps and gaps.
 class CSpans
 {
 public:
@@ -22,8 +22,8 @@ public:
         m_spans.push_back(span);
     }
 
-    /// Calls `overlaps(owner)` for each span that begins inside one before it, and `gap(begin, end)` for each run of
-    /// places below `fileEnd` that no span holds.
+    /// Calls `overlaps(owner)` for each span that begins inside an earlier one, and `gap(begin, end)` for
+    /// each range below `fileEnd` that no span covers.
     template <typename Overlaps, typename Gap>
     void forEachFault(std::uint64_t fileEnd, Overlaps&& overlaps, Gap&& gap)
     {

@@ -2,7 +2,7 @@
 
 #include "ascii.h"
 #include "check_file.h"
-#include "common_books.h"
+#include "global_books.h"
 #include "messages.h"
 #include "module_data.h"
 #include "module_format.h"
@@ -16,11 +16,11 @@ namespace Kedrin::ModTool {
 std::string CheckedShape::bookName(std::size_t book) const
 {
     const std::uint32_t globalID = books[book].globalID;
-    return globalID < commonBooksCount ? std::string(commonBooks()[globalID].osis)
+    return globalID < globalBooksCount ? std::string(globalBooks()[globalID].osis)
                                        : message("book %s", book + 1);
 }
 
-std::string CheckedShape::placeOf(std::uint32_t verseNum) const
+std::string CheckedShape::positionOf(std::uint32_t verseNum) const
 {
     const auto found = hasStructure ? findVerse(books, verseNum) : std::nullopt;
     if (found)
@@ -33,12 +33,12 @@ namespace {
 constexpr std::array titleKinds = {translatable("full title"), translatable("short title"),
                                    translatable("abbreviation")};
 
-/// The books with their global numbers; `rest` is then what follows the line of the last number.
+/// The books with their global numbers; `rest` is left after the line with the last number.
 std::vector<CheckedBook> readBookNumbers(std::string_view& rest, CFindings& findings)
 {
     ut::CNumberReader numbers(rest);
     const auto booksCount = numbers.nextUnsigned();
-    if (!booksCount || *booksCount == 0 || *booksCount > commonBooksCount) {
+    if (!booksCount || *booksCount == 0 || *booksCount > globalBooksCount) {
         findings.add(!booksCount        ? CheckID::titlesMalformed
                      : *booksCount == 0 ? CheckID::booksNone
                                         : CheckID::booksTooMany,
@@ -64,17 +64,17 @@ void checkBookNumbers(const CheckedShape& shape, CFindings& findings)
     std::set<std::uint32_t> met;
     for (std::size_t book = 0; book < shape.books.size(); ++book) {
         const std::uint32_t globalID = shape.books[book].globalID;
-        const auto place = [&] {
+        const auto position = [&] {
             return shape.bookName(book) + ": " + std::to_string(static_cast<std::int32_t>(globalID));
         };
-        if (globalID >= commonBooksCount)
-            findings.addLazily(CheckID::bookNumberUnknown, place);
+        if (globalID >= globalBooksCount)
+            findings.addLazily(CheckID::bookNumberUnknown, position);
         if (!met.insert(globalID).second)
-            findings.addLazily(CheckID::bookNumberRepeated, place);
+            findings.addLazily(CheckID::bookNumberRepeated, position);
     }
 }
 
-/// The titles of one kind, a line a book.
+/// The titles of one kind, one line per book.
 /// @param kind  English, for tr()
 void checkTitles(const char* kind, std::string_view& rest, const CheckedShape& shape, CFindings& findings)
 {
@@ -84,17 +84,17 @@ void checkTitles(const char* kind, std::string_view& rest, const CheckedShape& s
         const std::string_view title = lineText(line);
         if (line.ends_with('\r'))
             line.remove_suffix(1);
-        const auto place = [&] {
+        const auto position = [&] {
             return shape.bookName(book) + ", " + tr(kind) + (title.empty() ? "" : ": " + shownBytes(line));
         };
         if (title.empty())
-            findings.addLazily(CheckID::titlesEmpty, place);
+            findings.addLazily(CheckID::titlesEmpty, position);
         else if (!met.insert(title).second)
-            findings.addLazily(CheckID::titlesRepeated, place);
+            findings.addLazily(CheckID::titlesRepeated, position);
         if (line.size() > maxLineBytes)
-            findings.addLazily(CheckID::titlesLong, place);
+            findings.addLazily(CheckID::titlesLong, position);
         if (hasBadByte(line))
-            findings.addLazily(CheckID::titlesBytes, place);
+            findings.addLazily(CheckID::titlesBytes, position);
     }
 }
 
@@ -114,7 +114,7 @@ void readTitles(const std::string& folder, CheckedShape& shape, CFindings& findi
         findings.add(CheckID::titlesSurplus, shownBytes(lineText(takeLine(rest))));
 }
 
-/// Reads the chapters of a book; false when the file does not hold them or the module is too large.
+/// Reads the chapters of a book; false if the file does not contain them or the module is too large.
 bool readChapters(ut::CNumberReader& numbers, CheckedShape& shape, std::size_t book, CFindings& findings)
 {
     const auto chaptersCount = numbers.nextUnsigned();
@@ -130,7 +130,7 @@ bool readChapters(ut::CNumberReader& numbers, CheckedShape& shape, std::size_t b
             findings.addLazily(CheckID::structureEmptyChapter,
                                [&] { return shape.bookName(book) + ' ' + std::to_string(chapter + 1); });
         shape.totalVerses += *versesCount;
-        if (chapter < maxNumberedVerses) // a chapter more is over the limit, or empty, and found to be
+        if (chapter < maxNumberedVerses) // further chapters are over the limit or empty, and reported
             shape.books[book].versesCount.push_back(*versesCount);
     }
     return true;
@@ -175,17 +175,17 @@ void checkInfo(const std::string& folder, CFindings& findings)
     bool hasCopyright = false;
     for (std::uint64_t lineNum = 0; lineNum < titleKinds.size() || !rest.empty(); ++lineNum) {
         std::string_view line = takeLine(rest);
-        const auto place = [&] { return std::string(infoFileName) + ":" + std::to_string(lineNum + 1); };
+        const auto position = [&] { return std::string(infoFileName) + ":" + std::to_string(lineNum + 1); };
         const bool isTitle = lineNum < titleKinds.size();
         if (isTitle && lineText(line).empty())
-            findings.addLazily(CheckID::infoTitle, place);
+            findings.addLazily(CheckID::infoTitle, position);
         hasCopyright |= !isTitle && !lineText(line).empty();
         if (line.size() > maxLineBytes)
-            findings.addLazily(CheckID::infoLongLine, place);
+            findings.addLazily(CheckID::infoLongLine, position);
         if (line.ends_with('\r'))
             line.remove_suffix(1);
         if (hasBadByte(line))
-            findings.addLazily(CheckID::infoBytes, place);
+            findings.addLazily(CheckID::infoBytes, position);
     }
     if (!hasCopyright)
         findings.add(CheckID::infoCopyright, infoFileName);

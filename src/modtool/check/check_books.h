@@ -22,11 +22,11 @@ struct CheckedShape
     bool hasStructure = false;      ///< whether `versesCount` of the books is known
     std::uint64_t totalVerses = 0;  ///< sum of `versesCount`
 
-    /// "Gen", or "book 3" for a number that the common numbering lacks.
+    /// "Gen", or "book 3" for a number that the global numbering lacks.
     std::string bookName(std::size_t book) const;
 
     /// "Gen 1:1"; "verse 17", from 1, when the structure does not reach there.
-    std::string placeOf(std::uint32_t verseNum) const;
+    std::string positionOf(std::uint32_t verseNum) const;
 };
 
 /// Checks BibleTitles.txt and BibleStructure.csv, each by itself and against the other.

@@ -62,22 +62,22 @@ bool CConcordanceCheck::readEntry(std::string_view word)
     return true;
 }
 
-/// What is wrong with the entry by itself. Leaves its numbers sorted, without repetitions and wrong ones.
+/// Checks the entry by itself. Leaves its numbers sorted, without duplicates and invalid ones.
 void CConcordanceCheck::judgeNumbers(std::string_view word)
 {
-    const auto place = [&] { return shownBytes(word); };
+    const auto position = [&] { return shownBytes(word); };
     const auto isWrong = [&](std::uint32_t number) { return number == 0 || number > m_versesCount; };
     const auto wrong = std::find_if(m_numbers.begin(), m_numbers.end(), isWrong);
     if (wrong != m_numbers.end())
         m_findings.addLazily(CheckID::concVerseNumber,
-                             [&] { return place() + ": " + std::to_string(*wrong); });
+                             [&] { return position() + ": " + std::to_string(*wrong); });
     std::erase_if(m_numbers, isWrong);
     if (!std::is_sorted(m_numbers.begin(), m_numbers.end()))
-        m_findings.addLazily(CheckID::concOrder, place);
+        m_findings.addLazily(CheckID::concOrder, position);
     std::sort(m_numbers.begin(), m_numbers.end());
     const auto end = std::unique(m_numbers.begin(), m_numbers.end());
     if (end != m_numbers.end())
-        m_findings.addLazily(CheckID::concRepeated, place);
+        m_findings.addLazily(CheckID::concRepeated, position);
     m_numbers.erase(end, m_numbers.end());
 }
 
@@ -92,7 +92,7 @@ void CConcordanceCheck::compare(std::string_view word, std::span<const std::uint
             ++next;
         else if (m_text->isUnread[verse])
             m_namesUnread = true;
-        else if (!expected.empty()) // a word that stands nowhere is a finding of its own
+        else if (!expected.empty()) // a word without verses is a separate finding
             addVerse(CheckID::concExtraVerse, word, verse);
     }
     for (; next != expected.end(); ++next)
@@ -101,7 +101,7 @@ void CConcordanceCheck::compare(std::string_view word, std::span<const std::uint
 
 void CConcordanceCheck::addVerse(CheckID check, std::string_view word, std::uint32_t verse)
 {
-    m_findings.addLazily(check, [&] { return shownBytes(word) + ": " + m_shape.placeOf(verse); });
+    m_findings.addLazily(check, [&] { return shownBytes(word) + ": " + m_shape.positionOf(verse); });
 }
 
 void CConcordanceCheck::finish()
@@ -118,7 +118,7 @@ void CConcordanceCheck::finish()
             m_findings.addLazily(CheckID::concOverlap, [&] { return message("word %s", word + 1); });
         },
         [&](std::uint64_t begin, std::uint64_t end) {
-            if (m_allReached) // else they are those of the words that are not reached
+            if (m_allReached) // otherwise they belong to the words not reached
                 m_findings.addLazily(CheckID::concUnreachable, [&] {
                     return std::string(concordanceFileName) + ": " + std::to_string(begin) + "-" +
                            std::to_string(end - 1);

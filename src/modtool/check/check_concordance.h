@@ -18,23 +18,23 @@ namespace Kedrin::ModTool {
 class CConcordanceCheck
 {
 public:
-    /// All of it outlives this object.
+    /// All arguments must outlive this object.
     /// @param concPoints  ConcP.bin
     /// @param conc        Conc.bin
-    /// @param text        null: not known
+    /// @param text        null: unknown
     CConcordanceCheck(std::string_view concPoints, std::string_view conc, const CheckedShape& shape,
                       const CheckedText* text, CFindings& findings);
 
     /// Checks the entry of the next word of the list.
     /// @param word      its bytes
-    /// @param expected  the verses that hold it, ascending; empty: none does, or the text is not known
+    /// @param expected  the verses that contain it, ascending; empty: none, or the text is unknown
     /// @returns false when there are more entries than can be checked
     bool checkNext(std::string_view word, std::span<const std::uint16_t> expected);
 
-    /// Whether the last entry names a verse whose text is not known.
+    /// Whether the last entry names a verse whose text is unknown.
     bool namesUnread() const { return m_namesUnread; }
 
-    /// After the last word.
+    /// Call after the last word.
     void finish();
 
 private:

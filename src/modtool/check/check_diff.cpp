@@ -1,9 +1,9 @@
 #include "check_diff.h"
 
 #include "check_file.h"
-#include "common_books.h"
 #include "diff_effect.h"
 #include "diff_records.h"
+#include "global_books.h"
 #include "module_format.h"
 
 #include <algorithm>
@@ -42,7 +42,7 @@ CDiffEffect checkRecords(std::string_view content, const CheckedShape& shape, CF
     return effect;
 }
 
-/// Follows the verses of a module to the common numbering and back.
+/// Maps the verses of a module to the global numbering and back.
 class CRoundTrip
 {
 public:
@@ -58,23 +58,23 @@ public:
     void followChapter(std::uint32_t book, std::uint32_t chapter)
     {
         const std::uint32_t globalBook = m_shape.books[book].globalID;
-        if (globalBook >= commonBooksCount || m_localBooks.at(globalBook) != book)
-            return; // no other translation leads to it, which is a finding of its own
+        if (globalBook >= globalBooksCount || m_localBooks.at(globalBook) != book)
+            return; // no other translation maps to it, which is a separate finding
         std::uint32_t lost = 0, outside = 0;
         for (std::uint32_t verse = 0; verse < m_shape.books[book].versesCount[chapter]; ++verse) {
-            const Place local{chapter, verse};
-            const Place global = m_shifts.toGlobal(globalBook, local);
-            const bool isKept = m_shifts.toLocal(book, global) == local;
+            const ChapterVerse local{chapter, verse};
+            const ChapterVerse global = m_shifts.toGlobal(globalBook, local);
+            const bool mapsBack = m_shifts.toLocal(book, global) == local;
             const bool isInside = isGlobalVerse(globalBook, global.chapter, global.verse);
-            m_keptCount += isKept && isInside;
-            lost += !isKept;
+            m_roundTripCount += mapsBack && isInside;
+            lost += !mapsBack;
             outside += !isInside;
         }
         report(CheckID::diffNotBack, book, chapter, lost);
         report(CheckID::diffOutside, book, chapter, outside);
     }
 
-    std::uint64_t keptCount() const { return m_keptCount; }
+    std::uint64_t roundTripCount() const { return m_roundTripCount; }
 
 private:
     void report(CheckID check, std::uint32_t book, std::uint32_t chapter, std::uint32_t count)
@@ -90,7 +90,7 @@ private:
     const CNumberingShifts m_shifts;
     CFindings& m_findings;
     std::map<std::uint32_t, std::uint32_t> m_localBooks; ///< global to local number
-    std::uint64_t m_keptCount = 0;
+    std::uint64_t m_roundTripCount = 0;
 };
 
 } // namespace
@@ -108,7 +108,7 @@ std::optional<std::uint64_t> checkDiff(const std::string& folder, const CheckedS
     for (std::uint32_t book = 0; book < shape.books.size(); ++book)
         for (std::uint32_t chapter = 0; chapter < shape.books[book].versesCount.size(); ++chapter)
             roundTrip.followChapter(book, chapter);
-    return roundTrip.keptCount();
+    return roundTrip.roundTripCount();
 }
 
 } // namespace Kedrin::ModTool

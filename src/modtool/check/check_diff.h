@@ -9,8 +9,8 @@
 
 namespace Kedrin::ModTool {
 
-/// Checks _Diff_.txt, and which verses keep their place on the way to the common numbering and back.
-/// @returns how many verses keep it; nothing when that cannot be told
+/// Checks _Diff_.txt, and which verses map to the global numbering and back.
+/// @returns how many verses do; nothing if that cannot be determined
 /// @throws CCheckError
 std::optional<std::uint64_t> checkDiff(const std::string& folder, const CheckedShape& shape,
                                        CFindings& findings);

@@ -25,7 +25,7 @@ std::optional<std::string> readForCheck(const std::string& folder, std::string_v
     const std::string path = folder + '/' + std::string(name);
     const ut::CInputFile file(path.c_str());
     if (!file.isOpen()) {
-        if (errno == EMFILE || errno == ENFILE || errno == ENOMEM) // which says nothing of the module
+        if (errno == EMFILE || errno == ENFILE || errno == ENOMEM) // which is not the module's fault
             throw CCheckError(message("%s: cannot be read", shownPath(path)) + systemReason(errno));
         findings.add(missing, name);
         return std::nullopt;

@@ -9,8 +9,8 @@
 
 namespace Kedrin::ModTool {
 
-/// The content of a module's file. Nothing, and a finding, when it is not there, is no regular file or is too long.
-/// @param missing  the check that a missing file fails
+/// The content of a module's file. Nothing, and a finding, if it is missing, not a regular file or too long.
+/// @param missing  reported if the file is missing
 /// @throws CCheckError  "%s: cannot be read"
 std::optional<std::string> readForCheck(const std::string& folder, std::string_view name, CFindings& findings,
                                         CheckID missing = CheckID::fileMissing);
@@ -24,13 +24,13 @@ std::optional<std::string> readRecordsForCheck(const std::string& folder, std::s
 std::uint32_t unsigned16At(std::string_view content, std::size_t recordIndex);
 std::uint32_t unsigned32At(std::string_view content, std::size_t recordIndex);
 
-/// Takes the next line off `rest`: up to LF or the end, LF left out, a CR before it kept.
+/// Removes and returns the next line of `rest`: without its LF, but with a CR before it.
 std::string_view takeLine(std::string_view& rest);
 
 /// A line as the reader sees it: without its CR, and up to the first zero byte.
 std::string_view lineText(std::string_view line);
 
-/// Whether a byte is no character of Windows-1251 (98) or a control character.
+/// Whether any byte is a control character or not a Windows-1251 character (0x98).
 bool hasBadByte(std::string_view text);
 
 } // namespace Kedrin::ModTool

@@ -15,30 +15,31 @@ namespace Kedrin::ModTool {
 struct Finding
 {
     std::uint64_t count = 0;
-    std::vector<std::string> places; ///< UTF-8, the first ones
+    std::vector<std::string> positions; ///< UTF-8, the first ones
 };
 
-/// What all checks found in one module or directory. Memory stays small however much is wrong: only the first places
-/// of each check are kept.
+/// What all checks found in one module or directory. Memory is bounded: only the first positions of each
+/// check are kept.
 class CFindings
 {
 public:
-    /// @param maxPlaces  how many places of each check to keep
-    explicit CFindings(std::size_t maxPlaces) : m_maxPlaces(maxPlaces) {}
+    /// @param maxPositions  how many positions of each check to keep
+    explicit CFindings(std::size_t maxPositions) : m_maxPositions(maxPositions) {}
 
-    /// Counts one defect. `makePlace()`, which gives the text of its place, is called only if that is kept.
-    template <typename MakePlace>
-    void addLazily(CheckID check, MakePlace&& makePlace)
+    /// Counts one defect. `makePosition()`, which returns its position as text, is called only if the
+    /// position is kept.
+    template <typename MakePosition>
+    void addLazily(CheckID check, MakePosition&& makePosition)
     {
         Finding& finding = m_findings[check];
         ++finding.count;
-        if (finding.places.size() < m_maxPlaces)
-            finding.places.push_back(std::forward<MakePlace>(makePlace)());
+        if (finding.positions.size() < m_maxPositions)
+            finding.positions.push_back(std::forward<MakePosition>(makePosition)());
     }
 
-    void add(CheckID check, std::string_view place)
+    void add(CheckID check, std::string_view position)
     {
-        addLazily(check, [&] { return std::string(place); });
+        addLazily(check, [&] { return std::string(position); });
     }
 
     bool has(CheckID check) const { return m_findings.contains(check); }
@@ -50,7 +51,7 @@ public:
     std::uint64_t count(Severity severity) const;
 
 private:
-    std::size_t m_maxPlaces;
+    std::size_t m_maxPositions;
     std::map<CheckID, Finding> m_findings;
 };
 

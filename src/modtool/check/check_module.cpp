@@ -5,8 +5,8 @@
 #include "check_file.h"
 #include "check_text.h"
 #include "check_words.h"
-#include "common_books.h"
 #include "errors.h"
+#include "global_books.h"
 #include "messages.h"
 #include "module_format.h"
 #include "text_reader.h"
@@ -30,18 +30,18 @@ std::vector<std::uint32_t> numbersIn(std::string_view content)
     return all;
 }
 
-void checkCommonStructure(const std::string& directory, CFindings& findings)
+void checkGlobalStructure(const std::string& directory, CFindings& findings)
 {
     const auto content =
-        readForCheck(directory, globalStructureFileName, findings, CheckID::commonStructureMissing);
+        readForCheck(directory, globalStructureFileName, findings, CheckID::globalStructureMissing);
     if (!content)
         return;
-    const std::vector<std::uint32_t> common = numbersIn(commonStructureFile());
+    const std::vector<std::uint32_t> common = numbersIn(globalStructureFile());
     ut::CNumberReader numbers(*content);
     const bool isSame = std::all_of(common.begin(), common.end(),
                                     [&](std::uint32_t number) { return numbers.nextUnsigned() == number; });
     if (!isSame)
-        findings.add(CheckID::commonStructureDiffers, globalStructureFileName);
+        findings.add(CheckID::globalStructureDiffers, globalStructureFileName);
 }
 
 void checkFullTitles(const std::vector<std::string>& modules, CFindings& findings)
@@ -60,16 +60,16 @@ void checkFullTitles(const std::vector<std::string>& modules, CFindings& finding
 
 } // namespace
 
-ModuleReport checkModule(const std::string& folder, std::size_t maxPlaces)
+ModuleReport checkModule(const std::string& folder, std::size_t maxPositions)
 {
     std::error_code ignored;
     if (!std::filesystem::is_directory(folder, ignored))
         throw CCheckError(message("%s: is not a folder", shownPath(folder)));
-    ModuleReport report(folder, maxPlaces);
+    ModuleReport report(folder, maxPositions);
     checkInfo(folder, report.findings);
     const CheckedShape shape = checkBooks(folder, report.findings);
     report.booksCount = shape.books.size();
-    report.keptPlaces = checkDiff(folder, shape, report.findings);
+    report.roundTrips = checkDiff(folder, shape, report.findings);
     const std::optional<CheckedText> text = checkText(folder, shape, report.findings);
     if (shape.hasStructure)
         report.versesCount = shape.totalVerses;
@@ -88,10 +88,10 @@ bool isModule(const std::string& folder)
 }
 
 CFindings checkDirectory(const std::string& directory, const std::vector<std::string>& modules,
-                         std::size_t maxPlaces)
+                         std::size_t maxPositions)
 {
-    CFindings findings(maxPlaces);
-    checkCommonStructure(directory, findings);
+    CFindings findings(maxPositions);
+    checkGlobalStructure(directory, findings);
     checkFullTitles(modules, findings);
     return findings;
 }

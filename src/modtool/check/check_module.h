@@ -9,7 +9,7 @@
 
 namespace Kedrin::ModTool {
 
-/// What is known of a module after its check. Figures are missing where the files do not tell them.
+/// The result of checking a module. Figures that the files do not tell are missing.
 struct ModuleReport
 {
     std::string folder; ///< as it was given
@@ -17,27 +17,27 @@ struct ModuleReport
     std::uint64_t booksCount = 0;
     std::optional<std::uint64_t> versesCount;
     std::optional<std::uint64_t> emptyVerses;
-    /// Verses that keep their place to the common numbering and back.
-    std::optional<std::uint64_t> keptPlaces;
+    /// Verses that map to the global numbering and back.
+    std::optional<std::uint64_t> roundTrips;
     std::optional<std::uint64_t> wordsCount;
 
-    ModuleReport(std::string moduleFolder, std::size_t maxPlaces)
+    ModuleReport(std::string moduleFolder, std::size_t maxPositions)
         : folder(std::move(moduleFolder)),
-          findings(maxPlaces)
+          findings(maxPositions)
     {}
 };
 
-/// Runs all checks of a module. Reads its files as bytes, never through the engine's operations, which may end the
-/// program for a damaged module; whatever the files hold, time and memory are bounded by the limits of the checks.
+/// Runs all checks of a module. Reads its files as bytes, never through the engine's operations, which may
+/// terminate the program on a damaged module; time and memory are bounded for any content.
 /// @throws CCheckError  "%s: is not a folder", "%s: cannot be read"
-ModuleReport checkModule(const std::string& folder, std::size_t maxPlaces);
+ModuleReport checkModule(const std::string& folder, std::size_t maxPositions);
 
-/// Whether the folder holds at least one of a module's files.
+/// Whether the folder contains at least one of a module's files.
 bool isModule(const std::string& folder);
 
-/// What belongs to a modules directory beside its modules.
+/// Checks what a modules directory contains beside its modules, and the modules against each other.
 /// @param modules  their folders
 CFindings checkDirectory(const std::string& directory, const std::vector<std::string>& modules,
-                         std::size_t maxPlaces);
+                         std::size_t maxPositions);
 
 } // namespace Kedrin::ModTool

@@ -40,10 +40,10 @@ std::string findingsText(const CFindings& findings)
         const Check& facts = checkOf(check);
         text += "  " + std::string(tr(severityName(facts.severity))) + ' ' + std::string(facts.id) + " (" +
                 std::to_string(finding.count) + "): " + tr(facts.advice) + '\n';
-        for (const std::string& place : finding.places)
-            text += "    " + place + '\n';
-        if (finding.count > finding.places.size())
-            text += message("    and %s more", finding.count - finding.places.size()) + '\n';
+        for (const std::string& position : finding.positions)
+            text += "    " + position + '\n';
+        if (finding.count > finding.positions.size())
+            text += message("    and %s more", finding.count - finding.positions.size()) + '\n';
     }
     return text;
 }
@@ -55,8 +55,8 @@ std::string figuresText(const ModuleReport& module)
         text += ", " + counted(*module.versesCount, "verse", "verses");
     if (module.emptyVerses && *module.emptyVerses != 0)
         text += message(" (%s empty)", *module.emptyVerses);
-    if (module.keptPlaces)
-        text += message(", %s map both ways", *module.keptPlaces);
+    if (module.roundTrips)
+        text += message(", %s map both ways", *module.roundTrips);
     if (module.wordsCount)
         text += ", " + counted(*module.wordsCount, "word", "words");
     return text;
@@ -71,7 +71,7 @@ Json findingsJson(const CFindings& findings)
                         {"severity", severityName(facts.severity)},
                         {"count", finding.count},
                         {"advice", facts.advice},
-                        {"places", finding.places}});
+                        {"places", finding.positions}});
     }
     return list;
 }
@@ -86,7 +86,7 @@ Json moduleJson(const ModuleReport& module)
             {"books", module.booksCount},
             {"verses", orNull(module.versesCount)},
             {"emptyVerses", orNull(module.emptyVerses)},
-            {"keptPlaces", orNull(module.keptPlaces)},
+            {"keptPlaces", orNull(module.roundTrips)},
             {"words", orNull(module.wordsCount)},
             {"findings", findingsJson(module.findings)}};
 }

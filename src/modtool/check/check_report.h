@@ -7,7 +7,7 @@
 
 namespace Kedrin::ModTool {
 
-/// What `kedrin-module check` has to say: on one module, or on a modules directory and the modules in it.
+/// The report of `kedrin-module check` on one module, or on a modules directory and the modules in it.
 struct CheckReport
 {
     struct Directory
@@ -22,14 +22,15 @@ struct CheckReport
 
     std::uint64_t count(Severity severity) const;
 
-    /// UTF-8, for people: a line a module, below it a line a check that found something, below that its places.
+    /// UTF-8, for the user: one line per module, below it one line per check with findings, below that their
+    /// positions.
     std::string text() const;
 
-    /// One JSON object, with line ends. Texts that are not UTF-8 have U+FFFD where they are not.
+    /// One JSON object on several lines. Invalid UTF-8 in texts is replaced by U+FFFD.
     std::string json() const;
 };
 
-/// `check --list`: a line a check, name, severity and advice.
+/// `check --list`: one line per check: name, severity and advice.
 std::string listOfChecks();
 
 } // namespace Kedrin::ModTool

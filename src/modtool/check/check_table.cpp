@@ -94,8 +94,8 @@ constexpr std::array table = {
     Check{concMissingVerse, "conc-missing-verse", error, translatable("The concordance lacks a verse that contains the word: the search misses it. Build the module again.")},
     Check{concExtraVerse, "conc-extra-verse", error, translatable("The concordance lists a verse that does not contain the word: a false hit. Build the module again.")},
     // a modules directory
-    Check{commonStructureMissing, "common-structure-missing", warning, translatable("The modules directory has no BibleStructure.txt. Build any module into the directory to write it.")},
-    Check{commonStructureDiffers, "common-structure-differs", error, translatable("BibleStructure.txt is not this program's global numbering. Build any module into the directory to rewrite it.")},
+    Check{globalStructureMissing, "common-structure-missing", warning, translatable("The modules directory has no BibleStructure.txt. Build any module into the directory to write it.")},
+    Check{globalStructureDiffers, "common-structure-differs", error, translatable("BibleStructure.txt is not this program's global numbering. Build any module into the directory to rewrite it.")},
     Check{modulesSameTitle, "modules-same-title", error, translatable("Two modules have the same full title: their tabs in the window cannot be told apart. Change one in its _Info_.txt.")},
 };
 // clang-format on

@@ -5,7 +5,7 @@
 
 namespace Kedrin::ModTool {
 
-/// How much a finding of `kedrin-module check` weighs.
+/// Severity of a finding of `kedrin-module check`.
 enum class Severity
 {
     note,    ///< worth knowing; the module is sound
@@ -87,21 +87,21 @@ enum class CheckID
     concRepeated,
     concMissingVerse,
     concExtraVerse,
-    commonStructureMissing,
-    commonStructureDiffers,
+    globalStructureMissing,
+    globalStructureDiffers,
     modulesSameTitle,
-    count ///< no check: how many there are
+    count ///< number of checks
 };
 
 struct Check
 {
     CheckID check;
-    std::string_view id; ///< "conc-missing-verse": the name in all output, never changed
+    std::string_view id; ///< "conc-missing-verse": name in all output; never changes
     Severity severity;
     const char* advice; ///< what is wrong and what to do, one or two sentences; English, for tr()
 };
 
-/// All checks; the place of each is its CheckID.
+/// All checks, indexed by CheckID.
 std::span<const Check> checkTable();
 
 inline const Check& checkOf(CheckID check) { return checkTable()[static_cast<std::size_t>(check)]; }

@@ -11,7 +11,7 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-/// What is to be said of a byte of a verse; flags.
+/// Kinds of bytes in a verse that are reported; flags.
 enum ByteKind : std::uint8_t
 {
     byteUnassigned = 1,
@@ -75,13 +75,13 @@ CheckID checkOf(MarkupDefect defect)
     return CheckID::count; // no other defect exists
 }
 
-/// The verses of one module, one after another.
+/// Checks the verses of one module in order.
 class CTextCheck
 {
 public:
     CTextCheck(const CheckedShape& shape, CFindings& findings) : m_shape(shape), m_findings(findings) {}
 
-    /// Reads all verses; false when there are more bytes in them than can be checked.
+    /// Reads all verses; false if they have more bytes than can be checked.
     bool readVerses(std::string_view points, std::string_view content)
     {
         const std::size_t pointsCount = points.size() / pointBytes;
@@ -105,11 +105,11 @@ private:
     {
         const std::uint64_t total = m_shape.hasStructure ? m_shape.totalVerses : pointsCount;
         m_text.versesCount = static_cast<std::uint32_t>(std::min<std::uint64_t>(total, maxNumberedVerses));
-        const auto place = [&] { return std::to_string(pointsCount) + " / " + std::to_string(total); };
+        const auto position = [&] { return std::to_string(pointsCount) + " / " + std::to_string(total); };
         if (pointsCount < total)
-            m_findings.addLazily(CheckID::pointsShort, place);
+            m_findings.addLazily(CheckID::pointsShort, position);
         if (pointsCount > total)
-            m_findings.addLazily(CheckID::pointsSurplus, place);
+            m_findings.addLazily(CheckID::pointsSurplus, position);
         m_countsAgree = pointsCount >= total && total <= maxNumberedVerses;
     }
 
@@ -120,7 +120,7 @@ private:
         const std::uint64_t end = offset + verseLengthBytes + length;
         if (!hasLength || end > content.size()) {
             m_findings.addLazily(CheckID::textOffset, [&] {
-                return m_shape.placeOf(verse) + ": " + std::to_string(offset) + " / " +
+                return m_shape.positionOf(verse) + ": " + std::to_string(offset) + " / " +
                        std::to_string(content.size());
             });
             m_countsAgree = false;
@@ -132,7 +132,7 @@ private:
         m_lastOffset = offset;
         m_textBytes += length;
         if (m_textBytes > maxCheckedTextBytes) {
-            m_findings.add(CheckID::sizeLimit, m_shape.placeOf(verse));
+            m_findings.add(CheckID::sizeLimit, m_shape.positionOf(verse));
             return false;
         }
         readVerse(content.substr(offset + verseLengthBytes, length), verse);
@@ -159,7 +159,7 @@ private:
         m_markup.read(stored);
         for (const CMarkupDefects::Found& found : m_markup.found())
             m_findings.addLazily(checkOf(found.defect),
-                                 [&] { return m_shape.placeOf(verse) + ": " + shownBytes(found.where); });
+                                 [&] { return m_shape.positionOf(verse) + ": " + shownBytes(found.where); });
         m_indexer.add(m_markup.plain(), verse);
     }
 
@@ -168,7 +168,7 @@ private:
         m_spans.forEachFault(
             contentBytes, [&](std::uint32_t verse) { add(CheckID::textOverlap, verse); },
             [&](std::uint64_t begin, std::uint64_t end) {
-                if (m_countsAgree) // else they are those of the verses that are not reached
+                if (m_countsAgree) // otherwise they belong to the verses not reached
                     m_findings.addLazily(CheckID::textUnreachable, [&] {
                         return std::string(textFileName) + ": " + std::to_string(begin) + "-" +
                                std::to_string(end - 1);
@@ -178,7 +178,7 @@ private:
 
     void add(CheckID check, std::uint32_t verse)
     {
-        m_findings.addLazily(check, [&] { return m_shape.placeOf(verse); });
+        m_findings.addLazily(check, [&] { return m_shape.positionOf(verse); });
     }
 
     const CheckedShape& m_shape;

@@ -96,7 +96,7 @@ public:
 private:
     bool checkLine(std::string_view line, bool endsWithLf, std::size_t byteOffset)
     {
-        const auto place = [&] {
+        const auto position = [&] {
             return std::string(wordListFileName) + ":" + std::to_string(m_wordsCount) + ": " +
                    shownBytes(m_word);
         };
@@ -104,11 +104,11 @@ private:
         m_word = lineText(line);
         ++m_wordsCount;
         if (line.size() > maxWordLineBytes)
-            m_findings.addLazily(CheckID::wordTooLong, place);
+            m_findings.addLazily(CheckID::wordTooLong, position);
         if (!endsWithCr || !endsWithLf)
-            m_findings.addLazily(CheckID::wordLineEnd, place);
+            m_findings.addLazily(CheckID::wordLineEnd, position);
         if (hasBadByte(line.substr(0, line.size() - (endsWithCr ? 1 : 0))))
-            m_findings.addLazily(CheckID::wordBytes, place);
+            m_findings.addLazily(CheckID::wordBytes, position);
         checkPoint(byteOffset);
         checkOrder();
         const bool isSound = checkEntry();
@@ -138,7 +138,7 @@ private:
     /// The word against the text and the concordance; false when there is more than can be checked.
     bool checkEntry()
     {
-        const auto place = [&] { return shownBytes(m_word); };
+        const auto position = [&] { return shownBytes(m_word); };
         const auto textWord = m_textWords.find(m_word);
         if (textWord && !m_textWords.list(*textWord))
             m_isRepeated = true;
@@ -146,13 +146,13 @@ private:
             m_findings.add(CheckID::wordEmpty,
                            std::string(wordListFileName) + ":" + std::to_string(m_wordsCount));
         else if (m_isRepeated)
-            m_findings.addLazily(CheckID::wordsRepeated, place);
+            m_findings.addLazily(CheckID::wordsRepeated, position);
         const auto expected = textWord ? m_textWords.versesOf(*textWord) : std::span<const std::uint16_t>();
         const bool isSound = !m_concordance || m_concordance->checkNext(m_word, expected);
         const bool mayStandUnread = m_concordance && m_concordance->namesUnread();
         const bool isTooLong = m_word.size() > CWordIndexer::maxWordBytes; // which is a finding of its own
         if (m_text && !textWord && !m_word.empty() && !mayStandUnread && !isTooLong)
-            m_findings.addLazily(CheckID::wordUnused, place);
+            m_findings.addLazily(CheckID::wordUnused, position);
         return isSound;
     }
 
@@ -160,7 +160,7 @@ private:
     {
         m_textWords.forEachUnlisted([&](const std::string& word, std::uint32_t verse) {
             m_findings.addLazily(CheckID::wordMissing,
-                                 [&] { return shownBytes(word) + ": " + m_shape.placeOf(verse); });
+                                 [&] { return shownBytes(word) + ": " + m_shape.positionOf(verse); });
         });
         if (m_points && m_points->size() / pointBytes != m_wordsCount)
             m_findings.add(CheckID::wordPointsCount, std::to_string(m_points->size() / pointBytes) + " / " +

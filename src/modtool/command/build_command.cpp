@@ -25,7 +25,7 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-constexpr const char* page = translatable(
+constexpr const char* helpText = translatable(
     "The module is written to a separate folder and verified, and only then replaces the old one: a "
     "build that fails or\n"
     "is interrupted leaves the previous module untouched.\n"
@@ -53,7 +53,7 @@ public:
     int run(const CommandStreams& streams) const override;
 
 private:
-    /// @returns whether all went well; a Bible of --all-sword that fails is reported on `err`
+    /// @returns whether everything succeeded; a Bible of --all-sword that fails is reported on `err`
     bool build(std::ostream& report, std::ostream& err, CProgress& progress) const;
     void addReadingOptions();
 
@@ -72,7 +72,7 @@ private:
 
 CBuildCommand::CBuildCommand(CLI::App& program)
     : m_command(
-          addCommand(program, "build", "Build a Kedrin module from a Bible text in another format", page))
+          addCommand(program, "build", "Build a Kedrin module from a Bible text in another format", helpText))
 {
     m_command->add_option(
         "SOURCE", m_source,
@@ -101,8 +101,8 @@ CBuildCommand::CBuildCommand(CLI::App& program)
 
 namespace {
 
-/// An option whose value is one of some words.
-/// @param words  what the help shows
+/// Adds an option whose value is one of a fixed set of words.
+/// @param words  as shown in the help
 template <typename Value, typename Chosen>
 void addChoice(CLI::App& command, const char* name, const char* words,
                const std::map<std::string, Value>& values, Chosen& chosen, const char* description)

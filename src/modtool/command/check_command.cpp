@@ -20,7 +20,7 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-constexpr const char* page =
+constexpr const char* helpText =
     translatable("A folder that contains any of a module's ten files is checked as a module; of any "
                  "other folder, each subfolder is.\n"
                  "Nothing is changed.\n"
@@ -36,8 +36,8 @@ constexpr const char* page =
                  "  2  invalid arguments\n"
                  "  3  something could not be checked, or the report could not be written");
 
-constexpr std::size_t defaultMaxPlaces = 5;
-constexpr std::size_t mostMaxPlaces = 1000;
+constexpr std::size_t defaultMaxPositions = 5;
+constexpr std::size_t mostMaxPositions = 1000;
 
 /// `kedrin-module check MODULE | MODULES-DIR` and `kedrin-module check --list`.
 class CCheckCommand final : public ICommand
@@ -49,7 +49,7 @@ public:
     bool isChosen() const override;
     std::string usageError() const override;
 
-    /// Checks, and reports. What cannot be checked is told on `err`; the rest is checked all the same.
+    /// Checks and reports. What cannot be checked is reported on `err`; the rest is still checked.
     /// @returns exitDone: no errors (nor warnings, with --strict); exitFailed: some; exitTrouble: something could not
     ///          be checked
     int run(const CommandStreams& streams) const override;
@@ -61,7 +61,7 @@ private:
 
     CLI::App* m_command;
     std::string m_path;
-    std::size_t m_maxPlaces;
+    std::size_t m_maxPositions;
     bool m_list = false;
     bool m_json = false;
     bool m_strict = false;
@@ -71,18 +71,18 @@ private:
 } // namespace
 
 CCheckCommand::CCheckCommand(CLI::App& program)
-    : m_command(addCommand(program, "check", "Check a module, or all modules in a directory", page)),
-      m_maxPlaces(defaultMaxPlaces)
+    : m_command(addCommand(program, "check", "Check a module, or all modules in a directory", helpText)),
+      m_maxPositions(defaultMaxPositions)
 {
     m_command->add_option("MODULE", m_path, tr("A module's folder, or a folder of modules"));
     m_command->add_flag("--list", m_list, tr("List the checks and check nothing"));
     m_command->add_flag("--json", m_json, tr("Print the report as JSON"));
     m_command->add_flag("--strict", m_strict, tr("Count warnings as defects"));
     m_command
-        ->add_option("--places", m_maxPlaces,
+        ->add_option("--places", m_maxPositions,
                      tr("How many positions to list for each finding "
                         "(default: 5)"))
-        ->check(CLI::Range(std::size_t(0), mostMaxPlaces))
+        ->check(CLI::Range(std::size_t(0), mostMaxPositions))
         ->option_text("N");
     m_command->add_flag("-q,--quiet", m_quiet, tr("No progress bar and no report, only the exit code"));
 }
@@ -97,7 +97,7 @@ std::string CCheckCommand::usageError() const
 int CCheckCommand::run(const CommandStreams& streams) const
 {
     if (m_json)
-        speakEnglish();
+        forceEnglish();
     CProgress progress(m_quiet ? nullptr : streams.terminal);
     try {
         return runChecks(streams, progress);
@@ -145,7 +145,7 @@ CheckReport CCheckCommand::check(CProgress& progress) const
             message("%s: is neither a module nor a folder of modules", shownPath(path)));
         return report;
     }
-    report.directory = {path, checkDirectory(path, folders, m_maxPlaces)};
+    report.directory = {path, checkDirectory(path, folders, m_maxPositions)};
     for (std::size_t i = 0; i < folders.size(); ++i) {
         progress.show(tr("checking"), i, folders.size());
         checkModuleInto(folders[i], report);
@@ -156,7 +156,7 @@ CheckReport CCheckCommand::check(CProgress& progress) const
 void CCheckCommand::checkModuleInto(const std::string& folder, CheckReport& report) const
 {
     try {
-        report.modules.push_back(checkModule(folder, m_maxPlaces));
+        report.modules.push_back(checkModule(folder, m_maxPositions));
     } catch (const CCheckError& error) {
         report.unchecked.push_back(error.what());
     }

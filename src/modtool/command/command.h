@@ -13,12 +13,12 @@ namespace Kedrin::ModTool {
 struct CommandStreams
 {
     std::ostream& out;      ///< reports and answers
-    std::ostream& err;      ///< errors, a line each: sayError()
+    std::ostream& err;      ///< errors, one per line: sayError()
     std::ostream* terminal; ///< where to draw a progress bar; null: nowhere
 };
 
-/// One command of the program. Its constructor adds it, its options and its page of help to the program's parser, so it
-/// outlives the parsing.
+/// One command of the program. The constructor adds the command, its options and its help to the program's
+/// parser; the object must outlive the parsing.
 class ICommand
 {
 public:
@@ -27,10 +27,10 @@ public:
     /// Whether the command line names this command.
     virtual bool isChosen() const = 0;
 
-    /// What the parser cannot tell: "" or a sentence on what is wrong with the arguments.
+    /// Checks that the parser cannot make: "", or what is wrong with the arguments.
     virtual std::string usageError() const { return ""; }
 
-    /// Runs the command. Errors are lines on `err`; nothing is thrown.
+    /// Runs the command. Errors are written to `err`, one per line; nothing is thrown.
     /// @returns the program's exit code
     virtual int run(const CommandStreams& streams) const = 0;
 };

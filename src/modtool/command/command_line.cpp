@@ -71,11 +71,11 @@ int runCommandLine(CLI::App& parser, std::span<const std::unique_ptr<ICommand>> 
     return exitTrouble;
 }
 
-CLI::App* addCommand(CLI::App& program, const char* name, const char* description, const char* page)
+CLI::App* addCommand(CLI::App& program, const char* name, const char* description, const char* helpText)
 {
     CLI::App* command = program.add_subcommand(name, tr(description));
     command->group(tr("Subcommands"));
-    command->footer(tr(page));
+    command->footer(tr(helpText));
     return command;
 }
 

@@ -10,14 +10,15 @@ class App;
 
 namespace Kedrin::ModTool {
 
-// Each adds a command, its options and its page of help to the program's parser. The object outlives the parsing; the
+// Each adds a command, its options and its help to the program's parser. The object outlives the parsing; the
 // parser outlives the object.
 
 std::unique_ptr<ICommand> makeBuildCommand(CLI::App& program);
 std::unique_ptr<ICommand> makeCheckCommand(CLI::App& program);
 std::unique_ptr<ICommand> makeExportCommand(CLI::App& program);
 
-// These only read modules. They need nothing of the SWORD library, whose loading takes longer than reading a verse.
+// These only read modules. They do not need the SWORD library, which takes longer to load than a verse takes
+// to read.
 
 std::unique_ptr<ICommand> makeShowCommand(CLI::App& program);
 std::unique_ptr<ICommand> makeSearchCommand(CLI::App& program);

@@ -16,7 +16,7 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-constexpr const char* page =
+constexpr const char* helpText =
     translatable("Compares the verses that have the same position in the global numbering.\n"
                  "\n"
                  "Examples:\n"
@@ -123,7 +123,7 @@ private:
 } // namespace
 
 CDiffCommand::CDiffCommand(CLI::App& program)
-    : CQueryCommand(addCommand(program, "diff", "Show the verses in which two modules differ", page))
+    : CQueryCommand(addCommand(program, "diff", "Show the verses in which two modules differ", helpText))
 {
     m_command->add_option("MODULE", m_first, tr("The first module's folder"))->required();
     m_command->add_option("OTHER", m_second, tr("The second module's folder"))->required();

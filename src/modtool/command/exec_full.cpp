@@ -22,8 +22,8 @@ int execFullProgram(char* argv[])
     std::error_code ignored;
     const std::filesystem::path folder =
         std::filesystem::read_symlink("/proc/self/exe", ignored).parent_path();
-    for (const auto& place : {folder, (folder / KEDRIN_PRIVATE_DIR).lexically_normal()})
-        ::execv((place / fullProgramName).c_str(), argv);
+    for (const auto& directory : {folder, (folder / KEDRIN_PRIVATE_DIR).lexically_normal()})
+        ::execv((directory / fullProgramName).c_str(), argv);
     std::cerr << "kedrin-module: " << (folder / fullProgramName).string() << ": " << std::strerror(errno)
               << '\n';
     return exitTrouble;

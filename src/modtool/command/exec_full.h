@@ -2,10 +2,11 @@
 
 namespace Kedrin::ModTool {
 
-/// Goes on as the program file that has all commands. It is a file of its own because it cannot run without the SWORD
-/// library, and loading that takes longer than everything that a command does which only reads a module. It lies
-/// beside this program's file, or where it is installed.
-/// @returns exitTrouble, after a line on standard error, where there is no such file; else not at all
+/// Replaces this process by the program with all commands. That one is a separate file because it needs the
+/// SWORD library, whose loading takes longer than any command that only reads a module. It is found beside
+/// this program's file or in the private directory it is installed to.
+/// @returns exitTrouble, after a message on standard error, if it cannot be executed; otherwise does not
+///          return
 int execFullProgram(char* argv[]);
 
 } // namespace Kedrin::ModTool

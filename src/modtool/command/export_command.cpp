@@ -18,7 +18,7 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-constexpr const char* page =
+constexpr const char* helpText =
     translatable("Building from the exported file gives the same module, byte for byte.\n"
                  "\n"
                  "Examples:\n"
@@ -33,14 +33,15 @@ constexpr const char* page =
 constexpr const char* osis = "osis";
 constexpr const char* verseLines = "verse-lines";
 
-/// `kedrin-module export MODULE [FILE] --to verse-lines|osis`: a module as a source that can be built again.
+/// `kedrin-module export MODULE [FILE] --to verse-lines|osis`: a module as a source from which it can be
+/// rebuilt.
 class CExportCommand final : public CQueryCommand
 {
 public:
     explicit CExportCommand(CLI::App& program);
 
 private:
-    /// Writes the file, or to `out` where none is named. A file that is there is replaced in one step.
+    /// Writes the file, or to `out` if none is named. An existing file is replaced atomically.
     int answer(std::ostream& out) const override;
 
     std::string m_module;
@@ -51,7 +52,7 @@ private:
 } // namespace
 
 CExportCommand::CExportCommand(CLI::App& program)
-    : CQueryCommand(addCommand(program, "export", "Export a module to a file that build can read", page))
+    : CQueryCommand(addCommand(program, "export", "Export a module to a file that build can read", helpText))
 {
     m_command->add_option("MODULE", m_module, tr("The module's folder"))->required();
     m_command->add_option("FILE", m_file, tr("The file to write (default: standard output)"));

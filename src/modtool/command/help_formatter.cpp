@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::size_t nameColumns = 30;
 
-/// The name in its column, the description beside it; below it where the name is too long.
+/// The name in its column and the description beside it, or below if the name is too long.
 std::string row(const std::string& name, const std::string& description)
 {
     const std::string cell = "  " + name;
@@ -65,7 +65,7 @@ std::string CHelpFormatter::make_option(const CLI::Option* option, bool isPositi
     return row(make_option_name(option, isPositional) + value, make_option_desc(option));
 }
 
-/// What stands after an option's name: its value. What is required or excluded is told when it is missed.
+/// What follows an option's name: its value. Requirements and exclusions are not shown.
 std::string CHelpFormatter::make_option_opts(const CLI::Option* option) const
 {
     if (!option->get_option_text().empty())

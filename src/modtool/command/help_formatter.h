@@ -9,7 +9,7 @@ namespace Kedrin::ModTool {
 /// The name of a positional argument in the user's language; any other text unchanged.
 std::string argumentName(const std::string& name);
 
-/// Lays out the help in the user's language: the columns are counted in characters, not bytes.
+/// Formats the help in the user's language; columns are counted in characters, not bytes.
 class CHelpFormatter : public CLI::Formatter
 {
 public:

@@ -17,13 +17,13 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-constexpr const char* page = translatable("Example:\n"
-                                          "  kedrin-module info modules/bibles/my\n"
-                                          "\n"
-                                          "Exit codes:\n"
-                                          "  0  done\n"
-                                          "  2  invalid arguments\n"
-                                          "  3  the module cannot be read");
+constexpr const char* helpText = translatable("Example:\n"
+                                              "  kedrin-module info modules/bibles/my\n"
+                                              "\n"
+                                              "Exit codes:\n"
+                                              "  0  done\n"
+                                              "  2  invalid arguments\n"
+                                              "  3  the module cannot be read");
 
 void writeLines(const ModuleFacts& facts, std::ostream& out)
 {
@@ -38,12 +38,12 @@ void writeLines(const ModuleFacts& facts, std::ostream& out)
                    counted(facts.versesCount, "verse", "verses"), facts.emptyVersesCount,
                    counted(facts.wordsCount, "word", "words"), counted(facts.byteCount, "byte", "bytes"))
         << '\n'
-        << message(
-               "numbering: %s, %s have none; %s",
-               counted(facts.movedCount, "verse has a different number in the global numbering",
-                       "verses have a different number in the global numbering"),
-               facts.outsideCount,
-               counted(facts.keptCount, "verse maps correctly both ways", "verses map correctly both ways"))
+        << message("numbering: %s, %s have none; %s",
+                   counted(facts.movedCount, "verse has a different number in the global numbering",
+                           "verses have a different number in the global numbering"),
+                   facts.outsideCount,
+                   counted(facts.roundTripCount, "verse maps correctly both ways",
+                           "verses map correctly both ways"))
         << '\n';
     for (const BookFacts& book : facts.books)
         out << book.osis << '\t' << book.abbreviation << '\t' << book.title << '\t' << book.chaptersCount
@@ -62,7 +62,7 @@ void writeJson(const ModuleFacts& facts, std::ostream& out)
     json["emptyVerses"] = facts.emptyVersesCount;
     json["words"] = facts.wordsCount;
     json["numbering"] = {
-        {"moved", facts.movedCount}, {"outside", facts.outsideCount}, {"kept", facts.keptCount}};
+        {"moved", facts.movedCount}, {"outside", facts.outsideCount}, {"kept", facts.roundTripCount}};
     json["bytes"] = facts.byteCount;
     for (const auto& [name, bytes] : facts.files)
         json["files"][name] = bytes;
@@ -76,7 +76,7 @@ void writeJson(const ModuleFacts& facts, std::ostream& out)
     writeJsonText(json, out);
 }
 
-/// `kedrin-module info MODULE [--json]`: what a module says of itself, and what it holds.
+/// `kedrin-module info MODULE [--json]`: a module's metadata and contents.
 class CInfoCommand final : public CQueryCommand
 {
 public:
@@ -92,7 +92,7 @@ private:
 } // namespace
 
 CInfoCommand::CInfoCommand(CLI::App& program)
-    : CQueryCommand(addCommand(program, "info", "Show a module's metadata and contents", page))
+    : CQueryCommand(addCommand(program, "info", "Show a module's metadata and contents", helpText))
 {
     m_command->add_option("MODULE", m_module, tr("The module's folder"))->required();
     m_command->add_flag("--json", m_json, tr("Print the answer as JSON"));
@@ -101,7 +101,7 @@ CInfoCommand::CInfoCommand(CLI::App& program)
 int CInfoCommand::answer(std::ostream& out) const
 {
     if (m_json)
-        speakEnglish();
+        forceEnglish();
     const ModuleFacts facts = moduleFacts(m_module);
     if (m_json)
         writeJson(facts, out);

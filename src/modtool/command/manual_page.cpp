@@ -9,7 +9,7 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-/// Text with what the formatter would take for its own written so that it does not.
+/// Text with roff's special characters escaped.
 std::string escaped(const std::string& text)
 {
     std::string roff = text.starts_with('.') || text.starts_with('\'') ? "\\&" : "";
@@ -59,7 +59,7 @@ private:
         for (const CLI::Option* option : command.get_options())
             if (option != command.get_help_ptr())
                 describe(*option);
-        describePage(command.get_footer());
+        describeHelpText(command.get_footer());
     }
 
     void describe(const CLI::Option& option)
@@ -70,8 +70,8 @@ private:
         line(option.get_description() + '.');
     }
 
-    /// Paragraphs of text; lines that begin with a blank stay lines.
-    void describePage(const std::string& text)
+    /// Paragraphs are filled; lines that begin with a space are kept as they are.
+    void describeHelpText(const std::string& text)
     {
         std::istringstream lines(text);
         bool isVerbatim = false;

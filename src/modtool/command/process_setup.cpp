@@ -14,7 +14,7 @@ void setUpProcess()
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
         const int unusable = stream == STDIN_FILENO ? O_WRONLY : O_RDONLY;
         if (::fcntl(stream, F_GETFD) < 0)
-            ::open("/dev/null", unusable); // takes the lowest number that is free, which is the stream's
+            ::open("/dev/null", unusable); // gets the lowest free descriptor, which is the stream's
     }
 }
 

@@ -24,7 +24,7 @@ int runProgram(int argc, const char* const* argv, std::ostream& out, std::ostrea
         out << manualPage(parser);
         throw CLI::Success();
     };
-    parser.add_flag_callback("--manual-page", printManualPage)->group(""); // for whoever installs the program
+    parser.add_flag_callback("--manual-page", printManualPage)->group(""); // for packagers; not in the help
     return runCommandLine(parser, commands, argc, argv, {out, err, terminal});
 }
 

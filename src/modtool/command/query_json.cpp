@@ -1,6 +1,6 @@
 #include "query_json.h"
 
-#include "common_books.h"
+#include "global_books.h"
 
 namespace Kedrin::ModTool {
 
@@ -9,10 +9,10 @@ void writeJsonText(const Json& document, std::ostream& out)
     out << document.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
 }
 
-std::string osisLabel(const CommonPlace& place)
+std::string osisLabel(const GlobalPosition& position)
 {
-    return std::string(commonBooks()[place.book].osis) + ' ' + std::to_string(place.chapter + 1) + ':' +
-           std::to_string(place.verse + 1);
+    return std::string(globalBooks()[position.book].osis) + ' ' + std::to_string(position.chapter + 1) + ':' +
+           std::to_string(position.verse + 1);
 }
 
 } // namespace Kedrin::ModTool

@@ -11,11 +11,11 @@ namespace Kedrin::ModTool {
 
 using Json = nlohmann::ordered_json;
 
-/// Writes a document with an indent of two blanks and a line end. Bytes that are no UTF-8, which a path may hold, are
-/// replaced by U+FFFD.
+/// Writes a document indented by two spaces, with a final line end. Bytes that are not UTF-8, which a path
+/// may hold, are replaced by U+FFFD.
 void writeJsonText(const Json& document, std::ostream& out);
 
-/// "Jonah 2:1", numbers from 1, for a place of the common numbering.
-std::string osisLabel(const CommonPlace& place);
+/// "Jonah 2:1", numbers from 1, for a position in the global numbering.
+std::string osisLabel(const GlobalPosition& position);
 
 } // namespace Kedrin::ModTool

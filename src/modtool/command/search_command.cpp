@@ -3,8 +3,8 @@
 #include "ascii.h"
 #include "command.h"
 #include "command_line.h"
-#include "common_books.h"
 #include "exit_codes.h"
+#include "global_books.h"
 #include "language.h"
 #include "messages.h"
 #include "module_search.h"
@@ -20,7 +20,7 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-constexpr const char* page =
+constexpr const char* helpText =
     translatable("Finds the same verses as the search in the window, in the same order.\n"
                  "\n"
                  "Examples:\n"
@@ -35,13 +35,14 @@ constexpr const char* page =
 
 using Tolvo::CRef;
 
-bool isNumberedAlike(const CommonPlace& place, const CRef& local)
+bool isNumberedAlike(const GlobalPosition& position, const CRef& local)
 {
-    return place.chapter == static_cast<int>(local.chapter()) &&
-           place.verse == static_cast<int>(local.verse());
+    return position.chapter == static_cast<int>(local.chapter()) &&
+           position.verse == static_cast<int>(local.verse());
 }
 
-/// `kedrin-module search MODULE TEXT [--whole-word | --part] [--case] [--count] [--json]`: the verses that hold a text.
+/// `kedrin-module search MODULE TEXT [--whole-word | --part] [--case] [--count] [--json]`: the verses that
+/// contain a text.
 class CSearchCommand final : public CQueryCommand
 {
 public:
@@ -70,7 +71,7 @@ private:
 } // namespace
 
 CSearchCommand::CSearchCommand(CLI::App& program)
-    : CQueryCommand(addCommand(program, "search", "Search a module for text", page))
+    : CQueryCommand(addCommand(program, "search", "Search a module for text", helpText))
 {
     m_command->add_option("MODULE", m_module, tr("The module's folder"))->required();
     m_command->add_option("TEXT", m_text, tr("Text to search for; several words are one text"))
@@ -101,7 +102,7 @@ SearchMode CSearchCommand::mode() const
 int CSearchCommand::answer(std::ostream& out) const
 {
     if (m_json)
-        speakEnglish();
+        forceEnglish();
     const CModuleReader module(m_module);
     const std::string text = searchText(joined(m_text, " "));
     const std::vector<CRef> hits = searchModule(module, text, mode());
@@ -118,10 +119,10 @@ void CSearchCommand::writeLines(const CModuleReader& module, const std::vector<C
                                 std::ostream& out) const
 {
     for (const CRef& local : hits) {
-        const CommonPlace place = module.commonPlace(local);
+        const GlobalPosition position = module.globalPosition(local);
         out << module.label(local);
-        if (!isNumberedAlike(place, local))
-            out << " [" << osisLabel(place) << ']';
+        if (!isNumberedAlike(position, local))
+            out << " [" << osisLabel(position) << ']';
         out << "  " << module.text(local) << '\n';
     }
     out << counted(hits.size(), "verse", "verses") << '\n';
@@ -132,15 +133,15 @@ void CSearchCommand::writeJson(const CModuleReader& module, const std::vector<CR
 {
     Json list = Json::array();
     for (const CRef& local : hits) {
-        const CommonPlace place = module.commonPlace(local);
+        const GlobalPosition position = module.globalPosition(local);
         Json hit;
         hit["reference"] = module.label(local);
         hit["local"] = {
             {"book", local.bookID() + 1}, {"chapter", local.chapter() + 1}, {"verse", local.verse() + 1}};
-        hit["common"] = {{"book", place.book + 1},
-                         {"osis", commonBooks()[place.book].osis},
-                         {"chapter", place.chapter + 1},
-                         {"verse", place.verse + 1}};
+        hit["common"] = {{"book", position.book + 1},
+                         {"osis", globalBooks()[position.book].osis},
+                         {"chapter", position.chapter + 1},
+                         {"verse", position.verse + 1}};
         hit["text"] = module.text(local);
         list.push_back(std::move(hit));
     }

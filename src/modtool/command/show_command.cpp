@@ -19,7 +19,7 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-constexpr const char* page =
+constexpr const char* helpText =
     translatable("A book can be given by its title in the module (full, short or abbreviated), by a "
                  "Bulgarian or English name or\n"
                  "abbreviation, or by its OSIS id. Case does not matter.\n"
@@ -44,11 +44,11 @@ void showOne(const CModuleReader& module, const VerseRange& range, std::ostream&
     const unsigned int last = module.structure().toNum(CRef(range.book, range.lastChapter, range.lastVerse));
     const std::string book = module.bookLabel(range.book);
     const unsigned int bookFirst = module.firstVerseNum(range.book);
-    const std::vector<CRef> places = module.placesOfBook(range.book);
+    const std::vector<CRef> references = module.referencesOfBook(range.book);
     module.forEachVerse(first, last - first + 1, [&](unsigned int verseNum, std::string_view stored) {
-        const CRef& place = places[verseNum - bookFirst];
-        out << book << ' ' << place.chapter() + 1 << ':' << place.verse() + 1 << "  " << plainText(stored)
-            << '\n';
+        const CRef& reference = references[verseNum - bookFirst];
+        out << book << ' ' << reference.chapter() + 1 << ':' << reference.verse() + 1 << "  "
+            << plainText(stored) << '\n';
     });
 }
 
@@ -74,8 +74,8 @@ void showSideBySide(const std::vector<const CModuleReader*>& modules, const Vers
     }
 }
 
-/// `kedrin-module show MODULE REFERENCE [--with MODULE]...`: verses of one module, a line each, or of several side by
-/// side.
+/// `kedrin-module show MODULE REFERENCE [--with MODULE]...`: verses of one module, one per line, or of
+/// several side by side.
 class CShowCommand final : public CQueryCommand
 {
 public:
@@ -95,7 +95,8 @@ private:
 } // namespace
 
 CShowCommand::CShowCommand(CLI::App& program)
-    : CQueryCommand(addCommand(program, "show", "Show verses of a module, or of several side by side", page))
+    : CQueryCommand(
+          addCommand(program, "show", "Show verses of a module, or of several side by side", helpText))
 {
     m_command->add_option("MODULE", m_module, tr("The module's folder"))->required();
     m_command

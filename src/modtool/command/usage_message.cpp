@@ -33,18 +33,18 @@ constexpr std::array sentences = {
     Sentence{"%s excludes %s", translatable("%s cannot be combined with %s")},
 };
 
-/// What stands in `said` where `sentence` has its "%s"; nothing where it is another sentence.
+/// The parts of `said` at the "%s" of `sentence`; nothing if it is another message.
 std::optional<std::vector<std::string>> partsOf(std::string_view said, std::string_view sentence)
 {
-    constexpr std::string_view place = "%s";
+    constexpr std::string_view placeholder = "%s";
     std::vector<std::string> parts;
-    std::size_t begin = sentence.find(place);
+    std::size_t begin = sentence.find(placeholder);
     if (!said.starts_with(sentence.substr(0, begin)))
         return std::nullopt;
     said.remove_prefix(std::min(begin, sentence.size()));
     while (begin != std::string_view::npos) {
-        sentence.remove_prefix(begin + place.size());
-        begin = sentence.find(place);
+        sentence.remove_prefix(begin + placeholder.size());
+        begin = sentence.find(placeholder);
         const std::string_view after = sentence.substr(0, begin);
         const std::size_t end = begin != std::string_view::npos ? said.find(after)
                                 : said.ends_with(after)         ? said.size() - after.size()
@@ -68,7 +68,7 @@ std::string usageMessage(const CLI::ParseError& error)
                 part = argumentName(part);
             return expanded(tr(sentence.english), *parts);
         }
-    return said; // our own, in the user's language already
+    return said; // the tool's own message, already translated
 }
 
 } // namespace Kedrin::ModTool

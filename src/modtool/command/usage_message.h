@@ -6,7 +6,7 @@
 
 namespace Kedrin::ModTool {
 
-/// What the parser says is wrong with the command line, in the user's language.
+/// The parser's error message, in the user's language.
 std::string usageMessage(const CLI::ParseError& error);
 
 } // namespace Kedrin::ModTool

@@ -16,17 +16,18 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-constexpr const char* page = translatable("Examples:\n"
-                                          "  kedrin-module words modules/bibles/my\n"
-                                          "  kedrin-module words modules/bibles/my --counts light\n"
-                                          "\n"
-                                          "Exit codes:\n"
-                                          "  0  done\n"
-                                          "  1  no word starts with PREFIX\n"
-                                          "  2  invalid arguments\n"
-                                          "  3  the module cannot be read");
+constexpr const char* helpText = translatable("Examples:\n"
+                                              "  kedrin-module words modules/bibles/my\n"
+                                              "  kedrin-module words modules/bibles/my --counts light\n"
+                                              "\n"
+                                              "Exit codes:\n"
+                                              "  0  done\n"
+                                              "  1  no word starts with PREFIX\n"
+                                              "  2  invalid arguments\n"
+                                              "  3  the module cannot be read");
 
-/// `kedrin-module words MODULE [PREFIX] [--counts]`: the words of a module in its order, a line each.
+/// `kedrin-module words MODULE [PREFIX] [--counts]`: the words of a module in the order of its list, one per
+/// line.
 class CWordsCommand final : public CQueryCommand
 {
 public:
@@ -43,7 +44,7 @@ private:
 } // namespace
 
 CWordsCommand::CWordsCommand(CLI::App& program)
-    : CQueryCommand(addCommand(program, "words", "List the words of a module", page))
+    : CQueryCommand(addCommand(program, "words", "List the words of a module", helpText))
 {
     m_command->add_option("MODULE", m_module, tr("The module's folder"))->required();
     m_command->add_option("PREFIX", m_prefix, tr("List only words that start with this, in any case"));

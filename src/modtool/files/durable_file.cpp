@@ -33,7 +33,7 @@ bool isRegularFile(int descriptor)
 
 namespace {
 
-/// A descriptor that is closed in any case.
+/// Owns a file descriptor.
 class CDescriptor
 {
 public:
@@ -71,7 +71,7 @@ public:
             failToWrite(m_name, tr("it is not a regular file"));
     }
 
-    /// Waits until no other descriptor of the file is locked.
+    /// Waits for an exclusive lock on the file.
     void lock() const
     {
         while (::flock(m_descriptor, LOCK_EX) != 0)
@@ -116,7 +116,7 @@ void syncFolder(const std::string& folder) { CDescriptor(folder, O_RDONLY | O_DI
 
 namespace {
 
-/// The file that a link leads to, whether it is there or not; of anything else the name itself.
+/// The target of a link, whether or not it exists; any other name unchanged.
 std::string withoutLinks(const std::string& fileName)
 {
     constexpr int mostLinks = 40; // as the system follows
@@ -130,8 +130,7 @@ std::string withoutLinks(const std::string& fileName)
     return path.string();
 }
 
-/// The name of the file beside is always the same, so that what an interrupted process left is taken over. Of several
-/// that write at once, one holds the lock; the others find its content in place, or a new file to write.
+/// Fixed temporary name, so leftovers are reused; concurrent writers serialise on its lock.
 void replaceByRename(const std::string& fileName, std::string_view content)
 {
     const std::string folder = folderOf(fileName);

@@ -6,19 +6,19 @@
 
 namespace Kedrin::ModTool {
 
-/// Two files, the second of which says where the records of the first begin.
+/// A file and the file of its record offsets.
 struct FileWithPoints
 {
     std::string content;
     std::string points;
 };
 
-// Each of these gives the content of the files that doc/formats describes on a page of its own. Text files are
-// Windows-1251 with lines ended by LF; the word list's end with CR LF, because its reader on disk looks for that.
+// Contents of the module files (doc/formats has a page for each). Text files are Windows-1251 with lines
+// ended by LF, but those of the word list end with CR LF, which its reader requires.
 
 std::string titlesFile(const ModuleData& module);          ///< BibleTitles.txt
-std::string structureFile(const ModuleData& module);       ///< BibleStructure.csv, a line a book
-std::string diffFile(const ModuleData& module);            ///< _Diff_.txt, a line a record
+std::string structureFile(const ModuleData& module);       ///< BibleStructure.csv, one line per book
+std::string diffFile(const ModuleData& module);            ///< _Diff_.txt, one line per record
 FileWithPoints textFiles(const ModuleData& module);        ///< CompactText.bin, CompactPoint.bin
 FileWithPoints wordListFiles(const ModuleData& module);    ///< WordList.txt, WordPoint.bin
 FileWithPoints concordanceFiles(const ModuleData& module); ///< Conc.bin, ConcP.bin

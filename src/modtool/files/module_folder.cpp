@@ -22,7 +22,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// The path without links and without a trailing slash, so that its neighbours can be named.
+/// The path without links and trailing slash.
 std::string plainPath(const std::string& path)
 {
     std::error_code error;
@@ -37,7 +37,7 @@ std::string plainPath(const std::string& path)
 void checkReplaceable(const std::string& path)
 {
     std::error_code error;
-    const fs::file_status status = fs::symlink_status(path, error); // a link that is left leads to nothing
+    const fs::file_status status = fs::symlink_status(path, error); // a remaining link is dangling
     if (!fs::exists(status))
         return;
     if (!fs::is_directory(status))
@@ -88,7 +88,7 @@ CModuleFolder::~CModuleFolder()
     unlock();
 }
 
-/// The holder removes the file when it is done, so a lock counts only while its file still has the name.
+/// Release unlinks the lock file; a lock on an unlinked file is void, so retry.
 void CModuleFolder::lock()
 {
     for (;;) {
@@ -118,7 +118,7 @@ void CModuleFolder::lock()
 
 void CModuleFolder::unlock() const
 {
-    ::unlink(m_lockName.c_str()); // while it is held, so that nobody can have taken it
+    ::unlink(m_lockName.c_str()); // while it is held, so that no other process can hold it
     ::close(m_lock);
 }
 
@@ -126,7 +126,7 @@ void CModuleFolder::removeLeftovers()
 {
     std::error_code error;
     if (fs::exists(m_replaced, error) && !fs::exists(m_path, error))
-        fs::rename(m_replaced, m_path, error); // interrupted in the middle of replacing
+        fs::rename(m_replaced, m_path, error); // interrupted while replacing
     fs::remove_all(m_replaced, error);
     if (!error)
         fs::remove_all(m_beside, error);
@@ -142,11 +142,11 @@ void CModuleFolder::write(std::string_view name, std::string_view content)
 void CModuleFolder::publish()
 {
     syncFolder(m_beside);
-    takePlace();
+    moveIntoPlace();
     try {
         syncFolder(m_parent);
     } catch (...) {
-        giveBack();
+        rollBack();
         throw;
     }
     std::error_code ignored;
@@ -155,7 +155,7 @@ void CModuleFolder::publish()
 
 /// The module of before is beside then, and goes with the destructor; on disks that cannot exchange folders it is where
 /// replaced ones are.
-void CModuleFolder::takePlace()
+void CModuleFolder::moveIntoPlace()
 {
     if (::renameat2(AT_FDCWD, m_beside.c_str(), AT_FDCWD, m_path.c_str(), RENAME_EXCHANGE) == 0)
         return;
@@ -169,7 +169,7 @@ void CModuleFolder::takePlace()
     failToWrite(m_path, std::strerror(error));
 }
 
-void CModuleFolder::giveBack()
+void CModuleFolder::rollBack()
 {
     if (::renameat2(AT_FDCWD, m_beside.c_str(), AT_FDCWD, m_path.c_str(), RENAME_EXCHANGE) == 0)
         return;

@@ -1,10 +1,10 @@
 #include "verify_written.h"
 
-#include "common_books.h"
 #include "cp1251.h"
 #include "errors.h"
 #include "escape.h"
 #include "file_vector.h"
+#include "global_books.h"
 #include "letters.h"
 #include "messages.h"
 #include "module_data.h"
@@ -23,14 +23,14 @@ using namespace Kedrin::Tolvo;
 
 [[noreturn]] void differ(const std::string& what) { throw CBuildError(what); }
 
-/// The engine ends the program where a file of a loaded module is too short, so sizes come first.
+/// The engine terminates the program if a file of a loaded module is too short, so sizes are checked first.
 void checkSize(const std::string& folder, const char* name, std::size_t size)
 {
     if (std::filesystem::file_size(folder + '/' + name) != size)
         differ(message("the size of %s", name));
 }
 
-/// The first records of a file that has so many.
+/// The first `count` records of a file, which must have as many.
 std::vector<std::uint32_t> recordsIn(const std::string& fileName, std::size_t count)
 {
     ut::CFileVector<std::uint32_t> file(fileName.c_str());
@@ -54,7 +54,8 @@ void checkTextPoints(const std::string& folder, const ModuleData& module)
     checkSize(folder, textFileName, byteOffset);
 }
 
-/// The engine does not open WordPoint.bin, and takes half of the numbers of ConcP.bin for the other half.
+/// Compares WordPoint.bin and ConcP.bin as raw records: the engine never opens the former, and reading verses
+/// through ConcP.bin does not show that every offset is the one written.
 void checkWordPoints(const std::string& folder, const WordIndex& index)
 {
     constexpr std::size_t lineEndBytes = 2;
@@ -68,7 +69,8 @@ void checkWordPoints(const std::string& folder, const WordIndex& index)
         recordsIn(folder + '/' + concordancePointsFileName, index.words.size());
     std::size_t byteOffset = 0;
     for (unsigned int word = 0; word < index.words.size(); ++word) {
-        const std::size_t entryOffset = index.firstEntry[word] + word; // a count stands before each word's
+        const std::size_t entryOffset =
+            index.firstEntry[word] + word; // each word's entry begins with a count
         if (wordPoints[word] != byteOffset || entryPoints[word] != entryOffset)
             differ(message("the start of the word %s", toUtf8(index.words[word])));
         byteOffset += index.words[word].size() + lineEndBytes;
@@ -97,12 +99,12 @@ void checkBooks(const std::string& folder, const ModuleData& module)
     }
 }
 
-/// @returns letters and digits of all verses
+/// @returns number of letters and digits of all verses
 std::uint64_t checkVerses(const std::string& folder, const ModuleData& module)
 {
     std::uint64_t letters = 0;
     CBibleText text((folder + '/' + textFileName).c_str(), (folder + '/' + textPointsFileName).c_str());
-    CVerseRun run(text, 0, static_cast<unsigned int>(module.verses.size()));
+    CVerseCursor run(text, 0, static_cast<unsigned int>(module.verses.size()));
     while (run.next()) {
         const std::string verse = unescaped(run.text());
         if (verse != module.verse(run.verseNum()))
@@ -144,26 +146,26 @@ void checkInfo(const CBible& bible, const ModuleInfo& wanted)
         differ(tr("the titles of the module"));
 }
 
-bool isAt(const CRef& ref, unsigned int book, Place place)
+bool isAt(const CRef& ref, unsigned int book, ChapterVerse position)
 {
-    return ref.bookID() == book && ref.chapter() == place.chapter && ref.verse() == place.verse;
+    return ref.bookID() == book && ref.chapter() == position.chapter && ref.verse() == position.verse;
 }
 
-void checkPlaces(const CBible& bible, const ModuleData& module, unsigned int wanted)
+void checkPositions(const CBible& bible, const ModuleData& module, unsigned int wanted)
 {
-    unsigned int kept = 0;
-    for (const VersePair& pair : module.places)
-        kept += isAt(bible.toGlobal(CRef(pair.localBook, pair.local.chapter, pair.local.verse, false)),
-                     pair.globalBook, pair.global) &&
-                isAt(bible.toLocal(CRef(pair.globalBook, pair.global.chapter, pair.global.verse, true)),
-                     pair.localBook, pair.local);
-    if (kept != wanted)
+    unsigned int roundTrips = 0;
+    for (const VersePair& pair : module.versePairs)
+        roundTrips += isAt(bible.toGlobal(CRef(pair.localBook, pair.local.chapter, pair.local.verse, false)),
+                           pair.globalBook, pair.global) &&
+                      isAt(bible.toLocal(CRef(pair.globalBook, pair.global.chapter, pair.global.verse, true)),
+                           pair.localBook, pair.local);
+    if (roundTrips != wanted)
         differ(tr("the positions of the verses"));
 }
 
 } // namespace
 
-std::uint64_t checkWritten(const std::string& folder, const ModuleData& module, unsigned int kept)
+std::uint64_t checkWritten(const std::string& folder, const ModuleData& module, unsigned int roundTrips)
 {
     try {
         checkTextPoints(folder, module);
@@ -173,7 +175,7 @@ std::uint64_t checkWritten(const std::string& folder, const ModuleData& module, 
         checkWords(folder, module);
         const CBible bible(folder);
         checkInfo(bible, module.info);
-        checkPlaces(bible, module, kept);
+        checkPositions(bible, module, roundTrips);
         return letters;
     } catch (const std::exception& ex) {
         throw CBuildError(

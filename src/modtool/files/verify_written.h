@@ -7,11 +7,11 @@
 
 namespace Kedrin::ModTool {
 
-/// Reads a written module back with the engine and compares everything with what was to be written: titles,
-/// structure, every verse, words, concordance, information, and how many verses keep their place both ways.
-/// @returns letters and digits of the verses that were read
-/// @param kept  how many of the module's places the differences are meant to keep
+/// Reads a written module back with the engine and compares all of it with what was to be written: titles,
+/// structure, every verse, words, concordance, metadata, and how many verses map correctly both ways.
+/// @returns number of letters and digits in the verses read
+/// @param roundTrips  how many verses are expected to map correctly both ways
 /// @throws CBuildError  "%s: the written module failed verification: %s", the folder and what is wrong
-std::uint64_t checkWritten(const std::string& folder, const ModuleData& module, unsigned int kept);
+std::uint64_t checkWritten(const std::string& folder, const ModuleData& module, unsigned int roundTrips);
 
 } // namespace Kedrin::ModTool

@@ -43,7 +43,7 @@ std::string trimmedLine(const BuildReport& report)
                                                   counted(report.trimmedBooks, "book", "books")));
 }
 
-/// What a file of USFM without verses is by its code; "" where that does not say.
+/// What a USFM file without verses contains, by its code; "" if the code does not tell.
 std::string matterOf(std::string_view code)
 {
     static constexpr std::pair<std::string_view, const char*> matters[] = {
@@ -74,11 +74,11 @@ std::string numberingLines(const BuildReport& report)
     return line(translatable("numbering"), report.versificationGuessed
                                                ? message("%s (best match)", report.versification)
                                                : report.versification) +
-           line("", message("%s of %s verses map correctly both ways (%s without any record)", diff.kept,
-                            diff.versesCount, diff.keptWithout)) +
-           (diff.withoutPlace == 0
+           line("", message("%s of %s verses map correctly both ways (%s without any record)",
+                            diff.roundTrips, diff.versesCount, diff.roundTripsWithoutRecords)) +
+           (diff.withoutPosition == 0
                 ? ""
-                : line("", counted(diff.withoutPlace, "verse has no position in the global numbering",
+                : line("", counted(diff.withoutPosition, "verse has no position in the global numbering",
                                    "verses have no position in the global numbering")));
 }
 

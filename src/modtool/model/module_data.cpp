@@ -16,8 +16,8 @@ std::string positionInModule(const ModuleData& module, unsigned int verseNum)
     const auto found = findVerse(module.books, verseNum);
     if (!found)
         return "";
-    const auto& [book, place] = *found;
-    return positionText(module.books[book].osis, place.chapter + 1u, place.verse + 1u);
+    const auto& [book, position] = *found;
+    return positionText(module.books[book].osis, position.chapter + 1u, position.verse + 1u);
 }
 
 } // namespace Kedrin::ModTool

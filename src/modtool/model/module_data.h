@@ -17,29 +17,29 @@ struct ModuleBook
 {
     std::string osis;
     unsigned int globalID;
-    std::vector<unsigned int> versesCount; ///< [chapter]; every chapter has a verse at least
+    std::vector<unsigned int> versesCount; ///< [chapter]; every chapter has at least one verse
 };
 
 /// Chapter and verse, indices from 0.
-struct Place
+struct ChapterVerse
 {
     unsigned int chapter;
     unsigned int verse;
 
-    bool operator==(const Place&) const = default;
+    bool operator==(const ChapterVerse&) const = default;
 };
 
-/// A verse of a module and its true place in the common numbering. Numbers from 0.
+/// A verse of a module and its true position in the global numbering. Numbers from 0.
 struct VersePair
 {
     unsigned int localBook;
-    Place local;
+    ChapterVerse local;
     unsigned int globalBook;
-    Place global;
+    ChapterVerse global;
 };
 
-/// A record of _Diff_.txt: from `chapter` and `verse` of a book in the module's numbering to the common numbering.
-/// All three count from 1, as in the file.
+/// A record of _Diff_.txt: from `chapter` and `verse` of a book in the module's numbering to the global
+/// numbering. All three count from 1, as in the file.
 struct DiffRecord
 {
     unsigned int book;
@@ -51,7 +51,7 @@ struct DiffRecord
     bool operator==(const DiffRecord&) const = default;
 };
 
-/// What the module says of itself, in Windows-1251. Lines of at most 255 bytes.
+/// Metadata of the module, in Windows-1251. Lines of at most 255 bytes.
 struct ModuleInfo
 {
     std::string fullTitle;
@@ -60,7 +60,7 @@ struct ModuleInfo
     std::vector<std::string> copyright;
 };
 
-/// Everything that stands in a module, ready to be written; numbers are within the limits of the formats.
+/// The complete contents of a module, ready to be written; numbers are within the limits of the formats.
 struct ModuleData
 {
     struct Verse ///< bytes of `text`
@@ -75,7 +75,7 @@ struct ModuleData
     std::string text;                   ///< Windows-1251, not escaped
     std::vector<Verse> verses;          ///< [verse number]
     WordIndex words;
-    std::vector<VersePair> places; ///< the verses that have a place in the common numbering
+    std::vector<VersePair> versePairs; ///< of the verses that have a position in the global numbering
     std::vector<DiffRecord> diff;
 
     std::string_view verse(std::size_t verseNum) const
@@ -87,7 +87,7 @@ struct ModuleData
 /// Calls `use(book, chapter, verse)` for each verse of the books, in the order of their verse numbers; all three
 /// are indices from 0.
 template <typename Use>
-void forEachPlace(const std::vector<ModuleBook>& books, Use&& use)
+void forEachPosition(const std::vector<ModuleBook>& books, Use&& use)
 {
     for (unsigned int book = 0; book < books.size(); ++book)
         for (unsigned int chapter = 0; chapter < books[book].versesCount.size(); ++chapter)
@@ -98,12 +98,13 @@ void forEachPlace(const std::vector<ModuleBook>& books, Use&& use)
 /// The book, and the chapter and verse, of a verse number; nothing where the books have fewer verses. All count from 0.
 /// @param books  each with its `versesCount`, [chapter]
 template <typename Book>
-std::optional<std::pair<std::size_t, Place>> findVerse(const std::vector<Book>& books, unsigned int verseNum)
+std::optional<std::pair<std::size_t, ChapterVerse>> findVerse(const std::vector<Book>& books,
+                                                              unsigned int verseNum)
 {
     for (std::size_t book = 0; book < books.size(); ++book)
         for (unsigned int chapter = 0; chapter < books[book].versesCount.size(); ++chapter) {
             if (verseNum < books[book].versesCount[chapter])
-                return std::pair(book, Place{chapter, verseNum});
+                return std::pair(book, ChapterVerse{chapter, verseNum});
             verseNum -= books[book].versesCount[chapter];
         }
     return std::nullopt;
@@ -112,7 +113,7 @@ std::optional<std::pair<std::size_t, Place>> findVerse(const std::vector<Book>& 
 /// "Gen 1:1", numbers from 1.
 std::string positionText(std::string_view book, std::size_t chapter, std::size_t verse);
 
-/// The same for a verse number of the module; "" where it has no such verse.
+/// The same for a verse number of the module; "" if there is no such verse.
 std::string positionInModule(const ModuleData& module, unsigned int verseNum);
 
 } // namespace Kedrin::ModTool

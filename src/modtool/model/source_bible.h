@@ -25,18 +25,18 @@ struct SourceVerse
     auto position() const { return std::tuple(book, chapter, verse); }
 };
 
-/// What a source says of itself, UTF-8.
+/// Metadata of a source, UTF-8.
 struct SourceInfo
 {
     std::string fullTitle;
     std::string shortTitle;
     std::string abbreviatedTitle;
     std::vector<std::string> copyright;     ///< paragraphs of plain text
-    bool keepsTitles = false;               ///< an export: its titles of books are the module's own
-    std::optional<std::string> differences; ///< an export's records of _Diff_.txt, instead of a choice
+    bool keepsTitles = false;               ///< an export: its book titles are the module's own
+    std::optional<std::string> differences; ///< records of _Diff_.txt from an export, used as they are
 };
 
-/// What a source calls a book, UTF-8; "" where it does not say.
+/// Titles of a book in a source, UTF-8; "" if not given.
 struct BookTitles
 {
     std::string fullTitle;
@@ -44,18 +44,18 @@ struct BookTitles
     std::string abbreviatedTitle;
 };
 
-/// A Bible as a reader of some format gives it: valid UTF-8, otherwise as the source has it.
+/// A Bible as read from a source: valid UTF-8, otherwise unchanged.
 struct SourceBible
 {
     SourceInfo info;
-    std::string versification;          ///< name of the library's system; "": the source does not say
+    std::string versification;          ///< name of one of the SWORD library's systems; "": not stated
     std::vector<std::string> books;     ///< OSIS ids, in the order of the source
     std::vector<BookTitles> bookTitles; ///< [book], or empty
     std::string text;                   ///< the texts of all verses, one after another
-    std::vector<SourceVerse> verses;    ///< ascending by book, chapter and verse; no place occurs twice
-    SourceFindings findings;            ///< what the reader did by its rules
+    std::vector<SourceVerse> verses;    ///< ascending by book, chapter and verse, without repetitions
+    SourceFindings findings;            ///< what the reader counted
 
-    /// Letters and digits of the source's text, counted on another way than the reader's; nothing: not counted.
+    /// Letters and digits of the source's text, counted independently of the reader; nothing: not counted.
     std::optional<std::uint64_t> letters;
     /// Those of the verses that stand in attributes of the source, not in its text.
     std::uint64_t attributeLetters = 0;
@@ -66,7 +66,7 @@ struct SourceBible
     }
 
     /// "Gen 1:1"
-    std::string placeOf(const SourceVerse& verse) const
+    std::string positionOf(const SourceVerse& verse) const
     {
         return books[verse.book] + ' ' + std::to_string(verse.chapter) + ':' + std::to_string(verse.verse);
     }

@@ -22,7 +22,7 @@ struct Wording
     const char* plural;
 };
 
-/// For a text whose two forms the catalogue has.
+/// Marks a text with singular and plural for translation.
 constexpr Wording wording(const char* label, const char* singular, const char* plural)
 {
     return {label, singular, plural};
@@ -74,11 +74,11 @@ void SourceFindings::say(const char* label, const std::string& text)
         m_said.push_back(std::move(line));
 }
 
-void SourceFindings::addPsalmText(const std::string& place, std::string_view utf8)
+void SourceFindings::addPsalmText(const std::string& position, std::string_view utf8)
 {
     if (m_psalmTexts.size() == maxNamed)
         return;
-    m_psalmTexts.emplace_back(place, "");
+    m_psalmTexts.emplace_back(position, "");
     extendPsalmText(utf8);
 }
 
@@ -99,9 +99,9 @@ void SourceFindings::extendPsalmText(std::string_view utf8)
 std::string SourceFindings::psalmTextLines() const
 {
     std::string lines;
-    for (const auto& [place, text] : m_psalmTexts) {
-        lines += std::string(labelColumns, ' ') + place + ": " + inQuotes(trimmedEnd(text, " "), shownBytes) +
-                 '\n';
+    for (const auto& [position, text] : m_psalmTexts) {
+        lines += std::string(labelColumns, ' ') + position + ": " +
+                 inQuotes(trimmedEnd(text, " "), shownBytes) + '\n';
     }
     if (m_psalmTexts.size() == maxNamed)
         lines += std::string(labelColumns, ' ') + "...\n";
@@ -143,7 +143,7 @@ std::vector<std::string> SourceFindings::letterParts() const
         case ReaderRule::metadata:
             parts.push_back(message("%s in titles and metadata of the source", m_letters[i]));
             break;
-        case ReaderRule::place:
+        case ReaderRule::position:
             parts.push_back(message("%s in names of books, numbers and marks of lines", m_letters[i]));
             break;
         case ReaderRule::attribute:

@@ -22,46 +22,47 @@ struct Tally
     }
 };
 
-/// What a reader may meet that does not stand in the module as it stands in the source.
+/// What a reader may find that the module stores differently from the source.
 enum class ReaderRule
 {
-    verseRange,           ///< several verses with one text: the first has it
+    verseRange,           ///< several verses with one text, kept in the first
     versePart,            ///< verse 1a, 1b: joined
     verseAgain,           ///< a verse given twice: joined
     verseRepeated,        ///< given twice with the same text: taken once
     verseZero,            ///< put before the verse that follows
     canonicalTitle,       ///< a psalm title: put before the text that follows
-    verseWithoutNumber,   ///< goes on with the verse before it
-    chapterWithoutNumber, ///< taken for the one that follows
-    bookByName,           ///< a book without a number or code, known by its name
-    greekBook,            ///< Greek Esther or Daniel, taken for Esther or Daniel
+    verseWithoutNumber,   ///< joined to the verse before it
+    chapterWithoutNumber, ///< taken as the next one
+    bookByName,           ///< a book without a number or code, identified by its name
+    greekBook,            ///< Greek Esther or Daniel, taken as Esther or Daniel
     unknownMarker,        ///< its text is kept
-    unmarkedQuote,        ///< a quotation for which the source gives no sign
+    unmarkedQuote,        ///< a quotation without a quotation mark in the source
     note,                 ///< a footnote or cross reference, left out
     title,                ///< a heading, left out
     otherReading,         ///< left out
-    secondNumber,         ///< another numbering's number of a chapter or verse, left out
+    secondNumber,         ///< a chapter or verse number in another numbering, left out
     figure,               ///< a picture, an index entry, a pronunciation: left out
-    psalmText,            ///< text before a psalm's first verse, which may be its title: left out and named
+    psalmText,            ///< text before a psalm's first verse, perhaps its title: left out and listed
     outside,              ///< text outside all verses, left out
-    unfinishedNote,       ///< a note without an end: ended with its paragraph
+    unfinishedNote,       ///< an unclosed note: closed at the end of its paragraph
     furtherColumn,        ///< of a table, beside book, chapter, verse and text: left out
     attribute,            ///< of a marker: no line in the report
-    metadata, ///< what the source says of itself, and what it calls its books: no line in the report
-    place,    ///< names of books, numbers and marks in the lines of a plain text: no line in the report
+    metadata,             ///< metadata and book titles of the source: no line in the report
+    position, ///< names of books, numbers and marks in the lines of a plain text: no line in the report
     count
 };
 
-/// How often a reader met what, where first, and how many letters of the source were left out with it.
+/// Counts what a reader found: how often, where first, and how many letters of the source were left out with
+/// it.
 class SourceFindings
 {
 public:
-    void add(ReaderRule what, const std::string& place)
+    void add(ReaderRule what, const std::string& position)
     {
-        m_found[static_cast<std::size_t>(what)].add(place);
+        m_found[static_cast<std::size_t>(what)].add(position);
     }
 
-    /// Letters and digits that do not stand in the verses because of the rule.
+    /// Counts letters and digits left out of the verses by the rule.
     void addLetters(ReaderRule what, std::uint64_t count)
     {
         m_letters[static_cast<std::size_t>(what)] += count;
@@ -75,16 +76,16 @@ public:
     /// @param label  English, translated here; a line that was said before is not said again
     void say(const char* label, const std::string& text);
 
-    /// Names a text of ReaderRule::psalmText that was counted.
-    void addPsalmText(const std::string& place, std::string_view utf8);
+    /// Lists a text counted as ReaderRule::psalmText.
+    void addPsalmText(const std::string& position, std::string_view utf8);
 
-    /// The text of the last one goes on.
+    /// Appends to the text listed last.
     void extendPsalmText(std::string_view utf8);
 
-    /// A line of the report for each kind that was met and for each text that is named, ended by LF; "" for none.
+    /// The lines of the report, each ended by LF: one for each kind found and each text listed; "" for none.
     std::string text() const;
 
-    /// For the account of letters, where those that are not in the verses stood: "12 in 3 notes".
+    /// For the account of letters, where those left out of the verses were: "12 in 3 notes".
     std::vector<std::string> letterParts() const;
 
 private:

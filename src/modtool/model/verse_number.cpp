@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::string_view rangeSigns[] = {"-", "\u2013", "\u2014", "\u2011", ","};
 
-/// How many bytes the small Latin or Cyrillic letter at the front of the text has; 0 for none.
+/// Length in bytes of the small Latin or Cyrillic letter at the start of the text; 0 for none.
 std::size_t partLetterBytes(std::string_view text)
 {
     if (text.empty())
@@ -24,7 +24,7 @@ std::size_t partLetterBytes(std::string_view text)
     return letter >= "\u0430" && letter <= "\u044F" ? letter.size() : 0;
 }
 
-/// Takes a number and the letter of a part off the front.
+/// Removes a number and the letter of a part from the start.
 std::optional<unsigned int> takeNumber(std::string_view& text, bool& isPart)
 {
     unsigned int value = 0;

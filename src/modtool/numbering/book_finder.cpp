@@ -2,7 +2,7 @@
 
 #include "book_ids.h"
 #include "book_names.h"
-#include "common_books.h"
+#include "global_books.h"
 #include "letters.h"
 #include "spelling.h"
 
@@ -18,10 +18,10 @@ constexpr std::size_t maxNameBytes = 120;
 
 CBookFinder::CBookFinder()
 {
-    for (unsigned int globalID = 0; globalID < commonBooksCount; ++globalID)
-        for (const std::string& name : commonBookNames(globalID))
-            add(name, commonBooks()[globalID].osis);
-    for (const auto& [code, osis] : knownBookCodes()) // where a name of the common numbering says no other
+    for (unsigned int globalID = 0; globalID < globalBooksCount; ++globalID)
+        for (const std::string& name : globalBookNames(globalID))
+            add(name, globalBooks()[globalID].osis);
+    for (const auto& [code, osis] : knownBookCodes()) // where a name of the global numbering says no other
         for (const std::string_view name : {osis, code})
             if (const std::string key = nameKey(name); !key.empty())
                 m_exact.try_emplace(key, osis);

@@ -14,8 +14,9 @@ class CBookFinder
 public:
     CBookFinder();
 
-    /// The OSIS id of the only book that is called so: by an OSIS id or a name of the common numbering (see
-    /// commonBookNames()), or by a USFM code or an OSIS id of a book beside it. "" where there is none or several.
+    /// The OSIS id of the only book that is called so: by an OSIS id or a name of the global numbering (see
+    /// globalBookNames()), or by a USFM code or an OSIS id of a book beside it. "" where there is none or
+    /// several.
     std::string find(std::string_view utf8) const;
 
     /// The same for a name that may be cut short, to three letters at least.

@@ -2,7 +2,7 @@
 
 #include "ascii.h"
 #include "book_names.h"
-#include "common_books.h"
+#include "global_books.h"
 
 #include <unicode/uchar.h>
 #include <unicode/utf8.h>
@@ -50,7 +50,7 @@ constexpr std::string_view zefaniaBooks[] = {
     "EpJer", "1Esd", "2Esd", "Odes", "PssSol", "EpLao", "1En", "Jub",
 };
 
-// The Old Testament of the Orthodox Bible, by common numbers; the New Testament stands as the common numbers do.
+// The Old Testament of the Orthodox Bible, by global numbers; the New Testament follows the global numbers.
 constexpr std::uint8_t orthodoxOldTestament[] = {
     0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 39 /* 1Esd */, 40 /* Tob */, 41 /* Jdt */, 16, 17, 18,
     19, 20, 21, 42 /* Wis */, 43 /* Sir */, 22, 23, 24, 44 /* EpJer */, 45 /* Bar */, 25, 26, 27, 28, 29, 30, 31,
@@ -62,11 +62,11 @@ constexpr unsigned int generalLetters = 55; ///< global number of James
 constexpr unsigned int paulsLetters = 62;   ///< of Romans
 constexpr unsigned int revelation = 76;
 
-unsigned int placeInOrder(const std::string& osis, BookOrder order)
+unsigned int rankInOrder(const std::string& osis, BookOrder order)
 {
     const auto global = globalIDOf(osis);
     if (!global)
-        return commonBooksCount;
+        return globalBooksCount;
     if (order == BookOrder::protestant) {
         if (*global >= paulsLetters && *global < revelation)
             return *global - (paulsLetters - generalLetters);
@@ -166,7 +166,7 @@ void orderBooks(SourceBible& bible, BookOrder order)
     std::vector<std::uint32_t> oldIndices(bible.books.size());
     std::iota(oldIndices.begin(), oldIndices.end(), 0u);
     std::stable_sort(oldIndices.begin(), oldIndices.end(), [&](std::uint32_t a, std::uint32_t b) {
-        return placeInOrder(bible.books[a], order) < placeInOrder(bible.books[b], order);
+        return rankInOrder(bible.books[a], order) < rankInOrder(bible.books[b], order);
     });
     std::vector<std::uint32_t> newIndices(bible.books.size());
     std::vector<std::string> books;

@@ -9,19 +9,19 @@
 
 namespace Kedrin::ModTool {
 
-/// The OSIS id of a USFM book code, in any case: "GEN" gives "Gen". A code without an OSIS id of a Bible's book
-/// ("FRT", "XXA") gives itself, "" what does not begin with three letters and digits and go on with anything else
-/// ("GEN,", "GEN-").
+/// The OSIS id of a USFM book code, in any case: "GEN" gives "Gen". A code that is not of a Bible book
+/// ("FRT", "XXA") is returned as it is. Only three letters or digits not followed by a letter are a code
+/// ("GEN,", "GEN-"); anything else gives "".
 std::string osisOfUsfm(std::string_view code);
 
-/// The OSIS id of the book that a line \id begins: by its code or, where that is none of the standard's, by a name.
+/// The OSIS id of the book that an \id line begins: by its code or, if that is not a standard one, by a name.
 /// @param code  the first word
 /// @param rest  what follows it
-/// @returns "" where neither is known
+/// @returns "" if neither is known
 std::string osisOfUsfmLine(std::string_view code, std::string_view rest);
 
-/// The OSIS id of a book number of Zefania XML: 1 to 66 in Protestant order, from 67 on the books beside them. A number
-/// without a book gives "Book" and the number.
+/// The OSIS id of a book number of Zefania XML: 1 to 66 in Protestant order, the other books from 67 on. An
+/// unassigned number gives "Book" and the number.
 std::string osisOfZefania(unsigned int number);
 
 /// Books that count from 1 in Protestant order, without those beside them.
@@ -37,15 +37,15 @@ std::string osisOfBook(std::string_view utf8);
 /// The USFM code and the OSIS id of every book that this program knows; "" where a book has no code.
 std::vector<std::pair<std::string_view, std::string_view>> knownBookCodes();
 
-/// In which order the books of a module stand.
+/// Order of the books in a module.
 enum class BookOrder
 {
-    source,     ///< as they come in the source
+    source,     ///< as in the source
     protestant, ///< the deuterocanonical books between the testaments, Paul's letters before the general ones
     orthodox    ///< the deuterocanonical books among the others, the general letters before Paul's
 };
 
-/// Puts the books into an order; those that the common numbering lacks come last, as they came.
+/// Sorts the books; those that the global numbering lacks come last, in source order.
 void orderBooks(SourceBible& bible, BookOrder order);
 
 } // namespace Kedrin::ModTool

@@ -1,6 +1,6 @@
 #include "book_names.h"
 
-#include "common_books.h"
+#include "global_books.h"
 #include "text_columns.h"
 #include "text_encoder.h"
 
@@ -13,8 +13,8 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-/// Further names of each book of the common numbering, with "|" between them.
-constexpr std::array<std::string_view, commonBooksCount> furtherNames = {
+/// Further names of each book of the global numbering, with "|" between them.
+constexpr std::array<std::string_view, globalBooksCount> furtherNames = {
     "Genesis|Ge|Gn|1 Мойсеева|1 Моисеева|Бт",
     "Exodus|Ex|Exo|2 Мойсеева|2 Моисеева|Исх|Исход",
     "Leviticus|Le|Lv|3 Мойсеева|3 Моисеева|Лв",
@@ -101,7 +101,7 @@ std::string utf8Of(std::u16string_view text)
     return utf8;
 }
 
-/// Replaces a Roman number from I to IV that stands before a blank.
+/// Replaces a leading Roman numeral from I to IV, followed by a space, by a digit.
 icu::UnicodeString withDigits(const icu::UnicodeString& name)
 {
     const int32_t blank = name.indexOf(u' ');
@@ -113,19 +113,19 @@ icu::UnicodeString withDigits(const icu::UnicodeString& name)
     return name;
 }
 
-/// The only book of which `accept` takes the key of a name; nothing for none or several.
+/// The only book with a name whose key `accept` accepts; "" for none or several.
 template <typename Accept>
 std::string onlyBook(Accept&& accept)
 {
     std::string osis;
-    for (unsigned int globalID = 0; globalID < commonBooksCount; ++globalID) {
-        const std::vector<std::string> names = commonBookNames(globalID);
+    for (unsigned int globalID = 0; globalID < globalBooksCount; ++globalID) {
+        const std::vector<std::string> names = globalBookNames(globalID);
         if (!std::any_of(names.begin(), names.end(),
                          [&](const std::string& name) { return accept(nameKey(name)); }))
             continue;
         if (!osis.empty())
             return "";
-        osis = commonBooks()[globalID].osis;
+        osis = globalBooks()[globalID].osis;
     }
     return osis;
 }
@@ -145,9 +145,9 @@ std::string nameKey(std::string_view utf8)
     return result;
 }
 
-std::vector<std::string> commonBookNames(unsigned int globalID)
+std::vector<std::string> globalBookNames(unsigned int globalID)
 {
-    const CommonBook& book = commonBooks()[globalID];
+    const GlobalBook& book = globalBooks()[globalID];
     std::vector<std::string> names = {std::string(book.osis), utf8Of(book.fullTitle), utf8Of(book.shortTitle),
                                       utf8Of(book.abbreviatedTitle)};
     std::string_view rest = furtherNames[globalID];

@@ -8,41 +8,41 @@ namespace {
 
 int negated(int offset) { return static_cast<int>(0u - static_cast<unsigned int>(offset)); }
 
-Place moved(Place place, Shift shift)
+ChapterVerse moved(ChapterVerse position, Shift shift)
 {
-    return {place.chapter + static_cast<unsigned int>(shift.chapters),
-            place.verse + static_cast<unsigned int>(shift.verses)};
+    return {position.chapter + static_cast<unsigned int>(shift.chapters),
+            position.verse + static_cast<unsigned int>(shift.verses)};
 }
 
-Place shifted(Place place, Shift shift)
+ChapterVerse shifted(ChapterVerse position, Shift shift)
 {
-    return place.chapter == shiftedChapter ? moved(place, shift) : place;
+    return position.chapter == shiftedChapter ? moved(position, shift) : position;
 }
 
 } // namespace
 
 Shift reversed(Shift shift) { return {negated(shift.chapters), negated(shift.verses)}; }
 
-Place CNumberingShifts::toGlobal(unsigned int globalBook, Place local) const
+ChapterVerse CNumberingShifts::toGlobal(unsigned int globalBook, ChapterVerse local) const
 {
     return shifted(local, m_books[globalBook].toGlobal);
 }
 
-Place CNumberingShifts::toLocal(unsigned int localBook, Place global) const
+ChapterVerse CNumberingShifts::toLocal(unsigned int localBook, ChapterVerse global) const
 {
     return shifted(global, m_books[localBook].toLocal);
 }
 
-bool CNumberingShifts::keeps(const VersePair& pair) const
+bool CNumberingShifts::mapsBothWays(const VersePair& pair) const
 {
     return toGlobal(pair.globalBook, pair.local) == pair.global &&
            toLocal(pair.localBook, pair.global) == pair.local;
 }
 
-unsigned int CNumberingShifts::keptCount(const std::vector<VersePair>& pairs) const
+unsigned int CNumberingShifts::roundTripCount(const std::vector<VersePair>& pairs) const
 {
     return static_cast<unsigned int>(
-        std::count_if(pairs.begin(), pairs.end(), [&](const VersePair& pair) { return keeps(pair); }));
+        std::count_if(pairs.begin(), pairs.end(), [&](const VersePair& pair) { return mapsBothWays(pair); }));
 }
 
 CDiffEffect::CDiffEffect(const std::vector<DiffRecord>& records)
@@ -54,13 +54,13 @@ CDiffEffect::CDiffEffect(const std::vector<DiffRecord>& records)
 void CDiffEffect::add(const DiffRecord& record)
 {
     const Shift toGlobal{record.chapterDelta, record.verseDelta};
-    const Place local{record.chapter - 1, record.verse - 1};
+    const ChapterVerse local{record.chapter - 1, record.verse - 1};
     insert(m_localToGlobal, record.book - 1, local, toGlobal);
     insert(m_globalToLocal, record.book - 1, moved(local, toGlobal), reversed(toGlobal));
     ++m_recordsCount;
 }
 
-void CDiffEffect::insert(Table& table, unsigned int book, Place begin, Shift shift) const
+void CDiffEffect::insert(Table& table, unsigned int book, ChapterVerse begin, Shift shift) const
 {
     if (book >= table.size() || begin.chapter != shiftedChapter)
         return;
@@ -75,7 +75,7 @@ void CDiffEffect::insert(Table& table, unsigned int book, Place begin, Shift shi
 CNumberingShifts CDiffEffect::shifts() const
 {
     CNumberingShifts shifts;
-    for (unsigned int book = 0; book < commonBooksCount; ++book) {
+    for (unsigned int book = 0; book < globalBooksCount; ++book) {
         if (m_localToGlobal[book])
             shifts[book].toGlobal = m_localToGlobal[book]->shift;
         if (m_globalToLocal[book])

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common_books.h"
+#include "global_books.h"
 #include "module_data.h"
 
 #include <array>
@@ -40,22 +40,22 @@ public:
         Shift toLocal;  ///< of the second chapter of the local book
     };
 
-    /// @param book  below commonBooksCount, global or local
+    /// @param book  below globalBooksCount, global or local
     Book& operator[](unsigned int book) { return m_books[book]; }
     const Book& operator[](unsigned int book) const { return m_books[book]; }
 
-    /// As Tolvo::CDiff::toGlobal() and toLocal(), for a book below commonBooksCount.
-    Place toGlobal(unsigned int globalBook, Place local) const;
-    Place toLocal(unsigned int localBook, Place global) const;
+    /// As Tolvo::CDiff::toGlobal() and toLocal(), for a book below globalBooksCount.
+    ChapterVerse toGlobal(unsigned int globalBook, ChapterVerse local) const;
+    ChapterVerse toLocal(unsigned int localBook, ChapterVerse global) const;
 
-    /// Whether a verse is led to its position in the global numbering, and from there back.
-    bool keeps(const VersePair& pair) const;
+    /// Whether a verse maps to its position in the global numbering and back.
+    bool mapsBothWays(const VersePair& pair) const;
 
-    /// How many of the verses are.
-    unsigned int keptCount(const std::vector<VersePair>& pairs) const;
+    /// How many verses map correctly both ways.
+    unsigned int roundTripCount(const std::vector<VersePair>& pairs) const;
 
 private:
-    std::array<Book, commonBooksCount> m_books;
+    std::array<Book, globalBooksCount> m_books;
 };
 
 /// Which records of _Diff_.txt are in force: of each book the one with the lowest verse in the second
@@ -71,7 +71,7 @@ public:
 
     CNumberingShifts shifts() const;
 
-    /// The records, by their numbers from 0, without which a module would be numbered otherwise.
+    /// The records, by their numbers from 0, without which a module would be numbered differently.
     /// @param globalIDs  of the module's books, in its order; any numbers
     std::set<std::uint64_t> effectiveRecords(const std::vector<unsigned int>& globalIDs) const;
 
@@ -83,9 +83,9 @@ private:
         std::uint64_t record;
         bool hidesOther = false; ///< whether another record would shift the chapter without this one
     };
-    using Table = std::array<std::optional<Entry>, commonBooksCount>; ///< [book]
+    using Table = std::array<std::optional<Entry>, globalBooksCount>; ///< [book]
 
-    void insert(Table& table, unsigned int book, Place begin, Shift shift) const;
+    void insert(Table& table, unsigned int book, ChapterVerse begin, Shift shift) const;
 
     Table m_localToGlobal;
     Table m_globalToLocal;

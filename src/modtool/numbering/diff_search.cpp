@@ -8,7 +8,7 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-Shift between(Place from, Place to)
+Shift between(ChapterVerse from, ChapterVerse to)
 {
     return {static_cast<int>(to.chapter) - static_cast<int>(from.chapter),
             static_cast<int>(to.verse) - static_cast<int>(from.verse)};
@@ -30,7 +30,7 @@ public:
         }
     }
 
-    unsigned int kept() const { return m_shifts.keptCount(m_pairs); }
+    unsigned int roundTrips() const { return m_shifts.roundTripCount(m_pairs); }
 
     /// One round over all books; whether anything was gained.
     bool improve()
@@ -44,14 +44,14 @@ public:
     /// One round over all numbers.
     void simplify()
     {
-        for (unsigned int book = 0; book < commonBooksCount; ++book)
+        for (unsigned int book = 0; book < globalBooksCount; ++book)
             simplify(book);
     }
 
     std::vector<DiffRecord> records() const
     {
         std::vector<DiffRecord> all;
-        for (unsigned int book = 0; book < commonBooksCount; ++book) {
+        for (unsigned int book = 0; book < globalBooksCount; ++book) {
             const auto records = recordsOf(book, m_shifts[book]);
             all.insert(all.end(), records->begin(), records->end());
         }
@@ -77,7 +77,7 @@ private:
     /// Takes fewer records where they keep as many verses.
     void simplify(unsigned int book)
     {
-        const unsigned int before = kept();
+        const unsigned int before = roundTrips();
         const BookShifts shifts = m_shifts[book];
         BookShifts best = shifts;
         std::size_t bestSize = recordsOf(book, shifts)->size();
@@ -87,7 +87,7 @@ private:
               BookShifts{shifts.toGlobal, reversed(shifts.toGlobal)}}) {
             const auto records = recordsOf(book, simple);
             m_shifts[book] = simple;
-            if (records && records->size() < bestSize && kept() >= before) {
+            if (records && records->size() < bestSize && roundTrips() >= before) {
                 best = simple;
                 bestSize = records->size();
             }
@@ -101,7 +101,7 @@ private:
     {
         const auto count = [&] {
             return std::count_if(m_affected.begin(), m_affected.end(),
-                                 [&](const VersePair* pair) { return m_shifts.keeps(*pair); });
+                                 [&](const VersePair* pair) { return m_shifts.mapsBothWays(*pair); });
         };
         auto best = m_shifts;
         auto bestCount = count();
@@ -112,8 +112,8 @@ private:
                 m_shifts[localBook].toLocal = toLocal;
                 if (!canBeWritten(globalBook) || !canBeWritten(localBook))
                     continue;
-                if (const auto kept = count(); kept > bestCount) {
-                    bestCount = kept;
+                if (const auto roundTrips = count(); roundTrips > bestCount) {
+                    bestCount = roundTrips;
                     best = m_shifts;
                 }
             }
@@ -205,11 +205,11 @@ std::optional<std::vector<DiffRecord>> recordsFor(unsigned int book, Shift toGlo
 std::vector<DiffRecord> chooseDiffRecords(const std::vector<VersePair>& pairs, DiffFigures& figures)
 {
     CShiftSearch search(pairs);
-    figures.keptWithout = search.kept();
+    figures.roundTripsWithoutRecords = search.roundTrips();
     while (search.improve()) {
     }
     search.simplify();
-    figures.kept = search.kept();
+    figures.roundTrips = search.roundTrips();
     return search.records();
 }
 

@@ -1,8 +1,8 @@
 #include "book_lookup.h"
 
 #include "book_names.h"
-#include "common_books.h"
 #include "errors.h"
+#include "global_books.h"
 #include "messages.h"
 #include "spelling.h"
 #include "stored_markup.h"
@@ -22,8 +22,8 @@ CBookLookup::CBookLookup(const CModuleReader& module) : m_module(module)
         for (const std::string& title :
              {titles.fullTitle(book), titles.shortTitle(book), titles.abbreviatedTitle(book)})
             add(plainLine(title), titles.globalID(book), true);
-    for (unsigned int globalID = 0; globalID < commonBooksCount; ++globalID)
-        for (const std::string& name : commonBookNames(globalID))
+    for (unsigned int globalID = 0; globalID < globalBooksCount; ++globalID)
+        for (const std::string& name : globalBookNames(globalID))
             add(name, globalID, false);
 }
 
@@ -59,7 +59,7 @@ unsigned int CBookLookup::find(const std::string& name) const
     }
     if (!titles.hasBook(found.front()))
         throw CNotFound(
-            message("the module has no book \"%s\" (%s)", name, commonBooks()[found.front()].osis));
+            message("the module has no book \"%s\" (%s)", name, globalBooks()[found.front()].osis));
     return titles.localID(found.front());
 }
 
@@ -85,7 +85,7 @@ std::string CBookLookup::listed(const std::vector<unsigned int>& globalIDs) cons
         std::string title;
         if (titles.hasBook(globalID))
             title = plainLine(titles.shortTitle(titles.localID(globalID)));
-        text += title.empty() ? std::string(commonBooks()[globalID].osis) : title;
+        text += title.empty() ? std::string(globalBooks()[globalID].osis) : title;
     }
     return text;
 }

@@ -1,10 +1,10 @@
 #include "module_export.h"
 
-#include "common_books.h"
 #include "cp1251.h"
 #include "diff_records.h"
 #include "diff_search.h"
 #include "errors.h"
+#include "global_books.h"
 #include "input_file.h"
 #include "messages.h"
 #include "module_facts.h"
@@ -25,7 +25,7 @@ std::vector<ModuleBook> moduleBooks(const CModuleReader& module)
     std::vector<ModuleBook> books;
     for (unsigned int book = 0; book < module.titles().booksCount(); ++book) {
         const unsigned int globalID = module.titles().globalID(book);
-        books.push_back({std::string(commonBooks()[globalID].osis), globalID, {}});
+        books.push_back({std::string(globalBooks()[globalID].osis), globalID, {}});
         if (module.titles().localID(globalID) != book)
             throw CModuleError(message("%s: the book %s appears twice", module.folder(), books.back().osis));
         for (unsigned int chapter = 0; chapter < module.structure().chaptersCount(book); ++chapter)
@@ -67,7 +67,7 @@ void exportTitles(const CModuleReader& module, SourceBible& bible)
 {
     const Tolvo::CTitles& titles = module.titles();
     for (unsigned int book = 0; book < titles.booksCount(); ++book) {
-        const CommonBook& common = commonBooks()[titles.globalID(book)];
+        const GlobalBook& common = globalBooks()[titles.globalID(book)];
         bible.books.emplace_back(common.osis);
         bible.bookTitles.push_back({plainLine(titles.fullTitle(book)), plainLine(titles.shortTitle(book)),
                                     plainLine(titles.abbreviatedTitle(book))});
@@ -89,16 +89,16 @@ SourceBible exportModule(const CModuleReader& module)
     bible.info.copyright = copyrightLines(module.info());
     exportTitles(module, bible);
     exportNumbering(module, bible);
-    const std::vector<CRef> places = module.places();
+    const std::vector<CRef> references = module.references();
     module.forEachVerse(
-        0, static_cast<unsigned int>(places.size()), [&](unsigned int verseNum, std::string_view stored) {
-            const CRef& place = places[verseNum];
-            if (place.chapter() >= maxSourceNumber || place.verse() >= maxSourceNumber)
+        0, static_cast<unsigned int>(references.size()), [&](unsigned int verseNum, std::string_view stored) {
+            const CRef& reference = references[verseNum];
+            if (reference.chapter() >= maxSourceNumber || reference.verse() >= maxSourceNumber)
                 throw CModuleError(
-                    message("%s: %s is out of range for a source", module.folder(), module.label(place)));
+                    message("%s: %s is out of range for a source", module.folder(), module.label(reference)));
             const std::string text = plainText(stored);
-            bible.verses.push_back({place.bookID(), static_cast<std::uint16_t>(place.chapter() + 1),
-                                    static_cast<std::uint16_t>(place.verse() + 1),
+            bible.verses.push_back({reference.bookID(), static_cast<std::uint16_t>(reference.chapter() + 1),
+                                    static_cast<std::uint16_t>(reference.verse() + 1),
                                     static_cast<std::uint32_t>(bible.text.size()),
                                     static_cast<std::uint32_t>(text.size()), 0});
             bible.text += text;

@@ -1,6 +1,6 @@
 #include "module_facts.h"
 
-#include "common_books.h"
+#include "global_books.h"
 #include "module_format.h"
 #include "module_words.h"
 #include "stored_markup.h"
@@ -15,13 +15,13 @@ using Tolvo::CRef;
 
 void countNumbering(const CModuleReader& module, ModuleFacts& facts)
 {
-    for (const CRef& local : module.places()) {
-        const CommonPlace place = module.commonPlace(local);
-        facts.movedCount += place.chapter != static_cast<int>(local.chapter()) ||
-                            place.verse != static_cast<int>(local.verse());
-        facts.outsideCount += !isGlobalVerse(place.book, static_cast<unsigned int>(place.chapter),
-                                             static_cast<unsigned int>(place.verse));
-        facts.keptCount += module.keepsPlace(local);
+    for (const CRef& local : module.references()) {
+        const GlobalPosition position = module.globalPosition(local);
+        facts.movedCount += position.chapter != static_cast<int>(local.chapter()) ||
+                            position.verse != static_cast<int>(local.verse());
+        facts.outsideCount += !isGlobalVerse(position.book, static_cast<unsigned int>(position.chapter),
+                                             static_cast<unsigned int>(position.verse));
+        facts.roundTripCount += module.mapsBothWays(local);
     }
 }
 
@@ -30,7 +30,7 @@ void countBooks(const CModuleReader& module, ModuleFacts& facts)
     const Tolvo::CTitles& titles = module.titles();
     for (unsigned int book = 0; book < titles.booksCount(); ++book) {
         BookFacts& known = facts.books.emplace_back();
-        known.osis = commonBooks()[titles.globalID(book)].osis;
+        known.osis = globalBooks()[titles.globalID(book)].osis;
         known.title = plainLine(titles.shortTitle(book));
         known.abbreviation = plainLine(titles.abbreviatedTitle(book));
         known.chaptersCount = module.structure().chaptersCount(book);

@@ -19,7 +19,7 @@ struct BookFacts
     unsigned int versesCount;
 };
 
-/// What a module says of itself and what it holds. Texts are UTF-8, one line each.
+/// Metadata and contents of a module. Texts are UTF-8, one line each.
 struct ModuleFacts
 {
     std::string folder;
@@ -32,15 +32,16 @@ struct ModuleFacts
     unsigned int versesCount = 0;
     unsigned int emptyVersesCount = 0;
     unsigned int wordsCount = 0;
-    std::vector<std::pair<std::string, std::uint64_t>> files; ///< names and bytes, as far as they are there
+    std::vector<std::pair<std::string, std::uint64_t>> files; ///< names and sizes of the existing files
     std::uint64_t byteCount = 0;                              ///< of these files together
 
-    unsigned int movedCount = 0;   ///< verses that the engine gives another number in the common numbering
-    unsigned int outsideCount = 0; ///< verses that come to a place which the common numbering does not have
-    unsigned int keptCount = 0;    ///< verses from whose place in the common numbering the engine leads back
+    unsigned int movedCount = 0;   ///< verses with a different number in the global numbering
+    unsigned int outsideCount = 0; ///< verses mapped to a position that the global numbering lacks
+    unsigned int roundTripCount =
+        0; ///< verses from whose place in the global numbering the engine leads back
 };
 
-/// Walks through the whole module.
+/// Reads the whole module.
 /// @throws CModuleError
 ModuleFacts moduleFacts(const std::string& folder);
 

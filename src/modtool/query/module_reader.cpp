@@ -1,8 +1,8 @@
 #include "module_reader.h"
 
-#include "common_books.h"
 #include "cp1251.h"
 #include "errors.h"
+#include "global_books.h"
 #include "input_file.h"
 #include "messages.h"
 #include "module_data.h"
@@ -65,12 +65,12 @@ void CModuleReader::open()
     m_info = std::make_unique<CBibleInfo>(path(infoFileName).c_str(), folderTitle(m_folder).c_str());
 }
 
-/// With every verse backed by four bytes of a file, no number of verses is too large to walk through.
+/// Each verse needs 4 file bytes, so the count is bounded by the file.
 void CModuleReader::validate()
 {
     const std::string pointFileName = m_folder + '/' + textPointsFileName;
     const ut::CInputFile pointFile(pointFileName.c_str());
-    if (!pointFile.isOpen()) // though the text has it open
+    if (!pointFile.isOpen()) // although the text has it open
         throw CModuleError(message("%s: cannot be read", pointFileName) + systemReason(errno));
     const std::uint64_t points = pointFile.size() / pointBytes;
     if (m_structure->totalVersesCount() > points)
@@ -79,7 +79,7 @@ void CModuleReader::validate()
                     m_folder, m_structure->totalVersesCount(), points));
     unsigned int verseNum = 0;
     for (unsigned int book = 0; book < m_titles->booksCount(); ++book) {
-        if (m_titles->globalID(book) >= commonBooksCount)
+        if (m_titles->globalID(book) >= globalBooksCount)
             throw CModuleError(message("%s: book %s has the global number %s; the last is 76", m_folder,
                                        book + 1, m_titles->globalID(book)));
         m_firstVerseNums.push_back(verseNum);
@@ -88,34 +88,34 @@ void CModuleReader::validate()
     }
 }
 
-std::vector<CRef> CModuleReader::placesOfBook(unsigned int localBook) const
+std::vector<CRef> CModuleReader::referencesOfBook(unsigned int localBook) const
 {
-    std::vector<CRef> places;
+    std::vector<CRef> references;
     for (unsigned int chapter = 0; chapter < m_structure->chaptersCount(localBook); ++chapter)
         for (unsigned int verse = 0; verse < m_structure->versesCount(localBook, chapter); ++verse)
-            places.emplace_back(localBook, chapter, verse, false);
-    return places;
+            references.emplace_back(localBook, chapter, verse, false);
+    return references;
 }
 
-std::vector<CRef> CModuleReader::places() const
+std::vector<CRef> CModuleReader::references() const
 {
     std::vector<CRef> all;
     all.reserve(m_structure->totalVersesCount());
     for (unsigned int book = 0; book < m_titles->booksCount(); ++book) {
-        const std::vector<CRef> places = placesOfBook(book);
-        all.insert(all.end(), places.begin(), places.end());
+        const std::vector<CRef> references = referencesOfBook(book);
+        all.insert(all.end(), references.begin(), references.end());
     }
     return all;
 }
 
-CommonPlace CModuleReader::commonPlace(const CRef& local) const
+GlobalPosition CModuleReader::globalPosition(const CRef& local) const
 {
     const CRef global =
         m_diff->toGlobal(CRef(m_titles->globalID(local.bookID()), local.chapter(), local.verse()));
     return {global.bookID(), asSigned(global.chapter()), asSigned(global.verse())};
 }
 
-bool CModuleReader::keepsPlace(const CRef& local) const
+bool CModuleReader::mapsBothWays(const CRef& local) const
 {
     const unsigned int globalBook = m_titles->globalID(local.bookID());
     const CRef global = m_diff->toGlobal(CRef(globalBook, local.chapter(), local.verse()));
@@ -128,7 +128,7 @@ std::string CModuleReader::bookLabel(unsigned int localBook) const
     std::string label = plainLine(m_titles->abbreviatedTitle(localBook));
     if (label.empty())
         label = plainLine(m_titles->shortTitle(localBook));
-    return label.empty() ? std::string(commonBooks()[m_titles->globalID(localBook)].osis) : label;
+    return label.empty() ? std::string(globalBooks()[m_titles->globalID(localBook)].osis) : label;
 }
 
 std::string CModuleReader::label(const CRef& local) const
@@ -150,7 +150,7 @@ std::string CModuleReader::text(const CRef& local) const { return plainText(stor
 void CModuleReader::forEachVerse(unsigned int firstVerseNum, unsigned int verseCount,
                                  const std::function<void(unsigned int, std::string_view)>& use) const
 {
-    CVerseRun run(*m_text, firstVerseNum, verseCount);
+    CVerseCursor run(*m_text, firstVerseNum, verseCount);
     const auto next = [&] {
         try {
             return run.next();

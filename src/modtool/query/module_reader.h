@@ -16,24 +16,24 @@
 
 namespace Kedrin::ModTool {
 
-/// A place in the common numbering as the engine computes it: numbers from 0. A chapter or a verse below 0, which
-/// differences may lead to, stays below 0 here, so that it comes before the others.
-struct CommonPlace
+/// A position in the global numbering as computed by the engine: numbers from 0. Difference records may lead
+/// to a negative chapter or verse, which sorts first.
+struct GlobalPosition
 {
     unsigned int book;
     int chapter;
     int verse;
 
-    auto operator<=>(const CommonPlace&) const = default; // NOLINT(modernize-use-nullptr)
+    auto operator<=>(const GlobalPosition&) const = default; // NOLINT(modernize-use-nullptr)
 };
 
-/// A module for commands that look something up in it: its readers, put together as Tolvo::CBible does it, but
-/// without words and concordance, and with damage reported where CBible ends the program. One object serves one
-/// thread. Everything throws CModuleError only.
+/// A module opened for queries: the same readers as in Tolvo::CBible except for words and concordance, but
+/// damage is reported where CBible terminates the program. Not thread-safe. Operations throw only
+/// CModuleError.
 class CModuleReader
 {
 public:
-    /// Opens the files but for those of the words. They need not lie in a modules directory.
+    /// Opens all files except those of the words. The folder need not be in a modules directory.
     /// @param folder  native path, with or without a trailing '/'
     /// @throws CModuleError  "%s: is not a module folder"
     ///     "%s: the module cannot be read: %s", with the engine's message
@@ -47,29 +47,31 @@ public:
     const Tolvo::CBibleInfo& info() const { return *m_info; }
 
     /// All verses of a book in order, as local references; the index of the first is firstVerseNum(book).
-    std::vector<Tolvo::CRef> placesOfBook(unsigned int localBook) const;
+    std::vector<Tolvo::CRef> referencesOfBook(unsigned int localBook) const;
     unsigned int firstVerseNum(unsigned int localBook) const { return m_firstVerseNums[localBook]; }
 
     /// [verse number]: local references of the whole module.
-    std::vector<Tolvo::CRef> places() const;
+    std::vector<Tolvo::CRef> references() const;
 
-    /// Where the engine takes a local reference to have its place in the common numbering.
-    CommonPlace commonPlace(const Tolvo::CRef& local) const;
+    /// The engine's mapping of a local reference to the global numbering.
+    GlobalPosition globalPosition(const Tolvo::CRef& local) const;
 
-    /// Whether the engine leads from that place back to the verse: a switch of translation keeps it.
-    bool keepsPlace(const Tolvo::CRef& local) const;
+    /// Whether the engine maps that position back to the verse.
+    bool mapsBothWays(const Tolvo::CRef& local) const;
 
-    /// "Бит 1:3", UTF-8, with the module's abbreviation; with its short title or the book's OSIS id where it has none.
+    /// "Бит 1:3", UTF-8, with the module's abbreviation; or its short title or the book's OSIS id if it has
+    /// none.
     std::string label(const Tolvo::CRef& local) const;
     std::string bookLabel(unsigned int localBook) const;
 
-    /// A verse as it is stored.
+    /// A verse as stored.
     /// @throws CModuleError  "%s: verse %s cannot be read: %s"
     std::string storedText(const Tolvo::CRef& local) const;
     /// A verse as plain text, UTF-8.
     std::string text(const Tolvo::CRef& local) const;
 
-    /// Calls `use(verse number, stored text)` for a run of verses, in order; a text is valid during its call.
+    /// Calls `use(verse number, stored text)` for consecutive verses, in order; a text is valid during its
+    /// call.
     /// @throws CModuleError  "%s: the verses cannot be read: %s"
     void forEachVerse(unsigned int firstVerseNum, unsigned int verseCount,
                       const std::function<void(unsigned int, std::string_view)>& use) const;

@@ -49,11 +49,11 @@ std::vector<CRef> searchModule(const CModuleReader& module, const std::string& t
     const std::vector<unsigned int> verseNums =
         mode == SearchMode::wholeWord ? versesWithWord(module, text)
                                       : versesWithPart(module, text, mode == SearchMode::partByCase);
-    const std::vector<CRef> places = verseNums.empty() ? std::vector<CRef>() : module.places();
+    const std::vector<CRef> references = verseNums.empty() ? std::vector<CRef>() : module.references();
     std::vector<CRef> hits;
     hits.reserve(verseNums.size());
     for (const unsigned int verseNum : verseNums)
-        hits.push_back(places[verseNum]);
+        hits.push_back(references[verseNum]);
     return hits;
 }
 

@@ -15,7 +15,8 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-/// A reference cut up: the book's name, and what follows it with ":" and "-" alone as signs, without blanks.
+/// A split reference: the book's name, and the numbers after it, without spaces and with ":" and "-" as the
+/// only separators.
 struct Parts
 {
     std::string name;
@@ -55,7 +56,7 @@ Parts partsOf(const std::string& reference)
     return parts;
 }
 
-/// Chapter and, where one is given, verse; from 1.
+/// Chapter and optional verse; from 1.
 struct Point
 {
     unsigned int chapter = 0;
@@ -67,7 +68,7 @@ class CNumbers
 public:
     explicit CNumbers(const std::string& numbers) : m_at(numbers.data()), m_end(m_at + numbers.size()) {}
 
-    /// Nothing when the text is not of the form.
+    /// False if the text is malformed.
     bool read(std::vector<Point>& points)
     {
         do {
@@ -151,9 +152,9 @@ private:
 
 bool VerseRange::holds(const Tolvo::CRef& local) const
 {
-    const auto place = std::tuple(local.chapter(), local.verse());
-    return local.bookID() == book && place >= std::tuple(firstChapter, firstVerse) &&
-           place <= std::tuple(lastChapter, lastVerse);
+    const auto position = std::tuple(local.chapter(), local.verse());
+    return local.bookID() == book && position >= std::tuple(firstChapter, firstVerse) &&
+           position <= std::tuple(lastChapter, lastVerse);
 }
 
 VerseRange parseReference(const std::string& reference, const CModuleReader& module)

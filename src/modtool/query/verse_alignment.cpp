@@ -9,16 +9,16 @@ namespace {
 
 using Tolvo::CRef;
 
-/// Rows in the making, by place and, where a module has a place more than once, by how often it had it before.
+/// Keyed by position and by its occurrence within the module.
 class CRows
 {
 public:
     explicit CRows(std::size_t modulesCount) : m_modulesCount(modulesCount) {}
 
-    void add(std::size_t module, const CommonPlace& place, const CRef& local)
+    void add(std::size_t module, const GlobalPosition& position, const CRef& local)
     {
-        AlignedRow& row = m_rows[{place, m_seen[{module, place}]++}];
-        row.place = place;
+        AlignedRow& row = m_rows[{position, m_seen[{module, position}]++}];
+        row.position = position;
         row.verses.resize(m_modulesCount);
         row.verses[module] = local;
     }
@@ -34,8 +34,8 @@ public:
 
 private:
     std::size_t m_modulesCount;
-    std::map<std::pair<CommonPlace, unsigned int>, AlignedRow> m_rows;
-    std::map<std::pair<std::size_t, CommonPlace>, unsigned int> m_seen;
+    std::map<std::pair<GlobalPosition, unsigned int>, AlignedRow> m_rows;
+    std::map<std::pair<std::size_t, GlobalPosition>, unsigned int> m_seen;
 };
 
 } // namespace
@@ -43,25 +43,25 @@ private:
 std::vector<AlignedRow> alignRange(const std::vector<const CModuleReader*>& modules, const VerseRange& range)
 {
     CRows rows(modules.size());
-    std::set<CommonPlace> places;
+    std::set<GlobalPosition> positions;
     std::set<int> chapters;
-    for (const CRef& local : modules.front()->placesOfBook(range.book)) {
+    for (const CRef& local : modules.front()->referencesOfBook(range.book)) {
         if (!range.holds(local))
             continue;
-        const CommonPlace place = modules.front()->commonPlace(local);
-        rows.add(0, place, local);
-        places.insert(place);
+        const GlobalPosition position = modules.front()->globalPosition(local);
+        rows.add(0, position, local);
+        positions.insert(position);
         if (range.wholeChapters)
-            chapters.insert(place.chapter);
+            chapters.insert(position.chapter);
     }
     const unsigned int globalBook = modules.front()->titles().globalID(range.book);
     for (std::size_t i = 1; i < modules.size(); ++i) {
         if (!modules[i]->titles().hasBook(globalBook))
             continue;
-        for (const CRef& local : modules[i]->placesOfBook(modules[i]->titles().localID(globalBook))) {
-            const CommonPlace place = modules[i]->commonPlace(local);
-            if (places.contains(place) || chapters.contains(place.chapter))
-                rows.add(i, place, local);
+        for (const CRef& local : modules[i]->referencesOfBook(modules[i]->titles().localID(globalBook))) {
+            const GlobalPosition position = modules[i]->globalPosition(local);
+            if (positions.contains(position) || chapters.contains(position.chapter))
+                rows.add(i, position, local);
         }
     }
     return rows.take();
@@ -70,10 +70,10 @@ std::vector<AlignedRow> alignRange(const std::vector<const CModuleReader*>& modu
 std::vector<AlignedRow> alignAll(const CModuleReader& first, const CModuleReader& second)
 {
     CRows rows(2);
-    for (const CRef& local : first.places())
-        rows.add(0, first.commonPlace(local), local);
-    for (const CRef& local : second.places())
-        rows.add(1, second.commonPlace(local), local);
+    for (const CRef& local : first.references())
+        rows.add(0, first.globalPosition(local), local);
+    for (const CRef& local : second.references())
+        rows.add(1, second.globalPosition(local), local);
     return rows.take();
 }
 

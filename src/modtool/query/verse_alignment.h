@@ -8,18 +8,18 @@
 
 namespace Kedrin::ModTool {
 
-/// One place of the common numbering in several modules.
+/// One position in the global numbering, in several modules.
 struct AlignedRow
 {
-    CommonPlace place;
-    /// [module]: local reference; nothing where it has no such verse.
+    GlobalPosition position;
+    /// [module]: local reference; nothing if it has no such verse.
     std::vector<std::optional<Tolvo::CRef>> verses;
 };
 
-/// Verses of several modules by their place in the common numbering, in its order. A place that a module has more than
-/// once gives as many rows.
-/// @param range  of the first module. Where it is whole chapters, the other modules give all they have in those
-///               chapters of the common numbering, so that a verse they have beside the first module's is shown.
+/// Verses of several modules by their position in the global numbering, in its order. A position that a
+/// module has more than once gives as many rows.
+/// @param range  of the first module. For whole chapters, all verses of the other modules in those chapters
+///               of the global numbering are included, even if the first module lacks them.
 std::vector<AlignedRow> alignRange(const std::vector<const CModuleReader*>& modules, const VerseRange& range);
 
 /// All verses of two modules.

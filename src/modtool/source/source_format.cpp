@@ -28,7 +28,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Archives hold files whose names begin with a point beside those that users see.
+/// Archives contain files whose names begin with a dot beside the visible ones.
 bool isHidden(const fs::path& file) { return file.filename().string().starts_with('.'); }
 
 bool hasUsfmExtension(const fs::path& file)
@@ -37,7 +37,7 @@ bool hasUsfmExtension(const fs::path& file)
     return extension == ".usfm" || extension == ".sfm" || extension == ".ptx" || extension == ".scp";
 }
 
-/// Whether a regular file begins with `\id`, perhaps behind a byte order mark.
+/// Whether a regular file begins with `\id`, perhaps after a byte order mark.
 bool beginsAsUsfm(const fs::path& file)
 {
     constexpr std::string_view mark = "\uFEFF", id = "\\id";
@@ -65,7 +65,7 @@ std::vector<fs::path> filesIn(const std::string& folder)
     return files;
 }
 
-/// The files with an extension of USFM or, where there are none, those that begin as such files do.
+/// The files with a USFM extension or, if there are none, those that begin like USFM.
 std::vector<fs::path> usfmFiles(const std::string& folder)
 {
     const std::vector<fs::path> all = filesIn(folder);
@@ -207,7 +207,7 @@ SourceBible readContent(const std::string& fileName, std::string content, const 
     }
 }
 
-/// Where the source gives only some of its titles, the longer one stands for the shorter.
+/// Missing titles are taken from the file name or from a longer title.
 void nameAfterFile(SourceInfo& info, const std::string& path, bool isFolder)
 {
     const fs::path file = fs::path(path).has_filename() ? fs::path(path) : fs::path(path).parent_path();

@@ -20,7 +20,7 @@ enum class SourceFormat
     verseLines
 };
 
-/// How a source is to be read.
+/// Options for reading a source.
 struct ReadOptions
 {
     SourceFormat format = SourceFormat::detected;
@@ -36,9 +36,9 @@ struct ReadOptions
 /// @throws CBuildError  "%s: is XML of an unknown format (its root element is %s)"
 SourceFormat detectFormat(std::string_view utf8, const std::string& fileName);
 
-/// Reads a file of any format, or a folder of plain lines or of USFM files (*.usfm, *.sfm, *.ptx, *.scp, or else any that begin with \id, in the order of their names, or in
-/// Protestant order where the names do not all begin with a number). What the source does not call itself, it is called
-/// after its file.
+/// Reads a file of any format, or a folder of plain lines or of USFM files (*.usfm, *.sfm, *.ptx, *.scp, or
+/// else any that begin with \id; in the order of their names, or in Protestant order if not all names begin
+/// with a number). Titles missing from the source are taken from the file name.
 /// @throws CBuildError
 ///     what readText(), detectFormat() and the formats' readers throw
 ///     "%s: is a folder; only USFM and plain lines are read from folders", "%s: contains no file of plain lines"

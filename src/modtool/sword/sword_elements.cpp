@@ -15,7 +15,7 @@ bool isOneOf(std::string_view name, const std::string_view (&names)[N])
     return std::find(std::begin(names), std::end(names), name) != std::end(names);
 }
 
-// Words do not run together over these.
+// These separate words.
 constexpr std::string_view breaks[] = {
     "l",      "p",      "lg",     "lb",      "title", "milestone", "br",      "CL",   "CN",
     "CM",     "div",    "list",   "item",    "table", "row",       "cell",    "head", "closer",

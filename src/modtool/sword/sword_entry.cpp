@@ -14,15 +14,15 @@ namespace Kedrin::ModTool {
 namespace {
 
 using Form = SwordPiece::Form;
-using Kind = SwordPlace::Kind;
+using Kind = SwordEntryContext::Kind;
 
 constexpr std::size_t nowhere = std::string_view::npos;
 
 class CEntryReader
 {
 public:
-    CEntryReader(std::string_view raw, const SwordPlace& place, SourceFindings& findings)
-        : m_place(place),
+    CEntryReader(std::string_view raw, const SwordEntryContext& context, SourceFindings& findings)
+        : m_context(context),
           m_findings(findings),
           m_pieces(swordPieces(raw))
     {}
@@ -39,7 +39,7 @@ public:
         }
         closeElements();
         if (m_hasOutside)
-            m_findings.add(ReaderRule::outside, m_place.name);
+            m_findings.add(ReaderRule::outside, m_context.name);
         countLetters(ReaderRule::outside, m_outsideLetters);
         return {m_verse.take(), m_title.take(), m_leftOut};
     }
@@ -66,7 +66,7 @@ private:
     {
         if (!m_open.empty())
             return m_open.back().state;
-        return m_place.kind != Kind::verse || m_isBehindBook ? State::outside : State::verse;
+        return m_context.kind != Kind::verse || m_isBehindBook ? State::outside : State::verse;
     }
 
     /// A note that began in the entry before was counted there.
@@ -76,7 +76,7 @@ private:
             return piece.form == Form::end && piece.name == "note";
         };
         const auto end = std::find_if(m_pieces.begin(), m_pieces.end(), isEnd);
-        if (m_place.beginsInNote && end != m_pieces.end())
+        if (m_context.beginsInNote && end != m_pieces.end())
             m_open.push_back(
                 {State::removed, static_cast<std::size_t>(end - m_pieces.begin()), ReaderRule::note});
     }
@@ -176,9 +176,9 @@ private:
 
     State stateOfTitle() const
     {
-        if (m_place.kind == Kind::introduction || m_isBehindBook)
+        if (m_context.kind == Kind::introduction || m_isBehindBook)
             return State::outside;
-        return m_place.kind == Kind::chapter ? State::title : State::verse;
+        return m_context.kind == Kind::chapter ? State::title : State::verse;
     }
 
     void openRemoved(ReaderRule rule, std::size_t end)
@@ -186,7 +186,7 @@ private:
         if (end == nowhere || state() == State::removed)
             return;
         m_open.push_back({State::removed, end, rule});
-        m_findings.add(rule, m_place.name);
+        m_findings.add(rule, m_context.name);
     }
 
     bool isInNote() const
@@ -199,13 +199,13 @@ private:
     std::size_t endOfTitle() const
     {
         const std::size_t end = std::min(endOfElement(), m_preverseEnd);
-        const bool goesOn = m_place.kind != Kind::verse || m_place.titleGoesOn;
+        const bool goesOn = m_context.kind != Kind::verse || m_context.titleGoesOn;
         return end == nowhere && goesOn ? m_pieces.size() : end;
     }
 
     std::size_t endOfNote(const SwordPiece& tag) const
     {
-        const bool goesOn = m_place.noteGoesOn && tag.name == "note";
+        const bool goesOn = m_context.noteGoesOn && tag.name == "note";
         const std::size_t end = endOfElement();
         return end == nowhere && goesOn ? m_pieces.size() : end;
     }
@@ -249,13 +249,13 @@ private:
         unsigned int count = 0;
         const std::string rest = withoutMarkers(characters, count);
         for (; count != 0; --count)
-            m_findings.add(ReaderRule::unknownMarker, m_place.name);
+            m_findings.add(ReaderRule::unknownMarker, m_context.name);
         countLetters(ReaderRule::unknownMarker,
                      ModTool::countLetters(characters) - ModTool::countLetters(rest));
         return rest;
     }
 
-    const SwordPlace& m_place;
+    const SwordEntryContext& m_context;
     SourceFindings& m_findings;
     const std::vector<SwordPiece> m_pieces;
     mutable std::vector<std::size_t> m_ends; ///< made when it is asked for
@@ -273,9 +273,9 @@ private:
 
 } // namespace
 
-SwordEntry readSwordEntry(std::string_view raw, const SwordPlace& place, SourceFindings& findings)
+SwordEntry readSwordEntry(std::string_view raw, const SwordEntryContext& context, SourceFindings& findings)
 {
-    return CEntryReader(raw, place, findings).read();
+    return CEntryReader(raw, context, findings).read();
 }
 
 } // namespace Kedrin::ModTool

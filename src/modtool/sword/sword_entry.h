@@ -8,8 +8,8 @@
 
 namespace Kedrin::ModTool {
 
-/// Where an entry stands, and what of its neighbours concerns it.
-struct SwordPlace
+/// The position of an entry, and what of the neighbouring entries matters to it.
+struct SwordEntryContext
 {
     enum class Kind
     {
@@ -25,16 +25,16 @@ struct SwordPlace
     bool titleGoesOn = false;  ///< the last title does
 };
 
-/// The text that an entry gives.
+/// The text of an entry.
 struct SwordEntry
 {
     std::string verse;         ///< UTF-8; "" for an introduction
-    std::string title;         ///< psalm titles of a chapter, which belong before the text of the next verse
-    std::uint64_t leftOut = 0; ///< letters and digits that stand in neither; the findings count them
+    std::string title;         ///< psalm titles of a chapter, prepended to the text of the next verse
+    std::uint64_t leftOut = 0; ///< letters and digits in neither; the findings count them
 };
 
-/// Reads a raw entry, valid UTF-8 without zero bytes. No text is lost because of tags without a partner: only what
-/// stands between the two tags of an element is left out, and an element ends at the latest where its verse begins.
-SwordEntry readSwordEntry(std::string_view raw, const SwordPlace& place, SourceFindings& findings);
+/// Reads a raw entry, valid UTF-8 without zero bytes. Unpaired tags lose no text: only what is between the
+/// two tags of an element is left out, and an element that precedes the verse ends where the verse begins.
+SwordEntry readSwordEntry(std::string_view raw, const SwordEntryContext& context, SourceFindings& findings);
 
 } // namespace Kedrin::ModTool

@@ -73,10 +73,10 @@ SourceInfo infoOf(const sword::SWModule& module)
 
 } // namespace
 
-class CSwordLibrary::CPrivate
+class CSwordLibrary::Impl
 {
 public:
-    CPrivate()
+    Impl()
     {
         sword::SWLog::getSystemLog()->setLogLevel(0);
         sword::LocaleMgr::getSystemLocaleMgr()->setDefaultLocaleName("en");
@@ -96,13 +96,13 @@ public:
     std::unique_ptr<sword::SWMgr> m_manager;
 };
 
-CSwordLibrary::CSwordLibrary() : m_private(std::make_unique<CPrivate>()) {}
+CSwordLibrary::CSwordLibrary() : m_impl(std::make_unique<Impl>()) {}
 CSwordLibrary::~CSwordLibrary() = default;
 
 std::vector<std::string> CSwordLibrary::bibles() const
 {
     std::vector<std::string> names;
-    for (const auto& [name, module] : m_private->m_manager->getModules())
+    for (const auto& [name, module] : m_impl->m_manager->getModules())
         if (std::string_view(module->getType()) == sword::SWMgr::MODTYPE_BIBLES)
             names.emplace_back(name.c_str());
     std::sort(names.begin(), names.end());
@@ -119,7 +119,7 @@ std::string CSwordLibrary::resolve(const std::string& name) const
             if (candidate == name)
                 return candidate;
             const bool isNamedSo =
-                *key ? hasEntry(m_private->module(candidate), key, wanted) : folded(candidate) == wanted;
+                *key ? hasEntry(m_impl->module(candidate), key, wanted) : folded(candidate) == wanted;
             if (isNamedSo)
                 found.push_back(candidate);
         }
@@ -136,7 +136,7 @@ std::string CSwordLibrary::resolve(const std::string& name) const
 SourceBible CSwordLibrary::read(const std::string& name,
                                 const std::function<void(std::size_t, std::size_t)>& progress) const
 {
-    sword::SWModule& module = m_private->module(name);
+    sword::SWModule& module = m_impl->module(name);
     SourceBible bible;
     bible.info = infoOf(module);
     bible.versification = entry(module, "Versification");
@@ -149,7 +149,7 @@ SourceBible CSwordLibrary::read(const std::string& name,
 std::string CSwordLibrary::fingerprint(const std::string& name) const
 {
     namespace fs = std::filesystem;
-    const sword::SWModule& module = m_private->module(name);
+    const sword::SWModule& module = m_impl->module(name);
     std::string print = std::string("SWORD ") + sword::SWVersion::currentVersion.getText() + '\n';
     for (const auto& [key, value] : module.getConfig())
         print += std::string(key.c_str()) + '=' + value.c_str() + '\n';

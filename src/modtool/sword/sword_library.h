@@ -9,8 +9,8 @@
 
 namespace Kedrin::ModTool {
 
-/// The SWORD modules that are installed for the user and the system, as the SWORD library finds them. The library
-/// writes nothing on the standard streams. One object serves one thread.
+/// The SWORD modules installed for the user and the system, as the SWORD library finds them. Nothing is
+/// written to the standard streams. One object serves one thread.
 class CSwordLibrary
 {
 public:
@@ -19,11 +19,11 @@ public:
     CSwordLibrary(const CSwordLibrary&) = delete;
     CSwordLibrary& operator=(const CSwordLibrary&) = delete;
 
-    /// The names of all Bibles, in the order of the alphabet.
+    /// The names of all Bibles, sorted.
     std::vector<std::string> bibles() const;
 
-    /// The full name of a Bible, given its name, its abbreviation, or a name that it had before; case does not
-    /// matter, and an earlier of these rules goes before a later one.
+    /// The full name of a Bible, given its name, its abbreviation or a former name, in this order; case does
+    /// not matter.
     /// @throws CBuildError
     ///     "no SWORD Bible is named \"%s\" (installed: %s)"
     ///     "several SWORD Bibles are named \"%s\": %s"
@@ -36,13 +36,13 @@ public:
     SourceBible read(const std::string& name,
                      const std::function<void(std::size_t, std::size_t)>& progress) const;
 
-    /// A text that changes whenever the Bible may have changed: its configuration, and the size and time of each of
-    /// its files. Reads none of them.
+    /// A text that changes whenever the Bible may have changed: its configuration and the size and time of
+    /// each of its files, whose contents are not read.
     std::string fingerprint(const std::string& name) const;
 
 private:
-    class CPrivate;
-    std::unique_ptr<CPrivate> m_private;
+    class Impl;
+    std::unique_ptr<Impl> m_impl;
 };
 
 } // namespace Kedrin::ModTool

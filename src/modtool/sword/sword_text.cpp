@@ -13,7 +13,7 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-constexpr char gap = '\0'; // stands in the text where a note was removed
+constexpr char gap = '\0'; // marks where a note was removed
 
 /// Letters in capitals, one for one.
 std::string inCapitals(std::string_view utf8)
@@ -31,7 +31,7 @@ std::string inCapitals(std::string_view utf8)
     return capitals;
 }
 
-/// At least the first two characters of the text behind the gap; at the end of the verse a blank.
+/// At least the first two characters after the gap; at the end of the verse, a space.
 std::string twoCharacters(const std::string& text, std::size_t begin)
 {
     constexpr std::size_t most = 2 * U8_MAX_LENGTH;

@@ -5,7 +5,7 @@
 
 namespace Kedrin::ModTool {
 
-/// The text of a verse or of a psalm title while it is read from a SWORD entry.
+/// Builds the text of a verse or psalm title from a SWORD entry.
 class CSwordText
 {
 public:
@@ -13,17 +13,17 @@ public:
     /// @param piece  index of the piece of the entry
     void add(std::string_view utf8, std::size_t piece);
 
-    /// The end of a line or a paragraph: words do not run together over it.
+    /// The end of a line or paragraph: separates words.
     void addBreak() { m_text += ' '; }
 
-    /// A note was removed here: words do not run together over it, but a word that the source marks as one stays one.
+    /// A note was removed: insert a space if words would join, except inside one marked word.
     void addGap();
     void setInWord(bool isInWord);
 
-    /// The name of God is shown in small capitals: its last text. In "LORD’s" the marked "’s" stays small.
+    /// The divine name: its last text is capitalised, so that in "LORD’s" the marked "’s" stays small.
     void setInName(bool isInName, std::size_t piece);
 
-    /// The text, with a blank in each gap that needs one.
+    /// The text, with a space in each gap that needs one.
     std::string take() const;
 
 private:
@@ -32,7 +32,7 @@ private:
     std::size_t m_lastPiece = 0;
     bool m_isInName = false;
     bool m_isInWord = false;
-    bool m_hasGapInWord = false; ///< and nothing of the word followed
+    bool m_hasGapInWord = false; ///< and no text of the word followed
 };
 
 } // namespace Kedrin::ModTool

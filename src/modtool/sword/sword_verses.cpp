@@ -22,7 +22,7 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-/// Valid UTF-8 whatever the module holds; bytes that are none become U+FFFD.
+/// The bytes as valid UTF-8; invalid ones become U+FFFD.
 std::string validUtf8(std::string_view bytes)
 {
     const auto size = static_cast<std::int32_t>(bytes.size());
@@ -35,11 +35,11 @@ std::string validUtf8(std::string_view bytes)
     return icu::UnicodeString::fromUTF8(icu::StringPiece(bytes.data(), size)).toUTF8String(utf8);
 }
 
-/// Walks the verses of one module.
-class CVerseWalk
+/// Reads the verses of one module in order.
+class CSwordVerseReader
 {
 public:
-    CVerseWalk(sword::SWModule& module, const std::function<void(std::size_t, std::size_t)>& progress)
+    CSwordVerseReader(sword::SWModule& module, const std::function<void(std::size_t, std::size_t)>& progress)
         : m_module(module),
           m_progress(progress),
           m_key(static_cast<sword::VerseKey*>(module.createKey()))
@@ -49,9 +49,9 @@ public:
         m_key->setAutoNormalize(true);
         m_module.setKey(m_key.get());
     }
-    ~CVerseWalk() { m_module.setKey(""); }
-    CVerseWalk(const CVerseWalk&) = delete;
-    CVerseWalk& operator=(const CVerseWalk&) = delete;
+    ~CSwordVerseReader() { m_module.setKey(""); }
+    CSwordVerseReader(const CSwordVerseReader&) = delete;
+    CSwordVerseReader& operator=(const CSwordVerseReader&) = delete;
 
     void readInto(SourceBible& bible)
     {
@@ -64,7 +64,7 @@ public:
             if (++done % versesBetweenReports == 0)
                 m_progress(std::min(static_cast<std::size_t>(m_key->getIndex()), last), last);
         }
-        loseTitle(bible);
+        dropTitle(bible);
         bible.letters = m_letters;
     }
 
@@ -75,8 +75,8 @@ private:
         const std::string raw = rawEntry();
         if (raw.empty() || (isVerse && isRepeated(raw, bible)))
             return;
-        const SwordPlace place = placeOf(raw);
-        const SwordEntry entry = readSwordEntry(raw, place, bible.findings);
+        const SwordEntryContext context = positionOf(raw);
+        const SwordEntry entry = readSwordEntry(raw, context, bible.findings);
         refuseLoss(raw, entry);
         if (!isVerse) {
             addTitle(entry.title, bible);
@@ -84,7 +84,7 @@ private:
         }
         const std::size_t offset = bible.text.size();
         if (!m_title.empty())
-            placeTitle(bible);
+            insertTitle(bible);
         bible.text += entry.verse;
         bible.verses.push_back({bookIndex(bible), static_cast<std::uint16_t>(m_key->getChapter()),
                                 static_cast<std::uint16_t>(m_key->getVerse()),
@@ -98,13 +98,13 @@ private:
         return validUtf8(raw ? raw : "");
     }
 
-    /// Whether the verse shares its entry with the last one that has text. Empty entries share nothing, though the
-    /// library may say so.
+    /// Whether the verse shares its entry with the last one that has text. Empty entries never count as
+    /// shared, though the library may say so.
     bool isRepeated(const std::string& raw, SourceBible& bible)
     {
         if (m_textKey && raw == m_lastText && m_module.isLinked(m_textKey.get(), m_key.get())) {
             if (!std::exchange(m_isInRange, true))
-                bible.findings.add(ReaderRule::verseRange, bible.placeOf(bible.verses.back()));
+                bible.findings.add(ReaderRule::verseRange, bible.positionOf(bible.verses.back()));
             return true;
         }
         m_isInRange = false;
@@ -113,21 +113,21 @@ private:
         return false;
     }
 
-    SwordPlace placeOf(const std::string& raw)
+    SwordEntryContext positionOf(const std::string& raw)
     {
-        SwordPlace place{placeName()};
+        SwordEntryContext context{positionName()};
         if (m_key->getVerse() == 0 || m_key->getChapter() == 0)
-            place.kind =
-                m_key->getChapter() == 0 ? SwordPlace::Kind::introduction : SwordPlace::Kind::chapter;
-        place.beginsInNote = std::exchange(m_noteGoesOn, false);
+            context.kind = m_key->getChapter() == 0 ? SwordEntryContext::Kind::introduction
+                                                    : SwordEntryContext::Kind::chapter;
+        context.beginsInNote = std::exchange(m_noteGoesOn, false);
         const bool noteIsOpen = endsInside(raw, "note");
         const bool titleIsOpen = endsInside(raw, "title");
         if (noteIsOpen || titleIsOpen) {
             const std::string next = nextRawEntry();
-            place.noteGoesOn = m_noteGoesOn = noteIsOpen && beginsInside(next, "note");
-            place.titleGoesOn = titleIsOpen && beginsInside(next, "title");
+            context.noteGoesOn = m_noteGoesOn = noteIsOpen && beginsInside(next, "note");
+            context.titleGoesOn = titleIsOpen && beginsInside(next, "title");
         }
-        return place;
+        return context;
     }
 
     /// The next entry that is not empty.
@@ -142,7 +142,7 @@ private:
         return next;
     }
 
-    /// The letters of an entry, counted without a look at its elements, stand in its text or in the report.
+    /// Every letter of an entry, counted regardless of its elements, must be in its text or in the report.
     void refuseLoss(const std::string& raw, const SwordEntry& entry)
     {
         const std::uint64_t inSource = lettersOfEntry(raw);
@@ -152,40 +152,40 @@ private:
             throw CBuildError(
                 message("%s: %s letters and digits were read, but %s are accounted for; this is a bug in "
                         "kedrin-module, please report it",
-                        placeName(), inSource, found));
+                        positionName(), inSource, found));
     }
 
     void addTitle(const std::string& title, SourceBible& bible)
     {
         if (isBlank(title))
             return;
-        loseTitle(bible);
+        dropTitle(bible);
         m_title = title + ' ';
-        m_titlePlace = placeName();
+        m_titlePosition = positionName();
         m_titleBook = m_key->getOSISBookName();
     }
 
-    void placeTitle(SourceBible& bible)
+    void insertTitle(SourceBible& bible)
     {
         if (m_titleBook != m_key->getOSISBookName()) {
-            loseTitle(bible);
+            dropTitle(bible);
             return;
         }
         bible.text += std::exchange(m_title, {});
-        bible.findings.add(ReaderRule::canonicalTitle, m_titlePlace);
+        bible.findings.add(ReaderRule::canonicalTitle, m_titlePosition);
     }
 
     /// No verse follows the title in its book.
-    void loseTitle(SourceBible& bible)
+    void dropTitle(SourceBible& bible)
     {
         if (m_title.empty())
             return;
-        bible.findings.add(ReaderRule::outside, m_titlePlace);
+        bible.findings.add(ReaderRule::outside, m_titlePosition);
         bible.findings.addLetters(ReaderRule::outside, countLetters(std::exchange(m_title, {})));
     }
 
     /// "Gen 1:1", "Gen 1" and "Gen" for introductions, "the beginning" for that of the whole.
-    std::string placeName() const
+    std::string positionName() const
     {
         if (m_key->getTestament() == 0 || m_key->getBook() == 0)
             return tr("the beginning");
@@ -208,8 +208,8 @@ private:
     std::unique_ptr<sword::VerseKey> m_key;
     std::unique_ptr<sword::VerseKey> m_textKey; ///< the last verse with text of its own
     std::string m_lastText;                     ///< its entry
-    std::string m_title;                        ///< waits for the next verse of its book
-    std::string m_titlePlace;
+    std::string m_title;                        ///< pending until the next verse of its book
+    std::string m_titlePosition;
     std::string m_titleBook;
     std::uint64_t m_letters = 0;
     bool m_isInRange = false;
@@ -221,7 +221,7 @@ private:
 void readSwordVerses(sword::SWModule& module, const std::function<void(std::size_t, std::size_t)>& progress,
                      SourceBible& bible)
 {
-    CVerseWalk(module, progress).readInto(bible);
+    CSwordVerseReader(module, progress).readInto(bible);
 }
 
 } // namespace Kedrin::ModTool

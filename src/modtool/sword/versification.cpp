@@ -1,8 +1,8 @@
 #include "versification.h"
 
 #include "ascii.h"
-#include "common_books.h"
 #include "errors.h"
+#include "global_books.h"
 #include "messages.h"
 
 #include <versificationmgr.h>
@@ -72,20 +72,20 @@ unsigned int CVersification::agreement(const std::vector<ModuleBook>& books) con
     return count;
 }
 
-std::optional<Place> CVersification::toCommon(const ModuleBook& book, Place place) const
+std::optional<ChapterVerse> CVersification::toGlobal(const ModuleBook& book, ChapterVerse position) const
 {
     static const System* const kjv = findSystem("KJV");
     static const System* const synodal = findSystem("Synodal");
     const System* common = isDeuterocanonical(book.globalID) ? synodal : kjv;
     const char* osis = book.osis.c_str();
-    int chapter = static_cast<int>(place.chapter) + 1;
-    int verse = static_cast<int>(place.verse) + 1;
+    int chapter = static_cast<int>(position.chapter) + 1;
+    int verse = static_cast<int>(position.verse) + 1;
     int lastVerse = verse;
     // the library must not be asked for a book that its system lacks
     const bool known = asSystem(m_system).getBookNumberByOSISName(osis) > 0;
     if (common && m_system != common && known)
         asSystem(m_system).translateVerse(common, &osis, &chapter, &verse, &lastVerse);
-    const Place global{static_cast<unsigned int>(chapter) - 1, static_cast<unsigned int>(verse) - 1};
+    const ChapterVerse global{static_cast<unsigned int>(chapter) - 1, static_cast<unsigned int>(verse) - 1};
     if (book.osis != osis || !isGlobalVerse(book.globalID, global.chapter, global.verse))
         return std::nullopt;
     return global;
@@ -94,9 +94,9 @@ std::optional<Place> CVersification::toCommon(const ModuleBook& book, Place plac
 std::vector<VersePair> versePairs(const std::vector<ModuleBook>& books, const CVersification& versification)
 {
     std::vector<VersePair> pairs;
-    forEachPlace(books, [&](unsigned int book, unsigned int chapter, unsigned int verse) {
-        const Place local{chapter, verse};
-        if (const auto global = versification.toCommon(books[book], local))
+    forEachPosition(books, [&](unsigned int book, unsigned int chapter, unsigned int verse) {
+        const ChapterVerse local{chapter, verse};
+        if (const auto global = versification.toGlobal(books[book], local))
             pairs.push_back({book, local, books[book].globalID, *global});
     });
     return pairs;

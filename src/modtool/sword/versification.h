@@ -9,35 +9,35 @@
 
 namespace Kedrin::ModTool {
 
-/// One of the SWORD library's versification systems, and where its verses stand in the common numbering.
+/// One of the SWORD library's versification systems, and its mapping to the global numbering.
 class CVersification
 {
 public:
     /// @throws CBuildError  "unknown versification \"%s\" (known: %s)"
     explicit CVersification(const std::string& name);
 
-    /// The names of all systems, KJV first, then in the order of the alphabet.
+    /// The names of all systems, KJV first, the others sorted.
     static std::vector<std::string> names();
 
-    /// The system with most chapters that have just as many verses as the books given; of equals, the first.
+    /// The system that agrees with the books in most chapters; of equals, the first.
     static CVersification bestFor(const std::vector<ModuleBook>& books);
 
     const std::string& name() const { return m_name; }
 
-    /// In how many chapters of the books the system has just as many verses.
+    /// In how many chapters the system has exactly as many verses as the books.
     unsigned int agreement(const std::vector<ModuleBook>& books) const;
 
-    /// Where a verse of this system stands in the common numbering, which counts the deuterocanonical books as the
-    /// system Synodal does and the others as KJV does. Nothing where the common numbering has no such verse, or has it
-    /// in another book.
-    std::optional<Place> toCommon(const ModuleBook& book, Place place) const;
+    /// The position of a verse of this system in the global numbering, which follows Synodal for the
+    /// deuterocanonical books and KJV for the others. Nothing if the global numbering lacks the verse or has
+    /// it in another book.
+    std::optional<ChapterVerse> toGlobal(const ModuleBook& book, ChapterVerse position) const;
 
 private:
     std::string m_name;
     const void* m_system; ///< sword::VersificationMgr::System; the library keeps it until the program ends
 };
 
-/// The verses of a module that have a place in the common numbering.
+/// The verses of a module that have a position in the global numbering.
 std::vector<VersePair> versePairs(const std::vector<ModuleBook>& books, const CVersification& versification);
 
 } // namespace Kedrin::ModTool

@@ -29,7 +29,7 @@ public:
     using CBuildError::CBuildError;
 };
 
-/// The text is made of letters that Windows-1251 lacks.
+/// More than one letter in a hundred has no equivalent in Windows-1251.
 class CUnfitText : public CBuildError
 {
 public:

@@ -32,9 +32,9 @@ std::string catalogueFolder()
     std::error_code ignored;
     const std::filesystem::path program =
         std::filesystem::read_symlink("/proc/self/exe", ignored).parent_path();
-    for (const char* place : {"locale", "../share/locale", "../../share/locale"})
-        if (std::filesystem::exists(program / place / "bg/LC_MESSAGES/kedrin-module.mo", ignored))
-            return program / place;
+    for (const char* path : {"locale", "../share/locale", "../../share/locale"})
+        if (std::filesystem::exists(program / path / "bg/LC_MESSAGES/kedrin-module.mo", ignored))
+            return program / path;
     return "";
 }
 
@@ -48,7 +48,7 @@ void chooseLanguage()
     const std::string folder = catalogueFolder();
     if (folder.empty())
         return;
-    std::setlocale(LC_CTYPE, anyUtf8Locale); // in which the system's own messages come
+    std::setlocale(LC_CTYPE, anyUtf8Locale); // for the system's own messages
     const bool isInstalled = std::setlocale(LC_MESSAGES, "");
     if (!isInstalled && std::setlocale(LC_MESSAGES, anyUtf8Locale) && valueOf("LANGUAGE").empty())
         ::setenv("LANGUAGE", locale.c_str(), 1);
@@ -56,6 +56,6 @@ void chooseLanguage()
     ::bind_textdomain_codeset(messageDomain, "UTF-8");
 }
 
-void speakEnglish() { std::setlocale(LC_MESSAGES, "C"); }
+void forceEnglish() { std::setlocale(LC_MESSAGES, "C"); }
 
 } // namespace Kedrin::ModTool

@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
-/// The program's own words, in the user's language (language.h). In the sources they are English; bg.po is the one table
-/// of translations, and a test sees to it that no text is missing there. Names of options, checks, files and formats, the
+/// The program's messages in the user's language (language.h). In the sources they are English; bg.po has the
+/// translations, and a test ensures that none is missing. Names of options, checks, files and formats, the
 /// engine's own messages, and all of a run with --json are the same in every language.
 namespace Kedrin::ModTool {
 
@@ -27,14 +27,14 @@ private:
     std::string m_text;
 };
 
-/// `english` in the user's language, UTF-8; itself where there is no translation. Valid as long as the program runs.
+/// `english` in the user's language, UTF-8; itself if there is no translation. Valid until the program ends.
 const char* tr(const char* english);
 
 /// Marks a text of a table for translation: tr() is called where it is used.
 constexpr const char* translatable(const char* english) { return english; }
 
 /// `format` with each "%s" replaced by an argument, in order or as "%2$s" says; "%%" is "%".
-/// @throws std::runtime_error  there are fewer arguments than places for them
+/// @throws std::runtime_error  there are fewer arguments than placeholders
 std::string expanded(const char* format, std::span<const std::string> arguments);
 
 /// tr(english), expanded with text and numbers.
@@ -51,7 +51,7 @@ std::string counted(std::uint64_t count, const char* singular, const char* plura
 /// Most bytes of a text from outside that a message shows.
 inline constexpr std::size_t maxShownBytes = 40;
 
-/// A text in quotes as a message shows it: cut after `maxBytes` bytes, so that a hostile source cannot fill the screen.
+/// A text in quotation marks for a message, truncated after `maxBytes` bytes.
 std::string inQuotes(std::string_view utf8, std::size_t maxBytes = maxShownBytes);
 
 } // namespace Kedrin::ModTool

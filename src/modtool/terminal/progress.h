@@ -20,7 +20,7 @@ public:
     /// @param done,total  any unit; a total of 0 counts as done
     void show(const std::string& name, std::size_t done, std::size_t total);
 
-    /// Takes the bar away, before other output.
+    /// Erases the bar; call before other output.
     void clear();
 
 private:

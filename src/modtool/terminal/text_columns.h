@@ -9,21 +9,21 @@
 
 namespace Kedrin::ModTool {
 
-/// Where the lines of a report go on after their labels.
+/// Width of the labels in a report.
 inline constexpr std::size_t labelColumns = 14;
 
-/// How many characters the text has, marks that stand on others included.
+/// Number of code points, combining marks included.
 std::size_t charactersIn(std::string_view utf8);
 
-/// The text and as many blanks as make it `columns` characters wide; a text that is wider stays as it is.
-/// @param utf8  one column a character
+/// The text padded with spaces to `columns` characters; a wider text is returned unchanged.
+/// @param utf8  one column per character
 std::string padded(const std::string& utf8, std::size_t columns);
 
-/// The width of the terminal that `out` writes to; `otherwise` where it writes to none.
+/// The width of the terminal that `out` writes to; `otherwise` if it is not a terminal.
 unsigned int terminalWidth(const std::ostream& out, unsigned int otherwise);
 
-/// Texts side by side in columns of equal width, broken at blanks; a longer word is broken anywhere. Widths count code
-/// points, which is what a terminal shows of text that comes from Windows-1251.
+/// Texts side by side in columns of equal width, wrapped at spaces; a word longer than a column is split.
+/// Widths count code points, which suffices for text from Windows-1251.
 class CTextColumns
 {
 public:
@@ -31,11 +31,11 @@ public:
 
     CTextColumns(std::size_t columnsCount, unsigned int totalWidth);
 
-    /// Writes one row: as many lines as its longest cell needs, " | " between columns, no blanks at line ends.
-    /// @param cells  UTF-8, one a column
+    /// Writes one row: as many lines as its longest cell needs, " | " between columns, no trailing spaces.
+    /// @param cells  UTF-8, one per column
     void writeRow(std::ostream& out, const std::vector<std::string>& cells) const;
 
-    /// A line of dashes, broken by the columns' borders.
+    /// A line of dashes with "+" at the column borders.
     void writeRule(std::ostream& out) const;
 
     unsigned int width() const { return m_width; }

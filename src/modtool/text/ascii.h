@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-// ASCII only, whatever the locale; all other bytes are left alone.
+// ASCII only, independent of the locale; other bytes are not changed.
 namespace Kedrin::ModTool {
 
 inline constexpr std::string_view whiteSpace = " \t\r\n";

@@ -16,7 +16,7 @@ bool isCounted(char32_t codePoint)
     return (U_GET_GC_MASK(static_cast<UChar32>(codePoint)) & (U_GC_L_MASK | U_GC_N_MASK)) != 0;
 }
 
-/// The characters that UTF-8 writes with one byte or two: all of the Latin, Greek and Cyrillic alphabets.
+/// Whether each character of one or two bytes in UTF-8 is counted; these cover Latin, Greek and Cyrillic.
 class CShortTable
 {
 public:

@@ -14,7 +14,7 @@ namespace {
 
 constexpr char16_t grave = 0x0300;
 constexpr std::u16string_view latin = u"AaEeIiKkOoUuYy";
-constexpr std::u16string_view cyrillic = u"АаЕеІіКкОоИиУу"; // и is written like u
+constexpr std::u16string_view cyrillic = u"АаЕеІіКкОоИиУу"; // italic и looks like u
 
 bool isMark(UChar32 codePoint) { return (U_GET_GC_MASK(codePoint) & U_GC_M_MASK) != 0; }
 
@@ -26,7 +26,8 @@ bool isOf(UScriptCode script, UChar32 codePoint)
     return uscript_getScript(codePoint, &status) == script;
 }
 
-/// The Cyrillic letter with the accents of a Latin one; empty for letters without accents or without a likeness.
+/// The Cyrillic letter with the accents of a Latin one; empty for letters without accents or without a
+/// Cyrillic look-alike.
 icu::UnicodeString likeness(UChar32 codePoint)
 {
     UErrorCode status = U_ZERO_ERROR;
@@ -41,7 +42,7 @@ icu::UnicodeString likeness(UChar32 codePoint)
     return nfc->normalize(parts, status);
 }
 
-/// No word of a word list is longer; bounds what a hostile text without blanks costs.
+/// No word of a word list is longer; bounds the time for a hostile text without spaces.
 constexpr std::int32_t maxWordReach = maxWordLineBytes;
 
 /// Where the word around an index begins and one past its end, both at most `maxWordReach` away.
@@ -56,7 +57,7 @@ std::pair<std::int32_t, std::int32_t> wordAround(const icu::UnicodeString& text,
     return {begin, end};
 }
 
-/// Whether a word is Cyrillic but for Latin letters that have a likeness.
+/// Whether a word is Cyrillic except for Latin look-alikes.
 bool isCyrillicWord(const icu::UnicodeString& word)
 {
     bool hasCyrillic = false;

@@ -6,9 +6,9 @@
 
 namespace Kedrin::ModTool {
 
-/// What a Latin letter with an accent stands for inside a Cyrillic word, where keyboards lack the Cyrillic one: "ѐ" for
-/// the è of "сè", "ё" for ë. Composed (NFC); empty for any other character, and in words that hold a Latin letter of
-/// another kind ("caféто").
+/// The Cyrillic letter that an accented Latin letter stands for inside a Cyrillic word, typed so because
+/// keyboards lack the Cyrillic one: "ѐ" for the è of "сè", "ё" for ë. Composed (NFC); empty for any other
+/// character, and in words with other Latin letters ("caféто").
 /// @param text   composed (NFC)
 /// @param index  of a character in it
 icu::UnicodeString cyrillicFor(const icu::UnicodeString& text, std::int32_t index);

@@ -20,7 +20,7 @@ constexpr Pair pairs[] = {{0x201E, 0x201C}, {0x201E, 0x201D}, {0x201C, 0x201D},
                           {0x201A, 0x2018}, {0x2018, 0x2019}, {0xAB, 0xBB},
                           {0xBB, 0xAB},     {0x2039, 0x203A}, {0x203A, 0x2039}};
 
-/// Takes the first character off; negative where it is not valid or there is none.
+/// Removes and returns the first character; negative if it is invalid or missing.
 UChar32 takeFirst(std::string_view& utf8)
 {
     if (utf8.empty())
@@ -61,7 +61,7 @@ bool isPair(UChar32 opening, UChar32 closing)
                        [=](const Pair& pair) { return pair.opening == opening && pair.closing == closing; });
 }
 
-/// Follows the quotation marks of a text.
+/// Tracks which quotations are open at the end of a text.
 class CQuoteState
 {
 public:
@@ -99,7 +99,7 @@ private:
                                 u_charType(previous) == U_DASH_PUNCTUATION;
         const bool endsWord = !rest.empty() && u_isUWhiteSpace(takeFirst(rest));
         m_lastOpens = isBracket(c) || (mayOpen(c) && standsFree && !endsWord);
-        constexpr std::size_t most = 16; // more are in no text; bounds the time
+        constexpr std::size_t most = 16; // bounds the time; no real text nests deeper
         if (m_lastOpens && m_open.size() < most)
             m_open.push_back(c);
     }
@@ -108,7 +108,8 @@ private:
     bool m_lastOpens = false;
 };
 
-/// Whether a mark that may open does. What follows it decides; where nothing does, its usual meaning.
+/// Whether a mark that may open a quotation does: decided by what follows, or by its usual meaning at the
+/// end.
 bool opens(UChar32 mark, const CQuoteState& before, std::string_view rest)
 {
     if (before.isClosedBy(mark))

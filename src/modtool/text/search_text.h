@@ -5,9 +5,9 @@
 
 namespace Kedrin::ModTool {
 
-/// A text to search for as a module would hold it: composed (NFC), in Windows-1251, with the replacements that a build
-/// makes of characters which Windows-1251 lacks. Blanks stay as typed.
-/// @throws CNotFound  "no module can contain \"%s\" (%s)": a character without likeness, and its name
+/// A search text as a module would store it: composed (NFC), in Windows-1251, with characters that
+/// Windows-1251 lacks replaced as a build replaces them. Spaces stay as typed.
+/// @throws CNotFound  "no module can contain \"%s\" (%s)": the first character without a replacement
 std::string searchText(std::string_view utf8);
 
 } // namespace Kedrin::ModTool

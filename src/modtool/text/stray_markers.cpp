@@ -24,15 +24,15 @@ bool endsWithLetterOrDigit(std::string_view utf8)
     return codePoint >= 0 && u_isalnum(codePoint);
 }
 
-/// A marker as it is written.
+/// A marker as written.
 struct Marker
 {
     std::string_view name;
-    std::size_t byteCount; ///< with backslash, star or the blank behind it
+    std::size_t byteCount; ///< including the backslash and the star or space after it
     bool isEnd;
 };
 
-/// The known marker at the front of the text: `\nd `, `\+nd*`, `\q1` before another backslash or at the end.
+/// The known marker at the start of the text: `\nd `, `\+nd*`, `\q1` before another backslash or at the end.
 std::optional<Marker> markerAt(std::string_view text)
 {
     const std::size_t begin = text.starts_with("\\+") ? 2 : 1;
@@ -56,9 +56,9 @@ bool hasEnd(std::string_view text, std::string_view name)
            text.find("\\+" + end) != std::string_view::npos;
 }
 
-/// Whether a marker may stand where `before` of the same word stands in front of it: no path of files, and no word that
-/// a mark of characters would divide, unless it also ends.
-bool isInPlace(const Marker& marker, std::string_view before, std::string_view behind)
+/// Whether a marker may follow `before`, the part of the same word in front of it: not in a file path, and a
+/// character style inside a word only if it is also closed.
+bool mayStand(const Marker& marker, std::string_view before, std::string_view behind)
 {
     const bool isDrive = before.size() == 2 && isAsciiLetter(before[0]) && before[1] == ':';
     if (isDrive || before.find('\\') != std::string_view::npos)
@@ -77,7 +77,7 @@ std::string withoutMarkers(std::string_view text, unsigned int& count)
     while (!text.empty()) {
         const auto marker = text.front() == '\\' ? markerAt(text) : std::nullopt;
         if (marker &&
-            isInPlace(*marker, std::string_view(rest).substr(word), text.substr(marker->byteCount))) {
+            mayStand(*marker, std::string_view(rest).substr(word), text.substr(marker->byteCount))) {
             ++count;
             rest += !marker->isEnd && isBreak(marker->name) ? " " : "";
             text.remove_prefix(marker->byteCount);

@@ -5,13 +5,14 @@
 
 namespace Kedrin::ModTool {
 
-/// Whether a text that is not USFM may hold markers of it.
+/// Whether a text that is not USFM may contain USFM markers.
 inline bool mayHaveMarkers(std::string_view text) { return text.find('\\') != std::string_view::npos; }
 
-/// The text without markers of USFM that a conversion left in it ("\nd Lord\+nd*"): what they mark stays, and a blank
-/// stands where one did not mark characters ("\q1"). Only known markers go, and only where one may stand: followed by
-/// a star, a blank, another marker or the end of the text, with no other backslash before them in the same word.
-/// @param count  rises by one for each marker that goes
+/// The text without USFM markers left in it by a conversion ("\nd Lord\+nd*"). The marked text stays; a
+/// marker that is not a character style ("\q1") becomes a space. Only known markers are removed, and only if
+/// followed by a star, a space, another marker or the end of the text, with no other backslash before them in
+/// the same word.
+/// @param count  incremented for each marker removed
 std::string withoutMarkers(std::string_view text, unsigned int& count);
 
 } // namespace Kedrin::ModTool

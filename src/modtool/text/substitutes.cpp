@@ -22,7 +22,8 @@ struct Substitute
     std::u16string_view to;
 };
 
-// Ascending by the first column. Characters whose decomposition says the same (é, ﬁ, ½, thin blanks) need no row.
+// Ascending by the first column. Characters whose decomposition gives the same (é, ﬁ, ½, thin spaces) need no
+// row.
 constexpr Substitute table[] = {
     {0x00A1, u"!"},
     {0x00A2, u"c"},
@@ -136,7 +137,8 @@ const std::u16string_view* inTable(char32_t codePoint)
 
 bool isBlank(char32_t codePoint) { return u_isUWhiteSpace(static_cast<UChar32>(codePoint)) != 0; }
 
-/// The decomposition without accents in Windows-1251; nothing where a part of it has no byte, or nothing is left.
+/// The decomposition without accents in Windows-1251; nothing if a part of it is not in Windows-1251, or
+/// nothing is left.
 std::optional<std::string> decomposed(char32_t codePoint)
 {
     UErrorCode status = U_ZERO_ERROR;

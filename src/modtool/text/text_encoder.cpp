@@ -53,11 +53,11 @@ CTextEncoder::CTextEncoder() : m_bytes(std::make_shared<const CByteTable>()) {}
 
 namespace {
 
-/// Appends bytes, with one blank where any number of them stood between others.
-class CBlankFolder
+/// Appends bytes, collapsing white space between them to single spaces.
+class CWhitespaceCollapser
 {
 public:
-    explicit CBlankFolder(std::string& out) : m_out(out), m_begin(out.size()) {}
+    explicit CWhitespaceCollapser(std::string& out) : m_out(out), m_begin(out.size()) {}
 
     void append(char byte)
     {
@@ -79,19 +79,19 @@ private:
 
 } // namespace
 
-void CTextEncoder::encode(std::string_view utf8, std::uint32_t place, std::string& out)
+void CTextEncoder::encode(std::string_view utf8, std::uint32_t tag, std::string& out)
 {
     const std::size_t begin = out.size();
     if (encodeSimple(utf8, out))
         return;
     out.resize(begin);
-    encodeAny(utf8, place, out);
+    encodeAny(utf8, tag, out);
 }
 
-/// A text of characters that Windows-1251 holds is composed already: none of them combines with another.
+/// Fast path: text in Windows-1251 is already composed, since none of its characters combine.
 bool CTextEncoder::encodeSimple(std::string_view utf8, std::string& out) const
 {
-    CBlankFolder folder(out);
+    CWhitespaceCollapser folder(out);
     const auto* bytes = reinterpret_cast<const std::uint8_t*>(utf8.data());
     for (std::size_t i = 0; i < utf8.size();) {
         char32_t codePoint = 0;
@@ -104,10 +104,10 @@ bool CTextEncoder::encodeSimple(std::string_view utf8, std::string& out) const
     return true;
 }
 
-void CTextEncoder::encodeAny(std::string_view utf8, std::uint32_t place, std::string& out)
+void CTextEncoder::encodeAny(std::string_view utf8, std::uint32_t tag, std::string& out)
 {
     const icu::UnicodeString text = composed(utf8);
-    CBlankFolder folder(out);
+    CWhitespaceCollapser folder(out);
     m_letterChange -= static_cast<std::int64_t>(countLetters(utf8));
     for (int32_t i = 0; i < text.length(); i = text.moveIndex32(i, 1)) {
         const auto codePoint = static_cast<char32_t>(text.char32At(i));
@@ -115,13 +115,13 @@ void CTextEncoder::encodeAny(std::string_view utf8, std::uint32_t place, std::st
         if (const char byte = m_bytes->byteOf(codePoint))
             folder.append(byte);
         else
-            for (const char substitute : replace(text, i, place))
+            for (const char substitute : replace(text, i, tag))
                 folder.append(substitute);
     }
 }
 
 const std::string& CTextEncoder::replace(const icu::UnicodeString& text, std::int32_t index,
-                                         std::uint32_t place)
+                                         std::uint32_t tag)
 {
     const auto codePoint = static_cast<char32_t>(text.char32At(index));
     const icu::UnicodeString letter = cyrillicFor(text, index);
@@ -133,7 +133,7 @@ const std::string& CTextEncoder::replace(const icu::UnicodeString& text, std::in
         kind.to = letter.isEmpty() ? substituteFor(codePoint) : substituteFor(letter);
         kind.isAlways =
             isStress || isReplacedAlways(codePoint) || (!letter.isEmpty() && isReplacedAlways(letter));
-        kind.firstPosition = place;
+        kind.firstPosition = tag;
     }
     ++kind.count;
     m_letterChange += static_cast<std::int64_t>(countLettersOf1251(kind.to)) - isLetterOrDigit(codePoint);

@@ -10,7 +10,7 @@
 
 namespace Kedrin::ModTool {
 
-/// A kind of character that does not stand in the module as it stood in the source.
+/// A kind of character that the module stores differently from the source.
 struct ForeignCharacter
 {
     char32_t codePoint;
@@ -19,20 +19,19 @@ struct ForeignCharacter
     auto operator<=>(const ForeignCharacter&) const = default; // NOLINT(modernize-use-nullptr)
 };
 
-/// What became of it.
+/// How it was replaced.
 struct ReplacedCharacter
 {
     std::string to;                  ///< Windows-1251; "": removed
-    bool isAlways = false;           ///< without being asked for
+    bool isAlways = false;           ///< even without --substitute
     std::uint64_t count = 0;         ///< how often
-    std::uint32_t firstPosition = 0; ///< the `place` of the first
+    std::uint32_t firstPosition = 0; ///< the tag of the text with the first one
 };
 
-/// Turns UTF-8 text into the Windows-1251 text of a module: canonical composition (NFC), each run of white space one
-/// blank, none at the ends. What Windows-1251 lacks, and control characters, are replaced by substituteFor(), Latin
-/// letters with accents in Cyrillic words by cyrillicFor(); whether that is allowed is the caller's to decide, from
-/// foreign(). Soft hyphens are removed: they would hide words from the
-/// search.
+/// Turns UTF-8 text into the Windows-1251 text of a module: canonical composition (NFC), white space
+/// collapsed to single spaces, none at the ends. Control characters and what Windows-1251 lacks are replaced
+/// by substituteFor(), accented Latin letters in Cyrillic words by cyrillicFor(); the caller decides from
+/// foreign() whether that is allowed. Soft hyphens are removed, since they would hide words from the search.
 class CTextEncoder
 {
 public:
@@ -43,21 +42,22 @@ public:
 
     /// Appends the encoded text to `out`.
     /// @param utf8   valid UTF-8
-    /// @param place  any number by which the caller knows the text
-    void encode(std::string_view utf8, std::uint32_t place, std::string& out);
+    /// @param tag  opaque tag, returned as firstPosition
+    /// @throws CBuildError  "the Unicode library failed: %s"
+    void encode(std::string_view utf8, std::uint32_t tag, std::string& out);
 
     const Kinds& foreign() const { return m_foreign; }          ///< characters that Windows-1251 lacks
     const Kinds& softHyphens() const { return m_softHyphens; }  ///< at most one entry
-    std::uint64_t lostLetters() const { return m_lostLetters; } ///< letters for which only "?" was left
+    std::uint64_t lostLetters() const { return m_lostLetters; } ///< letters replaced by "?"
 
-    /// How many letters and digits more, or fewer, the encoded texts have than their sources: "ae" for "æ", nothing for
-    /// what was removed, one letter for two that were composed.
+    /// How many more letters and digits the encoded texts have than their sources; may be negative. "ae" for
+    /// "æ" adds one, removal or composition subtracts.
     std::int64_t letterChange() const { return m_letterChange; }
 
 private:
     bool encodeSimple(std::string_view utf8, std::string& out) const;
-    void encodeAny(std::string_view utf8, std::uint32_t place, std::string& out);
-    const std::string& replace(const icu::UnicodeString& text, std::int32_t index, std::uint32_t place);
+    void encodeAny(std::string_view utf8, std::uint32_t tag, std::string& out);
+    const std::string& replace(const icu::UnicodeString& text, std::int32_t index, std::uint32_t tag);
 
     std::shared_ptr<const class CByteTable> m_bytes;
     Kinds m_foreign;
@@ -70,7 +70,7 @@ private:
 /// @throws CBuildError  "the Unicode library failed: %s"
 icu::UnicodeString composed(std::string_view utf8);
 
-/// Metadata in Windows-1251, with substitutes wherever needed: "?" for bytes that are no UTF-8.
+/// Metadata in Windows-1251, with replacements where needed: "?" for bytes that are not UTF-8.
 std::string encodedTitle(std::string_view utf8);
 
 /// Windows-1251 as UTF-8, for reports.

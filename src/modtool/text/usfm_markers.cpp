@@ -9,7 +9,7 @@ namespace {
 struct Row
 {
     UsfmMarker kind;
-    std::string_view names; ///< with blanks around each
+    std::string_view names; ///< with a space on either side of each
 };
 
 constexpr Row rows[] = {
@@ -32,7 +32,7 @@ constexpr Row rows[] = {
      "jmp rb rt qs qac lik liv litl xt ior iqt wr "},
 };
 
-/// The markers of the parts of a note, with blanks around each.
+/// The markers of the parts of a note, with a space on either side of each.
 constexpr std::string_view noteParts = " fr fk fq fqa fl fw fp ft fdc fv xo xop xk xq xta xot xnt xdc ";
 
 bool isIn(std::string_view names, std::string_view base)

@@ -10,16 +10,16 @@ enum class UsfmMarker
     id,             ///< begins a book
     chapter,        ///< \c
     verse,          ///< \v
-    field,          ///< the rest of the line tells of the book, not of the text
+    field,          ///< the rest of the line is metadata of the book
     paragraph,      ///< begins a paragraph or a line of the text
     cell,           ///< of a table
-    title,          ///< a heading: to the next paragraph
+    title,          ///< a heading, up to the next paragraph
     canonicalTitle, ///< \d: a heading that belongs to the text
-    outside,        ///< an introduction, a remark: to the next paragraph
+    outside,        ///< an introduction or remark, up to the next paragraph
     sidebar,        ///< \esb: to \esbe
-    note,           ///< to its end marker
-    secondNumber,   ///< to its end marker
-    figure,         ///< to its end marker
+    note,           ///< up to its end marker
+    secondNumber,   ///< up to its end marker
+    figure,         ///< up to its end marker
     character,      ///< its text is text
     unknown
 };
@@ -31,17 +31,17 @@ std::string_view baseName(std::string_view marker);
 /// @param name  without backslash, with its number: "q1"
 UsfmMarker classify(std::string_view name);
 
-/// Whether a name is a marker's, also one that stands only in notes. `\line`, which is no marker of USFM, counts: texts
-/// that came through a word processor have it.
+/// Whether the name is that of a marker, including those used only in notes. `\line` counts although it is
+/// not USFM: texts converted by a word processor contain it.
 bool isKnownMarker(std::string_view name);
 
-/// Whether a known marker's text is apart from the one before it: any that does not mark characters.
+/// Whether a known marker separates its text from the preceding text: any but a character style.
 bool isBreak(std::string_view name);
 
-/// Whether what stands up to its end marker is one word or several, each whole: "w", "rb".
+/// Whether what stands up up to its end marker is one word or several, each whole: "w", "rb".
 bool marksWords(std::string_view name);
 
-/// Whether what stands behind a '|' before the marker's end is an attribute even without a name: "w", "rb".
+/// Whether text after a '|' before the end marker is an attribute even without a name: "w", "rb".
 bool hasUnnamedAttribute(std::string_view name);
 
 /// Whether the marker ends the paragraph before it.

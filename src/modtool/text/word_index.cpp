@@ -15,7 +15,7 @@
 
 namespace Kedrin::ModTool {
 
-/// Unicode word boundaries in Windows-1251 text. The rules of the root locale, whatever the user's.
+/// Unicode word boundaries in Windows-1251 text. By the rules of the root locale, independent of the user's.
 class CWordIndexer::CBoundaries
 {
 public:
@@ -66,8 +66,8 @@ private:
 CWordIndexer::CWordIndexer() : m_boundaries(std::make_unique<CBoundaries>()) {}
 CWordIndexer::~CWordIndexer() = default;
 
-/// There is a boundary on both sides of every blank, and no rule looks across one, so what stands between blanks can
-/// be segmented alone, and only once for each distinct text.
+/// Every space is a boundary that no rule looks across, so each chunk between spaces can be segmented
+/// separately, once per distinct chunk.
 void CWordIndexer::add(std::string_view verse, unsigned int verseNum)
 {
     while (!verse.empty()) {
@@ -144,7 +144,7 @@ std::vector<const std::string*> CWordIndexer::chosenSpellings() const
 WordIndex CWordIndexer::finish()
 {
     const std::vector<const std::string*> texts = chosenSpellings();
-    std::vector<std::uint32_t> order(texts.size()); // [place in the list]: word
+    std::vector<std::uint32_t> order(texts.size()); // [position in the list]: word
     std::iota(order.begin(), order.end(), 0u);
     std::sort(order.begin(), order.end(), [&](std::uint32_t a, std::uint32_t b) {
         return Tolvo::caseInsensitiveComp(*texts[a], *texts[b]);
@@ -152,7 +152,7 @@ WordIndex CWordIndexer::finish()
 
     WordIndex index;
     index.occurrences = m_occurrences;
-    std::vector<std::uint32_t> next(texts.size(), 0); // [word]: how many verses, then where its next one goes
+    std::vector<std::uint32_t> next(texts.size(), 0); // [word]: posting count, then write position
     for (const Posting& posting : m_postings)
         ++next[posting.word];
     std::uint32_t begin = 0;

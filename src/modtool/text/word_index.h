@@ -15,33 +15,35 @@ struct WordIndex
     std::vector<std::string> words;        ///< Windows-1251, in the order of Tolvo::caseInsensitiveComp
     std::vector<std::uint32_t> firstEntry; ///< [word], and one more: where its verses begin in `verseNums`
     std::vector<std::uint16_t> verseNums;  ///< verse numbers from 0, ascending for each word, none twice
-    std::uint64_t occurrences = 0;         ///< running words of the text that are in the list
+    std::uint64_t occurrences = 0;         ///< words of the running text that are in the list
 };
 
 /// Most bytes of a line of the word list, its CR included.
 inline constexpr std::size_t maxWordLineBytes = 40;
 
-/// Collects the words of a module, verse after verse. A word is a segment between Unicode word boundaries that holds
-/// a letter or a digit; one that is longer than a line of the word list is left out. Words that differ only in case, as ut::cyr_stricmp sees it, are one entry, spelt as most often
-/// in the text; of equally frequent spellings the one met first.
+/// Collects the words of a module, verse by verse. A word is a segment between Unicode word boundaries that
+/// contains a letter or a digit; one that does not fit in a line of the word list is omitted. Words that
+/// differ only in case (ut::cyr_stricmp) are one entry, in its most frequent spelling; of equally frequent
+/// ones, the first in the text.
 class CWordIndexer
 {
 public:
     static constexpr std::size_t maxWordBytes = maxWordLineBytes - 1;
 
-    /// Words that are left out.
+    /// Words that are too long for the list.
     struct LongWords
     {
         std::uint64_t count = 0;
         std::string first;
-        unsigned int firstVerse = 0; ///< the number of the verse that holds it
+        unsigned int firstVerse = 0; ///< the number of the verse that contains it
     };
 
     CWordIndexer();
     ~CWordIndexer();
 
-    /// @param verse     Windows-1251, words separated by single blanks at least where blanks separate them
+    /// @param verse     Windows-1251, with single spaces
     /// @param verseNum  ascending from call to call
+    /// @throws CBuildError  "the Unicode library failed: %s"
     void add(std::string_view verse, unsigned int verseNum);
 
     /// How many words there are so far.
@@ -49,7 +51,7 @@ public:
 
     const LongWords& longWords() const { return m_longWords; }
 
-    /// The index of all that was added. Call it once.
+    /// The index of everything added. Call once.
     WordIndex finish();
 
 private:

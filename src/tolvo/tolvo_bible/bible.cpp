@@ -72,7 +72,7 @@ void CBible::proveParts(const std::string& bibleFolder) const
     if (m_structure->m_furtherBook || !allHaveText)
         throw ut::CIoFailure("CBibleSructure::CBibleSructure(): error reading file " +
                              inFolder(bibleFolder, "BibleStructure.csv"));
-    CVerseRun firstChapter(*m_text, 0, m_structure->versesCount(0, 0));
+    CVerseCursor firstChapter(*m_text, 0, m_structure->versesCount(0, 0));
     while (firstChapter.next()) {
     }
 }
@@ -130,7 +130,7 @@ std::vector<std::string> CBible::chapterVerses(unsigned int bookID, unsigned int
         const unsigned int verseCount = m_structure->versesCount(bookID, chapter);
         if (verseCount == 0)
             return verses;
-        CVerseRun run(*m_text, m_structure->toNum(CRef(bookID, chapter, 0)), verseCount);
+        CVerseCursor run(*m_text, m_structure->toNum(CRef(bookID, chapter, 0)), verseCount);
         while (run.next())
             verses.emplace_back(run.text());
         return verses;

@@ -103,9 +103,9 @@ void CBible::searchPart(CBibleText& text, const std::string& part, bool caseSens
     const CTextScan scan(part, caseSensitive ? CTextScan::Case::exact : CTextScan::Case::ignored);
     CScanAhead needle(scan, !caseSensitive);
     CRefWalk refs(*this, *m_structure);
-    CVerseRun run(text, 0, m_structure->totalVersesCount());
+    CVerseCursor run(text, 0, m_structure->totalVersesCount());
     while (run.next())
-        if (needle.isIn(run.text(), run.pieceEnd(), run.pieceNum()))
+        if (needle.isIn(run.text(), run.blockEnd(), run.blockNum()))
             searchResult.push_back(refs.globalRefOf(run.verseNum()));
 }
 

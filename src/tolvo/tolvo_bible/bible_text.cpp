@@ -37,20 +37,20 @@ CBibleText::CBibleText(const char* textFileName, const char* pointFileName)
 
 std::string CBibleText::operator[](int localVerseNum)
 {
-    CVerseRun run(*this, static_cast<unsigned int>(localVerseNum), 1);
+    CVerseCursor run(*this, static_cast<unsigned int>(localVerseNum), 1);
     run.next();
     return std::string(run.text());
 }
 
-CVerseRun::CVerseRun(CBibleText& text, unsigned int firstVerseNum, unsigned int verseCount,
-                     std::size_t pieceBytes)
+CVerseCursor::CVerseCursor(CBibleText& text, unsigned int firstVerseNum, unsigned int verseCount,
+                           std::size_t blockBytes)
     : m_text(text),
       m_next(firstVerseNum),
       m_left(verseCount),
-      m_pieceBytes(pieceBytes)
+      m_blockBytes(blockBytes)
 {}
 
-bool CVerseRun::next()
+bool CVerseCursor::next()
 {
     const std::size_t place = m_next - m_firstOffset;
     if (m_left == 0 || m_text.m_failed || place >= m_offsets.size() || !holdsRecord(m_offsets[place]))
@@ -61,7 +61,7 @@ bool CVerseRun::next()
 }
 
 /// next(), when something has to be read first.
-bool CVerseRun::fetchNext()
+bool CVerseCursor::fetchNext()
 {
     return ut::lets_out<std::out_of_range, std::ios_base::failure>("CBibleText::operator []()", [&] {
         if (m_left == 0)
@@ -83,7 +83,7 @@ bool CVerseRun::fetchNext()
 
 /// Where the verse's record begins. Fetches the offsets of the verses after it too, and one more, which tells
 /// where the last record ends.
-unsigned int CVerseRun::offsetOf(unsigned int verseNum)
+unsigned int CVerseCursor::offsetOf(unsigned int verseNum)
 {
     if (m_offsets.empty() || verseNum - m_firstOffset >= m_offsets.size()) {
         std::vector<unsigned int> offsets(std::min<std::size_t>(std::size_t(m_left) + 1, maxOffsetsAtOnce));
@@ -95,7 +95,7 @@ unsigned int CVerseRun::offsetOf(unsigned int verseNum)
 }
 
 /// Where the record of a verse ends if the next verse's follows it at once; 0 when that is not known.
-std::uint64_t CVerseRun::endOf(unsigned int verseNum) const
+std::uint64_t CVerseCursor::endOf(unsigned int verseNum) const
 {
     const std::size_t place = verseNum - m_firstOffset;
     if (place + 1 < m_offsets.size())
@@ -104,48 +104,48 @@ std::uint64_t CVerseRun::endOf(unsigned int verseNum) const
     return lastOfAll ? m_text.m_textStream.size() : 0;
 }
 
-/// Whether the piece holds the record at `offset` whole; if so, m_verse is its text.
-bool CVerseRun::holdsRecord(std::uint64_t offset)
+/// Whether the block holds the record at `offset` whole; if so, m_verse is its text.
+bool CVerseCursor::holdsRecord(std::uint64_t offset)
 {
-    if (offset < m_pieceOffset || offset - m_pieceOffset + lengthBytes > m_pieceCount)
+    if (offset < m_blockOffset || offset - m_blockOffset + lengthBytes > m_blockCount)
         return false;
-    const std::size_t start = static_cast<std::size_t>(offset - m_pieceOffset);
-    const std::size_t length = lengthAt(&m_piece[start]);
-    if (start + lengthBytes + length > m_pieceCount)
+    const std::size_t start = static_cast<std::size_t>(offset - m_blockOffset);
+    const std::size_t length = lengthAt(&m_block[start]);
+    if (start + lengthBytes + length > m_blockCount)
         return false;
-    m_verse = std::string_view(&m_piece[start] + lengthBytes, length);
+    m_verse = std::string_view(&m_block[start] + lengthBytes, length);
     return true;
 }
 
-/// Loads the record of a verse and those after it that follow one another, up to a piece's size.
-void CVerseRun::loadFollowing(unsigned int verseNum, std::uint64_t offset)
+/// Loads the record of a verse and those after it that follow one another, up to a block's size.
+void CVerseCursor::loadFollowing(unsigned int verseNum, std::uint64_t offset)
 {
     std::uint64_t end = offset;
     for (unsigned int i = 0; i < m_left && verseNum + i - m_firstOffset < m_offsets.size(); ++i) {
         const std::uint64_t recordEnd = endOf(verseNum + i);
         const bool follows = recordEnd > end && recordEnd - end <= maxRecordBytes;
-        if (!follows || (i > 0 && recordEnd - offset > m_pieceBytes))
+        if (!follows || (i > 0 && recordEnd - offset > m_blockBytes))
             break;
         end = recordEnd;
     }
     load(offset, end - offset);
 }
 
-void CVerseRun::loadAlone(std::uint64_t offset)
+void CVerseCursor::loadAlone(std::uint64_t offset)
 {
     load(offset, lengthBytes);
-    if (m_pieceCount == lengthBytes)
-        load(offset, lengthBytes + lengthAt(m_piece.data()));
+    if (m_blockCount == lengthBytes)
+        load(offset, lengthBytes + lengthAt(m_block.data()));
 }
 
-void CVerseRun::load(std::uint64_t offset, std::uint64_t byteCount)
+void CVerseCursor::load(std::uint64_t offset, std::uint64_t byteCount)
 {
     const auto wanted = static_cast<std::size_t>(byteCount);
-    if (m_piece.size() < wanted)
-        m_piece.resize(wanted);
-    m_pieceOffset = offset;
-    ++m_pieceNum;
-    m_pieceCount = m_text.m_textStream.readAt(offset, m_piece.data(), wanted);
+    if (m_block.size() < wanted)
+        m_block.resize(wanted);
+    m_blockOffset = offset;
+    ++m_blockNum;
+    m_blockCount = m_text.m_textStream.readAt(offset, m_block.data(), wanted);
 }
 
 } // namespace Kedrin::Tolvo

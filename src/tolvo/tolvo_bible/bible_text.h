@@ -37,7 +37,7 @@ public:
 
 private:
     friend class CBible;
-    friend class CVerseRun;
+    friend class CVerseCursor;
 
     /// The same open files with no failed read behind them.
     CBibleText afresh() const { return CBibleText(*m_compactPoint, m_textStream); }
@@ -55,19 +55,19 @@ private:
 /// other in the text file come with one read, and nothing else is read: a chapter costs two system calls.
 /// Records that lie scattered or overlap are read one at a time.
 ///
-///     CVerseRun run(text, firstVerseNum, verseCount);
+///     CVerseCursor run(text, firstVerseNum, verseCount);
 ///     while (run.next())
 ///         use(run.verseNum(), run.text());
 ///
 /// The text must outlive the run.
-class CVerseRun
+class CVerseCursor
 {
 public:
-    static constexpr std::size_t defaultPieceBytes = 256u << 10;
+    static constexpr std::size_t defaultBlockBytes = 256u << 10;
 
-    /// @param pieceBytes  most bytes to read at once; a single longer record is read all the same
-    CVerseRun(CBibleText& text, unsigned int firstVerseNum, unsigned int verseCount,
-              std::size_t pieceBytes = defaultPieceBytes);
+    /// @param blockBytes  most bytes to read at once; a single longer record is read all the same
+    CVerseCursor(CBibleText& text, unsigned int firstVerseNum, unsigned int verseCount,
+                 std::size_t blockBytes = defaultBlockBytes);
 
     /// Moves to the next verse; false after the last.
     /// @throws as CBibleText::operator[] for that verse
@@ -78,9 +78,9 @@ public:
 
     /// Where the bytes end that were read together with text() and follow it: those of the verses after it, when
     /// they came with the same read.
-    const char* pieceEnd() const { return m_piece.data() + m_pieceCount; }
+    const char* blockEnd() const { return m_block.data() + m_blockCount; }
     /// Counts the reads. While it stays the same, text() comes out of the same bytes at the same addresses.
-    unsigned int pieceNum() const { return m_pieceNum; }
+    unsigned int blockNum() const { return m_blockNum; }
 
 private:
     bool fetchNext();
@@ -94,16 +94,16 @@ private:
     CBibleText& m_text;
     unsigned int m_next;
     unsigned int m_left;
-    std::size_t m_pieceBytes;
+    std::size_t m_blockBytes;
     unsigned int m_verseNum = 0;
     std::string_view m_verse;
 
     std::vector<unsigned int> m_offsets; ///< of the verses m_firstOffset, m_firstOffset + 1, ...
     unsigned int m_firstOffset = 0;
-    std::vector<char> m_piece; ///< its first m_pieceCount bytes are the file's from m_pieceOffset on
-    std::uint64_t m_pieceOffset = 0;
-    std::size_t m_pieceCount = 0;
-    unsigned int m_pieceNum = 0;
+    std::vector<char> m_block; ///< its first m_blockCount bytes are the file's from m_blockOffset on
+    std::uint64_t m_blockOffset = 0;
+    std::size_t m_blockCount = 0;
+    unsigned int m_blockNum = 0;
 };
 
 } // namespace Kedrin::Tolvo

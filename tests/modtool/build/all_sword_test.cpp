@@ -40,7 +40,7 @@ protected:
 constexpr const char* firstLine = "MadeOne: built, 1 book, 2 verses: Първа\n";
 constexpr const char* secondLine = "MadeTwo: built, 1 book, 1 verse: Second\n";
 
-TEST_F(AllSword, WithoutAnyMakesTheCommonStructureAlone)
+TEST_F(AllSword, WithoutAnyWritesOnlyTheGlobalStructure)
 {
     EXPECT_EQ(buildAll(), (Result{0, "no SWORD Bible is installed\n", ""}));
     EXPECT_EQ(namesIn(directory()), std::vector<std::string>{"BibleStructure.txt"});
@@ -145,7 +145,7 @@ TEST_F(AllSword, OneThatFailsDoesNotStopTheOthers)
                                   "/madeone: is not empty and contains no module, so it is not replaced\n"}));
 }
 
-TEST_F(AllSword, OneThatAnotherBuildsIsLeftToIt)
+TEST_F(AllSword, OneThatAnotherProcessBuildsIsSkipped)
 {
     addOne();
     addTwo();
@@ -155,14 +155,14 @@ TEST_F(AllSword, OneThatAnotherBuildsIsLeftToIt)
         (Result{0, std::string("MadeOne: skipped: another build of it is running\n") + secondLine, ""}));
 }
 
-TEST_F(AllSword, QuietSaysErrorsOnly)
+TEST_F(AllSword, QuietPrintsErrorsOnly)
 {
     addOne();
     EXPECT_EQ(buildAll({"-q"}), (Result{0, "", ""}));
     EXPECT_TRUE(fs::exists(directory() + "/madeone"));
 }
 
-TEST_F(AllSword, FingerprintIsNoFileOfTheReader)
+TEST_F(AllSword, FingerprintIsIgnoredByTheReader)
 {
     addOne();
     ASSERT_EQ(buildAll().code, 0);

@@ -44,13 +44,13 @@ TEST_F(BuiltFiles, AreTheTenOfAModuleToTheByte)
     EXPECT_EQ(filesOf(made()), expected);
 }
 
-TEST_F(BuiltFiles, StandBesideTheCommonStructureAndNothingElse)
+TEST_F(BuiltFiles, AreWrittenWithTheGlobalStructureAndNothingElse)
 {
     ASSERT_EQ(build(tiny).code, 0);
     EXPECT_EQ(namesIn(modules()), (std::vector<std::string>{"BibleStructure.txt", "made"}));
 }
 
-TEST_F(BuiltFiles, HaveACommonStructureThatTheEngineReads)
+TEST_F(BuiltFiles, HaveAGlobalStructureThatTheEngineReads)
 {
     ASSERT_EQ(build(tiny).code, 0);
     const Kedrin::Tolvo::CBibleStructure common((modules() + "/BibleStructure.txt").c_str(), 77);

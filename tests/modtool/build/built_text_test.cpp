@@ -25,7 +25,7 @@ TEST_F(BuiltText, IsComposed)
     EXPECT_EQ(stored("\u0418\u0306"), "Й");
 }
 
-TEST_F(BuiltText, RunsOfWhiteSpaceBecomeOneBlank)
+TEST_F(BuiltText, WhiteSpaceIsCollapsed)
 {
     EXPECT_EQ(stored("  а\t \u00A0 б\u2028в \v\f г \u0085 "), "а б в г");
 }
@@ -88,7 +88,7 @@ TEST_F(BuiltText, DashesQuotesAndSignsHaveSubstitutes)
     EXPECT_EQ(substituted("\u3008a\u3009 \u300Ab\u300B \u3001\u3002"), "‹a› «b» ,.");
 }
 
-TEST_F(BuiltText, OddBlanksBecomeBlanks)
+TEST_F(BuiltText, SpecialSpacesBecomeSpaces)
 {
     EXPECT_EQ(substituted("a\u2002b\u2009c\u202Fd\u3000e\u2003\u2003f \u2007"), "a b c d e f");
 }
@@ -104,7 +104,7 @@ TEST_F(BuiltText, DecompositionComesWithoutAccents)
     EXPECT_EQ(substituted("а\u0301б ӥ"), "аб и");
 }
 
-TEST_F(BuiltText, WhatHasNoLikenessBecomesAQuestionMark)
+TEST_F(BuiltText, WhatHasNoEquivalentBecomesAQuestionMark)
 {
     EXPECT_EQ(substituted("λόγος 神 𝄞"), "????? ? ?");
 }

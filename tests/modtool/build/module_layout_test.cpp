@@ -57,7 +57,7 @@ TEST_F(Layout, BooksWithoutTextAreLeftOut)
     EXPECT_EQ(reported(result, "left out"), "      without text at the end: 0 verses, 0 chapters, 2 books");
 }
 
-TEST_F(Layout, BooksThatTheCommonNumberingLacksAreLeftOut)
+TEST_F(Layout, BooksThatTheGlobalNumberingLacksAreLeftOut)
 {
     const Result result = build("PrMan\t1\t1\tа\nPrMan\t1\t2\tб\nJude\t1\t1\tв\n4Macc\t1\t1\tг\n");
     EXPECT_TRUE(made("BibleTitles.txt").starts_with("1 61\n"));
@@ -136,14 +136,14 @@ TEST_F(Limits, HoldTitlesOf255BytesAndNoMore)
     }
 }
 
-TEST(CopyrightLines, AreWrappedAtBlanks)
+TEST(CopyrightLines, AreWrappedAtSpaces)
 {
     const std::string word(99, 'w');
     EXPECT_EQ(Kedrin::ModTool::wrappedLines({word + ' ' + word + ' ' + word + ' ' + word, "second"}),
               (std::vector<std::string>{word + ' ' + word, word + ' ' + word, "second"}));
 }
 
-TEST(CopyrightLines, AreCutWhereThereIsNoBlank)
+TEST(CopyrightLines, AreSplitWhereThereIsNoSpace)
 {
     EXPECT_EQ(Kedrin::ModTool::wrappedLines({std::string(600, 'w')}),
               (std::vector<std::string>{std::string(255, 'w'), std::string(255, 'w'), std::string(90, 'w')}));

@@ -28,7 +28,7 @@ ModuleData prepared(const std::string& text, const BuildOptions& options, BuildR
 
 } // namespace
 
-TEST(BuildOptions, IWithGraveIsReplacedWithoutBeingAskedForAndCounted)
+TEST(BuildOptions, IWithGraveIsAlwaysReplacedAndCounted)
 {
     BuildReport report;
     const ModuleData module = prepared("\u045D \u0418\u0300", {}, report);

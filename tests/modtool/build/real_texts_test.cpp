@@ -131,7 +131,7 @@ TEST_F(RealText, MadeCyrillicIsWhole)
     expectEveryLine("none");
 }
 
-TEST_F(RealText, MadeSynodalIsWholeAndProfitsInJonahAlone)
+TEST_F(RealText, MadeSynodalIsCompleteAndGainsInJonahOnly)
 {
     ASSERT_NO_FATAL_FAILURE(buildLines(build_test::synodalLines(), {}));
     EXPECT_TRUE(isReported("contains      77 books, 1361 chapters, 37087 verses\n")) << m_report;
@@ -145,8 +145,8 @@ TEST_F(RealText, MadeSynodalIsWholeAndProfitsInJonahAlone)
 TEST_F(RealText, MadeMatthewNeedsOneSubstitute)
 {
     std::string lines = build_test::cyrillicLines("KJV", {"Matt"});
-    for (const char* place : {"Matt\t15\t28\t", "Matt\t28\t20\t"})
-        lines.insert(lines.find('\n', lines.find(place)), " ѝ");
+    for (const char* position : {"Matt\t15\t28\t", "Matt\t28\t20\t"})
+        lines.insert(lines.find('\n', lines.find(position)), " ѝ");
     ASSERT_NO_FATAL_FAILURE(buildLines(lines, {"--substitute"}));
     EXPECT_TRUE(isReported("contains      1 book, 28 chapters, 1071 verses\n")) << m_report;
     EXPECT_TRUE(
@@ -166,7 +166,7 @@ TEST_F(RealText, BulgarianOf1940IsWhole)
     expectEveryLine("none");
 }
 
-TEST_F(RealText, RussianSynodalIsWholeAndProfitsInJonahAlone)
+TEST_F(RealText, RussianSynodalIsCompleteAndGainsInJonahOnly)
 {
     ASSERT_NO_FATAL_FAILURE(buildLines(build_test::realText("ru-synodal.vpl"), {}));
     EXPECT_TRUE(isReported("contains      77 books, 1361 chapters, 37086 verses\n")) << m_report;

@@ -1,6 +1,6 @@
 #include "check_fixture.h"
-#include "common_books.h"
 #include "exit_codes.h"
+#include "global_books.h"
 #include "program.h"
 
 #include <gtest/gtest.h>
@@ -79,7 +79,7 @@ TEST(CheckCommand, SpoiledModule)
     EXPECT_EQ(result.exitCode, 1);
 }
 
-TEST(CheckCommand, PlacesOfAFinding)
+TEST(CheckCommand, PositionsOfAFinding)
 {
     const TempFolder folder;
     spoiledModule().write(folder.path());
@@ -166,7 +166,7 @@ TEST(CheckCommand, ModulesDirectory)
     smallModule().write(folder.path() / "a");
     spoiledModule().write(folder.path() / "b");
     smallModule().write(folder.path() / ".hidden");
-    folder.write("BibleStructure.txt", commonStructureFile());
+    folder.write("BibleStructure.txt", globalStructureFile());
     const Ended result = run({"check", path});
     EXPECT_EQ(result.out,
               path + ": no defects\n" + path + "/a: sound; " + figures + path +
@@ -175,7 +175,7 @@ TEST(CheckCommand, ModulesDirectory)
     EXPECT_EQ(result.exitCode, 1);
 }
 
-TEST(CheckCommand, DirectoryWithoutCommonStructure)
+TEST(CheckCommand, DirectoryWithoutGlobalStructure)
 {
     const TempFolder folder;
     smallModule().write(folder.path() / "a");
@@ -189,14 +189,14 @@ TEST(CheckCommand, DirectoryWithoutCommonStructure)
 TEST(CheckCommand, DirectoryWithEqualTitles)
 {
     const TempFolder folder;
-    folder.write("BibleStructure.txt", commonStructureFile());
+    folder.write("BibleStructure.txt", globalStructureFile());
     smallModule().write(folder.path() / "a");
     smallModule().write(folder.path() / "b");
     EXPECT_EQ(lines(checkDirectory(folder.path().string(), {folder.file("a"), folder.file("b")}, 5)),
               std::vector<std::string>{"modules-same-title (1): a, b: Малък превод"});
 }
 
-TEST(CheckCommand, WhatIsNoModuleCannotBeChecked)
+TEST(CheckCommand, FolderWithoutAModuleCannotBeChecked)
 {
     const TempFolder folder;
     const std::string path = folder.path().string();

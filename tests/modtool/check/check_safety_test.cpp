@@ -97,7 +97,7 @@ TEST(CheckSafety, SpoiledFilesAreCheckedToTheEndAndWhatIsSoundCanBeRead)
     }
 }
 
-TEST(CheckSafety, WhatHidesBehindANameIsNotWaitedFor)
+TEST(CheckSafety, PipesAndDevicesDoNotBlock)
 {
     const test_support::TempFolder folder;
     for (const auto& [defect, path] : test_support::unopenableFiles(folder)) {
@@ -142,7 +142,7 @@ TEST(CheckSafety, SharedEntriesDoNotMultiplyTheWork)
     EXPECT_FALSE(isQuietOn(findingsOf(files), "size-limit"));
 }
 
-TEST(CheckSafety, AnEndlessWordListIsLeft)
+TEST(CheckSafety, AnEndlessWordListIsAbandoned)
 {
     ModuleFiles files = smallModule();
     files.bytes["WordList.txt"] = megabytes(4, "a\n");

@@ -49,7 +49,7 @@ TEST_F(BuildCommand, WrongArgumentsAreUsageErrors)
     }
 }
 
-TEST_F(BuildCommand, HelpIsNoError)
+TEST_F(BuildCommand, HelpIsNotAnError)
 {
     const Result whole = run({"--help"});
     EXPECT_EQ(whole.code, 0);
@@ -62,7 +62,7 @@ TEST_F(BuildCommand, HelpIsNoError)
     EXPECT_EQ(command.err, "");
 }
 
-TEST_F(BuildCommand, SaysItsReportOnStandardOutput)
+TEST_F(BuildCommand, PrintsItsReportOnStandardOutput)
 {
     const Result result = build(verses);
     EXPECT_EQ(result.code, 0);
@@ -70,14 +70,14 @@ TEST_F(BuildCommand, SaysItsReportOnStandardOutput)
     EXPECT_TRUE(result.out.starts_with("module        " + made() + "\ntitle         Made\n")) << result.out;
 }
 
-TEST_F(BuildCommand, QuietSaysNothing)
+TEST_F(BuildCommand, QuietPrintsNothing)
 {
     EXPECT_EQ(build(verses, {"-q"}), (Result{0, "", ""}));
     EXPECT_EQ(build(verses, {"--quiet"}), (Result{0, "", ""}));
     EXPECT_EQ(verse(0, 0, 0), "Бог");
 }
 
-TEST_F(BuildCommand, QuietStillSaysErrors)
+TEST_F(BuildCommand, QuietStillPrintsErrors)
 {
     EXPECT_EQ(build("", {"-q"}),
               (Result{1, "", "kedrin-module: " + sourceName() + ": contains no verses\n"}));
@@ -90,7 +90,7 @@ TEST_F(BuildCommand, TitlesComeFromTheOptions)
 }
 
 /// The command line and the names of files may hold any bytes.
-TEST_F(BuildCommand, BytesOfTitlesThatAreNoUtf8BecomeQuestionMarks)
+TEST_F(BuildCommand, InvalidUtf8OfTitlesBecomesQuestionMarks)
 {
     m_folder.write("\xD0"
                    "A.vpl",
@@ -104,7 +104,7 @@ TEST_F(BuildCommand, BytesOfTitlesThatAreNoUtf8BecomeQuestionMarks)
     EXPECT_EQ(made("_Info_.txt"), "?A\n?A\nB?\n");
 }
 
-TEST_F(BuildCommand, DrawsABarOnATerminalAndTakesItAway)
+TEST_F(BuildCommand, DrawsABarOnATerminalAndErasesIt)
 {
     m_folder.write("Made.vpl", verses);
     std::ostringstream terminal;
@@ -115,7 +115,7 @@ TEST_F(BuildCommand, DrawsABarOnATerminalAndTakesItAway)
     EXPECT_TRUE(drawn.ends_with("\r\033[K"));
 }
 
-TEST_F(BuildCommand, TakesTheBarAwayBeforeAnError)
+TEST_F(BuildCommand, ErasesTheBarBeforeAnError)
 {
     m_folder.write("Made.vpl", "Gen\t1\t1\tæ\n");
     std::ostringstream terminal;

@@ -12,8 +12,8 @@ std::string textOf(const std::string& lastWord)
     for (const char* book : {"Gen", "Exod"})
         for (unsigned int chapter = 1; chapter <= 10; ++chapter)
             for (unsigned int verse = 1; verse <= 20; ++verse) {
-                const std::string place = std::to_string(chapter) + '\t' + std::to_string(verse);
-                text += std::string(book) + '\t' + place + "\tДума" + std::to_string(chapter * verse) +
+                const std::string position = std::to_string(chapter) + '\t' + std::to_string(verse);
+                text += std::string(book) + '\t' + position + "\tДума" + std::to_string(chapter * verse) +
                         " и още " + lastWord + '\n';
             }
     return text;
@@ -31,7 +31,7 @@ BuiltProcess::BuiltProcess()
         *files = build_test::filesOf(built);
     }
     EXPECT_TRUE(m_oldFiles != m_newFiles);
-    m_commonStructure = build_test::bytesOf(m_folder.file("kept/BibleStructure.txt"));
+    m_globalStructure = build_test::bytesOf(m_folder.file("kept/BibleStructure.txt"));
 }
 
 void BuiltProcess::beginWithNothing() const
@@ -45,7 +45,7 @@ void BuiltProcess::beginWithTheOldModule() const
 {
     beginWithNothing();
     fs::copy(m_folder.file("kept/old"), made());
-    m_folder.write("modules/BibleStructure.txt", m_commonStructure);
+    m_folder.write("modules/BibleStructure.txt", m_globalStructure);
 }
 
 testing::AssertionResult BuiltProcess::isWhole() const
@@ -68,7 +68,7 @@ testing::AssertionResult BuiltProcess::nextBuildSucceeds() const
         return testing::AssertionFailure() << "exit code " << result.code << ": " << result.err;
     if (build_test::filesOf(made()) != m_newFiles)
         return testing::AssertionFailure() << "the next build makes another module";
-    if (build_test::bytesOf(modules() + "/BibleStructure.txt") != m_commonStructure)
+    if (build_test::bytesOf(modules() + "/BibleStructure.txt") != m_globalStructure)
         return testing::AssertionFailure() << "the next build leaves another BibleStructure.txt";
     const std::vector<std::string> names = build_test::namesIn(modules());
     if (names != std::vector<std::string>{"BibleStructure.txt", "made"})

@@ -36,7 +36,7 @@ protected:
 private:
     Files m_oldFiles;
     Files m_newFiles;
-    std::string m_commonStructure;
+    std::string m_globalStructure;
 };
 
 } // namespace process_test

@@ -67,7 +67,7 @@ TEST_F(ConcurrentBuilds, OfOneFolderDoNotMix)
     RecordProperty("refused", std::to_string(refused));
 }
 
-TEST_F(ConcurrentBuilds, OfTwoFoldersShareTheCommonStructure)
+TEST_F(ConcurrentBuilds, OfTwoFoldersShareTheGlobalStructure)
 {
     for (unsigned int round = 0; round < 30; ++round) {
         SCOPED_TRACE(round);

@@ -1,5 +1,5 @@
-// A build that finds no room, wherever that happens: it says so of one file, and leaves the module of before and nothing
-// else.
+// A build that finds no room, wherever that happens: it says so of one file, and leaves the previous module
+// and nothing else.
 
 #include "built_process.h"
 #include "traced_call.h"
@@ -239,7 +239,7 @@ TEST_F(SmallDisk, MayBeFullAtThePageOfAnyFile)
     onADisk([&] { EXPECT_EQ(refusedFiles(Limit::pages, true), withContent); });
 }
 
-TEST_F(SmallDisk, MayHaveNoPlaceForAnyFile)
+TEST_F(SmallDisk, MayHaveNoRoomForAnyFile)
 {
     Names made{modules() + "/.made.lock", modules() + "/.made.building"};
     for (const std::string& name : writtenNames)

@@ -69,7 +69,7 @@ class InterruptedBuildAtACall : public InterruptedBuild, public testing::WithPar
 {
 };
 
-TEST_P(InterruptedBuildAtACall, LeavesTheModuleOfBeforeOrTheNewOneWhicheverCallItIs)
+TEST_P(InterruptedBuildAtACall, LeavesTheOldModuleOrTheNewOneAtEveryCall)
 {
     if (!canTrace())
         GTEST_SKIP() << "strace is not installed, or must not trace";
@@ -96,7 +96,7 @@ TEST_F(InterruptedBuild, LeavesAWholeModuleWhereTwoMovesReplaceIt)
     killAtEach(calls, Before::module, noExchange);
 }
 
-TEST_F(InterruptedBuild, LeavesTheModuleOfBeforeOrTheNewOneAt200Moments)
+TEST_F(InterruptedBuild, LeavesTheOldModuleOrTheNewOneAt200Moments)
 {
     begin(Before::module);
     const auto began = steady_clock::now();

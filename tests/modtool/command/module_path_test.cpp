@@ -76,7 +76,7 @@ TEST_F(ModulePath, OfALinkMakesTheModuleWhereItLeads)
     EXPECT_EQ(fs::read_symlink(m_folder.file("link")), made());
 }
 
-TEST_F(ModulePath, OfALinkToNothingIsRefused)
+TEST_F(ModulePath, OfADanglingLinkIsRefused)
 {
     const std::string name = link("link", m_folder.file("nothing"));
     EXPECT_TRUE(isRefused(name, name + ": is not a folder"));
@@ -98,7 +98,7 @@ TEST_F(ModulePath, ThatIsTooLongIsRefused)
                                     ".lock: cannot be written (File name too long)"));
 }
 
-TEST_F(ModulePath, ThatIsEmptyIsNoArgument)
+TEST_F(ModulePath, ThatIsEmptyIsAUsageError)
 {
     EXPECT_EQ(buildInto("").exitCode, 2);
     EXPECT_TRUE(build_test::namesIn(modules()).empty());

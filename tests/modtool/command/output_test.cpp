@@ -37,12 +37,12 @@ protected:
 
     std::string exported() const
     {
-        const std::string file = place("expected.txt");
+        const std::string file = position("expected.txt");
         EXPECT_EQ(run(exportTo(file)).exitCode, 0);
         return contentOf(file);
     }
 
-    std::string place(const std::string& name) const
+    std::string position(const std::string& name) const
     {
         return (fs::path(modules()).parent_path() / name).string();
     }
@@ -77,7 +77,7 @@ constexpr const char* unwritten = "kedrin-module: the output cannot be written\n
 
 TEST_F(Output, PipeStaysAndIsWrittenInto)
 {
-    const std::string pipe = place("pipe");
+    const std::string pipe = position("pipe");
     ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
     std::string got;
     std::thread reader([&] { got = contentOf(pipe); });
@@ -99,30 +99,31 @@ TEST_F(Output, DeviceStaysAndIsWrittenInto)
 
 TEST_F(Output, LinkStaysAndItsFileIsReplaced)
 {
-    const std::string file = place("folder/file.txt"), link = place("link"), linkToLink = place("second");
-    fs::create_directory(place("folder"));
+    const std::string file = position("folder/file.txt"), link = position("link"),
+                      linkToLink = position("second");
+    fs::create_directory(position("folder"));
     std::ofstream(file) << "before";
     fs::create_symlink("folder/file.txt", link);
     fs::create_symlink(link, linkToLink);
     EXPECT_EQ(run(exportTo(linkToLink)).exitCode, 0);
     EXPECT_TRUE(fs::is_symlink(link) && fs::is_symlink(linkToLink));
     EXPECT_EQ(contentOf(file), exported());
-    EXPECT_EQ(build_test::namesIn(place("folder")).size(), 1u);
+    EXPECT_EQ(build_test::namesIn(position("folder")).size(), 1u);
 }
 
 TEST_F(Output, FileThatALinkNamesIsMade)
 {
-    const std::string link = place("dangling");
+    const std::string link = position("dangling");
     fs::create_symlink("made.txt", link);
     EXPECT_EQ(run(exportTo(link)).exitCode, 0);
     EXPECT_TRUE(fs::is_symlink(link));
-    EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(place("made.txt"))));
+    EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(position("made.txt"))));
     EXPECT_EQ(contentOf(link), exported());
 }
 
 TEST_F(Output, LinkToADeviceIsWrittenInto)
 {
-    const std::string link = place("full");
+    const std::string link = position("full");
     fs::create_symlink("/dev/full", link);
     EXPECT_EQ(run(exportTo(link)).standardError, refusal(link, "No space left on device"));
     EXPECT_TRUE(fs::is_symlink(link));
@@ -130,7 +131,7 @@ TEST_F(Output, LinkToADeviceIsWrittenInto)
 
 TEST_F(Output, LinkInACircleAndAFolderAreRefused)
 {
-    const std::string link = place("circle");
+    const std::string link = position("circle");
     fs::create_symlink("circle", link);
     EXPECT_EQ(run(exportTo(link)).standardError, refusal(link, "Too many levels of symbolic links"));
     EXPECT_EQ(run(exportTo(modules())).standardError, refusal(modules(), "Is a directory"));
@@ -139,7 +140,7 @@ TEST_F(Output, LinkInACircleAndAFolderAreRefused)
 
 TEST_F(Output, StandardOutputByItsNameIsWrittenInto)
 {
-    const std::string file = place("by-name.txt");
+    const std::string file = position("by-name.txt");
     const auto toFile = [&] { ::dup2(::open(file.c_str(), O_WRONLY | O_CREAT, 0600), STDOUT_FILENO); };
     EXPECT_EQ(runWith(toFile, exportTo("/dev/stdout")).exitCode, 0);
     EXPECT_EQ(contentOf(file), exported());
@@ -147,12 +148,12 @@ TEST_F(Output, StandardOutputByItsNameIsWrittenInto)
               refusal("/dev/stdout", "No space left on device"));
 }
 
-TEST_F(Output, WhatHasTheNameOfTheFileBesideStays)
+TEST_F(Output, ForeignFileWithTheTemporaryNameStays)
 {
-    const std::string file = place("export.txt"), beside = place(".export.txt.new");
+    const std::string file = position("export.txt"), beside = position(".export.txt.new");
     fs::create_symlink("elsewhere", beside);
     EXPECT_EQ(run(exportTo(file)).standardError, refusal(beside, "Too many levels of symbolic links"));
-    EXPECT_TRUE(fs::is_symlink(beside) && !fs::exists(place("elsewhere")));
+    EXPECT_TRUE(fs::is_symlink(beside) && !fs::exists(position("elsewhere")));
     fs::remove(beside);
     ASSERT_EQ(::mkfifo(beside.c_str(), 0600), 0);
     EXPECT_EQ(run(exportTo(file)).standardError, refusal(beside, "No such device or address"));
@@ -162,22 +163,22 @@ TEST_F(Output, WhatHasTheNameOfTheFileBesideStays)
     EXPECT_TRUE(fs::is_fifo(beside));
 }
 
-TEST_F(Output, CommonStructureThatIsALinkStaysOne)
+TEST_F(Output, GlobalStructureThatIsALinkStaysOne)
 {
     const std::string structure = modules() + "/BibleStructure.txt";
-    fs::rename(structure, place("common.txt"));
-    std::ofstream(place("common.txt")) << "before";
-    fs::create_symlink(place("common.txt"), structure);
+    fs::rename(structure, position("common.txt"));
+    std::ofstream(position("common.txt")) << "before";
+    fs::create_symlink(position("common.txt"), structure);
     EXPECT_EQ(run(buildOf(newSource())).exitCode, 0);
     EXPECT_TRUE(fs::is_symlink(structure));
-    EXPECT_GT(contentOf(place("common.txt")).size(), 1000u);
+    EXPECT_GT(contentOf(position("common.txt")).size(), 1000u);
     fs::remove(structure);
     fs::create_symlink("/dev/null", structure);
     EXPECT_EQ(run(buildOf(newSource())).exitCode, 0);
     EXPECT_TRUE(fs::is_symlink(structure));
 }
 
-TEST_F(Output, LockThatIsNoFileStays)
+TEST_F(Output, LockThatIsNotAFileStays)
 {
     const std::string lock = modules() + "/.made.lock";
     fs::create_symlink("elsewhere", lock);
@@ -213,7 +214,7 @@ TEST_F(Output, NothingToWriteNeedsNoOutput)
 {
     for (const auto& prepare : {toFullDevice, toNothing}) {
         EXPECT_EQ(runWith(prepare, tool({"check", "-q", made()})).exitCode, 0);
-        EXPECT_EQ(runWith(prepare, exportTo(place("quiet.txt"))).exitCode, 0);
+        EXPECT_EQ(runWith(prepare, exportTo(position("quiet.txt"))).exitCode, 0);
         EXPECT_EQ(runWith(prepare, tool({"show"})).exitCode, 2);
     }
 }
@@ -254,10 +255,10 @@ TEST_F(Output, FileBeyondTheLimitOfTheProcessIsSaid)
     EXPECT_EQ(build.exitCode, 1);
     EXPECT_EQ(build.standardError, refusal(modules() + "/.made.building/CompactText.bin", "File too large"));
     EXPECT_TRUE(build_test::filesOf(made()) == before);
-    const ForkedEnd exporting = runWith(limited, exportTo(place("large.txt")));
+    const ForkedEnd exporting = runWith(limited, exportTo(position("large.txt")));
     EXPECT_EQ(exporting.signal, 0);
     EXPECT_EQ(exporting.exitCode, 3);
-    EXPECT_EQ(exporting.standardError, refusal(place(".large.txt.new"), "File too large"));
+    EXPECT_EQ(exporting.standardError, refusal(position(".large.txt.new"), "File too large"));
 }
 
 } // namespace

@@ -75,7 +75,7 @@ TEST_F(InstalledModules, AreListedInTheReadersOrder)
     EXPECT_EQ(names(), (Names{"my", "bg-1940", "KJV", "web", "цариградски"}));
 }
 
-TEST_F(InstalledModules, HiddenFoldersAndOthersAreNone)
+TEST_F(InstalledModules, HiddenFoldersAndOthersAreIgnored)
 {
     install(".my.building");
     fs::create_directories(ownModulesFolder() + "/empty");

@@ -39,7 +39,7 @@ protected:
     }
 };
 
-TEST_F(PublishedFolder, IsMadeWithTheFoldersAroundIt)
+TEST_F(PublishedFolder, IsMadeWithItsParentFolders)
 {
     m_folder.write("Made.vpl", fresh);
     const std::string folder = m_folder.file("a/b/c");
@@ -107,7 +107,7 @@ TEST_F(PublishedFolder, CannotBeMadeBelowAFile)
               "kedrin-module: " + file + ": cannot be written (Not a directory)\n");
 }
 
-TEST_F(PublishedFolder, StaysAsItWasWhenTheSourceIsRefused)
+TEST_F(PublishedFolder, IsUnchangedWhenTheSourceIsRefused)
 {
     ASSERT_EQ(build(old).code, 0);
     const auto before = filesOf(made());
@@ -117,7 +117,7 @@ TEST_F(PublishedFolder, StaysAsItWasWhenTheSourceIsRefused)
     EXPECT_EQ(namesIn(modules()), onlyTheModule);
 }
 
-TEST_F(PublishedFolder, StaysAsItWasWhenTheCommonStructureCannotBeWritten)
+TEST_F(PublishedFolder, IsUnchangedWhenTheGlobalStructureCannotBeWritten)
 {
     ASSERT_EQ(build(old).code, 0);
     const auto before = filesOf(made());
@@ -147,7 +147,7 @@ int runWithSmallFiles(rlim_t bytes, const std::vector<std::string>& arguments, c
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-TEST_F(PublishedFolder, StaysAsItWasWhenTheDiskHasNoRoom)
+TEST_F(PublishedFolder, IsUnchangedWhenTheDiskIsFull)
 {
     ASSERT_EQ(build(old).code, 0);
     const auto before = filesOf(made());
@@ -173,7 +173,7 @@ TEST_F(PublishedFolder, IsClearedOfWhatAnInterruptedBuildLeft)
     EXPECT_EQ(namesIn(modules()), onlyTheModule);
 }
 
-TEST_F(PublishedFolder, GetsBackTheModuleThatWasMakingRoom)
+TEST_F(PublishedFolder, RestoresTheModuleThatWasMovedAside)
 {
     ASSERT_EQ(build(old).code, 0);
     fs::rename(made(), modules() + "/.made.replaced");
@@ -184,7 +184,7 @@ TEST_F(PublishedFolder, GetsBackTheModuleThatWasMakingRoom)
     EXPECT_EQ(namesIn(modules()), onlyTheModule);
 }
 
-TEST_F(PublishedFolder, LosesWhatWasReplacedButNotRemoved)
+TEST_F(PublishedFolder, RemovesWhatWasReplacedButNotRemoved)
 {
     ASSERT_EQ(build(old).code, 0);
     fs::copy(made(), modules() + "/.made.replaced");
@@ -210,7 +210,7 @@ TEST_F(PublishedFolder, IsBuiltByOneAtATime)
     EXPECT_EQ(namesIn(modules()), onlyTheModule);
 }
 
-TEST_F(PublishedFolder, HasNeighboursThatAreBuiltAtTheSameTime)
+TEST_F(PublishedFolder, SiblingsCanBeBuiltAtTheSameTime)
 {
     const CModuleFolder other(modules() + "/other");
     EXPECT_EQ(build(fresh).code, 0);
@@ -226,7 +226,7 @@ TEST_F(PublishedFolder, TakesNothingThatWasNotPublished)
     EXPECT_EQ(namesIn(modules()), Names{});
 }
 
-TEST_F(PublishedFolder, IsNotListedWhileItIsInTheMaking)
+TEST_F(PublishedFolder, IsNotListedWhileItIsBuilt)
 {
     ASSERT_EQ(build(old).code, 0);
     CModuleFolder folder(modules() + "/other");
@@ -235,7 +235,7 @@ TEST_F(PublishedFolder, IsNotListedWhileItIsInTheMaking)
     EXPECT_EQ(catalogue.count(), 1u);
 }
 
-TEST_F(PublishedFolder, MovesInOneStep)
+TEST_F(PublishedFolder, IsReplacedAtomically)
 {
     ASSERT_EQ(build(old).code, 0);
     CModuleFolder folder(made());
@@ -258,7 +258,7 @@ TEST_F(PublishedFolder, BusyIsAnErrorOfItsOwn)
     EXPECT_THROW(CModuleFolder second(made()), CFolderBusy);
 }
 
-class CommonStructureFile : public PublishedFolder
+class GlobalStructureFile : public PublishedFolder
 {
 protected:
     std::string common() const { return modules() + "/BibleStructure.txt"; }
@@ -272,7 +272,7 @@ protected:
     }
 };
 
-TEST_F(CommonStructureFile, StaysWhereItIsTheSame)
+TEST_F(GlobalStructureFile, StaysWhereItIsTheSame)
 {
     ASSERT_EQ(build(old).code, 0);
     const ino_t before = identity();
@@ -280,7 +280,7 @@ TEST_F(CommonStructureFile, StaysWhereItIsTheSame)
     EXPECT_EQ(identity(), before);
 }
 
-TEST_F(CommonStructureFile, IsReplacedWhereItIsDifferent)
+TEST_F(GlobalStructureFile, IsReplacedWhereItIsDifferent)
 {
     ASSERT_EQ(build(old).code, 0);
     const std::string right = bytesOf(common());

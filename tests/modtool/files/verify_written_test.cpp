@@ -27,13 +27,14 @@ protected:
         options.versification = "Synodal";
         BuildReport report;
         m_module = prepareModule(readSourceFile(sourceName(), {}), options, report);
-        m_kept = report.diff.kept;
+        m_roundTrips = report.diff.roundTrips;
     }
 
     /// What is found wrong with the module on the disk, without the part that each message begins with.
     std::string wrong() const
     {
-        const std::string message = messageOf<CBuildError>([&] { checkWritten(made(), m_module, m_kept); });
+        const std::string message =
+            messageOf<CBuildError>([&] { checkWritten(made(), m_module, m_roundTrips); });
         const std::string front = made() + ": the written module failed verification: ";
         return message.starts_with(front) ? message.substr(front.size()) : message;
     }
@@ -44,7 +45,7 @@ protected:
     }
 
     ModuleData m_module;
-    unsigned int m_kept = 0;
+    unsigned int m_roundTrips = 0;
 };
 
 TEST_F(ReadBack, FindsNothingWrongWithWhatWasWritten) { EXPECT_EQ(wrong(), "<nothing was thrown>"); }
@@ -59,7 +60,7 @@ TEST_F(ReadBack, FindsEverySpoiledByteOfTheFilesThatHoldNumbersAndWords)
             if (bytes == whole || hasZero) // a zero byte ends a word as the end of its line does
                 return;
             spoil(name, bytes);
-            EXPECT_THROW(checkWritten(made(), m_module, m_kept), CBuildError)
+            EXPECT_THROW(checkWritten(made(), m_module, m_roundTrips), CBuildError)
                 << name << ": " << testing::PrintToString(bytes);
         });
         spoil(name, whole);
@@ -76,7 +77,8 @@ TEST_F(ReadBack, FindsEveryCutOfEveryFile)
             if (bytes.size() + 1 == whole.size() && whole.back() == '\n' && name != "WordList.txt")
                 return; // the last end of line means nothing
             spoil(name, bytes);
-            EXPECT_THROW(checkWritten(made(), m_module, m_kept), CBuildError) << name << ' ' << bytes.size();
+            EXPECT_THROW(checkWritten(made(), m_module, m_roundTrips), CBuildError)
+                << name << ' ' << bytes.size();
         });
         spoil(name, whole);
     }
@@ -87,7 +89,7 @@ TEST_F(ReadBack, FindsEveryMissingFile)
     for (const std::string& name : build_test::namesIn(made())) {
         const std::string whole = made(name);
         std::filesystem::remove(made() + '/' + name);
-        EXPECT_THROW(checkWritten(made(), m_module, m_kept), CBuildError) << name;
+        EXPECT_THROW(checkWritten(made(), m_module, m_roundTrips), CBuildError) << name;
         spoil(name, whole);
     }
 }

@@ -39,7 +39,7 @@ std::string textOf(const std::vector<DiffRecord>& records)
     return text;
 }
 
-Place placeOf(const CRef& ref) { return {ref.chapter(), ref.verse()}; }
+ChapterVerse positionOf(const CRef& ref) { return {ref.chapter(), ref.verse()}; }
 
 TEST(DiffEffect, MovesVersesAsTheEngineDoes)
 {
@@ -52,16 +52,17 @@ TEST(DiffEffect, MovesVersesAsTheEngineDoes)
         const CNumberingShifts shifts = CDiffEffect(records).shifts();
         for (unsigned int i = 0; i < 4 * 3 * 5; ++i) {
             const CRef ref(i / 15, i / 5 % 3, i % 5);
-            const Place global = placeOf(engine.toGlobal(ref)), local = placeOf(engine.toLocal(ref));
-            ASSERT_EQ(shifts.toGlobal(ref.bookID(), placeOf(ref)), global) << textOf(records);
-            ASSERT_EQ(shifts.toLocal(ref.bookID(), placeOf(ref)), local) << textOf(records);
-            movedCount += global != placeOf(ref) || local != placeOf(ref);
+            const ChapterVerse global = positionOf(engine.toGlobal(ref)),
+                               local = positionOf(engine.toLocal(ref));
+            ASSERT_EQ(shifts.toGlobal(ref.bookID(), positionOf(ref)), global) << textOf(records);
+            ASSERT_EQ(shifts.toLocal(ref.bookID(), positionOf(ref)), local) << textOf(records);
+            movedCount += global != positionOf(ref) || local != positionOf(ref);
         }
     }
     EXPECT_GT(movedCount, 600u) << "the records shift something";
 }
 
-TEST(DiffEffect, CountsTheVersesThatTheEngineLeadsThereAndBack)
+TEST(DiffEffect, CountsTheVersesThatTheEngineMapsBothWays)
 {
     std::mt19937 random(20241);
     const test_support::TempFolder folder;
@@ -70,18 +71,19 @@ TEST(DiffEffect, CountsTheVersesThatTheEngineLeadsThereAndBack)
         const std::vector<DiffRecord> records = randomRecords(random);
         const CDiff engine(folder.write("_Diff_.txt", textOf(records)).c_str());
         std::vector<VersePair> pairs;
-        unsigned int kept = 0;
+        unsigned int roundTrips = 0;
         for (unsigned int i = 0; i < 60; ++i) {
             const auto pick = [&](unsigned int below) { return static_cast<unsigned int>(random() % below); };
             const VersePair pair{pick(3), {1, pick(5)}, pick(3), {1, pick(5)}};
             pairs.push_back(pair);
-            kept += placeOf(engine.toGlobal({pair.globalBook, pair.local.chapter, pair.local.verse})) ==
-                        pair.global &&
-                    placeOf(engine.toLocal({pair.localBook, pair.global.chapter, pair.global.verse})) ==
-                        pair.local;
+            roundTrips +=
+                positionOf(engine.toGlobal({pair.globalBook, pair.local.chapter, pair.local.verse})) ==
+                    pair.global &&
+                positionOf(engine.toLocal({pair.localBook, pair.global.chapter, pair.global.verse})) ==
+                    pair.local;
         }
-        ASSERT_EQ(CDiffEffect(records).shifts().keptCount(pairs), kept) << textOf(records);
-        all += kept;
+        ASSERT_EQ(CDiffEffect(records).shifts().roundTripCount(pairs), roundTrips) << textOf(records);
+        all += roundTrips;
     }
     EXPECT_GT(all, 500u) << "the made verses are kept by some records";
 }
@@ -121,8 +123,8 @@ TEST(DiffEffect, ARecordWithEffectIsNeededWhereItHidesOrShifts)
 
 TEST(DiffEffect, BooksBeyondTheLastAreIgnored)
 {
-    CDiffEffect effect({{commonBooksCount + 1, 2, 1, 0, 1}, {0, 2, 1, 0, 1}, {commonBooksCount, 2, 1, 0, 1}});
-    EXPECT_EQ(effect.effectiveRecords({commonBooksCount, commonBooksCount - 1, 4294967295u}),
+    CDiffEffect effect({{globalBooksCount + 1, 2, 1, 0, 1}, {0, 2, 1, 0, 1}, {globalBooksCount, 2, 1, 0, 1}});
+    EXPECT_EQ(effect.effectiveRecords({globalBooksCount, globalBooksCount - 1, 4294967295u}),
               (std::set<std::uint64_t>{2}));
 }
 

@@ -24,9 +24,9 @@ std::string recordsText(const std::vector<DiffRecord>& records)
     return text;
 }
 
-bool isAt(const CRef& ref, unsigned int book, Place place)
+bool isAt(const CRef& ref, unsigned int book, ChapterVerse position)
 {
-    return ref.bookID() == book && ref.chapter() == place.chapter && ref.verse() == place.verse;
+    return ref.bookID() == book && ref.chapter() == position.chapter && ref.verse() == position.verse;
 }
 
 class DiffSearch : public testing::Test
@@ -38,16 +38,17 @@ protected:
     }
 
     /// How many of the pairs the engine keeps, told the way CBible does: the book is mapped first.
-    unsigned int keptBy(const std::vector<DiffRecord>& records, const std::vector<VersePair>& pairs) const
+    unsigned int roundTripsWith(const std::vector<DiffRecord>& records,
+                                const std::vector<VersePair>& pairs) const
     {
         const CDiff diff = load(records);
-        unsigned int kept = 0;
+        unsigned int roundTrips = 0;
         for (const VersePair& p : pairs)
-            kept +=
+            roundTrips +=
                 isAt(diff.toGlobal(CRef(p.globalBook, p.local.chapter, p.local.verse)), p.globalBook,
                      p.global) &&
                 isAt(diff.toLocal(CRef(p.localBook, p.global.chapter, p.global.verse)), p.localBook, p.local);
-        return kept;
+        return roundTrips;
     }
 
     const test_support::TempFolder m_folder;
@@ -68,15 +69,15 @@ TEST_F(DiffSearch, RecordsShiftAsTheyPromise)
         }
         const CDiff diff = load(*records);
         const auto moved = [&](Shift shift) {
-            return Place{1u + static_cast<unsigned int>(shift.chapters),
-                         verse + static_cast<unsigned int>(shift.verses)};
+            return ChapterVerse{1u + static_cast<unsigned int>(shift.chapters),
+                                verse + static_cast<unsigned int>(shift.verses)};
         };
         ASSERT_TRUE(isAt(diff.toGlobal(CRef(book, 1, verse)), book, moved(toGlobal)) &&
                     isAt(diff.toLocal(CRef(book, 1, verse)), book, moved(toLocal)))
             << "to global " << toGlobal.chapters << ' ' << toGlobal.verses << ", to local "
             << toLocal.chapters << ' ' << toLocal.verses << ":\n"
             << recordsText(*records);
-        for (const Place other : {Place{0, verse}, Place{2, verse}}) {
+        for (const ChapterVerse other : {ChapterVerse{0, verse}, ChapterVerse{2, verse}}) {
             ASSERT_TRUE(isAt(diff.toGlobal(CRef(book, other.chapter, other.verse)), book, other));
             ASSERT_TRUE(isAt(diff.toLocal(CRef(book, other.chapter, other.verse)), book, other));
         }
@@ -95,8 +96,8 @@ TEST_F(DiffSearch, NothingIsRecordedWhereNothingCanBeGained)
         pairs.push_back({0, {2, verse + 1}, 0, {2, verse}});
     DiffFigures figures;
     EXPECT_TRUE(chooseDiffRecords(pairs, figures).empty());
-    EXPECT_EQ(figures.kept, 0u);
-    EXPECT_EQ(figures.keptWithout, 0u);
+    EXPECT_EQ(figures.roundTrips, 0u);
+    EXPECT_EQ(figures.roundTripsWithoutRecords, 0u);
 }
 
 TEST_F(DiffSearch, ShiftServesTheMajorityOfAChapter)
@@ -105,12 +106,12 @@ TEST_F(DiffSearch, ShiftServesTheMajorityOfAChapter)
     for (unsigned int verse = 0; verse < 10; ++verse)
         pairs.push_back({0, {1, verse}, 0, {1, verse < 4 ? verse : verse + 2}});
     DiffFigures figures;
-    EXPECT_EQ(keptBy(chooseDiffRecords(pairs, figures), pairs), 6u);
-    EXPECT_EQ(figures.kept, 6u);
-    EXPECT_EQ(figures.keptWithout, 4u);
+    EXPECT_EQ(roundTripsWith(chooseDiffRecords(pairs, figures), pairs), 6u);
+    EXPECT_EQ(figures.roundTrips, 6u);
+    EXPECT_EQ(figures.roundTripsWithoutRecords, 4u);
 }
 
-TEST_F(DiffSearch, WayBackIsRecordedUnderTheLocalNumber)
+TEST_F(DiffSearch, MappingBackIsRecordedUnderTheLocalNumber)
 {
     std::vector<VersePair> pairs;
     for (unsigned int verse = 0; verse < 10; ++verse)
@@ -118,8 +119,8 @@ TEST_F(DiffSearch, WayBackIsRecordedUnderTheLocalNumber)
     for (unsigned int verse = 0; verse < 12; ++verse)
         pairs.push_back({1, {1, verse}, 0, {1, verse}}); // its global number is the other's local one
     DiffFigures figures;
-    EXPECT_EQ(keptBy(chooseDiffRecords(pairs, figures), pairs), 22u);
-    EXPECT_EQ(figures.keptWithout, 12u);
+    EXPECT_EQ(roundTripsWith(chooseDiffRecords(pairs, figures), pairs), 22u);
+    EXPECT_EQ(figures.roundTripsWithoutRecords, 12u);
 }
 
 /// Books in any order, chapters cut up and joined, verses shifted.
@@ -143,7 +144,7 @@ std::vector<VersePair> madePairs(std::mt19937& random)
     return pairs;
 }
 
-TEST_F(DiffSearch, NumberOfNoOtherBookNeedsNoSecondRecord)
+TEST_F(DiffSearch, UnsharedNumberNeedsNoSecondRecord)
 {
     std::vector<VersePair> pairs;
     for (unsigned int verse = 0; verse < 10; ++verse)
@@ -151,7 +152,7 @@ TEST_F(DiffSearch, NumberOfNoOtherBookNeedsNoSecondRecord)
     DiffFigures figures;
     const std::vector<DiffRecord> records = chooseDiffRecords(pairs, figures);
     EXPECT_EQ(recordsText(records), "1 2 2 0 -1\n51 2 2 0 -1\n");
-    EXPECT_EQ(keptBy(records, pairs), 10u);
+    EXPECT_EQ(roundTripsWith(records, pairs), 10u);
     for (VersePair& pair : pairs)
         std::swap(pair.local, pair.global);
     EXPECT_EQ(recordsText(chooseDiffRecords(pairs, figures)), "1 2 1 0 1\n51 2 1 0 1\n");
@@ -169,13 +170,14 @@ TEST_F(DiffSearch, NoRecordIsIdle)
         for (std::size_t i = 0; i < records.size(); ++i) {
             std::vector<DiffRecord> others = records;
             others.erase(others.begin() + static_cast<std::ptrdiff_t>(i));
-            ASSERT_LT(keptBy(others, pairs), figures.kept) << "round " << round << ", record " << i << '\n'
-                                                           << recordsText(records);
+            ASSERT_LT(roundTripsWith(others, pairs), figures.roundTrips)
+                << "round " << round << ", record " << i << '\n'
+                << recordsText(records);
         }
     }
 }
 
-TEST_F(DiffSearch, NeverKeepsLessThanWithoutRecordsAndCountsAsTheEngine)
+TEST_F(DiffSearch, NeverMapsFewerThanWithoutRecordsAndCountsAsTheEngine)
 {
     std::mt19937 random(20240229);
     unsigned int gains = 0;
@@ -183,13 +185,14 @@ TEST_F(DiffSearch, NeverKeepsLessThanWithoutRecordsAndCountsAsTheEngine)
         const std::vector<VersePair> pairs = madePairs(random);
         DiffFigures figures;
         const std::vector<DiffRecord> records = chooseDiffRecords(pairs, figures);
-        ASSERT_EQ(keptBy(records, pairs), figures.kept) << "round " << round << '\n' << recordsText(records);
-        ASSERT_EQ(keptBy({}, pairs), figures.keptWithout) << "round " << round;
-        ASSERT_GE(figures.kept, figures.keptWithout) << "round " << round;
-        if (figures.kept == figures.keptWithout) {
+        ASSERT_EQ(roundTripsWith(records, pairs), figures.roundTrips) << "round " << round << '\n'
+                                                                      << recordsText(records);
+        ASSERT_EQ(roundTripsWith({}, pairs), figures.roundTripsWithoutRecords) << "round " << round;
+        ASSERT_GE(figures.roundTrips, figures.roundTripsWithoutRecords) << "round " << round;
+        if (figures.roundTrips == figures.roundTripsWithoutRecords) {
             ASSERT_TRUE(records.empty()) << "round " << round;
         }
-        gains += figures.kept > figures.keptWithout;
+        gains += figures.roundTrips > figures.roundTripsWithoutRecords;
     }
     EXPECT_GT(gains, 100u) << "the made pairs offer something to gain";
 }

@@ -35,7 +35,7 @@ const std::vector<std::vector<std::string>> allCommands = {{"show", "", "Gen"},
 
 } // namespace
 
-TEST_F(Damaged, NoFolder)
+TEST_F(Damaged, MissingFolder)
 {
     for (std::vector<std::string> command : allCommands) {
         command[1] = "/nowhere";
@@ -59,7 +59,7 @@ TEST_F(Damaged, MissingFileIsNamed)
                           "/_Diff_.txt\n"}));
 }
 
-TEST_F(Damaged, TextThatIsCutShort)
+TEST_F(Damaged, TruncatedText)
 {
     const std::string path = spoiled([](auto& bytes) { bytes["CompactText.bin"].resize(20); });
     const std::string message =
@@ -71,7 +71,7 @@ TEST_F(Damaged, TextThatIsCutShort)
     EXPECT_EQ(run({"show", path, "Gen 1:1"}).code, 0);
 }
 
-TEST_F(Damaged, MoreVersesThanPlaces)
+TEST_F(Damaged, MoreVersesThanRecords)
 {
     const std::string path = spoiled([](auto& bytes) { bytes["BibleStructure.csv"] = "1 4000000000 1 1"; });
     EXPECT_EQ(
@@ -82,7 +82,7 @@ TEST_F(Damaged, MoreVersesThanPlaces)
                 ": BibleStructure.csv counts 4000000001 verses, but CompactPoint.bin has records for 4\n"}));
 }
 
-TEST_F(Damaged, BookThatTheCommonNumberingLacks)
+TEST_F(Damaged, BookThatTheGlobalNumberingLacks)
 {
     const std::string path = spoiled([](auto& bytes) { bytes["BibleTitles.txt"].replace(0, 5, "2 0 77"); });
     EXPECT_EQ(run({"info", path}).err,
@@ -107,7 +107,7 @@ TEST_F(Damaged, ConcordanceThatEndsBetweenRecords)
             "range\n");
 }
 
-TEST_F(Damaged, WordInAVerseThatIsNot)
+TEST_F(Damaged, WordInAVerseThatDoesNotExist)
 {
     const std::string path = spoiled([](auto& bytes) { bytes["Conc.bin"][2] = '\x09'; });
     EXPECT_EQ(run({"search", path, "бог", "--whole-word"}).err,
@@ -155,10 +155,10 @@ TEST(Search, AgreesWithTheEngine)
             const std::vector<Tolvo::CRef> hits = searchModule(module, text, mode);
             ASSERT_EQ(hits.size(), expected.size()) << text;
             for (std::size_t i = 0; i < hits.size(); ++i) {
-                const CommonPlace place = module.commonPlace(hits[i]);
-                EXPECT_EQ(place.book, expected[i].bookID());
-                EXPECT_EQ(static_cast<unsigned int>(place.chapter), expected[i].chapter());
-                EXPECT_EQ(static_cast<unsigned int>(place.verse), expected[i].verse());
+                const GlobalPosition position = module.globalPosition(hits[i]);
+                EXPECT_EQ(position.book, expected[i].bookID());
+                EXPECT_EQ(static_cast<unsigned int>(position.chapter), expected[i].chapter());
+                EXPECT_EQ(static_cast<unsigned int>(position.verse), expected[i].verse());
             }
         }
 }

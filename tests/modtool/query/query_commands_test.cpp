@@ -32,7 +32,7 @@ TEST_F(Commands, ShowAChapterWithoutItsMarkup)
               (Result{0, "Бит 2:1  И стана ден.\nБит 2:2  Бог видя деня.\n", ""}));
 }
 
-TEST_F(Commands, ShowSideBySideByTheCommonNumbering)
+TEST_F(Commands, ShowSideBySideByTheGlobalNumbering)
 {
     EXPECT_EQ(run({"show", m_bulgarian, "Йона", "2", "--with", m_english, "--width", "60"}),
               (Result{0,
@@ -161,7 +161,7 @@ TEST_F(Commands, Words)
               "there\nwas\nworld\n");
 }
 
-TEST_F(Commands, WordsThatBeginSo)
+TEST_F(Commands, WordsThatStartWithAPrefix)
 {
     EXPECT_EQ(run({"words", m_bulgarian, "БОГ", "--counts"}), (Result{0, "Бог\t3\n", ""}));
     EXPECT_EQ(run({"words", m_bulgarian, "де", "--counts"}), (Result{0, "ден\t1\nденя\t1\n", ""}));
@@ -205,7 +205,7 @@ TEST_F(Commands, DiffOfTheSame)
               (Result{0, "0 verses differ, 0 only in the first, 0 only in the second, 10 the same\n", ""}));
 }
 
-TEST_F(Commands, DiffByTheCommonNumbering)
+TEST_F(Commands, DiffByTheGlobalNumbering)
 {
     const std::string other = m_modules.add(
         "other", test_support::makeModule(

@@ -68,8 +68,8 @@ public:
             return isLetterAt(verse, at) || (joins && isLetterAt(verse, at + step));
         };
         return static_cast<std::size_t>(
-            std::count_if(m_source.verses.begin(), m_source.verses.end(), [&](const SourceVerse& place) {
-                const std::string_view utf8 = m_source.textOf(place);
+            std::count_if(m_source.verses.begin(), m_source.verses.end(), [&](const SourceVerse& position) {
+                const std::string_view utf8 = m_source.textOf(position);
                 const icu::UnicodeString verse =
                     icu::UnicodeString::fromUTF8(icu::StringPiece(utf8.data(), int(utf8.size()))).foldCase();
                 for (int at = verse.indexOf(needle); at >= 0; at = verse.indexOf(needle, at + 1))

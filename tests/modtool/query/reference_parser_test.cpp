@@ -123,14 +123,14 @@ TEST_F(References, NumbersOutsideTheBook)
     EXPECT_EQ(refusal("Йоан 3-2"), "\"Йоан 3-2\" ends before it begins");
 }
 
-TEST_F(References, WhatIsNoReference)
+TEST_F(References, InvalidReferences)
 {
     for (const char* text : {"", " ", "3:16", "1", "Йоан 3:", "Йоан 3:16:2", "Йоан 1-2-3", "Йоан 3:-5",
                              "Йоан 99999999999", "Йоан 1-", "Йоан 3::16"})
         EXPECT_EQ(refusal(text), '"' + std::string(text) + "\" is not a reference") << text;
 }
 
-TEST_F(References, BytesThatAreNoUtf8AreRefused)
+TEST_F(References, InvalidUtf8IsRefused)
 {
     EXPECT_EQ(refusal("\xFF\xFE 1"), "\"\uFFFD\uFFFD\" is not a book of the module");
 }

@@ -1,4 +1,4 @@
-// Books, chapters and verses that the common numbering lacks: what is said of each.
+// Books, chapters and verses that the global numbering lacks: what is said of each.
 
 #include "build_fixture.h"
 
@@ -36,7 +36,7 @@ protected:
     }
 };
 
-TEST_F(OddBooks, WithoutVersesAreSaidToBeWhatTheyAre)
+TEST_F(OddBooks, WithoutVersesAreNamedByTheirKind)
 {
     const Result result =
         buildSource("a.usfm", "\\id FRT\n\\p Words\n\\id GEN\n\\c 1\n\\v 1 а\n\\id GLO\n\\id XXA\n"
@@ -137,7 +137,7 @@ TEST_F(OddBooks, GreekEstherAloneIsEsther)
               "  9 chapters inside books, each kept as one verse, first at Esth 2");
 }
 
-TEST_F(OddBooks, Psalm151OfTheSynodalCountIsAChapterWithoutAPlace)
+TEST_F(OddBooks, Psalm151OfTheSynodalCountIsAChapterWithoutAPosition)
 {
     std::string text = "Ps\t150\t1\tа\n";
     for (int verse = 1; verse <= 7; ++verse)
@@ -150,7 +150,7 @@ TEST_F(OddBooks, Psalm151OfTheSynodalCountIsAChapterWithoutAPlace)
     EXPECT_EQ(verse(0, 150, 6), "б");
 }
 
-TEST_F(OddBooks, VersesBeyondTheCommonNumberingStayAndAreCounted)
+TEST_F(OddBooks, VersesBeyondTheGlobalNumberingStayAndAreCounted)
 {
     const Result result =
         build("Jude\t1\t25\tа\nJude\t1\t26\tб\nJude\t2\t1\tв\n", {"--versification", "KJV"});

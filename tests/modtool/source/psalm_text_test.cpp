@@ -23,7 +23,7 @@ std::string findingsOfUsfm(const std::string& text)
 
 } // namespace
 
-TEST(PsalmTexts, OfUsfmAreNamedWithTheirPlace)
+TEST(PsalmTexts, OfUsfmAreListedWithTheirPosition)
 {
     EXPECT_EQ(findingsOfUsfm("\\id PSA\n\\c 3\n\\p Псалом на\n  Давида.\n\\q1\n\\v 1 a\n\\c 4\n\\p "
                              "Asaph\n\\v 1 b\n\\c 5\n\\v 1 c\n"),
@@ -44,7 +44,7 @@ TEST(PsalmTexts, OfAFolderAreNamedWithTheirFile)
               "left out      1 text outside the verses, first at line 2 of 01.usfm\n");
 }
 
-TEST(PsalmTexts, OfXmlAreNamedWithTheirPlace)
+TEST(PsalmTexts, OfXmlAreListedWithTheirPosition)
 {
     EXPECT_EQ(
         readOsis(
@@ -64,7 +64,7 @@ TEST(PsalmTexts, OfXmlAreNamedWithTheirPlace)
         "              Ps 3, line 2: \"A psalm.\"\n");
 }
 
-TEST(PsalmTexts, OfBooksInXmlAreNamedWithTheirPlace)
+TEST(PsalmTexts, OfBooksInXmlAreListedWithTheirPosition)
 {
     const std::string expected =
         "left out      1 text before a psalm's first verse, perhaps its title, first at line 2\n"

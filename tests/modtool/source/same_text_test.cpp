@@ -1,6 +1,6 @@
 // The same text through every format gives the same module: the Bibles of Debian's SWORD packages, texts made of them,
 // and those of KEDRIN_TEST_DATA where it is. The figures and the reasons of the differences stand in
-// doc/formats/sources.md.
+// doc/formats/source-tests.md.
 
 #include "build_fixture.h"
 #include "made_lines.h"
@@ -221,7 +221,7 @@ protected:
         }));
     }
 
-    const std::string m_page = build_test::bytesOf(KEDRIN_FORMATS_FOLDER "/sources.md");
+    const std::string m_page = build_test::bytesOf(KEDRIN_FORMATS_FOLDER "/source-tests.md");
     std::string m_versification = "KJV";
     std::map<std::string, std::string> m_reports;
 };

@@ -143,7 +143,7 @@ TEST(TextInput, Utf16WithMarkInBothOrders)
     EXPECT_EQ(decodedText(utf16(text, true), "f", ""), expected);
 }
 
-TEST(TextInput, PairOfUnitsMayFallOnAnyPlaceOfThePieces)
+TEST(TextInput, SurrogatePairMaySpanTwoBlocks)
 {
     for (std::size_t before = 16380; before < 16390; ++before) {
         const std::u16string text = u"\uFEFF" + std::u16string(before, u'a') + u"\U0001D11E\U0001D11E";

@@ -1,4 +1,4 @@
-// doc/formats/sources.md: the tests that it names are in the build.
+// doc/formats/source-tests.md: the tests that it names are in the build.
 
 #include "build_fixture.h"
 
@@ -53,7 +53,7 @@ std::set<std::string> testsNamedIn(const std::string& page)
 TEST(SourcesPage, NamesTestsThatExist)
 {
     const std::set<std::string> names =
-        testsNamedIn(build_test::bytesOf(KEDRIN_FORMATS_FOLDER "/sources.md"));
+        testsNamedIn(build_test::bytesOf(KEDRIN_FORMATS_FOLDER "/source-tests.md"));
     EXPECT_GT(names.size(), 100u);
     const std::string listing = listedTests();
     for (const std::string& name : names) {
@@ -66,7 +66,7 @@ TEST(SourcesPage, NamesTestsThatExist)
 
 TEST(SourcesPage, NamesEveryTestOfItsSubjects)
 {
-    const std::string page = build_test::bytesOf(KEDRIN_FORMATS_FOLDER "/sources.md");
+    const std::string page = build_test::bytesOf(KEDRIN_FORMATS_FOLDER "/source-tests.md");
     const std::string listing = listedTests();
     for (const char* subject :
          {"OsisReader.", "OsisVariety.", "UsfmReader.", "UsfmVariety.", "ZefaniaReader.", "ZefaniaVariety.",

@@ -21,11 +21,11 @@ using Kedrin::ModTool::plainConfiguration;
 using Kedrin::ModTool::readSwordEntry;
 using Kedrin::ModTool::SourceFindings;
 using Kedrin::ModTool::SwordEntry;
-using Kedrin::ModTool::SwordPlace;
+using Kedrin::ModTool::SwordEntryContext;
 
-SwordEntry readAt(const std::string& raw, const SwordPlace& place, SourceFindings& findings)
+SwordEntry readAt(const std::string& raw, const SwordEntryContext& context, SourceFindings& findings)
 {
-    const SwordEntry text = readSwordEntry(raw, place, findings);
+    const SwordEntry text = readSwordEntry(raw, context, findings);
     EXPECT_EQ(countLetters(text.verse) + countLetters(text.title) + text.leftOut, lettersOfEntry(raw)) << raw;
     EXPECT_EQ(text.verse.find('\0'), std::string::npos) << raw;
     return text;
@@ -49,10 +49,10 @@ std::string textOf(const std::string& raw)
     return folded(readAt(raw, {"Gen 1:1"}, findings).verse);
 }
 
-std::string reportOf(const std::string& raw, const SwordPlace& place = {"Gen 1:1"})
+std::string reportOf(const std::string& raw, const SwordEntryContext& context = {"Gen 1:1"})
 {
     SourceFindings findings;
-    readAt(raw, place, findings);
+    readAt(raw, context, findings);
     return findings.text();
 }
 
@@ -199,30 +199,30 @@ TEST(SwordEntry, NoteThatGoesOnInTheNextEntryIsLeftOutOfBoth)
     EXPECT_TRUE(beginsInside("б</note> в", "note"));
     EXPECT_FALSE(beginsInside("<note>б</note> в", "note"));
     SourceFindings findings;
-    SwordPlace place{"Gen 1:1"};
-    place.noteGoesOn = true;
-    EXPECT_EQ(folded(readAt("а <note>б", place, findings).verse), "а");
-    place = {"Gen 1:2"};
-    place.beginsInNote = true;
-    EXPECT_EQ(folded(readAt("б</note> в", place, findings).verse), "в");
+    SwordEntryContext context{"Gen 1:1"};
+    context.noteGoesOn = true;
+    EXPECT_EQ(folded(readAt("а <note>б", context, findings).verse), "а");
+    context = {"Gen 1:2"};
+    context.beginsInNote = true;
+    EXPECT_EQ(folded(readAt("б</note> в", context, findings).verse), "в");
     EXPECT_EQ(findings.text(), "left out      1 note, first at Gen 1:1\n");
 }
 
 TEST(SwordEntry, PsalmTitleOfAChapterGoesToItsFirstVerse)
 {
     SourceFindings findings;
-    const SwordPlace chapter{"Ps 3", SwordPlace::Kind::chapter};
+    const SwordEntryContext chapter{"Ps 3", SwordEntryContext::Kind::chapter};
     EXPECT_EQ(
         folded(readAt("<title>а</title><title canonical=\"true\">Псалом </title>в", chapter, findings).title),
         "Псалом");
     EXPECT_EQ(findings.text(), "left out      1 title, first at Ps 3\n"
                                "left out      1 text outside the verses, first at Ps 3\n");
     EXPECT_EQ(folded(readAt("<title canonical=\"true\">Псалом ", chapter, findings).title), "Псалом");
-    const SwordPlace book{"Ps", SwordPlace::Kind::introduction};
+    const SwordEntryContext book{"Ps", SwordEntryContext::Kind::introduction};
     EXPECT_EQ(readAt("<title canonical=\"true\">Псалтир</title>", book, findings).title, "");
 }
 
-TEST(SwordEntry, DamagedMarkupIsSurvived)
+TEST(SwordEntry, DamagedMarkupIsTolerated)
 {
     for (const char* raw :
          {"<", "a<note", "</note>", "<note></note><", "a</note>b</note", "<div ", "</>", "<>", "< >", "<!--",
@@ -236,11 +236,11 @@ TEST(SwordEntry, LettersOfAnyEntryAreInItsTextOrInTheReport)
     std::uniform_int_distribution<int> coin(0, 1);
     for (int i = 0; i < 20000; ++i) {
         SourceFindings findings;
-        SwordPlace place{"Gen 1:1", static_cast<SwordPlace::Kind>(i % 3)};
-        place.beginsInNote = coin(random) != 0;
-        place.noteGoesOn = coin(random) != 0;
-        place.titleGoesOn = coin(random) != 0;
-        readAt(randomEntry(random), place, findings);
+        SwordEntryContext context{"Gen 1:1", static_cast<SwordEntryContext::Kind>(i % 3)};
+        context.beginsInNote = coin(random) != 0;
+        context.noteGoesOn = coin(random) != 0;
+        context.titleGoesOn = coin(random) != 0;
+        readAt(randomEntry(random), context, findings);
         if (HasFailure())
             return;
     }

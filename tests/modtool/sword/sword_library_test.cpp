@@ -160,7 +160,7 @@ TEST_F(SwordSource, JoinedVersesHaveTheirTextOnce)
               "        1 range of verses, with the text in the first, first at Gen 1:1");
 }
 
-TEST_F(SwordSource, EmptyEntriesAreNoRange)
+TEST_F(SwordSource, EmptyEntriesAreNotARange)
 {
     for (const bool isCompressed : {false, true}) {
         m_sword.add("Made", {{"Job 1:1", "първи"}, {"Job 1:3", "трети"}}, "", "KJV", {"OSIS", isCompressed});
@@ -257,7 +257,7 @@ TEST_F(SwordSource, IsCountedByItsOwnVersification)
     EXPECT_EQ(bible.toGlobal(Kedrin::Tolvo::CRef(0, 1, 10, false)).verse(), 9u);
 }
 
-TEST_F(SwordSource, BytesThatAreNoUtf8AreRefusedAsCharactersAre)
+TEST_F(SwordSource, InvalidUtf8IsRefusedLikeOtherCharacters)
 {
     m_sword.add("Made", {{"Gen 1:1", "a\xFF\xFE"}});
     const Result result = buildSword("Made");
@@ -265,7 +265,7 @@ TEST_F(SwordSource, BytesThatAreNoUtf8AreRefusedAsCharactersAre)
     EXPECT_NE(result.err.find("U+FFFD REPLACEMENT CHARACTER"), std::string::npos) << result.err;
 }
 
-TEST_F(SwordSource, EmptyBibleHoldsNoBook)
+TEST_F(SwordSource, EmptyBibleHasNoBooks)
 {
     m_sword.add("Made", {});
     EXPECT_EQ(buildSword("Made").err, "kedrin-module: the source contains no text\n");

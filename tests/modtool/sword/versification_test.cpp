@@ -1,10 +1,10 @@
-// Which of the library's systems a text is counted by, and where its verses stand in the common numbering.
+// Which of the library's systems a text is counted by, and where its verses stand in the global numbering.
 
 #include "versification.h"
 
 #include "build_fixture.h"
-#include "common_books.h"
 #include "errors.h"
+#include "global_books.h"
 #include "thrown.h"
 
 namespace {
@@ -53,34 +53,34 @@ TEST(Versification, BestIsTheOneWithMostEqualChapters)
     EXPECT_EQ(CVersification::bestFor({book("Gen", {1})}).name(), "KJV") << "none agrees: the first";
 }
 
-TEST(Versification, OfTheCommonNumberingChangesNothing)
+TEST(Versification, OfTheGlobalNumberingChangesNothing)
 {
     const ModuleBook psalms = book("Ps", {});
-    EXPECT_EQ(CVersification("KJV").toCommon(psalms, {118, 175}), (Place{118, 175}));
-    EXPECT_EQ(CVersification("Synodal").toCommon(book("Tob", {}), {0, 0}), (Place{0, 0}));
+    EXPECT_EQ(CVersification("KJV").toGlobal(psalms, {118, 175}), (ChapterVerse{118, 175}));
+    EXPECT_EQ(CVersification("Synodal").toGlobal(book("Tob", {}), {0, 0}), (ChapterVerse{0, 0}));
 }
 
 TEST(Versification, OfASynodalTextLeadsToTheKjvs)
 {
     const CVersification synodal("Synodal");
-    EXPECT_EQ(synodal.toCommon(book("Ps", {}), {21, 1}), (Place{22, 1}));
-    EXPECT_EQ(synodal.toCommon(book("Ps", {}), {118, 0}), (Place{119, 0}));
-    EXPECT_EQ(synodal.toCommon(book("Jonah", {}), {1, 0}), (Place{0, 16}));
-    EXPECT_EQ(synodal.toCommon(book("Jonah", {}), {1, 1}), (Place{1, 0}));
-    EXPECT_EQ(synodal.toCommon(book("Jonah", {}), {1, 10}), (Place{1, 9}));
+    EXPECT_EQ(synodal.toGlobal(book("Ps", {}), {21, 1}), (ChapterVerse{22, 1}));
+    EXPECT_EQ(synodal.toGlobal(book("Ps", {}), {118, 0}), (ChapterVerse{119, 0}));
+    EXPECT_EQ(synodal.toGlobal(book("Jonah", {}), {1, 0}), (ChapterVerse{0, 16}));
+    EXPECT_EQ(synodal.toGlobal(book("Jonah", {}), {1, 1}), (ChapterVerse{1, 0}));
+    EXPECT_EQ(synodal.toGlobal(book("Jonah", {}), {1, 10}), (ChapterVerse{1, 9}));
 }
 
-TEST(Versification, VersesThatTheCommonNumberingLacksHaveNoPlace)
+TEST(Versification, VersesThatTheGlobalNumberingLacksHaveNoPosition)
 {
-    EXPECT_EQ(CVersification("KJV").toCommon(book("Gen", {}), {0, 31}), std::nullopt);
-    EXPECT_EQ(CVersification("KJV").toCommon(book("Gen", {}), {50, 0}), std::nullopt);
-    EXPECT_EQ(CVersification("Synodal").toCommon(book("Ps", {}), {150, 0}), std::nullopt) << "Ps 151";
+    EXPECT_EQ(CVersification("KJV").toGlobal(book("Gen", {}), {0, 31}), std::nullopt);
+    EXPECT_EQ(CVersification("KJV").toGlobal(book("Gen", {}), {50, 0}), std::nullopt);
+    EXPECT_EQ(CVersification("Synodal").toGlobal(book("Ps", {}), {150, 0}), std::nullopt) << "Ps 151";
 }
 
 TEST(Versification, BookThatTheSystemLacksKeepsItsNumbers)
 {
-    EXPECT_EQ(CVersification("KJV").toCommon(book("Tob", {}), {0, 0}), (Place{0, 0}));
-    EXPECT_EQ(CVersification("Luther").toCommon(book("3Macc", {}), {0, 0}), (Place{0, 0}));
+    EXPECT_EQ(CVersification("KJV").toGlobal(book("Tob", {}), {0, 0}), (ChapterVerse{0, 0}));
+    EXPECT_EQ(CVersification("Luther").toGlobal(book("3Macc", {}), {0, 0}), (ChapterVerse{0, 0}));
 }
 
 /// operator== of CRef compares otherwise.

@@ -27,7 +27,7 @@ TEST(HtmlEntities, NumbersAreDecimalOrHexadecimal)
     EXPECT_EQ(referencedCharacter("#x10FFFF"), char32_t(0x10FFFF));
 }
 
-TEST(HtmlEntities, NumbersOfNoCharacterAreNone)
+TEST(HtmlEntities, InvalidNumbersAreNoCharacters)
 {
     for (const char* none :
          {"#", "#x", "#xZ", "#12a", "# 12", "#-1", "#0", "#xD800", "#xDFFF", "#x110000", "#99999999999"})

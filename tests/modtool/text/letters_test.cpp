@@ -37,7 +37,7 @@ TEST_F(Letters, OfTheNationalAlphabetsStayAsTheyAre)
     }
 }
 
-TEST_F(Letters, BulgarianIWithGraveIsReplacedAndCountedWithoutBeingAsked)
+TEST_F(Letters, BulgarianIWithGraveIsAlwaysReplacedAndCounted)
 {
     for (const std::vector<std::string>& options :
          {std::vector<std::string>(), std::vector<std::string>{"--substitute"}}) {
@@ -50,7 +50,7 @@ TEST_F(Letters, BulgarianIWithGraveIsReplacedAndCountedWithoutBeingAsked)
     }
 }
 
-TEST_F(Letters, IeWithGraveIsReplacedAndCountedWithoutBeingAsked)
+TEST_F(Letters, IeWithGraveIsAlwaysReplacedAndCounted)
 {
     const Result result = buildText("Ѐ ѐ е\u0300", {});
     ASSERT_EQ(result.code, 0) << result.err;
@@ -60,7 +60,7 @@ TEST_F(Letters, IeWithGraveIsReplacedAndCountedWithoutBeingAsked)
               "U+0450 CYRILLIC SMALL LETTER IE WITH GRAVE with \"е\", 2 times, first at Gen 1:1\n");
 }
 
-TEST_F(Letters, GraveStressOfAnyCyrillicLetterGoesAndIsCountedWithoutBeingAsked)
+TEST_F(Letters, GraveStressOfAnyCyrillicLetterIsAlwaysRemovedAndCounted)
 {
     const Result result =
         buildText("а\u0300 О\u0300 у\u0300 ъ\u0300 ю\u0300 я\u0300 э\u0300 ы\u0300 і\u0300 ї\u0340", {});
@@ -69,7 +69,7 @@ TEST_F(Letters, GraveStressOfAnyCyrillicLetterGoesAndIsCountedWithoutBeingAsked)
     EXPECT_EQ(replacedLines(result), "U+0300 COMBINING GRAVE ACCENT removed, 10 times, first at Gen 1:1\n");
 }
 
-TEST_F(Letters, GraveOfAnotherLetterIsRefusedAndGoesWhenAsked)
+TEST_F(Letters, GraveOfAnotherLetterIsRemovedOnlyWithSubstitute)
 {
     EXPECT_EQ(refusal("Gen\t1\t1\tа\u0300 q\u0300 è\n"),
               "kedrin-module: the text contains characters that Windows-1251 lacks (--substitute "
@@ -80,7 +80,7 @@ TEST_F(Letters, GraveOfAnotherLetterIsRefusedAndGoesWhenAsked)
     EXPECT_EQ(verse(0, 0, 0), "а q e");
 }
 
-TEST_F(Letters, LatinLetterWithGraveInACyrillicWordIsItsCyrillicLikeness)
+TEST_F(Letters, LatinLetterWithGraveInACyrillicWordIsItsCyrillicLookAlike)
 {
     const Result sound = buildText("сè „Èва“ e\u0300те тù дò вàс зìма бý\u0300", {"--substitute"});
     ASSERT_EQ(sound.code, 0) << sound.err;
@@ -96,7 +96,7 @@ TEST_F(Letters, LatinLetterWithGraveInACyrillicWordIsItsCyrillicLikeness)
               "U+00F9 LATIN SMALL LETTER U WITH GRAVE with \"и\", 1 time, first at Gen 1:1\n");
 }
 
-TEST_F(Letters, LatinLetterWithAnotherAccentInACyrillicWordIsItsLikenessWhenAsked)
+TEST_F(Letters, LatinLetterWithAnotherAccentInACyrillicWordIsReplacedWithSubstitute)
 {
     EXPECT_NE(refusal("Gen\t1\t1\tвáс\n").find("U+00E1 LATIN SMALL LETTER A WITH ACUTE, 1 time"),
               std::string::npos);
@@ -121,7 +121,7 @@ TEST_F(Letters, LatinWordsKeepTheirLatinLetters)
         << result.out;
 }
 
-TEST_F(Letters, MarksOfStressGoWhenAskedAndAreCounted)
+TEST_F(Letters, StressMarksAreRemovedWithSubstituteAndCounted)
 {
     EXPECT_NE(refusal("Gen\t1\t1\tза\u0301мък\n").find("U+0301 COMBINING ACUTE ACCENT, 1 time"),
               std::string::npos);
@@ -130,7 +130,7 @@ TEST_F(Letters, MarksOfStressGoWhenAskedAndAreCounted)
     EXPECT_EQ(replacedLines(result), "U+0301 COMBINING ACUTE ACCENT removed, 2 times, first at Gen 1:1\n");
 }
 
-TEST_F(Letters, ComposedBeforeTheyAreLookedAt)
+TEST_F(Letters, AreComposedFirst)
 {
     const Result result = buildText("и\u0306 е\u0308 і\u0308 г\u0301 к\u0301 у\u0306", {});
     ASSERT_EQ(result.code, 0) << result.err;

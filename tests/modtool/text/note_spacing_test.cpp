@@ -66,13 +66,13 @@ TEST(WordGap, BehindAClosingMarkAWordStandsApart)
     EXPECT_TRUE(needsSpaceBetween("(едно)", "две"));
 }
 
-TEST(WordGap, ApostropheIsNoQuotation)
+TEST(WordGap, ApostropheIsNotAQuotationMark)
 {
     EXPECT_FALSE(needsSpaceBetween("Lord", "’s"));
     EXPECT_FALSE(needsSpaceBetween("„geht’s gut", "“"));
 }
 
-TEST(WordGap, BytesThatAreNoUtf8AreSurvived)
+TEST(WordGap, InvalidUtf8IsTolerated)
 {
     EXPECT_FALSE(needsSpaceBetween("\xD0", "\xD0"));
     EXPECT_TRUE(needsSpaceBetween("\xD0\xFF", "a"));

@@ -23,7 +23,7 @@ TEST(PlainText, TagsAndCommentsGo)
     EXPECT_EQ(plain("све<i>т</i>а"), "света");
 }
 
-TEST(PlainText, WhatBeginsNoTagStays)
+TEST(PlainText, BracketWithoutATagStays)
 {
     EXPECT_EQ(plain("1 < 2 > 0, <3, <"), "1 < 2 > 0, <3, <");
     EXPECT_EQ(plain("<b без край"), "<b без край");
@@ -88,20 +88,20 @@ TEST(PlainText, ReferencesBecomeCharacters)
     EXPECT_EQ(plain("caf&eacute; &thetasym;"), "caf\u00E9 \u03D1");
 }
 
-TEST(PlainText, WhatIsNoReferenceStays)
+TEST(PlainText, AmpersandWithoutAReferenceStays)
 {
     EXPECT_EQ(plain("a & b &; &nothing; &#; &#xZ; &#0; &#x110000; &#xD800; &lt"),
               "a & b &; &nothing; &#; &#xZ; &#0; &#x110000; &#xD800; &lt");
 }
 
-TEST(PlainText, IsOneHarmlessLine)
+TEST(PlainText, IsOneSafeLine)
 {
     EXPECT_EQ(plainText("  a\r\n\tb \x1B[31m c\x7F  "), "a b [31m c");
     EXPECT_EQ(plainText(std::string_view("a\0b", 3)), "a");
     EXPECT_EQ(plainText("\x98"), "\uFFFD");
 }
 
-TEST(BrokenLines, BreakAtBlanks)
+TEST(BrokenLines, WrapAtSpaces)
 {
     EXPECT_EQ(brokenLines("В начало Бог", 8), (std::vector<std::string>{"В начало", "Бог"}));
     EXPECT_EQ(brokenLines("В начало Бог", 12), (std::vector<std::string>{"В начало Бог"}));

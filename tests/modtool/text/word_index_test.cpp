@@ -64,7 +64,7 @@ TEST_F(Words, EquallyFrequentSpellingsAreSpeltAsMetFirst)
     EXPECT_EQ(wordsOf("бог Бог\nБог бог"), (List{"бог"}));
 }
 
-TEST_F(Words, AreTakenAfterSubstitution)
+TEST_F(Words, AreFoundAfterSubstitution)
 {
     EXPECT_EQ(build("Gen\t1\t1\tCæsar café ca\u200Bfe\n", {"--substitute"}).code, 0);
     EXPECT_EQ(words(), (List{"Caesar", "cafe"}));

@@ -6,13 +6,14 @@
 
 namespace Kedrin::ModTool {
 
-/// Compares the letters and digits that a reader took from a source, in the order of the source, with those of the
-/// source read a second time in a simpler way. What the reader dropped or changed without saying so is found here.
+/// Compares the letters and digits that a reader took from a source, in source order, with those found by a
+/// second, simpler pass over the source. Detects what the reader dropped or changed without counting it.
 class CLetterProof
 {
 public:
     /// @param fileName  for messages
-    /// @param taken     what appendLetters() made of all that the reader put somewhere; outlives this object
+    /// @param taken     letters of all text that the reader used or counted, from appendLetters(); must
+    ///                  outlive this object
     CLetterProof(const std::string& fileName, std::string_view taken) : m_fileName(fileName), m_rest(taken) {}
 
     /// The next text of the source.

@@ -34,7 +34,7 @@ std::string wholeFile(const std::string& fileName)
     return content;
 }
 
-/// What stands between quotes after `encoding=` in an XML declaration.
+/// The value of `encoding=` in an XML declaration.
 std::string declaredInXml(std::string_view declaration)
 {
     const std::size_t name = declaration.find("encoding");
@@ -118,7 +118,7 @@ std::string converted(const std::string& content, const std::string& fileName, c
     std::string text;
     text.reserve(content.size());
     std::array<UChar, 16384> buffer;
-    std::size_t held = 0; // 1: half of a surrogate pair was left over and stands at the front
+    std::size_t held = 0; // 1: the first half of a surrogate pair is left at the start
     const char* next = content.data();
     const char* end = next + content.size();
     do {
@@ -196,7 +196,7 @@ std::string decodedText(std::string content, const std::string& fileName, const 
         requireUtf8(content, fileName);
     else
         content = converted(content, fileName, name);
-    while (content.starts_with(byteOrderMark)) // files that were put together have several
+    while (content.starts_with(byteOrderMark)) // concatenated files have several
         content.erase(0, byteOrderMark.size());
     return content;
 }

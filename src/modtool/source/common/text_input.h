@@ -6,7 +6,7 @@
 
 namespace Kedrin::ModTool {
 
-/// A source file as text: UTF-8, without a byte order mark. Which encoding the file has is told by the first of
+/// A source file as text: UTF-8, without a byte order mark. The encoding is the first of these that applies:
 ///  1. `encoding`, when not empty: any name that the Unicode library knows ("windows-1251", "UTF-16LE");
 ///  2. a byte order mark: UTF-8 or UTF-16;
 ///  3. the XML declaration, or USFM's line \ide;
@@ -19,7 +19,7 @@ namespace Kedrin::ModTool {
 std::string readText(const std::string& fileName, const std::string& encoding,
                      std::string* recognised = nullptr);
 
-/// The same for content that is in memory.
+/// The same for content in memory.
 std::string decodedText(std::string content, const std::string& fileName, const std::string& encoding,
                         std::string* recognised = nullptr);
 

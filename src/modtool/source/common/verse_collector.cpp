@@ -19,8 +19,8 @@ void CVerseCollector::beginBook(std::string_view osis)
     if (entry->second == m_book && !isNew)
         return;
     endVerse();
-    placeTitle();
-    loseSigns();
+    insertTitle();
+    dropPendingQuotes();
     if (isNew) {
         if (index >= maxSourceBooks)
             throw CBuildError(message("the source has more than %s books", maxSourceBooks));
@@ -34,7 +34,7 @@ void CVerseCollector::beginBook(std::string_view osis)
 void CVerseCollector::beginChapter(unsigned int number)
 {
     endVerse();
-    placeTitle();
+    insertTitle();
     m_psalm = inBook() && m_bible.books[m_book] == "Ps" ? number : 0;
 }
 
@@ -70,7 +70,7 @@ void CVerseCollector::openVerse(unsigned int chapter, const VerseNumber& number,
     m_psalm = 0;
     if (number.first == 0)
         found(ReaderRule::verseZero, line);
-    addKnownText(std::exchange(m_signs, {}), line);
+    addKnownText(std::exchange(m_pendingQuotes, {}), line);
 }
 
 void CVerseCollector::endVerse()
@@ -81,17 +81,17 @@ void CVerseCollector::endVerse()
     m_gap = {};
 }
 
-/// All letters given until now are in the text, wait to come into it, or are counted as left out.
+/// Checks that all letters passed in so far are in the text, pending, or counted as left out.
 void CVerseCollector::checkLetters()
 {
     const std::uint64_t given = m_given.count() + m_bible.attributeLetters;
     const std::uint64_t found = m_text.lettersOf(m_bible.text) + m_waitingTitle.lettersOf(m_title) +
-                                countLetters(m_signs) + m_bible.findings.letters();
+                                countLetters(m_pendingQuotes) + m_bible.findings.letters();
     if (given != found)
         throw CBuildError(
             message("%s: %s letters and digits were read, but %s are accounted for; this is a bug in "
                     "kedrin-module, please report it",
-                    place(0), given, found));
+                    position(0), given, found));
 }
 
 void CVerseCollector::append(std::string_view utf8)
@@ -112,7 +112,7 @@ void CVerseCollector::leaveOut(ReaderRule why, std::string_view utf8)
     m_bible.findings.addLetters(why, m_given.add(utf8));
 }
 
-/// Text whose letters are in the account already.
+/// Text whose letters have already been counted.
 void CVerseCollector::addKnownText(std::string_view utf8, std::size_t line)
 {
     if (mayHaveMarkers(utf8) && (m_inTitle || m_inVerse)) {
@@ -141,7 +141,7 @@ void CVerseCollector::addPlainText(std::string_view utf8, std::size_t line)
         return;
     }
     if (!m_title.empty() && !isBlank(utf8))
-        placeTitle();
+        insertTitle();
     if (m_gap.needsSpace(m_bible.textOf(m_pieces.back().verse), utf8))
         append(" ");
     append(utf8);
@@ -154,7 +154,7 @@ void CVerseCollector::leaveOutside(std::string_view utf8, std::size_t line)
     if (!m_outsideCounted)
         found(why, line);
     if (m_psalm != 0 && !m_outsideCounted)
-        m_bible.findings.addPsalmText("Ps " + std::to_string(m_psalm) + ", " + place(line), utf8);
+        m_bible.findings.addPsalmText("Ps " + std::to_string(m_psalm) + ", " + position(line), utf8);
     else if (m_psalm != 0)
         m_bible.findings.extendPsalmText(utf8);
     m_outsideCounted = true;
@@ -166,7 +166,7 @@ void CVerseCollector::addOpeningSign(std::string_view utf8, std::size_t line)
     if (m_inVerse || m_inTitle)
         addKnownText(utf8, line);
     else {
-        m_signs += utf8;
+        m_pendingQuotes += utf8;
         m_waitingLine = line;
     }
 }
@@ -180,15 +180,15 @@ void CVerseCollector::addClosingSign(std::string_view utf8, std::size_t line)
     }
     if (isBlank(utf8))
         return;
-    SourceVerse& verse = m_pieces.back().verse; // its text is the last of all texts
+    SourceVerse& verse = m_pieces.back().verse; // its text is at the end
     verse.byteCount = static_cast<std::uint32_t>(trimmedEnd(m_bible.textOf(verse)).size());
     m_bible.text.resize(verse.offset + verse.byteCount);
     append(utf8);
 }
 
-void CVerseCollector::loseSigns()
+void CVerseCollector::dropPendingQuotes()
 {
-    const std::string signs = std::exchange(m_signs, {});
+    const std::string signs = std::exchange(m_pendingQuotes, {});
     m_bible.findings.addLetters(ReaderRule::outside, countLetters(signs));
     if (!isBlank(signs))
         found(ReaderRule::outside, m_waitingLine);
@@ -212,8 +212,8 @@ void CVerseCollector::beginTitle()
 
 void CVerseCollector::endTitle() { m_inTitle = false; }
 
-/// Where no verse is open, no text followed: the title goes behind the last verse.
-void CVerseCollector::placeTitle()
+/// If no verse is open, no text followed: the title is appended to the last verse.
+void CVerseCollector::insertTitle()
 {
     m_inTitle = false;
     const std::string title = std::move(m_title);
@@ -236,18 +236,18 @@ void CVerseCollector::placeTitle()
     append(' ' + title + ' ');
 }
 
-std::string CVerseCollector::place(std::size_t line) const
+std::string CVerseCollector::position(std::size_t line) const
 {
     if (!m_pieces.empty() && (m_inVerse || line == 0))
-        return m_bible.placeOf(m_pieces.back().verse);
+        return m_bible.positionOf(m_pieces.back().verse);
     return m_file.empty() ? message("line %s", line) : message("line %s of %s", line, m_file);
 }
 
 SourceBible CVerseCollector::finish(const std::string& source)
 {
     endVerse();
-    placeTitle();
-    loseSigns();
+    insertTitle();
+    dropPendingQuotes();
     takeGreekBooks();
     joinPieces(std::move(m_pieces), m_bible);
     if (m_bible.verses.empty())
@@ -255,7 +255,7 @@ SourceBible CVerseCollector::finish(const std::string& source)
     return std::move(m_bible);
 }
 
-/// Editions of the East have only one Esther and one Daniel, the Greek ones.
+/// Eastern editions have only the Greek Esther and Daniel.
 void CVerseCollector::takeGreekBooks()
 {
     for (const auto& [greek, book] : {std::pair("EsthGr", "Esth"), std::pair("DanGr", "Dan")})

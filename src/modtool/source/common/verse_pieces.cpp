@@ -11,20 +11,20 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-/// Whether two pieces that follow one another make one verse: the same place, or verse 0 and the next one.
+/// Whether two consecutive pieces make one verse: the same position, or verse 0 and the next one.
 bool belongTogether(const SourceVerse& first, const SourceVerse& second)
 {
     return first.book == second.book && first.chapter == second.chapter &&
            (first.verse == second.verse || first.verse == 0);
 }
 
-/// Whether the piece gives the verse of the one before it once more.
+/// Whether the piece repeats the verse of the one before it.
 bool isGivenAgain(const VersePiece& before, const VersePiece& piece)
 {
     return !piece.isPart && piece.verse.verse == before.verse.verse;
 }
 
-/// One verse of the pieces begin to end.
+/// Joins the pieces from begin to end to one verse.
 SourceVerse joined(const std::vector<VersePiece>& pieces, std::size_t begin, std::size_t end,
                    SourceBible& bible)
 {
@@ -35,7 +35,7 @@ SourceVerse joined(const std::vector<VersePiece>& pieces, std::size_t begin, std
         if (i != begin && isGivenAgain(pieces[i - 1], piece)) {
             const bool isRepeated = trimmed(pieceText) == trimmed(bible.textOf(pieces[i - 1].verse));
             bible.findings.add(isRepeated ? ReaderRule::verseRepeated : ReaderRule::verseAgain,
-                               bible.placeOf(piece.verse));
+                               bible.positionOf(piece.verse));
             if (isRepeated) {
                 bible.findings.addLetters(ReaderRule::verseRepeated, countLetters(pieceText));
                 continue;

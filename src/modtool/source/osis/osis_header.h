@@ -7,19 +7,19 @@
 
 namespace Kedrin::ModTool {
 
-/// Reads the `header` of an OSIS text: what the work named `workId`, or the first work where it is not there, says of
-/// itself (doc/formats/osis.md).
+/// Reads the `header` of an OSIS text: the metadata of the work named `workId`, or of the first work if there
+/// is none of that name (doc/formats/osis.md).
 class COsisHeader
 {
 public:
     explicit COsisHeader(const std::string& workId) : m_workId(workId) {}
 
-    /// Reads on to the end of the element that `xml` stands at.
+    /// Reads to the end of the current element of `xml`.
     void read(CXmlReader& xml);
 
     const SourceInfo& info() const { return m_info; }
     const std::string& versification() const { return m_versification; }
-    const std::string& text() const { return m_text; } ///< all that stands in the header
+    const std::string& text() const { return m_text; } ///< all text in the header
 
 private:
     void readWork(CXmlReader& xml);
@@ -29,7 +29,7 @@ private:
     SourceInfo m_info;
     std::string m_versification;
     std::string m_text;
-    bool m_found = false;   ///< the work that was wanted
+    bool m_found = false;   ///< the wanted work
     bool m_hasWork = false; ///< it, or the first
 };
 

@@ -15,10 +15,10 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-class CReader
+class COsisReader
 {
 public:
-    CReader(const std::string& fileName, std::string_view utf8) : m_utf8(utf8), m_xml(fileName, utf8) {}
+    COsisReader(const std::string& fileName, std::string_view utf8) : m_utf8(utf8), m_xml(fileName, utf8) {}
 
     SourceBible read()
     {
@@ -152,7 +152,7 @@ private:
         m_chapter = 0;
     }
 
-    /// The sign of a quotation that goes on clings to the word behind it; other signs stand alone.
+    /// A continued quote attaches to the next word; other marks are spaced.
     void startMilestone()
     {
         const std::string sign = m_xml.attribute("marker");
@@ -191,7 +191,7 @@ private:
         const bool namesBook = name == "title" && m_verses.inBook() && type != "sub" && type != "chapter";
         const std::string shortTitle = m_xml.attribute("short");
         const std::string abbreviation = m_xml.attribute("n");
-        const bool isExported = type == "x-module"; // one of the titles that export writes
+        const bool isExported = type == "x-module"; // written by export
         if (!isExported)
             m_verses.found(ReaderRule::title, m_xml.line());
         const std::string text = titleText(isExported ? ReaderRule::metadata : ReaderRule::title);
@@ -203,7 +203,7 @@ private:
             m_verses.info().keepsTitles = true;
     }
 
-    /// The text of the title that is reached, up to its end or to a verse in it, which is read as any other.
+    /// The text of the current title, up to its end or to a verse inside it, which is read as usual.
     std::string titleText(ReaderRule why)
     {
         std::string text;
@@ -252,18 +252,18 @@ private:
     CXmlReader m_xml;
     CVerseCollector m_verses;
     std::string m_workId;
-    std::string m_openId;                  ///< sID of the verse between milestones that is open
-    std::vector<std::string> m_quoteSigns; ///< closing signs of the quotations that are open
-    unsigned int m_chapter = 0;            ///< where a verse without a reference stands
-    int m_verseDepth = noDepth;            ///< of the verse element that is open
-    int m_titleDepth = noDepth;            ///< of the title that belongs to the text
+    std::string m_openId;                  ///< sID of the open verse between milestones
+    std::vector<std::string> m_quoteSigns; ///< closing marks of the open quotations
+    unsigned int m_chapter = 0;            ///< current chapter, for a verse without a reference
+    int m_verseDepth = noDepth;            ///< of the open verse element
+    int m_titleDepth = noDepth;            ///< of the open canonical title
 };
 
 } // namespace
 
 SourceBible readOsis(const std::string& fileName, std::string_view utf8)
 {
-    return CReader(fileName, utf8).read();
+    return COsisReader(fileName, utf8).read();
 }
 
 } // namespace Kedrin::ModTool

@@ -7,9 +7,9 @@
 
 namespace Kedrin::ModTool {
 
-/// Reads OSIS XML (doc/formats/osis.md): the text of the verses, whether they are written as elements or between
-/// milestones. Notes, headings, variant readings and lexical marks go; added words, names, poetry and the words of
-/// Christ stay as plain text.
+/// Reads OSIS XML (doc/formats/osis.md): the text of the verses, whether they are written as elements or
+/// between milestones. Notes, headings, variant readings and lexical markup are left out; added words, names,
+/// poetry and the words of Christ are kept as plain text.
 /// @param utf8  the file's content, without byte order mark
 /// @throws CBuildError
 ///     what CXmlReader throws

@@ -1,7 +1,7 @@
 #include "osis_reference.h"
 
 #include "ascii.h"
-#include "common_books.h"
+#include "global_books.h"
 #include "module_format.h"
 #include "source_bible.h"
 
@@ -11,11 +11,11 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-/// "Jude.5": such a book's verses may go without the chapter.
+/// "Jude.5": in such a book the chapter may be omitted.
 std::optional<OsisReference> inBookOfOneChapter(std::string_view text, std::size_t point, bool isPart)
 {
     const auto global = globalIDOf(text.substr(0, point));
-    if (!global || commonBooks()[*global].verseCounts.size() != 1)
+    if (!global || globalBooks()[*global].verseCounts.size() != 1)
         return std::nullopt;
     const auto verse = parseVerseNumber(text.substr(point + 1));
     if (!verse)
@@ -43,7 +43,7 @@ std::optional<OsisReference> parseReference(std::string_view text)
                          {verse->first, verse->last, verse->isPart || part != std::string_view::npos}};
 }
 
-/// The number of the last verse of several, of which `first` is the first; nothing where `text` names none.
+/// The number of the last verse of a range that starts with `first`; nothing if `text` is not a verse.
 std::optional<unsigned int> lastVerse(std::string_view text, const OsisReference& first)
 {
     if (const auto last = parseReference(text)) {

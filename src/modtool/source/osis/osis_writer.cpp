@@ -30,7 +30,8 @@ std::string element(std::string_view name, std::string_view attributes, std::str
            std::string(name) + ">\n";
 }
 
-/// Text of a verse. An empty element after a backslash has no reader take what follows for a marker of USFM.
+/// Text of a verse. An empty element after each backslash keeps readers from taking what follows for a USFM
+/// marker.
 std::string verseText(std::string_view text)
 {
     constexpr std::string_view parting = "<seg/>";
@@ -56,10 +57,10 @@ std::string header(const SourceBible& bible)
     return xml + "</work>\n</header>\n";
 }
 
-class CWriter
+class COsisWriter
 {
 public:
-    explicit CWriter(const SourceBible& bible) : m_bible(bible) {}
+    explicit COsisWriter(const SourceBible& bible) : m_bible(bible) {}
 
     std::string write()
     {
@@ -118,12 +119,12 @@ private:
     }
 
     const SourceBible& m_bible;
-    const SourceVerse* m_last = nullptr; ///< of the book that is open; null: none is
+    const SourceVerse* m_last = nullptr; ///< of the open book; null: none
     std::string m_xml;
 };
 
 } // namespace
 
-std::string osisFile(const SourceBible& bible) { return CWriter(bible).write(); }
+std::string osisFile(const SourceBible& bible) { return COsisWriter(bible).write(); }
 
 } // namespace Kedrin::ModTool

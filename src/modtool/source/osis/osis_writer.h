@@ -6,8 +6,8 @@
 
 namespace Kedrin::ModTool {
 
-/// A Bible as a file of OSIS (doc/formats/osis.md), which readOsis() reads back as it was: the verses, and in the
-/// header the titles, the copyright and the numbering.
+/// A Bible as an OSIS file (doc/formats/osis.md), which readOsis() reads back unchanged: the verses, and in
+/// the header the titles, the copyright and the numbering.
 std::string osisFile(const SourceBible& bible);
 
 } // namespace Kedrin::ModTool

@@ -2,8 +2,8 @@
 
 #include "ascii.h"
 #include "book_finder.h"
-#include "common_books.h"
 #include "errors.h"
+#include "global_books.h"
 #include "letters.h"
 #include "messages.h"
 #include "plain_entities.h"
@@ -123,7 +123,7 @@ private:
     std::optional<unsigned int> chapterReached() const
     {
         const auto global = m_chapter ? std::nullopt : globalIDOf(m_verses.book());
-        const bool hasOneChapter = global && commonBooks()[*global].verseCounts.size() == 1;
+        const bool hasOneChapter = global && globalBooks()[*global].verseCounts.size() == 1;
         return hasOneChapter ? std::optional(1u) : m_chapter;
     }
 

@@ -2,8 +2,8 @@
 
 #include "ascii.h"
 #include "book_ids.h"
-#include "common_books.h"
 #include "errors.h"
+#include "global_books.h"
 #include "messages.h"
 #include "plain_headings.h"
 #include "plain_letters.h"
@@ -37,7 +37,7 @@ bool isOsisId(std::string_view text)
 
 } // namespace
 
-class CPlainReader::CPrivate
+class CPlainReader::Impl
 {
 public:
     void say(const char* label, const std::string& text) { m_said.emplace_back(label, text); }
@@ -47,7 +47,7 @@ public:
     std::vector<std::pair<const char*, std::string>> m_said;
 };
 
-CPlainReader::CPlainReader() : m_private(std::make_unique<CPrivate>()) {}
+CPlainReader::CPlainReader() : m_impl(std::make_unique<Impl>()) {}
 CPlainReader::~CPlainReader() = default;
 
 void CPlainReader::read(const std::string& fileName, std::string_view utf8, const PlainInput& input)
@@ -60,28 +60,28 @@ void CPlainReader::read(const std::string& fileName, std::string_view utf8, cons
     if (shape->namesBooks() && !input.book.empty())
         throw CBuildError(message("%s: names its own books, so --book cannot be used", fileName));
     CBadLines badLines;
-    m_private->verses.setFile(input.shownName);
-    CPlainVerses verses(m_private->verses, badLines, shape->namesBooks() ? "" : book, !input.book.empty());
+    m_impl->verses.setFile(input.shownName);
+    CPlainVerses verses(m_impl->verses, badLines, shape->namesBooks() ? "" : book, !input.book.empty());
     if (shape->isTable())
         readPlainTable(utf8, *shape, verses);
     else
         readPlainLines(fileName, utf8, shape->form, verses);
     badLines.refuse(fileName);
-    m_private->verses.endVerse();
+    m_impl->verses.endVerse();
     const bool hasEntities = !shape->isTable() && shape->form == VerseForm::hashed;
-    m_private->letters += provePlainLetters(fileName, utf8, hasEntities, m_private->verses.takeLetters());
-    m_private->say(translatable("read as"), shape->text());
+    m_impl->letters += provePlainLetters(fileName, utf8, hasEntities, m_impl->verses.takeLetters());
+    m_impl->say(translatable("read as"), shape->text());
     if (verses.usedGivenBook() && input.book.empty())
-        m_private->say(translatable("interpreted"),
-                       message("%s for the book, by the name of the file %s", book,
-                               std::filesystem::path(fileName).filename().string()));
+        m_impl->say(translatable("interpreted"),
+                    message("%s for the book, by the name of the file %s", book,
+                            std::filesystem::path(fileName).filename().string()));
 }
 
 SourceBible CPlainReader::finish(const std::string& source)
 {
-    SourceBible bible = m_private->verses.finish(source);
-    bible.letters = m_private->letters;
-    for (const auto& [label, text] : m_private->m_said)
+    SourceBible bible = m_impl->verses.finish(source);
+    bible.letters = m_impl->letters;
+    for (const auto& [label, text] : m_impl->m_said)
         bible.findings.say(label, text);
     return bible;
 }

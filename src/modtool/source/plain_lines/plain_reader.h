@@ -41,8 +41,8 @@ public:
     SourceBible finish(const std::string& source);
 
 private:
-    class CPrivate;
-    std::unique_ptr<CPrivate> m_private;
+    class Impl;
+    std::unique_ptr<Impl> m_impl;
 };
 
 /// Whether the first lines are such as CPlainReader reads.

@@ -34,7 +34,7 @@ public:
     void addText(std::string_view utf8, std::size_t line) { m_verses.addText(utf8, line); }
 
     /// Names of books, numbers and marks.
-    void leaveOutPlace(std::string_view utf8) { m_verses.leaveOut(ReaderRule::place, utf8); }
+    void leaveOutPlace(std::string_view utf8) { m_verses.leaveOut(ReaderRule::position, utf8); }
 
     /// Text that the report counts by a rule.
     void leaveOut(ReaderRule why, std::string_view utf8, std::size_t line);

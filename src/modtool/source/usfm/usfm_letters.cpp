@@ -22,7 +22,7 @@ std::size_t nameBytes(std::string_view text)
     return std::min(end, text.size());
 }
 
-/// The blank or line end that belongs to a marker, and blanks behind it.
+/// The space or line end that belongs to a marker, and spaces after it.
 std::size_t blankBytes(std::string_view text)
 {
     const std::size_t own = text.starts_with("\r\n") ? 2 : text.find_first_of(" \t\r\n") == 0 ? 1 : 0;
@@ -35,7 +35,7 @@ std::string_view wordOf(std::string_view text)
     return text.substr(0, text.find("\u00A0"));
 }
 
-/// How many bytes the marker at the front has, with its star, or the number or code that belongs to it.
+/// Length of the marker at the start, including its star or the number or code that belongs to it.
 std::size_t markerBytes(std::string_view text)
 {
     std::size_t end = text.starts_with("\\+") ? 2 : 1;

@@ -6,8 +6,8 @@
 
 namespace Kedrin::ModTool {
 
-/// The proof of letters for a USFM text. This second way through it knows no marker's meaning: all is text but the
-/// markers with their star, the number behind \c and \v and the code behind \id.
+/// The letter proof for a USFM text. This second pass ignores the meaning of markers: everything is text
+/// except the markers with their star, the number after \c and \v and the code after \id.
 /// @param taken  see CLetterProof
 /// @throws CBuildError  what CLetterProof throws
 /// @returns the letters and digits of the text

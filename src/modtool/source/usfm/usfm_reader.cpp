@@ -19,11 +19,11 @@ namespace {
 
 constexpr std::string_view byteOrderMark = "\uFEFF";
 
-/// Walks one file.
-class CFile
+/// Reads one file.
+class CUsfmFileReader
 {
 public:
-    CFile(const std::string& fileName, std::string_view utf8, CVerseCollector& verses)
+    CUsfmFileReader(const std::string& fileName, std::string_view utf8, CVerseCollector& verses)
         : m_fileName(fileName),
           m_tokens(utf8),
           m_verses(verses)
@@ -51,14 +51,14 @@ private:
     enum class Skip
     {
         nothing,
-        toMarker,    ///< to the end marker m_skipped
-        toParagraph, ///< to a marker that ends paragraphs
+        toMarker,    ///< up to the end marker m_skipped
+        toParagraph, ///< up to a marker that ends paragraphs
         toSidebarEnd
     };
 
     void text(std::string_view content)
     {
-        if (content.ends_with(byteOrderMark)) // of a file that was put behind another one
+        if (content.ends_with(byteOrderMark)) // of a concatenated file
             content.remove_suffix(byteOrderMark.size());
         const std::string_view whole = content;
         if (m_openCharacters > 0)
@@ -131,7 +131,7 @@ private:
         }
     }
 
-    /// Whether the marker is to be heeded: what is skipped ends here, or nothing is skipped.
+    /// Whether to process the marker; may end skipping.
     bool stopsSkipping(UsfmMarker kind, std::string_view name)
     {
         const bool beginsPart = kind == UsfmMarker::id || kind == UsfmMarker::chapter;
@@ -195,7 +195,7 @@ private:
         if (osis != osisOfUsfm(code))
             m_verses.found(ReaderRule::bookByName, m_line);
         m_hasChapter = false;
-        m_chapter = 1; // a book of one chapter may go without its marker
+        m_chapter = 1; // the marker may be missing in a book of one chapter
     }
 
     void chapter()
@@ -256,41 +256,41 @@ private:
     CVerseCollector& m_verses;
     std::size_t m_line = 1;
     std::optional<unsigned int> m_chapter; ///< nothing before any book
-    bool m_hasChapter = false;             ///< whether the book has a marker of one
-    /// Character markers without their end: attributes may follow after '|'.
+    bool m_hasChapter = false;             ///< whether the book has a chapter marker
+    /// Number of open character markers: attributes may follow after '|'.
     unsigned int m_openCharacters = 0;
     Skip m_skip = Skip::nothing;
     std::string m_skipped;
     ReaderRule m_skipReason = ReaderRule::note;
     bool m_skipCounted = false;
     bool m_mainTitle = false;  ///< the book's full title is taken from its main title
-    bool m_takesTitle = false; ///< what is skipped is part of it
+    bool m_takesTitle = false; ///< the skipped text is part of it
     std::string m_noteInTitle; ///< end marker of a note in it
 };
 
 } // namespace
 
-class CUsfmReader::CPrivate
+class CUsfmReader::Impl
 {
 public:
     CVerseCollector verses;
     std::uint64_t letters = 0;
 };
 
-CUsfmReader::CUsfmReader() : m_private(std::make_unique<CPrivate>()) {}
+CUsfmReader::CUsfmReader() : m_impl(std::make_unique<Impl>()) {}
 CUsfmReader::~CUsfmReader() = default;
 
 void CUsfmReader::read(const std::string& fileName, std::string_view utf8, const std::string& shownName)
 {
-    m_private->verses.setFile(shownName);
-    CFile(fileName, utf8, m_private->verses).read();
-    m_private->letters += proveUsfmLetters(fileName, utf8, m_private->verses.takeLetters());
+    m_impl->verses.setFile(shownName);
+    CUsfmFileReader(fileName, utf8, m_impl->verses).read();
+    m_impl->letters += proveUsfmLetters(fileName, utf8, m_impl->verses.takeLetters());
 }
 
 SourceBible CUsfmReader::finish(const std::string& source)
 {
-    SourceBible bible = m_private->verses.finish(source);
-    bible.letters = m_private->letters;
+    SourceBible bible = m_impl->verses.finish(source);
+    bible.letters = m_impl->letters;
     return bible;
 }
 

@@ -8,8 +8,9 @@
 
 namespace Kedrin::ModTool {
 
-/// Reads USFM 3 and 2 (doc/formats/usfm.md): one file, or a folder with a file a book. Notes, headings, introductions,
-/// second verse numbers and word attributes go; the text of character markers stays.
+/// Reads USFM 3 and 2 (doc/formats/usfm.md): one file, or a folder with one file per book. Notes, headings,
+/// introductions, alternate verse numbers and word attributes are left out; the text of character markers is
+/// kept.
 class CUsfmReader
 {
 public:
@@ -18,23 +19,23 @@ public:
     CUsfmReader(const CUsfmReader&) = delete;
     CUsfmReader& operator=(const CUsfmReader&) = delete;
 
-    /// Reads one file; its books follow those of the files before.
+    /// Reads one file; its books follow those of earlier files.
     /// @param utf8       the file's content, without byte order mark
-    /// @param shownName  what the report calls the file in its places; "": it does not
+    /// @param shownName  name of the file for positions in the report; "": not shown
     /// @throws CBuildError
     ///     what CLetterProof throws
     ///     "%s:%u: a verse before any \\id: write an \\id with the book's code, such as \\id GEN", the same with "chapter"
     ///     "%s:%u: %s is not a book code: write one after \\id, such as GEN"
     void read(const std::string& fileName, std::string_view utf8, const std::string& shownName = "");
 
-    /// All that was read. Call it once.
+    /// Everything read. Call once.
     /// @param source  for the message
     /// @throws CBuildError  "%s: contains no verses"
     SourceBible finish(const std::string& source);
 
 private:
-    class CPrivate;
-    std::unique_ptr<CPrivate> m_private;
+    class Impl;
+    std::unique_ptr<Impl> m_impl;
 };
 
 } // namespace Kedrin::ModTool

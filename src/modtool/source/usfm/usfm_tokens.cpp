@@ -12,13 +12,13 @@ namespace {
 
 bool isNameByte(char c) { return isAsciiLetter(c) || isAsciiDigit(c) || c == '-' || c == '_'; }
 
-/// Whether a chapter or verse marker stands close to its number.
+/// Whether a chapter or verse marker is directly followed by its number.
 bool isBeforeNumber(std::string_view text)
 {
     return text.size() > 1 && (text[0] == 'c' || text[0] == 'v') && isAsciiDigit(text[1]);
 }
 
-/// How many bytes the name at the front of the text has.
+/// Length of the name at the start of the text.
 std::size_t nameBytes(std::string_view text)
 {
     return static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), isNameByte) - text.begin());
@@ -95,8 +95,8 @@ std::string_view CUsfmTokens::nextEndMarker() const
     return name.substr(byteCount).starts_with('*') ? name.substr(0, byteCount) : std::string_view();
 }
 
-/// Takes `\*`, with attributes before it, where the marker has such an end; a milestone's attributes up to the end of
-/// the line where it has none.
+/// Reads `\*` and the attributes before it, if present; otherwise a milestone's attributes up to the end of
+/// the line.
 bool CUsfmTokens::takeMilestoneEnd(bool isMilestone)
 {
     const std::size_t begin = std::min(m_rest.find_first_not_of(' '), m_rest.size());

@@ -14,7 +14,7 @@ struct UsfmToken
         text,
         marker,    ///< \p, \v, \wj, \+nd
         endMarker, ///< \wj*, \+nd*
-        milestone, ///< \qt-s |who="Pilate"\*, taken as a whole
+        milestone, ///< \qt-s |who="Pilate"\*, as one token
         none       ///< after the last
     };
 
@@ -24,29 +24,29 @@ struct UsfmToken
     std::size_t line;      ///< from 1
 };
 
-/// Cuts a USFM text into its markers and texts. One blank or line end after a marker belongs to it; \v and \c may stand
-/// close to their number ("\v24").
+/// Splits a USFM text into markers and texts. One space or line end after a marker belongs to it; \v and \c
+/// may be directly followed by their number ("\v24").
 class CUsfmTokens
 {
 public:
-    /// @param utf8  outlives this object and the tokens
+    /// @param utf8  must outlive this object and the tokens
     explicit CUsfmTokens(std::string_view utf8) : m_rest(utf8) {}
 
     UsfmToken next();
 
-    /// The name of the end marker that comes next: what stands behind a '|' before it may be attributes. "" where none
+    /// The name of the end marker that comes next, before which attributes may follow a '|'; "" if none
     /// comes.
     std::string_view nextEndMarker() const;
 
-    /// The text up to the end of the line or the next marker; reads on behind it.
+    /// Reads the text up to the end of the line or the next marker.
     std::string_view restOfLine();
 
-    /// The text up to the next blank, line end or marker, behind blanks; reads on behind it and one blank, which may be a
-    /// no-break one.
+    /// Skips spaces and reads the text up to the next space, line end or marker, and one space after it,
+    /// which may be a no-break space.
     std::string_view word();
 
-    /// The number of a chapter or verse, behind blanks; reads on behind it as word() does, or at the text where that
-    /// stands close to it ("3And", "3аз"). "" where no number stands there.
+    /// Skips spaces and reads the number of a chapter or verse, as word() does; text directly after it
+    /// ("3And", "3аз") is left. "" if there is no number.
     std::string_view number();
 
 private:
@@ -58,7 +58,7 @@ private:
     std::size_t m_line = 1;
 };
 
-/// A text without the signs that stand for a blank or for a place where a line may be broken: '~', "//".
+/// The text with '~' (no-break space) and "//" (optional line break) replaced by spaces.
 std::string plainUsfm(std::string_view text);
 
 /// Where the attributes in a text before an end marker begin, at their '|'; npos where it has none. Attributes have names

@@ -8,8 +8,9 @@
 
 namespace Kedrin::ModTool {
 
-/// The lines before the first verse of a file of verse lines that begin with "#" (doc/formats/verse-lines.md): what the
-/// Bible says of itself. "# title: Нов превод". A line of another form is a remark.
+/// The lines before the first verse of a file of verse lines that begin with "#"
+/// (doc/formats/verse-lines.md): metadata of the Bible, such as "# title: Нов превод". Any other line is a
+/// comment.
 class CVerseLineHeader
 {
 public:
@@ -17,7 +18,7 @@ public:
     /// @throws CBuildError  "book titles must be an id and three titles, separated by tabs", "more than 1000 books"
     void take(std::string_view line);
 
-    /// Gives the Bible what the header says; its books are known by now.
+    /// Stores the metadata in the Bible, whose books must be known.
     void giveTo(SourceBible& bible) const;
 
 private:
@@ -28,7 +29,7 @@ private:
     std::map<std::string, BookTitles, std::less<>> m_titles; ///< by OSIS id
 };
 
-/// A value of the header as one line of it: "# title: Нов превод\n".
+/// One line of the header: "# title: Нов превод\n".
 std::string headerLine(std::string_view key, std::string_view value);
 
 } // namespace Kedrin::ModTool

@@ -23,7 +23,7 @@ bool isBookId(std::string_view text)
     return !text.empty() && text.size() <= maxBookIdBytes && std::all_of(text.begin(), text.end(), isIdByte);
 }
 
-/// Letters and digits of the remarks and of what stands behind the third tab of the other lines.
+/// Letters and digits of the comments and of the text after the third tab of the other lines.
 std::uint64_t lettersOfLines(std::string_view content)
 {
     std::uint64_t count = 0;
@@ -40,10 +40,10 @@ std::uint64_t lettersOfLines(std::string_view content)
     return count;
 }
 
-class CParser
+class CVerseLineParser
 {
 public:
-    CParser(const std::string& fileName, std::string utf8) : m_fileName(fileName)
+    CVerseLineParser(const std::string& fileName, std::string utf8) : m_fileName(fileName)
     {
         m_bible.text = std::move(utf8);
     }
@@ -105,7 +105,7 @@ private:
         }
     }
 
-    /// Cuts the first field and its tab off the line.
+    /// Removes the first field and its tab from the line.
     std::string_view field(std::string_view& line) const
     {
         const std::size_t tab = line.find('\t');
@@ -153,7 +153,8 @@ private:
                 (!second || verses[i].line < second->line))
                 second = &verses[i];
         if (second)
-            fail(message("%s is given twice, first in line %s", m_bible.placeOf(*second), (second - 1)->line),
+            fail(message("%s is given twice, first in line %s", m_bible.positionOf(*second),
+                         (second - 1)->line),
                  second->line);
     }
 
@@ -168,7 +169,7 @@ private:
 
 SourceBible readVerseLines(const std::string& fileName, std::string utf8)
 {
-    return CParser(fileName, std::move(utf8)).parse();
+    return CVerseLineParser(fileName, std::move(utf8)).parse();
 }
 
 } // namespace Kedrin::ModTool

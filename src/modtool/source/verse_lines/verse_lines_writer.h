@@ -6,8 +6,8 @@
 
 namespace Kedrin::ModTool {
 
-/// A Bible as a file of verse lines (doc/formats/verse-lines.md), which readVerseLines() reads back as it was: the
-/// verses, and in the header the titles, the copyright and the numbering.
+/// A Bible as a file of verse lines (doc/formats/verse-lines.md), which readVerseLines() reads back
+/// unchanged: the verses, and in the header the titles, the copyright and the numbering.
 std::string verseLinesFile(const SourceBible& bible);
 
 } // namespace Kedrin::ModTool

@@ -16,10 +16,11 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-class CReader
+class CZefaniaReader
 {
 public:
-    CReader(const std::string& fileName, std::string_view utf8) : m_utf8(utf8), m_xml(fileName, utf8) {}
+    CZefaniaReader(const std::string& fileName, std::string_view utf8) : m_utf8(utf8), m_xml(fileName, utf8)
+    {}
 
     SourceBible read()
     {
@@ -76,7 +77,7 @@ private:
             m_verses.beginWord();
     }
 
-    /// An attribute that the format's two spellings write in small or capital letters.
+    /// An attribute, whose name may be in lower or upper case.
     std::string attribute(std::string_view name) const
     {
         const std::string value = m_xml.attribute(name);
@@ -94,7 +95,7 @@ private:
         m_verses.titles() = {name, brief, brief};
     }
 
-    /// The OSIS id by the book's number or, where that is none, by one of its names.
+    /// The OSIS id by the book's number or, if that is not a number, by one of its names.
     std::string bookOf(const std::string& name, const std::string& brief)
     {
         const std::string number = attribute("bnumber");
@@ -130,7 +131,7 @@ private:
             m_xml.fail(tr("a verse before any BIBLEBOOK"));
         if (!m_unknownBook.empty())
             failAtLine(m_xml.fileName(), m_unknownLine, m_unknownBook);
-        // a book of one chapter may go without its element
+        // the element may be missing in a book of one chapter
         const unsigned int chapter = m_chapter.value_or(1);
         auto verse = parseVerseNumber(attribute("vnumber"));
         if (!verse) {
@@ -144,7 +145,7 @@ private:
             m_verses.endVerse();
     }
 
-    /// Stands at INFORMATION; reads to its end.
+    /// Reads from the start of INFORMATION to its end.
     void readInformation()
     {
         const int depth = m_xml.depth();
@@ -185,16 +186,16 @@ private:
     std::string_view m_utf8;
     CXmlReader m_xml;
     CVerseCollector m_verses;
-    std::string m_unknownBook;             ///< complaint of the book that was begun; "" where it is known
+    std::string m_unknownBook;             ///< error for the current book; "" if it is known
     std::size_t m_unknownLine = 0;         ///< where it begins
-    std::optional<unsigned int> m_chapter; ///< of the book; nothing before its first one
+    std::optional<unsigned int> m_chapter; ///< current chapter of the book; nothing before the first
 };
 
 } // namespace
 
 SourceBible readZefania(const std::string& fileName, std::string_view utf8)
 {
-    return CReader(fileName, utf8).read();
+    return CZefaniaReader(fileName, utf8).read();
 }
 
 } // namespace Kedrin::ModTool

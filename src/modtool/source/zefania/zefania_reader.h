@@ -7,13 +7,14 @@
 
 namespace Kedrin::ModTool {
 
-/// Reads Zefania XML (doc/formats/zefania.md): the text of the VERS elements, without notes, cross references,
-/// captions and lexical marks. Names of elements and attributes count in any case.
+/// Reads Zefania XML (doc/formats/zefania.md): the text of the VERS elements, without notes, cross
+/// references, captions and lexical markup. Names of elements and attributes are case-insensitive.
 /// @param utf8  the file's content, without byte order mark
 /// @throws CBuildError
 ///     what CXmlReader throws
 ///     "%s:%u: the root element is %s, not XMLBIBLE"
-///     "%s:%u: %s is no book number, and %s no known name of a book: write the number into bnumber, such as 1 for
+///     "%s:%u: %s is not a book number, and %s is not a known book name: write the number in bnumber, such as
+///     1 for
 ///     Genesis", for a book with verses; "%s:%u: a verse before any BIBLEBOOK"
 ///     "%s: contains no verses"
 SourceBible readZefania(const std::string& fileName, std::string_view utf8);

@@ -110,7 +110,7 @@ TEST(BebliaReader, MarkersOfUsfmGoAndAreCounted)
     EXPECT_EQ(bible.findings.text(), "kept          2 texts of unknown markers, first at Gen 1:1\n");
 }
 
-TEST(BebliaReader, NumbersThatAreNoneStopNothing)
+TEST(BebliaReader, InvalidNumbersAreTolerated)
 {
     const SourceBible bible =
         read("<book number=\"1\"><chapter number=\"70000\"><verse>a</verse><verse number=\"1\">b</verse>"

@@ -117,7 +117,7 @@ TEST(OpenSongReader, MarkersOfUsfmGoAndAreCounted)
     EXPECT_EQ(bible.findings.text(), "kept          2 texts of unknown markers, first at Gen 1:1\n");
 }
 
-TEST(OpenSongReader, NumbersThatAreNoneStopNothing)
+TEST(OpenSongReader, InvalidNumbersAreTolerated)
 {
     const SourceBible bible =
         read("<b n=\"Obadiah\"><v n=\"1\">a</v><v>b</v></b><b n=\"Gen\"><c n=\"x\"><v n=\"1\">c</v></c>"

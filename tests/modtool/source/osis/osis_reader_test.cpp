@@ -191,7 +191,7 @@ TEST(OsisReader, GreekEstherIsEstherWhereThereIsNoOther)
               "EsthGr 1:1 a\nEsth 1:1 b\n");
 }
 
-TEST(OsisReader, VerseWithoutAReferenceGoesOnWithTheOneBefore)
+TEST(OsisReader, VerseWithoutAReferenceIsJoinedToTheOneBefore)
 {
     for (const std::string id :
          {"", "Gen", "Gen.1", "Gen.1.4294967297", "Gen.65535.1", "../../x", "Gen.1.x", "1"}) {
@@ -210,7 +210,7 @@ TEST(OsisReader, VerseWithoutAReferenceGoesOnWithTheOneBefore)
     EXPECT_EQ(linesOf(read("<verse osisID='Gen.1.1 x'>a</verse>")), "Gen 1:1 a\n");
 }
 
-TEST(OsisReader, BookOfOneChapterMayGoWithoutIt)
+TEST(OsisReader, BookOfOneChapterMayOmitIt)
 {
     EXPECT_EQ(linesOf(read("<verse osisID='Jude.5'>a</verse><verse osisID='KJV:Obad.6-8'>b</verse>")),
               "Jude 1:5 a\nObad 1:6 b\n");

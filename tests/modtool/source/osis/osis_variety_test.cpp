@@ -29,7 +29,7 @@ TEST(OsisVariety, PrefixedNamesAreTheSame)
         "Gen 1:1 one two\n");
 }
 
-TEST(OsisVariety, CommentsAndInstructionsDivideNoWord)
+TEST(OsisVariety, CommentsAndInstructionsDoNotDivideWords)
 {
     EXPECT_EQ(linesIn(verse("be<!-- a comment -->gin<?page 1?>ning<![CDATA[ & <end>]]>")),
               "Gen 1:1 beginning & <end>\n");
@@ -65,7 +65,7 @@ TEST(OsisVariety, VersesWithoutAnEndEndWithTheNextOneOrTheChapter)
     EXPECT_EQ(bible.findings.text(), "left out      1 text outside the verses, first at line 1\n");
 }
 
-TEST(OsisVariety, EndOfAnotherVerseEndsNothing)
+TEST(OsisVariety, EndOfAnotherVerseIsIgnored)
 {
     EXPECT_EQ(linesIn("<verse sID='a' osisID='Gen.1.1'/>one<verse sID='b' osisID='Gen.1.2'/>two"
                       "<verse eID='a'/> three<verse eID='b'/>"),
@@ -81,7 +81,7 @@ TEST(OsisVariety, WordsOfChristBetweenMilestones)
     EXPECT_EQ(bible.findings.text(), "");
 }
 
-TEST(OsisVariety, SignOfAContinuedQuotationClingsToItsWord)
+TEST(OsisVariety, MarkOfAContinuedQuotationAttachesToTheNextWord)
 {
     EXPECT_EQ(linesIn(verse("one <milestone type='cQuote' marker='\u201C'/>two, "
                             "<milestone type='x-p' marker='\u00B6'/>three<milestone type='line'/>four")),
@@ -110,19 +110,19 @@ TEST(OsisVariety, KnownMarkersOfUsfmGoWhereTheyMayStand)
     EXPECT_EQ(linesIn(verse("\\p\\q1\\nd Lord\\nd*")), "Gen 1:1 Lord\n");
 }
 
-TEST(OsisVariety, MarkersOfParagraphsAndLinesJoinNoWords)
+TEST(OsisVariety, MarkersOfParagraphsAndLinesDoNotJoinWords)
 {
     EXPECT_EQ(linesIn(verse("one\\q1 two\\p\nthree.\\line four\\m")), "Gen 1:1 one two three. four\n");
     EXPECT_EQ(linesIn(verse("one\\q2<w>two</w>\\tc3 three")), "Gen 1:1 one two three\n");
 }
 
-TEST(OsisVariety, NoteInsideAWordDividesItNot)
+TEST(OsisVariety, NoteInsideAWordDoesNotDivideIt)
 {
     EXPECT_EQ(linesIn(verse("<w lemma='x'>begin<note>n</note>ning</w> <w>of<note>n</note></w>time")),
               "Gen 1:1 beginning of time\n");
 }
 
-TEST(OsisVariety, NoteInAPsalmTitleJoinsNoWords)
+TEST(OsisVariety, NoteInAPsalmTitleDoesNotJoinWords)
 {
     EXPECT_EQ(
         linesIn("<div type='book' osisID='Gen'><title type='psalm'>A psalm<note>n</note>of David.</title>" +
@@ -165,7 +165,7 @@ TEST(OsisVariety, TitleThatIsNotCanonicalIsAHeading)
     EXPECT_EQ(bible.findings.text(), "left out      2 titles, first at line 1\n");
 }
 
-TEST(OsisVariety, FirstWorkSpeaksWhereNoneIsNamed)
+TEST(OsisVariety, FirstWorkIsUsedIfNoneIsNamed)
 {
     const std::string header = "<header><revisionDesc><p>r</p></revisionDesc><work osisWork='A'><title>First"
                                "</title></work><work osisWork='B'><title>Second</title></work></header>";
@@ -204,7 +204,7 @@ TEST(OsisVariety, QuotationThatBeginsBeforeItsVerse)
         "Gen 1:1 \u201Cone\u201D\nGen 1:2 \u201Ctwo\n");
 }
 
-TEST(OsisVariety, WordsRunNotTogetherOverAPicture)
+TEST(OsisVariety, FigureDoesNotJoinWords)
 {
     const SourceBible bible = read(verse("one<figure src='a.png'><caption>c</caption></figure>two"));
     EXPECT_EQ(linesOf(bible), "Gen 1:1 one two\n");

@@ -154,7 +154,7 @@ TEST(UsfmReader, TitlesOfBooks)
     EXPECT_EQ(bible.bookTitles[1].shortTitle, "Exodus");
 }
 
-TEST(UsfmReader, RefusesWhatHasNoPlace)
+TEST(UsfmReader, RefusesVersesOutsideABook)
 {
     EXPECT_EQ(errorIn("\\c 1\n\\v 1 a"),
               "f.usfm:1: a chapter before any \\id: write an \\id with the book's code, such as \\id GEN");
@@ -189,13 +189,13 @@ TEST(UsfmReader, BookWithoutACodeIsTakenByItsName)
     EXPECT_EQ(linesOf(read("\\id Joh\n\\c 1\n\\v 1 a")), "John 1:1 a\n");
 }
 
-TEST(UsfmReader, MarkOfAFilePutBehindAnotherOneIsNoText)
+TEST(UsfmReader, ByteOrderMarkOfAConcatenatedFileIsIgnored)
 {
     EXPECT_EQ(linesOf(read("\\id GEN\n\\c 1\n\\v 1 a\n\uFEFF\\id EXO\n\\c 1\n\\v 1 b")),
               "Gen 1:1 a\nExod 1:1 b\n");
 }
 
-TEST(UsfmReader, NumberMayStandCloseToItsMarkerOrItsText)
+TEST(UsfmReader, NumberMayTouchItsMarkerOrItsText)
 {
     const SourceBible bible =
         read("\\id GEN\n\\c1\n\\v1 a\\v2-3 b\\v4\u0430 c\n\\v 5И d\\v6. e\\v 7) f\n\\v8-9и g\\v10за");
@@ -204,7 +204,7 @@ TEST(UsfmReader, NumberMayStandCloseToItsMarkerOrItsText)
     EXPECT_EQ(bible.findings[ReaderRule::verseWithoutNumber].count, 0u);
 }
 
-TEST(UsfmReader, VerseWithoutANumberGoesOnWithTheOneBefore)
+TEST(UsfmReader, VerseWithoutANumberIsJoinedToTheOneBefore)
 {
     const SourceBible bible = read("\\id GEN\n\\c 1\n\\v И a\n\\v 1 b\n\\v\nc\n\\v 4000000000 d\n\\v 2 e\n");
     EXPECT_EQ(linesOf(bible), "Gen 1:1 И a b c 4000000000 d\nGen 1:2 e\n");

@@ -46,7 +46,7 @@ TEST(UsfmVariety, AttributesOfEveryForm)
     EXPECT_EQ(bible.findings.text(), "");
 }
 
-TEST(UsfmVariety, BarThatIsNoAttributeStays)
+TEST(UsfmVariety, BarWithoutAnAttributeStays)
 {
     EXPECT_EQ(linesOf(inVerse("one \\zz two | three \\nd four\\nd* five|six")),
               "Gen 1:1 one two | three four five|six\n");
@@ -72,7 +72,7 @@ TEST(UsfmVariety, NotesOfEveryForm)
     EXPECT_EQ(bible.findings.text(), "left out      5 notes, first at Gen 1:1\n");
 }
 
-TEST(UsfmVariety, NoteInsideAWordDividesItNot)
+TEST(UsfmVariety, NoteInsideAWordDoesNotDivideIt)
 {
     EXPECT_EQ(linesOf(inVerse("\\w begin\\f + \\ft n\\f*ning|x=\"y\"\\w* of\\f + \\ft n\\f*time")),
               "Gen 1:1 beginning of time\n");
@@ -133,7 +133,7 @@ TEST(UsfmVariety, VersesGivenTwiceAreJoined)
                                      "left out      1 verse repeated word for word, first at Gen 1:2\n");
 }
 
-TEST(UsfmVariety, FrontMatterGlossaryAndExtraBooksAreBooksWithoutAPlace)
+TEST(UsfmVariety, FrontMatterGlossaryAndExtraBooksAreNotInTheGlobalNumbering)
 {
     const SourceBible bible = read(
         "\\id FRT\n\\periph Title Page|id=\"title\"\n\\mt1 Bible\n\\p Words\n\\id GEN\n\\c 1\n\\v 1 one\n"
@@ -205,7 +205,7 @@ TEST(UsfmVariety, Windows1251OfAnIde)
     EXPECT_EQ(linesOf(readSourceFile(file, {})), "Gen 1:1 Бог\n");
 }
 
-TEST(UsfmVariety, HiddenFilesOfAFolderAreNone)
+TEST(UsfmVariety, HiddenFilesOfAFolderAreIgnored)
 {
     const TempFolder folder;
     folder.write("01-GEN.usfm", "\\id GEN\n\\c 1\n\\v 1 a");

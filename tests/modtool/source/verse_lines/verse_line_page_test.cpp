@@ -25,9 +25,9 @@ bool isDumpLine(const std::string& line)
 /// The bytes of the first hex dump that follows the words in the page.
 std::string dumpAfter(const std::string& page, const std::string& words)
 {
-    const std::size_t place = page.find(words);
-    EXPECT_NE(place, std::string::npos) << words;
-    std::istringstream rest(page.substr(std::min(place, page.size())));
+    const std::size_t begin = page.find(words);
+    EXPECT_NE(begin, std::string::npos) << words;
+    std::istringstream rest(page.substr(std::min(begin, page.size())));
     std::string bytes;
     for (std::string line; std::getline(rest, line);) {
         if (!isDumpLine(line) && !bytes.empty())

@@ -35,7 +35,7 @@ TEST_F(VerseLines, NeedNoEndOfTheLastLine)
     EXPECT_EQ(verse(0, 0, 0), "Бог");
 }
 
-TEST_F(VerseLines, EmptyLinesArePassedOver)
+TEST_F(VerseLines, EmptyLinesAreSkipped)
 {
     ASSERT_EQ(build("\n\nGen\t1\t1\tБог\n\n").code, 0);
     EXPECT_EQ(made("BibleStructure.csv"), "1 1\n");
@@ -97,7 +97,7 @@ TEST_F(BadVerseLines, FewerThanThreeTabs)
     EXPECT_EQ(said("Gen\t1\t1\tа\n\nGen\t1\t2\n"), ":3" + message);
 }
 
-TEST_F(BadVerseLines, BookThatIsNoId)
+TEST_F(BadVerseLines, InvalidBookId)
 {
     EXPECT_EQ(said("\t1\t1\tа\n"), ":1: \"\" is not an OSIS book id\n");
     EXPECT_EQ(said("Gen.1\t1\t1\tа\n"), ":1: \"Gen.1\" is not an OSIS book id\n");
@@ -105,7 +105,7 @@ TEST_F(BadVerseLines, BookThatIsNoId)
     EXPECT_EQ(said("Abcdefghijklmnopq\t1\t1\tа\n"), ":1: \"Abcdefghijklmnopq\" is not an OSIS book id\n");
 }
 
-TEST_F(BadVerseLines, ChapterThatIsNoNumber)
+TEST_F(BadVerseLines, InvalidChapterNumber)
 {
     const std::string message = " is not a chapter number from 1 to 65534\n";
     for (const char* number : {"0", "65535", "4294967297", "-1", "+1", "1a", "", " 1", "١"})
@@ -113,7 +113,7 @@ TEST_F(BadVerseLines, ChapterThatIsNoNumber)
                   ":1: \"" + std::string(number) + '"' + message);
 }
 
-TEST_F(BadVerseLines, VerseThatIsNoNumber)
+TEST_F(BadVerseLines, InvalidVerseNumber)
 {
     const std::string message = " is not a verse number from 1 to 65534\n";
     for (const char* number : {"0", "65535", "99999999999999999999", "-1", "1.", ""})
@@ -121,7 +121,7 @@ TEST_F(BadVerseLines, VerseThatIsNoNumber)
                   ":1: \"" + std::string(number) + '"' + message);
 }
 
-TEST_F(BadVerseLines, LongFieldIsQuotedShortened)
+TEST_F(BadVerseLines, LongFieldIsQuotedTruncated)
 {
     EXPECT_EQ(said("Gen\t" + std::string(41, '9') + "\t1\tа\n"),
               ":1: \"" + std::string(40, '9') + "...\" is not a chapter number from 1 to 65534\n");

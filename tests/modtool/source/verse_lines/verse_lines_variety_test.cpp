@@ -23,7 +23,7 @@ protected:
     }
 };
 
-TEST_F(VerseLinesVariety, TrailingTabsBlanksAndEmptyRowsOfATableMeanNothing)
+TEST_F(VerseLinesVariety, TrailingTabsSpacesAndEmptyRowsAreIgnored)
 {
     ASSERT_EQ(build("Gen\t1\t1\tБог \t\t\r\n\t\t\t\r\n   \r\nGen\t1\t2\t  рече\u00A0\n\t\n").code, 0);
     EXPECT_EQ(verse(0, 0, 0), "Бог");

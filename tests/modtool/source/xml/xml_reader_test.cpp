@@ -85,7 +85,7 @@ TEST(XmlReader, TextIsInTheLineOfItsFirstWord)
               "1 0 <a>\n3 1 \"\n \n one\ntwo\n\"\n5 1 <b/>\n5 1 \"\n\"\n6 0 </a>\n");
 }
 
-TEST(XmlReader, PrefixIsNoPartOfAName)
+TEST(XmlReader, PrefixIsNotPartOfTheName)
 {
     EXPECT_EQ(nodesOf("<o:a xmlns:o='u'><p:b/></o:a>"), "1 0 <a>\n1 1 <b/>\n1 0 </a>\n");
     const std::string text = "<a xml:x='1' y='2' x='3 &lt;&#10;'/>";
@@ -95,7 +95,7 @@ TEST(XmlReader, PrefixIsNoPartOfAName)
     EXPECT_EQ(xml.attribute("lt"), "");
 }
 
-TEST(XmlReader, WhatTheDocumentSaysOfItsEncodingDoesNotCount)
+TEST(XmlReader, DeclaredEncodingIsIgnored)
 {
     EXPECT_EQ(nodesOf("<?xml version='1.0' encoding='windows-1251'?><a>\u0431</a>"),
               "1 0 <a>\n1 1 \"\u0431\"\n1 0 </a>\n");

@@ -110,7 +110,7 @@ TEST(ZefaniaReader, BookWithoutANumberIsTakenByItsName)
               "Gen 1:1 a\n");
 }
 
-TEST(ZefaniaReader, NumbersThatAreNoneStopNothing)
+TEST(ZefaniaReader, InvalidNumbersAreTolerated)
 {
     const SourceBible bible =
         read("<BIBLEBOOK bnumber='1'><CHAPTER cnumber='70000'><VERS>a</VERS><VERS vnumber='1'>b</VERS>"
@@ -132,7 +132,7 @@ TEST(ZefaniaReader, ChapterZeroOrNoneIsOfTheFirst)
               "Obad 1:1 a\n");
 }
 
-TEST(ZefaniaReader, RefusesVersesOfNoBook)
+TEST(ZefaniaReader, RefusesVersesOutsideABook)
 {
     EXPECT_EQ(errorIn("<CHAPTER cnumber='1'><VERS vnumber='1'>a</VERS></CHAPTER>"),
               "f.xml:1: a verse before any BIBLEBOOK");

@@ -41,7 +41,7 @@ TEST(ZefaniaVariety, SchemaDocumentTypeAndStyleSheetAreNotLoaded)
     EXPECT_EQ(bible.findings.text(), "");
 }
 
-TEST(ZefaniaVariety, MarksInOneAnotherArePlainText)
+TEST(ZefaniaVariety, NestedMarksArePlainText)
 {
     EXPECT_EQ(linesOf(chapter("<VERS vnumber='1'><STYLE css='color:red'>In <gr str='1' rmac='N'>the "
                               "<STYLE fs='italic'>be</STYLE></gr>gin</STYLE>ning<SUP art='x-1'>2</SUP>"
@@ -56,7 +56,7 @@ TEST(ZefaniaVariety, MarkersOfUsfmGoAndAreCounted)
     EXPECT_EQ(bible.findings.text(), "kept          2 texts of unknown markers, first at Gen 1:1\n");
 }
 
-TEST(ZefaniaVariety, NoteInsideAWordDividesItNot)
+TEST(ZefaniaVariety, NoteInsideAWordDoesNotDivideIt)
 {
     EXPECT_EQ(
         linesOf(chapter("<VERS vnumber='1'><gr str='1'>begin<NOTE>n</NOTE>ning</gr> of<NOTE>n</NOTE>time"

@@ -26,7 +26,7 @@ class EveryLayout : public testing::TestWithParam<Layout>
 {
 };
 
-INSTANTIATE_TEST_SUITE_P(VerseRun, EveryLayout,
+INSTANTIATE_TEST_SUITE_P(VerseCursor, EveryLayout,
                          testing::Values(Layout::contiguous, Layout::gaps, Layout::descending, Layout::shared,
                                          Layout::overlapping));
 
@@ -36,10 +36,10 @@ TEST_P(EveryLayout, GivesThePlainVersesInPiecesOfAnySize)
         std::mt19937 random(seed);
         const unsigned int verseCount = 1 + static_cast<unsigned int>(random() % 12);
         const MadeText made = makeText(GetParam(), verseCount, random);
-        for (std::size_t pieceBytes = 1; pieceBytes <= 64; ++pieceBytes) {
+        for (std::size_t blockBytes = 1; blockBytes <= 64; ++blockBytes) {
             VerseFiles files(made.bytes, made.places);
-            EXPECT_EQ(versesOf(files.text, 0, verseCount, pieceBytes), plainVerses(made, 0, verseCount))
-                << "seed " << seed << ", pieces of " << pieceBytes;
+            EXPECT_EQ(versesOf(files.text, 0, verseCount, blockBytes), plainVerses(made, 0, verseCount))
+                << "seed " << seed << ", blocks of " << blockBytes;
         }
     }
 }
@@ -72,9 +72,10 @@ TEST_P(EveryLayout, AFileCutShortFailsAtTheVerseThatIsCut)
     const std::string whole = made.bytes;
     for (std::size_t length = 0; length < whole.size(); ++length) {
         made.bytes = whole.substr(0, length);
-        for (const std::size_t pieceBytes : {std::size_t(1), std::size_t(16), CVerseRun::defaultPieceBytes}) {
+        for (const std::size_t blockBytes :
+             {std::size_t(1), std::size_t(16), CVerseCursor::defaultBlockBytes}) {
             VerseFiles files(made.bytes, made.places);
-            EXPECT_EQ(versesOf(files.text, 0, 8, pieceBytes), plainVerses(made, 0, 8)) << length;
+            EXPECT_EQ(versesOf(files.text, 0, 8, blockBytes), plainVerses(made, 0, 8)) << length;
         }
     }
 }

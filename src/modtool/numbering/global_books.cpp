@@ -1,10 +1,10 @@
-#include "common_books.h"
+#include "global_books.h"
 
 namespace Kedrin::ModTool {
 
 namespace {
 
-// Verses of each chapter, a book after a book. The sixty-six books are counted as in the King James Version, the
+// Verses of each chapter, book by book. The sixty-six books are counted as in the King James Version, the
 // eleven deuterocanonical ones as in the Synodal edition.
 // clang-format off
 constexpr std::uint8_t verseCounts[] = {
@@ -125,7 +125,7 @@ struct Row
     std::u16string_view abbreviatedTitle;
 };
 
-constexpr std::array<Row, commonBooksCount> rows = {{
+constexpr std::array<Row, globalBooksCount> rows = {{
     {"Gen", 50, u"Първа книга Моисеева - Битие", u"Битие", u"Бит"},
     {"Exod", 40, u"Втора книга Моисеева - Изход", u"Изход", u"Изх"},
     {"Lev", 27, u"Трета книга Моисеева - Левит", u"Левит", u"Лев"},
@@ -206,11 +206,11 @@ constexpr std::array<Row, commonBooksCount> rows = {{
 }};
 // clang-format on
 
-std::array<CommonBook, commonBooksCount> makeBooks()
+std::array<GlobalBook, globalBooksCount> makeBooks()
 {
-    std::array<CommonBook, commonBooksCount> books;
+    std::array<GlobalBook, globalBooksCount> books;
     std::size_t first = 0;
-    for (std::size_t i = 0; i < commonBooksCount; ++i) {
+    for (std::size_t i = 0; i < globalBooksCount; ++i) {
         const Row& row = rows[i];
         books[i] = {row.osis, std::span(verseCounts).subspan(first, row.chaptersCount), row.fullTitle,
                     row.shortTitle, row.abbreviatedTitle};
@@ -221,15 +221,15 @@ std::array<CommonBook, commonBooksCount> makeBooks()
 
 } // namespace
 
-const std::array<CommonBook, commonBooksCount>& commonBooks()
+const std::array<GlobalBook, globalBooksCount>& globalBooks()
 {
-    static const std::array<CommonBook, commonBooksCount> books = makeBooks();
+    static const std::array<GlobalBook, globalBooksCount> books = makeBooks();
     return books;
 }
 
 std::optional<unsigned int> globalIDOf(std::string_view osis)
 {
-    for (unsigned int i = 0; i < commonBooksCount; ++i)
+    for (unsigned int i = 0; i < globalBooksCount; ++i)
         if (rows[i].osis == osis)
             return i;
     return std::nullopt;
@@ -237,16 +237,16 @@ std::optional<unsigned int> globalIDOf(std::string_view osis)
 
 bool isGlobalVerse(unsigned int globalID, unsigned int chapter, unsigned int verse)
 {
-    const auto verseCounts = commonBooks()[globalID].verseCounts;
+    const auto verseCounts = globalBooks()[globalID].verseCounts;
     return chapter < verseCounts.size() && verse < verseCounts[chapter];
 }
 
 bool isDeuterocanonical(unsigned int globalID) { return globalID >= 39 && globalID < 50; }
 
-std::string commonStructureFile()
+std::string globalStructureFile()
 {
     std::string content;
-    for (const CommonBook& book : commonBooks()) {
+    for (const GlobalBook& book : globalBooks()) {
         content += std::to_string(book.verseCounts.size());
         for (const unsigned int count : book.verseCounts)
             content += ' ' + std::to_string(count);

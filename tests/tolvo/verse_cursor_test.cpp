@@ -15,7 +15,7 @@ using namespace test_support;
 
 constexpr const char* textError = "CBibleText::operator [](): I/O error";
 
-TEST(VerseRun, OfNoVersesReadsNothing)
+TEST(VerseCursor, OfNoVersesReadsNothing)
 {
     VerseFiles files(record("abc"), {0});
     ReadWatch watch;
@@ -23,14 +23,14 @@ TEST(VerseRun, OfNoVersesReadsNothing)
     EXPECT_TRUE(watch.reads().empty());
 }
 
-TEST(VerseRun, PastTheLastVerseIsOutOfRange)
+TEST(VerseCursor, PastTheLastVerseIsOutOfRange)
 {
     VerseFiles files(record("abc"), {0});
     EXPECT_EQ(versesOf(files.text, 0, 3, 64),
               (Verses{"=abc", "CFileVector::operator [](): recordIndex out of range"}));
 }
 
-TEST(VerseRun, APartialRecordOfThePointFileIsAnIoErrorWhenItIsReached)
+TEST(VerseCursor, APartialRecordOfThePointFileIsAnIoErrorWhenItIsReached)
 {
     VerseFiles files(record("abc"), {0, 0});
     files.shrinkPointTo(7);
@@ -38,10 +38,10 @@ TEST(VerseRun, APartialRecordOfThePointFileIsAnIoErrorWhenItIsReached)
     EXPECT_EQ(files.readError(0), "CFileVector::operator [](): IO error");
 }
 
-TEST(VerseRun, AFailureLastsForTheTextAndForOtherRuns)
+TEST(VerseCursor, AFailureLastsForTheTextAndForOtherRuns)
 {
     VerseFiles files(record("abc") + record("def"), {0, 99, 5});
-    CVerseRun other(files.text, 0, 3);
+    CVerseCursor other(files.text, 0, 3);
     EXPECT_TRUE(other.next());
     EXPECT_EQ(versesOf(files.text, 1, 2, 64), Verses{textError});
     EXPECT_EQ(files.readError(0), textError);
@@ -51,56 +51,56 @@ TEST(VerseRun, AFailureLastsForTheTextAndForOtherRuns)
 }
 
 // What a run has read already may not be given out any more either: single reads would not give it.
-TEST(VerseRun, AFailureElsewhereEndsARunThatHasReadOn)
+TEST(VerseCursor, AFailureElsewhereEndsARunThatHasReadOn)
 {
     VerseFiles files(record("abc") + record("def"), {0, 5, 99});
-    CVerseRun run(files.text, 0, 2);
+    CVerseCursor run(files.text, 0, 2);
     EXPECT_TRUE(run.next());
     EXPECT_EQ(files.readError(2), textError);
     EXPECT_EQ(messageOf<std::ios_base::failure>([&] { run.next(); }), textError);
 }
 
 // The places of the verses come in blocks; after a block that could not be read none of it may be believed.
-TEST(VerseRun, AskedAgainAfterAFailureItFailsAgain)
+TEST(VerseCursor, AskedAgainAfterAFailureItFailsAgain)
 {
     VerseFiles files(record("abc"), {0});
-    CVerseRun run(files.text, 0, 3);
+    CVerseCursor run(files.text, 0, 3);
     EXPECT_TRUE(run.next());
     for (int again = 0; again < 3; ++again)
         EXPECT_EQ(messageOf<std::out_of_range>([&] { run.next(); }),
                   "CFileVector::operator [](): recordIndex out of range");
 }
 
-TEST(VerseRun, AskedAgainAfterAFailedReadOfPlacesItFailsAgain)
+TEST(VerseCursor, AskedAgainAfterAFailedReadOfPlacesItFailsAgain)
 {
     VerseFiles files(record("abc"), {0, 0, 0});
-    CVerseRun run(files.text, 0, 3);
+    CVerseCursor run(files.text, 0, 3);
     files.shrinkPointTo(3);
     for (int again = 0; again < 3; ++again)
         EXPECT_EQ(messageOf<std::ios_base::failure>([&] { run.next(); }),
                   "CFileVector::operator [](): IO error");
 }
 
-TEST(VerseRun, TellsTheBytesThatCameTogether)
+TEST(VerseCursor, TellsTheBytesThatCameTogether)
 {
     VerseFiles files(record("abc") + record("de") + record("f"), {0, 5, 9});
-    CVerseRun run(files.text, 0, 3, 9); // two verses, then the third
+    CVerseCursor run(files.text, 0, 3, 9); // two verses, then the third
     EXPECT_TRUE(run.next());
-    const unsigned int firstPiece = run.pieceNum();
-    EXPECT_EQ(std::string(run.text().data(), run.pieceEnd()), "abc\x02\0de"s);
+    const unsigned int firstPiece = run.blockNum();
+    EXPECT_EQ(std::string(run.text().data(), run.blockEnd()), "abc\x02\0de"s);
     EXPECT_TRUE(run.next());
-    EXPECT_EQ(run.pieceNum(), firstPiece);
-    EXPECT_EQ(std::string(run.text().data(), run.pieceEnd()), "de");
+    EXPECT_EQ(run.blockNum(), firstPiece);
+    EXPECT_EQ(std::string(run.text().data(), run.blockEnd()), "de");
     EXPECT_TRUE(run.next());
-    EXPECT_NE(run.pieceNum(), firstPiece);
-    EXPECT_EQ(std::string(run.text().data(), run.pieceEnd()), "f");
+    EXPECT_NE(run.blockNum(), firstPiece);
+    EXPECT_EQ(std::string(run.text().data(), run.blockEnd()), "f");
 }
 
-TEST(VerseRun, KeepsItsTextWhileAnotherRunReads)
+TEST(VerseCursor, KeepsItsTextWhileAnotherRunReads)
 {
     VerseFiles files(record("abc") + record("def"), {0, 5});
-    CVerseRun one(files.text, 0, 2);
-    CVerseRun two(files.text, 1, 1);
+    CVerseCursor one(files.text, 0, 2);
+    CVerseCursor two(files.text, 1, 1);
     EXPECT_TRUE(one.next());
     EXPECT_TRUE(two.next());
     EXPECT_EQ(one.text(), "abc");
@@ -109,18 +109,18 @@ TEST(VerseRun, KeepsItsTextWhileAnotherRunReads)
     EXPECT_EQ(one.text(), "def");
 }
 
-TEST(VerseRun, ZeroBytesAndFullLengthsPass)
+TEST(VerseCursor, ZeroBytesAndFullLengthsPass)
 {
     const std::string longest(65535, '\0');
     VerseFiles files(record("a\0b"s) + record(longest) + record(""), {0, 5, 65542});
     EXPECT_EQ(versesOf(files.text, 0, 3, 64), (Verses{"=a\0b"s, "=" + longest, "="}));
 }
 
-TEST(VerseRun, ManyThousandVersesKeepTheirNumbers)
+TEST(VerseCursor, ManyThousandVersesKeepTheirNumbers)
 {
     const MadeText made = countingText(10000);
     VerseFiles files(made.bytes, made.places);
-    CVerseRun run(files.text, 0, 10000);
+    CVerseCursor run(files.text, 0, 10000);
     for (unsigned int verse = 0; verse < 10000; ++verse) {
         ASSERT_TRUE(run.next());
         ASSERT_EQ(run.verseNum(), verse);
@@ -130,22 +130,22 @@ TEST(VerseRun, ManyThousandVersesKeepTheirNumbers)
 }
 
 // Neither a number of verses nor a length may size memory beyond what the files can hold.
-TEST(VerseRun, HugeNumbersTakeLittleMemory)
+TEST(VerseCursor, HugeNumbersTakeLittleMemory)
 {
     VerseFiles files(record("abc") + "\xFF\xFF", {0, 5});
     const test_support::AllocationWatch watch;
-    CVerseRun run(files.text, 0, 4294967295u, std::size_t(1) << 40);
+    CVerseCursor run(files.text, 0, 4294967295u, std::size_t(1) << 40);
     EXPECT_TRUE(run.next());
     EXPECT_EQ(messageOf<std::ios_base::failure>([&] { run.next(); }), textError);
-    EXPECT_LT(watch.total(), 2 * CVerseRun::defaultPieceBytes);
+    EXPECT_LT(watch.total(), 2 * CVerseCursor::defaultBlockBytes);
 }
 
-TEST(VerseRunReads, AChapterCostsTwoAndReadsNoOtherVerse)
+TEST(VerseCursorReads, AChapterCostsTwoAndReadsNoOtherVerse)
 {
     const MadeText made = countingText(100);
     VerseFiles files(made.bytes, made.places);
     ReadWatch watch;
-    EXPECT_EQ(versesOf(files.text, 20, 30, CVerseRun::defaultPieceBytes).size(), 30u);
+    EXPECT_EQ(versesOf(files.text, 20, 30, CVerseCursor::defaultBlockBytes).size(), 30u);
     ASSERT_EQ(watch.reads().size(), 2u);
     EXPECT_EQ(watch.reads()[0].byteOffset, 20u * 4);
     EXPECT_EQ(watch.reads()[0].wanted, 31u * 4); // one place more tells where the last verse ends
@@ -153,16 +153,16 @@ TEST(VerseRunReads, AChapterCostsTwoAndReadsNoOtherVerse)
     EXPECT_EQ(watch.reads()[1].wanted, made.places[50] - made.places[20]);
 }
 
-TEST(VerseRunReads, TheLastChapterCostsTwoAsWell)
+TEST(VerseCursorReads, TheLastChapterCostsTwoAsWell)
 {
     const MadeText made = countingText(50);
     VerseFiles files(made.bytes, made.places);
     ReadWatch watch;
-    EXPECT_EQ(versesOf(files.text, 20, 30, CVerseRun::defaultPieceBytes).size(), 30u);
+    EXPECT_EQ(versesOf(files.text, 20, 30, CVerseCursor::defaultBlockBytes).size(), 30u);
     EXPECT_EQ(watch.reads().size(), 2u);
 }
 
-TEST(VerseRunReads, AWholeTextComesInPiecesOfTheSizeAskedFor)
+TEST(VerseCursorReads, AWholeTextComesInPiecesOfTheSizeAskedFor)
 {
     const MadeText made = countingText(1000);
     VerseFiles files(made.bytes, made.places);
@@ -173,7 +173,7 @@ TEST(VerseRunReads, AWholeTextComesInPiecesOfTheSizeAskedFor)
         EXPECT_LE(read.wanted, 4 * 1001u);
 }
 
-TEST(VerseRunReads, ScatteredRecordsAreReadByThemselves)
+TEST(VerseCursorReads, ScatteredRecordsAreReadByThemselves)
 {
     const MadeText made = countingText(4);
     MadeText descending = made;

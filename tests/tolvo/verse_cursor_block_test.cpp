@@ -1,4 +1,4 @@
-// What a scan needs of a run of verses beyond the verses: the piece they were read in.
+// What a scan needs of a run of verses beyond the verses: the block they were read in.
 
 #include "module_files.h"
 #include "temp_folder.h"
@@ -14,7 +14,7 @@ using test_support::messageOf;
 using test_support::ModuleFiles;
 using test_support::TempFolder;
 
-class VerseRunPiece : public testing::Test
+class VerseCursorBlock : public testing::Test
 {
 protected:
     CBibleText text(const ModuleFiles& files) const
@@ -26,44 +26,44 @@ protected:
     TempFolder folder;
 };
 
-TEST_F(VerseRunPiece, VersesReadTogetherShareOnePiece)
+TEST_F(VerseCursorBlock, VersesReadTogetherShareOneBlock)
 {
     CBibleText verses = text(test_support::smallModule());
-    CVerseRun run(verses, 0, 4);
+    CVerseCursor run(verses, 0, 4);
     ASSERT_TRUE(run.next());
-    const unsigned int pieceNum = run.pieceNum();
-    const char* const pieceEnd = run.pieceEnd();
+    const unsigned int blockNum = run.blockNum();
+    const char* const blockEnd = run.blockEnd();
     const char* lastText = run.text().data();
-    EXPECT_EQ(pieceEnd - run.text().data(), 26); // all 28 bytes of the file but the first two
+    EXPECT_EQ(blockEnd - run.text().data(), 26); // all 28 bytes of the file but the first two
     while (run.next()) {
-        EXPECT_EQ(run.pieceNum(), pieceNum);
-        EXPECT_EQ(run.pieceEnd(), pieceEnd);
+        EXPECT_EQ(run.blockNum(), blockNum);
+        EXPECT_EQ(run.blockEnd(), blockEnd);
         EXPECT_GT(run.text().data(), lastText);
-        EXPECT_LE(run.text().data() + run.text().size(), pieceEnd);
+        EXPECT_LE(run.text().data() + run.text().size(), blockEnd);
         lastText = run.text().data();
     }
 }
 
-TEST_F(VerseRunPiece, EachReadHasItsNumber)
+TEST_F(VerseCursorBlock, EachReadHasItsNumber)
 {
     CBibleText verses = text(test_support::smallModule());
-    CVerseRun run(verses, 0, 4, 1); // a piece holds one record
-    unsigned int lastPieceNum = run.pieceNum();
+    CVerseCursor run(verses, 0, 4, 1); // a block holds one record
+    unsigned int lastBlockNum = run.blockNum();
     while (run.next()) {
-        EXPECT_NE(run.pieceNum(), lastPieceNum);
-        EXPECT_EQ(run.pieceEnd(), run.text().data() + run.text().size());
-        lastPieceNum = run.pieceNum();
+        EXPECT_NE(run.blockNum(), lastBlockNum);
+        EXPECT_EQ(run.blockEnd(), run.text().data() + run.text().size());
+        lastBlockNum = run.blockNum();
     }
 }
 
-TEST_F(VerseRunPiece, RunThatHasFailedFailsAgain)
+TEST_F(VerseCursorBlock, RunThatHasFailedFailsAgain)
 {
     CBibleText verses = text(test_support::smallModule());
     const std::string outOfRange = "CFileVector::operator [](): recordIndex out of range";
-    CVerseRun beyond(verses, 4, 3);
+    CVerseCursor beyond(verses, 4, 3);
     for (int i = 0; i < 3; ++i)
         EXPECT_EQ(messageOf<std::out_of_range>([&] { beyond.next(); }), outOfRange);
-    CVerseRun acrossTheEnd(verses, 3, 2);
+    CVerseCursor acrossTheEnd(verses, 3, 2);
     EXPECT_TRUE(acrossTheEnd.next());
     for (int i = 0; i < 3; ++i)
         EXPECT_EQ(messageOf<std::out_of_range>([&] { acrossTheEnd.next(); }), outOfRange);
