@@ -23,7 +23,7 @@ public:
 
     /// Reads the document, at the second and later calls from where it was stopped.
     /// @returns whether it was stopped; false at the end
-    /// @throws CBuildError  "%s:%u: not well-formed XML: %s", "%s:%u: the entity \"%s\" is not known"; and what a
+    /// @throws CBuildError  "%s:%u: not well-formed XML: %s", "%s:%u: unknown entity \"%s\""; and what a
     ///                      handler throws
     bool read();
 

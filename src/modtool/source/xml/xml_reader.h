@@ -34,7 +34,7 @@ public:
     /// @throws CBuildError
     ///     "%s:%u: declares entities or elements of its own, which is not allowed"
     ///     "%s:%u: not well-formed XML: %s"
-    ///     "%s:%u: the entity \"%s\" is not known"
+    ///     "%s:%u: unknown entity \"%s\""
     ///     "%s:%u: elements stand in one another more than 100 deep"
     Node next();
 
