@@ -59,6 +59,7 @@ constexpr std::array<Wording, static_cast<std::size_t>(ReaderRule::count)> wordi
     wording(translatable("left out"), "text outside the verses", "texts outside the verses"),
     wording(translatable("closed"), "note without an end, at the end of its paragraph",
             "notes without an end, at the end of their paragraphs"),
+    wording(translatable("interpreted"), "book by the name of its file", "books by the names of their files"),
     wording(translatable("left out"), "field of a further column", "fields of further columns"),
     Wording{"", "", ""}, // attributes, metadata and places have no line
     Wording{"", "", ""},

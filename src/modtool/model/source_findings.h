@@ -45,6 +45,7 @@ enum class ReaderRule
     psalmText,            ///< text before a psalm's first verse, perhaps its title: left out and listed
     outside,              ///< text outside all verses, left out
     unfinishedNote,       ///< an unclosed note: closed at the end of its paragraph
+    bookByFileName,       ///< a file that does not state its book, identified by its name
     furtherColumn,        ///< of a table, beside book, chapter, verse and text: left out
     attribute,            ///< of a marker: no line in the report
     metadata,             ///< metadata and book titles of the source: no line in the report

@@ -110,6 +110,18 @@ bool isPlainFile(const fs::path& file, const std::string& content)
     return begin != content.size() && !isMarkedUp && isPlainLines(content, file.string());
 }
 
+/// Names files of a folder that were not read, the first of them each on a line.
+void sayOthers(SourceBible& bible, const std::vector<std::string>& names)
+{
+    constexpr std::size_t shown = 20;
+    for (std::size_t i = 0; i < names.size() && i < shown; ++i)
+        bible.findings.say(translatable("left out"),
+                           message("the file %s, which contains no verses", names[i]));
+    if (names.size() > shown)
+        bible.findings.say(translatable("left out"), counted(names.size() - shown, "more file without verses",
+                                                             "more files without verses"));
+}
+
 /// Reads the files of a folder that are plain lines; the others are named in the report.
 /// @returns nothing where there is none
 std::optional<SourceBible> readPlainFolder(const std::string& folder, const std::string& encoding)
@@ -140,8 +152,7 @@ std::optional<SourceBible> readPlainFolder(const std::string& folder, const std:
         return std::nullopt;
     SourceBible bible = reader.finish(folder);
     sayRecognised(bible, recognised);
-    for (const std::string& name : others)
-        bible.findings.say(translatable("left out"), message("the file %s, which contains no verses", name));
+    sayOthers(bible, others);
     return bible;
 }
 

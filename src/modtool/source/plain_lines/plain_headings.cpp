@@ -90,7 +90,7 @@ std::optional<PlainHeading> plainHeading(std::string_view line)
         return std::nullopt;
     if (std::string osis = bookFinder().find(core); !osis.empty())
         return PlainHeading{std::move(osis), core, std::nullopt};
-    if (const auto chapter = chapterHeading(core, isMarked))
+    if (auto chapter = chapterHeading(core, isMarked))
         return chapter;
     std::string osis = bookCalled(core, isMarked);
     return osis.empty() ? std::nullopt : std::optional(PlainHeading{std::move(osis), core, std::nullopt});

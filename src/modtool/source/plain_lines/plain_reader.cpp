@@ -12,7 +12,6 @@
 #include "plain_table_reader.h"
 
 #include <algorithm>
-#include <filesystem>
 
 namespace Kedrin::ModTool {
 
@@ -22,7 +21,7 @@ std::string givenBook(const PlainInput& input, const std::string& fileName)
 {
     if (input.book.empty())
         return bookOfFileName(fileName);
-    const std::string osis = bookOfField(input.book);
+    std::string osis = bookOfField(input.book);
     if (osis.empty())
         throw CBuildError("--book: " + unknownBook(input.book));
     return osis;
@@ -71,10 +70,6 @@ void CPlainReader::read(const std::string& fileName, std::string_view utf8, cons
     const bool hasEntities = !shape->isTable() && shape->form == VerseForm::hashed;
     m_impl->letters += provePlainLetters(fileName, utf8, hasEntities, m_impl->verses.takeLetters());
     m_impl->say(translatable("read as"), shape->text());
-    if (verses.usedGivenBook() && input.book.empty())
-        m_impl->say(translatable("interpreted"),
-                    message("%s for the book, by the name of the file %s", book,
-                            std::filesystem::path(fileName).filename().string()));
 }
 
 SourceBible CPlainReader::finish(const std::string& source)

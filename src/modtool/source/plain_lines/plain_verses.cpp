@@ -20,10 +20,10 @@ void CPlainVerses::beginBook(const std::string& osis, std::string_view name, std
 
 bool CPlainVerses::beginVerse(unsigned int chapter, const VerseNumber& number, std::size_t line)
 {
+    const bool isByFileName = m_book.empty() && !m_isForced;
     if (m_book.empty()) {
         if (m_givenBook.empty())
             return false;
-        m_usedGivenBook = true;
         beginBook(m_givenBook, m_givenBook, line);
     }
     if (!m_inChapter || chapter != m_chapter)
@@ -31,6 +31,8 @@ bool CPlainVerses::beginVerse(unsigned int chapter, const VerseNumber& number, s
     m_inChapter = true;
     m_chapter = chapter;
     m_verses.beginVerse(chapter, number, line);
+    if (isByFileName)
+        m_verses.found(ReaderRule::bookByFileName, line);
     return true;
 }
 

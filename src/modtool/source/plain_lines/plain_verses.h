@@ -29,7 +29,6 @@ public:
     bool beginVerse(unsigned int chapter, const VerseNumber& number, std::size_t line);
 
     const std::string& book() const { return m_book.empty() ? m_givenBook : m_book; }
-    bool usedGivenBook() const { return m_usedGivenBook; }
 
     void addText(std::string_view utf8, std::size_t line) { m_verses.addText(utf8, line); }
 
@@ -47,7 +46,6 @@ private:
     CBadLines& m_badLines;
     std::string m_givenBook;
     bool m_isForced;
-    bool m_usedGivenBook = false;
     std::string m_book; ///< that was begun last; "" for none of this file
     unsigned int m_chapter = 0;
     bool m_inChapter = false;
