@@ -5,6 +5,7 @@
 #include "command_line.h"
 #include "errors.h"
 #include "exit_codes.h"
+#include "installed_modules.h"
 #include "language.h"
 #include "messages.h"
 #include "program.h"
@@ -133,6 +134,12 @@ CheckReport CCheckCommand::check(CProgress& progress) const
     std::string path = m_path;
     while (path.size() > 1 && path.ends_with('/'))
         path.pop_back();
+    try {
+        path = moduleFolder(path);
+    } catch (const CModuleError& error) {
+        report.unchecked.push_back(error.what());
+        return report;
+    }
     if (isModule(path)) {
         checkModuleInto(path, report);
         return report;

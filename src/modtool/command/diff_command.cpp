@@ -4,6 +4,7 @@
 #include "command.h"
 #include "command_line.h"
 #include "exit_codes.h"
+#include "installed_modules.h"
 #include "messages.h"
 #include "stored_markup.h"
 #include "verse_alignment.h"
@@ -132,8 +133,8 @@ CDiffCommand::CDiffCommand(CLI::App& program)
 
 int CDiffCommand::answer(std::ostream& out) const
 {
-    const CModuleReader first(m_first);
-    const CModuleReader second(m_second);
+    const CModuleReader first(moduleFolder(m_first));
+    const CModuleReader second(moduleFolder(m_second));
     CComparison comparison(first, second);
     comparison.compare(m_count ? nullptr : &out);
     comparison.writeCounts(out);

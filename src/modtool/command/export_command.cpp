@@ -5,6 +5,7 @@
 #include "durable_file.h"
 #include "errors.h"
 #include "exit_codes.h"
+#include "installed_modules.h"
 #include "messages.h"
 #include "module_export.h"
 #include "osis_writer.h"
@@ -54,7 +55,8 @@ private:
 CExportCommand::CExportCommand(CLI::App& program)
     : CQueryCommand(addCommand(program, "export", "Export a module to a file that build can read", helpText))
 {
-    m_command->add_option("MODULE", m_module, tr("The module's folder"))->required();
+    m_command->add_option("MODULE", m_module, tr("The module's folder, or its name as list shows it"))
+        ->required();
     m_command->add_option("FILE", m_file, tr("The file to write (default: standard output)"));
     m_command->add_option("--to", m_format, tr("Format of the file"))
         ->required()
@@ -64,7 +66,7 @@ CExportCommand::CExportCommand(CLI::App& program)
 
 int CExportCommand::answer(std::ostream& out) const
 {
-    const SourceBible bible = exportModule(CModuleReader(m_module));
+    const SourceBible bible = exportModule(CModuleReader(moduleFolder(m_module)));
     const std::string content = m_format == osis ? osisFile(bible) : verseLinesFile(bible);
     if (m_file.empty())
         out << content;

@@ -4,6 +4,7 @@
 #include "command.h"
 #include "command_line.h"
 #include "exit_codes.h"
+#include "installed_modules.h"
 #include "language.h"
 #include "messages.h"
 #include "module_facts.h"
@@ -94,7 +95,8 @@ private:
 CInfoCommand::CInfoCommand(CLI::App& program)
     : CQueryCommand(addCommand(program, "info", "Show a module's metadata and contents", helpText))
 {
-    m_command->add_option("MODULE", m_module, tr("The module's folder"))->required();
+    m_command->add_option("MODULE", m_module, tr("The module's folder, or its name as list shows it"))
+        ->required();
     m_command->add_flag("--json", m_json, tr("Print the answer as JSON"));
 }
 
@@ -102,7 +104,7 @@ int CInfoCommand::answer(std::ostream& out) const
 {
     if (m_json)
         forceEnglish();
-    const ModuleFacts facts = moduleFacts(m_module);
+    const ModuleFacts facts = moduleFacts(moduleFolder(m_module));
     if (m_json)
         writeJson(facts, out);
     else

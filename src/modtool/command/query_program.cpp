@@ -9,15 +9,16 @@ namespace Kedrin::ModTool {
 
 bool isQueryCommand(std::string_view word)
 {
-    constexpr std::array<std::string_view, 5> names = {"show", "search", "info", "words", "diff"};
+    constexpr std::array<std::string_view, 7> names = {"show", "search", "info",  "words",
+                                                       "diff", "list",   "remove"};
     return std::find(names.begin(), names.end(), word) != names.end();
 }
 
 std::vector<std::unique_ptr<ICommand>> makeQueryCommands(CLI::App& program)
 {
     std::vector<std::unique_ptr<ICommand>> commands;
-    for (const auto make :
-         {makeShowCommand, makeSearchCommand, makeInfoCommand, makeWordsCommand, makeDiffCommand})
+    for (const auto make : {makeShowCommand, makeSearchCommand, makeInfoCommand, makeWordsCommand,
+                            makeDiffCommand, makeListCommand, makeRemoveCommand})
         commands.push_back(make(program));
     return commands;
 }

@@ -9,7 +9,8 @@
 
 namespace Kedrin::ModTool {
 
-/// Whether a word of the command line names a command that only reads modules: show, search, info, words or diff.
+/// Whether a word of the command line names a command that does not need the SWORD library: show, search, info, words,
+/// diff, list or remove.
 bool isQueryCommand(std::string_view word);
 
 /// Makes these commands.

@@ -5,6 +5,7 @@
 #include "command_line.h"
 #include "exit_codes.h"
 #include "global_books.h"
+#include "installed_modules.h"
 #include "language.h"
 #include "messages.h"
 #include "module_search.h"
@@ -73,7 +74,8 @@ private:
 CSearchCommand::CSearchCommand(CLI::App& program)
     : CQueryCommand(addCommand(program, "search", "Search a module for text", helpText))
 {
-    m_command->add_option("MODULE", m_module, tr("The module's folder"))->required();
+    m_command->add_option("MODULE", m_module, tr("The module's folder, or its name as list shows it"))
+        ->required();
     m_command->add_option("TEXT", m_text, tr("Text to search for; several words are one text"))
         ->type_name("")
         ->required();
@@ -103,7 +105,7 @@ int CSearchCommand::answer(std::ostream& out) const
 {
     if (m_json)
         forceEnglish();
-    const CModuleReader module(m_module);
+    const CModuleReader module(moduleFolder(m_module));
     const std::string text = searchText(joined(m_text, " "));
     const std::vector<CRef> hits = searchModule(module, text, mode());
     if (m_json)

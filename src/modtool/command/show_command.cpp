@@ -4,6 +4,7 @@
 #include "command.h"
 #include "command_line.h"
 #include "exit_codes.h"
+#include "installed_modules.h"
 #include "messages.h"
 #include "stored_markup.h"
 #include "text_columns.h"
@@ -98,7 +99,8 @@ CShowCommand::CShowCommand(CLI::App& program)
     : CQueryCommand(
           addCommand(program, "show", "Show verses of a module, or of several side by side", helpText))
 {
-    m_command->add_option("MODULE", m_module, tr("The module's folder"))->required();
+    m_command->add_option("MODULE", m_module, tr("The module's folder, or its name as list shows it"))
+        ->required();
     m_command
         ->add_option("REFERENCE", m_reference, tr("Book, chapter or verses: John 3:16, Gen 1:1-5, Ps 119"))
         ->required();
@@ -113,7 +115,7 @@ CShowCommand::CShowCommand(CLI::App& program)
 
 int CShowCommand::answer(std::ostream& out) const
 {
-    const CModuleReader module(m_module);
+    const CModuleReader module(moduleFolder(m_module));
     const VerseRange range = parseReference(joined(m_reference, " "), module);
     if (m_others.empty()) {
         showOne(module, range, out);
@@ -122,7 +124,7 @@ int CShowCommand::answer(std::ostream& out) const
     std::vector<std::unique_ptr<CModuleReader>> others;
     std::vector<const CModuleReader*> modules = {&module};
     for (const std::string& folder : m_others)
-        modules.push_back(others.emplace_back(std::make_unique<CModuleReader>(folder)).get());
+        modules.push_back(others.emplace_back(std::make_unique<CModuleReader>(moduleFolder(folder))).get());
     showSideBySide(modules, range, m_width != 0 ? m_width : terminalWidth(out, defaultWidth), out);
     return exitDone;
 }

@@ -3,6 +3,7 @@
 #include "command.h"
 #include "command_line.h"
 #include "exit_codes.h"
+#include "installed_modules.h"
 #include "messages.h"
 #include "module_words.h"
 #include "search_text.h"
@@ -46,14 +47,15 @@ private:
 CWordsCommand::CWordsCommand(CLI::App& program)
     : CQueryCommand(addCommand(program, "words", "List the words of a module", helpText))
 {
-    m_command->add_option("MODULE", m_module, tr("The module's folder"))->required();
+    m_command->add_option("MODULE", m_module, tr("The module's folder, or its name as list shows it"))
+        ->required();
     m_command->add_option("PREFIX", m_prefix, tr("List only words that start with this, in any case"));
     m_command->add_flag("--counts", m_counts, tr("Add the number of verses that contain the word"));
 }
 
 int CWordsCommand::answer(std::ostream& out) const
 {
-    const CModuleWords words(m_module);
+    const CModuleWords words(moduleFolder(m_module));
     const std::string prefix = searchText(m_prefix);
     bool found = false;
     for (unsigned int i = 0; i < words.list().count(); ++i) {

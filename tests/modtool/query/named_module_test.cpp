@@ -1,0 +1,101 @@
+// Commands on modules that are installed for the user, by their names.
+
+#include "query_fixture.h"
+#include "temp_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+
+namespace {
+
+using namespace query_test;
+
+class NamedModule : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ::setenv("XDG_DATA_HOME", m_home.path().c_str(), 1);
+        std::filesystem::create_directories(bibles());
+        std::filesystem::create_directory_symlink(m_modules.add("first", bulgarianModule()),
+                                                  bibles() + "/link");
+        std::filesystem::copy(m_modules.path("first"), bibles() + "/my");
+        std::filesystem::copy(m_modules.add("second", englishModule()), bibles() + "/!en");
+    }
+    void TearDown() override { ::unsetenv("XDG_DATA_HOME"); }
+
+    std::string bibles() const { return m_home.file("kedrin/modules/bibles"); }
+
+    test_support::TempFolder m_home;
+    Modules m_modules;
+};
+
+TEST_F(NamedModule, IsListedWithItsTitleInTheReadersOrder)
+{
+    EXPECT_EQ(run({"list"}), (Result{0,
+                                     "en    English\n"
+                                     "link  Пробен превод (installed for all users)\n"
+                                     "my    Пробен превод\n",
+                                     ""}));
+}
+
+TEST_F(NamedModule, IsListedAsJson)
+{
+    std::filesystem::remove_all(bibles() + "/link");
+    std::filesystem::remove_all(bibles() + "/my");
+    EXPECT_EQ(run({"list", "--json"}), (Result{0,
+                                               "[\n  {\n    \"name\": \"en\",\n    \"title\": \"English\",\n"
+                                               "    \"folder\": \"" +
+                                                   bibles() + "/!en\",\n    \"own\": true\n  }\n]\n",
+                                               ""}));
+}
+
+TEST_F(NamedModule, NothingInstalledIsSaid)
+{
+    std::filesystem::remove_all(bibles());
+    EXPECT_EQ(run({"list"}), (Result{0, "no module is installed\n", ""}));
+}
+
+TEST_F(NamedModule, IsFoundByEveryCommand)
+{
+    const std::vector<std::vector<std::string>> lines = {{"show", "my", "Бит 1:1"},
+                                                         {"search", "my", "а"},
+                                                         {"info", "my"},
+                                                         {"words", "my"},
+                                                         {"diff", "my", "en", "--count"},
+                                                         {"show", "en", "Gen 1:1", "--with", "my"}};
+    for (const std::vector<std::string>& line : lines) {
+        std::vector<std::string> byPath = line;
+        for (std::string& argument : byPath)
+            if (argument == "my" || argument == "en")
+                argument = bibles() + (argument == "my" ? "/my" : "/!en");
+        EXPECT_EQ(run(line), run(byPath)) << line[0];
+        EXPECT_EQ(run(line).err, "") << line[0];
+    }
+}
+
+TEST_F(NamedModule, UnknownNameIsAnsweredWithNamesLikeIt)
+{
+    EXPECT_EQ(run({"show", "mi", "Бит 1"}),
+              (Result{3, "", "kedrin-module: no module is named \"mi\" (did you mean my?)\n"}));
+    EXPECT_EQ(run({"info", "absent"}), (Result{3, "", "kedrin-module: no module is named \"absent\"\n"}));
+    EXPECT_EQ(run({"info", "./absent"}),
+              (Result{3, "", "kedrin-module: ./absent: is not a module folder\n"}));
+}
+
+TEST_F(NamedModule, IsRemoved)
+{
+    EXPECT_EQ(run({"remove", "my"}), (Result{0, "my is removed\n", ""}));
+    EXPECT_FALSE(std::filesystem::exists(bibles() + "/my"));
+    EXPECT_EQ(run({"remove", "my"}).code, 3);
+    EXPECT_EQ(
+        run({"remove", "link"}),
+        (Result{3, "",
+                "kedrin-module: \"link\" is not one of your own modules: it lies in " +
+                    std::filesystem::canonical(m_modules.path("first")).parent_path().string() + '\n'}));
+    EXPECT_TRUE(std::filesystem::exists(m_modules.path("first")));
+}
+
+} // namespace
