@@ -10,7 +10,7 @@ if(TARGET kedrin-module)
   install(TARGETS kedrin-module-all DESTINATION ${CMAKE_INSTALL_LIBDIR}/kedrin)
   file(RELATIVE_PATH private_dir ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR}/kedrin)
   target_compile_definitions(kedrin-module PRIVATE KEDRIN_PRIVATE_DIR="${private_dir}")
-  target_compile_definitions(modtool_files PRIVATE KEDRIN_PRIVATE_DIR="${private_dir}")
+  target_compile_definitions(modtool_install PRIVATE KEDRIN_PRIVATE_DIR="${private_dir}")
   install(DIRECTORY ${CMAKE_BINARY_DIR}/locale DESTINATION ${CMAKE_INSTALL_DATADIR})
   install(DIRECTORY ${CMAKE_BINARY_DIR}/man/ DESTINATION ${CMAKE_INSTALL_MANDIR})
   install(FILES src/modtool/command/kedrin-module.bash RENAME kedrin-module

@@ -25,6 +25,7 @@ std::unique_ptr<ICommand> makeSearchCommand(CLI::App& program);
 std::unique_ptr<ICommand> makeInfoCommand(CLI::App& program);
 std::unique_ptr<ICommand> makeWordsCommand(CLI::App& program);
 std::unique_ptr<ICommand> makeDiffCommand(CLI::App& program);
+std::unique_ptr<ICommand> makeAddCommand(CLI::App& program);
 std::unique_ptr<ICommand> makeListCommand(CLI::App& program);
 std::unique_ptr<ICommand> makeRemoveCommand(CLI::App& program);
 

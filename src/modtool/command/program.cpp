@@ -16,7 +16,7 @@ int runProgram(int argc, const char* const* argv, std::ostream& out, std::ostrea
 {
     CProgramParser parser;
     std::vector<std::unique_ptr<ICommand>> commands;
-    for (const auto make : {makeBuildCommand, makeCheckCommand, makeExportCommand})
+    for (const auto make : {makeBuildCommand, makeAddCommand, makeCheckCommand, makeExportCommand})
         commands.push_back(make(parser));
     for (auto& command : makeQueryCommands(parser))
         commands.push_back(std::move(command));

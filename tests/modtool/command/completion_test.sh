@@ -29,9 +29,9 @@ expect() {
     failures=$((failures + 1))
 }
 
-expect "--help build check diff export info search show words " kedrin-module ""
+expect "--help add build check diff export info list remove search show words " kedrin-module ""
 expect "search show " kedrin-module s
-for command in build check export show search info words diff; do
+for command in add build check export list remove show search info words diff; do
     options=$(LC_ALL=C kedrin-module "$command" --help | grep -oE '^  (-[a-z],)?--[a-z-]+' | sed 's/.*\(--\)/\1/' | LC_ALL=C sort | tr '\n' ' ')
     [[ $options == *--help* ]] || { echo "FAILED: the help of $command has no options"; failures=1; }
     expect "$options" kedrin-module "$command" -

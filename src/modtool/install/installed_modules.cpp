@@ -90,13 +90,26 @@ std::pair<icu::UnicodeString, std::string> sortingKey(const InstalledModule& mod
     return {fromUtf8(name).toLower(), std::move(name)};
 }
 
-std::string likeNames(const std::string& typed, const std::vector<InstalledModule>& modules)
+/// Renames a module's folder. A link of the new name, to a module of the system, makes way for it.
+void renameFolder(const fs::path& folder, const fs::path& newName)
 {
-    std::string names;
+    std::error_code error;
+    if (fs::is_symlink(newName))
+        fs::remove(newName, error);
+    if (!error)
+        fs::rename(folder, newName, error);
+    if (error)
+        throw CModuleError(message("%s: cannot be renamed (%s)", folder.string(), error.message()));
+}
+
+[[noreturn]] void failUnknown(const std::string& typed, const std::vector<InstalledModule>& modules)
+{
+    std::string like;
     for (const InstalledModule& module : modules)
         if (isLikeSpelling(typed, module.name))
-            names += (names.empty() ? "" : ", ") + module.name;
-    return names;
+            like += (like.empty() ? "" : ", ") + module.name;
+    throw CModuleError(like.empty() ? message("no module is named \"%s\"", typed)
+                                    : message("no module is named \"%s\" (did you mean %s?)", typed, like));
 }
 
 } // namespace
@@ -133,15 +146,19 @@ std::string moduleFolder(const std::string& argument)
             return module.folder;
     if (fs::exists(argument, ignored)) // what is wrong with it is for the caller to say
         return argument;
-    const std::string like = likeNames(argument, modules);
-    throw CModuleError(like.empty()
-                           ? message("no module is named \"%s\"", argument)
-                           : message("no module is named \"%s\" (did you mean %s?)", argument, like));
+    failUnknown(argument, modules);
 }
 
-std::string ownFolderName(std::string_view name, bool isFirst)
+std::string makeFirst(const std::string& name)
 {
-    return std::string(isFirst ? 1 : 0, firstSign).append(name);
+    const fs::path parent = ownModulesFolder();
+    for (const InstalledModule& module : installedModules())
+        if (module.isOwn && module.name != name && fs::path(module.folder).filename() != module.name)
+            renameFolder(module.folder, parent / module.name);
+    const fs::path first = parent / (firstSign + name);
+    if (!fs::exists(first))
+        renameFolder(parent / name, first);
+    return first.string();
 }
 
 std::string moduleNameFrom(std::string_view utf8)
@@ -167,12 +184,8 @@ void removeOwnModule(const std::string& name)
     const std::vector<InstalledModule> modules = installedModules();
     const auto found = std::find_if(modules.begin(), modules.end(),
                                     [&](const InstalledModule& module) { return module.name == name; });
-    if (found == modules.end()) {
-        const std::string like = likeNames(name, modules);
-        throw CModuleError(like.empty()
-                               ? message("no module is named \"%s\"", name)
-                               : message("no module is named \"%s\" (did you mean %s?)", name, like));
-    }
+    if (found == modules.end())
+        failUnknown(name, modules);
     if (!found->isOwn)
         throw CModuleError(message("\"%s\" is not one of your own modules: it lies in %s", name,
                                    targetOf(found->folder).parent_path().string()));

@@ -29,9 +29,12 @@ std::vector<InstalledModule> installedModules();
 ///                       neither such a module nor such a folder
 std::string moduleFolder(const std::string& argument);
 
-/// The name under which the user's own folder holds a module.
-/// @param isFirst  it is to stand before all others, so that the reader opens it first
-std::string ownFolderName(std::string_view name, bool isFirst);
+/// Has the reader list one of the user's own modules before all others, and so open it first. One that was first before
+/// takes its place in the order again.
+/// @param name  of an existing one
+/// @returns the module's folder, which is renamed for it
+/// @throws CModuleError  "%s: cannot be renamed (%s)"
+std::string makeFirst(const std::string& name);
 
 /// A name for a module from any text, such as its title: small letters and digits of any script, with '-' in place of
 /// all else; "" where none are left.
