@@ -31,7 +31,7 @@ std::string folderName(std::string_view bible)
 class CAllSword
 {
 public:
-    CAllSword(const std::string& directory, std::ostream& out, std::ostream& err, CProgress& progress)
+    CAllSword(const std::string& directory, std::ostream& out, std::ostream& err, IProgress& progress)
         : m_directory(directory),
           m_out(out),
           m_err(err),
@@ -125,13 +125,13 @@ private:
     const std::string& m_directory;
     std::ostream& m_out;
     std::ostream& m_err;
-    CProgress& m_progress;
+    IProgress& m_progress;
     CSwordLibrary m_library;
 };
 
 } // namespace
 
-bool buildAllSword(const std::string& directory, std::ostream& out, std::ostream& err, CProgress& progress)
+bool buildAllSword(const std::string& directory, std::ostream& out, std::ostream& err, IProgress& progress)
 {
     return CAllSword(directory, out, err, progress).run();
 }

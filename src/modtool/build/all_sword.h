@@ -13,6 +13,6 @@ namespace Kedrin::ModTool {
 /// skipped, and not read again until it changes. A failure does not stop the others.
 /// @param out  one line per Bible: what was done, and why
 /// @returns whether none failed
-bool buildAllSword(const std::string& directory, std::ostream& out, std::ostream& err, CProgress& progress);
+bool buildAllSword(const std::string& directory, std::ostream& out, std::ostream& err, IProgress& progress);
 
 } // namespace Kedrin::ModTool

@@ -36,7 +36,7 @@ void writeFiles(CModuleFolder& folder, const ModuleData& module)
 
 } // namespace
 
-SourceBible readSource(const std::string& source, const ReadOptions& options, CProgress& progress)
+SourceBible readSource(const std::string& source, const ReadOptions& options, IProgress& progress)
 {
     if (!source.starts_with(swordPrefix))
         return readSourceFile(source, options);
@@ -49,7 +49,7 @@ SourceBible readSource(const std::string& source, const ReadOptions& options, CP
 }
 
 BuildReport buildModule(const SourceBible& source, const std::string& path, const BuildOptions& options,
-                        const std::string& fingerprint, CProgress& progress)
+                        const std::string& fingerprint, IProgress& progress)
 {
     constexpr std::size_t steps = 4;
     BuildReport report;

@@ -12,13 +12,14 @@ namespace Kedrin::ModTool {
 
 /// Reads a source: "sword:NAME" from the installed SWORD Bibles, anything else as a file or a folder of files.
 /// @throws CBuildError
-SourceBible readSource(const std::string& source, const ReadOptions& options, CProgress& progress);
+SourceBible readSource(const std::string& source, const ReadOptions& options, IProgress& progress);
 
-/// Builds the module in its folder, and BibleStructure.txt beside it. If it fails, the folder is unchanged.
+/// Builds the module in its folder, and BibleStructure.txt beside it. If it fails, or is abandoned by what `progress`
+/// throws, the folder is unchanged.
 /// @param fingerprint  stored in the folder's hidden file ".source" if not empty
 /// @throws CBuildError  what prepareModule(), CModuleFolder and checkWritten() throw
 BuildReport buildModule(const SourceBible& source, const std::string& folder, const BuildOptions& options,
-                        const std::string& fingerprint, CProgress& progress);
+                        const std::string& fingerprint, IProgress& progress);
 
 /// Writes the modules directory's BibleStructure.txt if it is missing or different.
 /// @throws CBuildError  "%s: cannot be written (%s)"

@@ -47,7 +47,7 @@ public:
     int run(const CommandStreams& streams) const override;
 
 private:
-    AddedModule add(CProgress& progress) const;
+    AddedModule add(IProgress& progress) const;
     void report(const AddedModule& added, std::ostream& out) const;
 
     CLI::App* m_command;
@@ -75,7 +75,7 @@ CAddCommand::CAddCommand(CLI::App& program)
 
 int CAddCommand::run(const CommandStreams& streams) const
 {
-    CProgress progress(m_quiet ? nullptr : streams.terminal);
+    CTerminalProgress progress(m_quiet ? nullptr : streams.terminal);
     try {
         const AddedModule added = add(progress);
         progress.clear();
@@ -89,7 +89,7 @@ int CAddCommand::run(const CommandStreams& streams) const
     }
 }
 
-AddedModule CAddCommand::add(CProgress& progress) const
+AddedModule CAddCommand::add(IProgress& progress) const
 {
     AddOptions options;
     options.isFirst = m_isFirst;

@@ -49,7 +49,7 @@ public:
 
 private:
     /// @returns whether everything succeeded; a Bible of --all-sword that fails is reported on `err`
-    bool build(std::ostream& report, std::ostream& err, CProgress& progress) const;
+    bool build(std::ostream& report, std::ostream& err, IProgress& progress) const;
 
     CLI::App* m_command;
     std::string m_source;
@@ -98,7 +98,7 @@ std::string CBuildCommand::usageError() const
 
 int CBuildCommand::run(const CommandStreams& streams) const
 {
-    CProgress progress(m_quiet ? nullptr : streams.terminal);
+    CTerminalProgress progress(m_quiet ? nullptr : streams.terminal);
     try {
         std::ostringstream nowhere;
         return build(m_quiet ? nowhere : streams.out, streams.err, progress) ? exitDone : exitFailed;
@@ -109,7 +109,7 @@ int CBuildCommand::run(const CommandStreams& streams) const
     }
 }
 
-bool CBuildCommand::build(std::ostream& report, std::ostream& err, CProgress& progress) const
+bool CBuildCommand::build(std::ostream& report, std::ostream& err, IProgress& progress) const
 {
     if (!m_allSwordDirectory.empty())
         return buildAllSword(m_allSwordDirectory, report, err, progress);

@@ -56,8 +56,8 @@ public:
     int run(const CommandStreams& streams) const override;
 
 private:
-    int runChecks(const CommandStreams& streams, CProgress& progress) const;
-    CheckReport check(CProgress& progress) const;
+    int runChecks(const CommandStreams& streams, IProgress& progress) const;
+    CheckReport check(IProgress& progress) const;
     void checkModuleInto(const std::string& folder, CheckReport& report) const;
 
     CLI::App* m_command;
@@ -99,7 +99,7 @@ int CCheckCommand::run(const CommandStreams& streams) const
 {
     if (m_json)
         forceEnglish();
-    CProgress progress(m_quiet ? nullptr : streams.terminal);
+    CTerminalProgress progress(m_quiet ? nullptr : streams.terminal);
     try {
         return runChecks(streams, progress);
     } catch (const std::exception& ex) {
@@ -109,7 +109,7 @@ int CCheckCommand::run(const CommandStreams& streams) const
     }
 }
 
-int CCheckCommand::runChecks(const CommandStreams& streams, CProgress& progress) const
+int CCheckCommand::runChecks(const CommandStreams& streams, IProgress& progress) const
 {
     if (m_list) {
         streams.out << listOfChecks();
@@ -128,7 +128,7 @@ int CCheckCommand::runChecks(const CommandStreams& streams, CProgress& progress)
     return isSound ? exitDone : exitFailed;
 }
 
-CheckReport CCheckCommand::check(CProgress& progress) const
+CheckReport CCheckCommand::check(IProgress& progress) const
 {
     CheckReport report;
     std::string path = m_path;

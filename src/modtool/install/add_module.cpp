@@ -60,7 +60,7 @@ void makeFolder(const std::string& folder)
 
 /// Builds the module where a link stands in its place, and removes the link once it is complete.
 BuildReport buildInPlaceOfLink(const SourceBible& bible, const std::string& folder, const std::string& hidden,
-                               const BuildOptions& options, CProgress& progress)
+                               const BuildOptions& options, IProgress& progress)
 {
     BuildReport report = buildModule(bible, hidden, options, "", progress);
     std::error_code error;
@@ -91,7 +91,7 @@ std::string defaultModuleName(const std::string& source, const SourceInfo& info)
     return name.empty() ? "module" : name;
 }
 
-AddedModule addModule(const SourceBible& bible, const AddOptions& options, CProgress& progress)
+AddedModule addModule(const SourceBible& bible, const AddOptions& options, IProgress& progress)
 {
     checkName(options.name);
     const std::optional<InstalledModule> known = installedAs(options.name);

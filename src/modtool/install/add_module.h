@@ -42,6 +42,6 @@ std::string defaultModuleName(const std::string& source, const SourceInfo& info)
 ///     "%s: cannot be created (%s); set XDG_DATA_HOME to a folder that you can write to"
 ///     what buildModule() throws
 /// @throws CModuleError  as ownModulesFolder()
-AddedModule addModule(const SourceBible& bible, const AddOptions& options, CProgress& progress);
+AddedModule addModule(const SourceBible& bible, const AddOptions& options, IProgress& progress);
 
 } // namespace Kedrin::ModTool

@@ -13,7 +13,7 @@ constexpr const char* eraseLine = "\r\033[K";
 
 } // namespace
 
-void CProgress::show(const std::string& name, std::size_t done, std::size_t total)
+void CTerminalProgress::show(const std::string& name, std::size_t done, std::size_t total)
 {
     if (!m_terminal)
         return;
@@ -27,7 +27,7 @@ void CProgress::show(const std::string& name, std::size_t done, std::size_t tota
     *m_terminal << eraseLine << picture << std::flush;
 }
 
-void CProgress::clear()
+void CTerminalProgress::clear()
 {
     if (m_shown.empty())
         return;

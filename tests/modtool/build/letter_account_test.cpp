@@ -28,7 +28,7 @@ protected:
 
     BuildReport built(const SourceBible& source) const
     {
-        CProgress progress(nullptr);
+        CTerminalProgress progress(nullptr);
         return buildModule(source, made(), {}, "", progress);
     }
 };

@@ -37,7 +37,7 @@ protected:
     std::map<std::string, std::string> built(const std::string& source,
                                              const BuildOptions& options = {}) const
     {
-        CProgress none(nullptr);
+        CTerminalProgress none(nullptr);
         const std::string module =
             m_folder.file("built/" + std::filesystem::path(source).filename().string());
         buildModule(readSourceFile(source, {}), module, options, "", none);
@@ -240,7 +240,7 @@ TEST_F(Exports, WholeBibleComesBack)
     const CSwordLibrary library;
     const std::vector<std::string> installed = library.bibles();
     ASSERT_FALSE(installed.empty()) << "sword-text-kjv is not installed";
-    CProgress none(nullptr);
+    CTerminalProgress none(nullptr);
     BuildOptions options;
     options.substitute = true;
     const std::string module = m_folder.file("built/whole");

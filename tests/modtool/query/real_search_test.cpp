@@ -25,7 +25,7 @@ class RealText
 public:
     explicit RealText(const std::string& source)
     {
-        CProgress progress(nullptr);
+        CTerminalProgress progress(nullptr);
         m_source = readSource(source, {}, progress);
         BuildOptions options;
         options.substitute = true;
