@@ -1,130 +1,16 @@
-// Plain text and tables of verses: what is understood of each shape, and what is refused with which words.
+// Plain text with verses: what is understood of each structure, and what is refused with which words.
 
 #include "book_finder.h"
-#include "build_fixture.h"
-#include "errors.h"
-#include "plain_reader.h"
-#include "source_format.h"
-#include "source_text.h"
-#include "temp_folder.h"
-#include "text_input.h"
+#include "plain_text.h"
+
+#include <gtest/gtest.h>
 
 using namespace Kedrin::ModTool;
+using namespace plain_test;
 using test_support::linesOf;
 using test_support::messageOf;
-using test_support::TempFolder;
 
 namespace {
-
-SourceBible read(const std::string& text, const std::string& book = "", const std::string& file = "f.txt")
-{
-    CPlainReader reader;
-    reader.read(file, text, {book, ""});
-    return reader.finish(file);
-}
-
-std::string versesOf(const std::string& text, const std::string& book = "")
-{
-    return linesOf(read(text, book));
-}
-
-std::string refusalOf(const std::string& text, const std::string& book = "")
-{
-    return messageOf<CBuildError>([&] { read(text, book); });
-}
-
-/// The first line of the report.
-std::string understood(const std::string& text)
-{
-    const std::string report = read(text).findings.text();
-    return report.substr(0, report.find('\n'));
-}
-
-TEST(PlainTables, EveryDelimiterWithoutAHeader)
-{
-    for (const std::string delimiter : {",", ";", "\t", "|", "||"}) {
-        const std::string d = delimiter;
-        const std::string text = "Genesis" + d + "1" + d + "1" + d + "one\n" + "Битие" + d + "1" + d + "2" +
-                                 d + "two" + d + "three\n";
-        EXPECT_EQ(versesOf(text), "Gen 1:1 one\nGen 1:2 two" + d.substr(d == "\t" ? 1 : 0) +
-                                      (d == "\t" ? " " : "") + "three\n")
-            << d;
-    }
-}
-
-TEST(PlainTables, HeadersInAnyOrderWithFurtherColumns)
-{
-    const std::string expected = "Gen 1:1 one\nExod 2:3 two\n";
-    EXPECT_EQ(versesOf("Book,Chapter,Verse,Text\nGenesis,1,1,one\nExodus,2,3,two\n"), expected);
-    EXPECT_EQ(versesOf("b|c|v|t\n1|1|1|one\n2|2|3|two\n"), expected);
-    EXPECT_EQ(versesOf("Текст\tСтих\tГлава\tКнига\none\t1\t1\tБит.\ntwo\t3\t2\tИзход\n"), expected);
-    const SourceBible bible = read("id,book_id,Chapter,Verse,Scripture,note\n7,1,1,1,one,x\n8,2,2,3,two,\n");
-    EXPECT_EQ(linesOf(bible), expected);
-    EXPECT_EQ(bible.findings.text(),
-              "read as       CSV with a header: \"id\" (left out), book, chapter, verse, text, "
-              "\"note\" (left out)\n"
-              "left out      3 fields of further columns, first at Gen 1:1\n");
-}
-
-TEST(PlainTables, QuotedFieldsOfCommasAndSemicolons)
-{
-    EXPECT_EQ(versesOf("Gen,1,1,\"a, \"\"b\"\"\nc\"\r\nGen,1,\"2\", \"d\" \n"),
-              "Gen 1:1 a, \"b\" c\nGen 1:2 d\n");
-    EXPECT_EQ(versesOf("\"Gen\";\"1\";\"1\";\"a;b\"\n"), "Gen 1:1 a;b\n");
-    EXPECT_EQ(versesOf("Gen|1|1|\"a\" b\n"), "Gen 1:1 \"a\" b\n");
-}
-
-TEST(PlainTables, BooksByNumber)
-{
-    EXPECT_EQ(versesOf("66,1,1,a\n1,1,1,b\n"), "Rev 1:1 a\nGen 1:1 b\n");
-    EXPECT_EQ(versesOf("01O||1||1||a\n39O||1||1||b\n40N||1||1||c\n"), "Gen 1:1 a\nMal 1:1 b\nMatt 1:1 c\n");
-    EXPECT_EQ(refusalOf("1,1,1,a\n67,1,1,b\n0,1,1,c\n40O,1,1,d\n"),
-              "f.txt: 3 lines cannot be read:\n"
-              "  line 2: \"67\" is not a book number from 1 to 66\n"
-              "  line 3: \"0\" is not a book number from 1 to 66\n"
-              "  line 4: \"40O\" is not a known book");
-}
-
-TEST(PlainTables, RemarksBlankLinesRangesPartsAndVerseZero)
-{
-    const SourceBible bible =
-        read("# made by hand\n\nGen,1,0,a\nGen,1,1,b\n\nGen,1,3-4,c\nGen,1,2a,d\nGen,1,2b,e\n");
-    EXPECT_EQ(linesOf(bible), "Gen 1:1 a b\nGen 1:2 d e\nGen 1:3 c\n");
-    EXPECT_EQ(bible.findings.letters(ReaderRule::outside), 10u);
-}
-
-TEST(PlainTables, BadRecordsAreAllNamed)
-{
-    EXPECT_EQ(
-        refusalOf("Genesis,1,1,a\nGenesys,1,1,b\nPsx,1,1,c\nQqqqqq,1,1,d\nGen,0,1,e\nGen,1,x,f\nGen,1,1\n"
-                  "Gen,1,2,\"g\" h\nGen,1,3,i\nGen,1,4,\"j,\"k\"\nGen,1,5,l\nGen,1,6,\"m\n"),
-        "f.txt: 9 lines cannot be read:\n"
-        "  line 2: \"Genesys\" is not a known book (did you mean Gen?)\n"
-        "  line 3: \"Psx\" is not a known book (did you mean Ps?)\n"
-        "  line 4: \"Qqqqqq\" is not a known book\n"
-        "  line 5: \"0\" is not a chapter number from 1 to 65534\n"
-        "  line 6: \"x\" is not a verse number from 0 to 65534\n"
-        "  line 7: has 3 fields, the table has 4\n"
-        "  line 8: text after a closing quotation mark\n"
-        "  line 10: text after a closing quotation mark\n"
-        "  line 12: a quotation mark is never closed");
-    EXPECT_EQ(refusalOf("Gen,1,1,a\nGen,1,2,\"b\n"),
-              "f.txt: 1 line cannot be read:\n  line 2: a quotation mark is never closed");
-    EXPECT_EQ(refusalOf("t|b|c|v\na|Gen|1|1|x\n"),
-              "f.txt: 1 line cannot be read:\n  line 2: has more than 4 fields");
-}
-
-TEST(PlainTables, FirstTwentyBadLinesAreDescribed)
-{
-    std::string text, expected = "f.txt: 22 lines cannot be read:\n";
-    for (int i = 0; i < 30; ++i)
-        text += "Gen,1,1,a\n";
-    for (int i = 1; i <= 22; ++i)
-        text += "Gen,x,1,a\n";
-    for (int i = 31; i <= 50; ++i)
-        expected += "  line " + std::to_string(i) + ": \"x\" is not a chapter number from 1 to 65534\n";
-    EXPECT_EQ(refusalOf(text), expected + "  and 2 more lines");
-}
 
 TEST(PlainLines, ReferencesOfEveryForm)
 {
@@ -249,84 +135,6 @@ TEST(PlainLines, ShapeIsSaid)
               "read as       table with tabs without a header: book, chapter, verse, text");
     EXPECT_EQ(understood("Gen 1:1 a\n"), "read as       lines: book, chapter:verse, text");
     EXPECT_EQ(understood("Юда\n1 a\n"), "read as       lines: verse, text, the book and chapter above them");
-}
-
-TEST(PlainDetection, VerseLinesGoFirst)
-{
-    for (const char* text : {"Gen\t1\t1\ta\nExodus\t1\t1\tb\n", "# title: x\nGen\tx\t1\ta\n",
-                             "Xxx\t1\t1\ta\n", "../../x\t1\t1\ta\n", "\t1\t1\ta\n", "PrMan\t1\t1\ta\n",
-                             "PrManx\t1\t1\ta\n", "words\n", "", "Gen 1 1 a\n", "1 a\n"})
-        EXPECT_EQ(detectFormat(text, "f"), SourceFormat::verseLines) << text;
-    for (const char* text :
-         {"Genesis\t1\t1\ta\n", "Битие\t1\t1\ta\n", "1\t1\t1\ta\n", "Gen 1:1 a\n", "Gen|1|1|a\n", "[1:1] a\n",
-          "#1:1#a\n", "# T\n## Genesis\n1:1 a\n", "Юда\n1 a\n"})
-        EXPECT_EQ(detectFormat(text, "f"), SourceFormat::plainLines) << text;
-    EXPECT_EQ(detectFormat("1 a\n", "jude.txt"), SourceFormat::plainLines);
-}
-
-TEST(PlainDetection, FoldersOfFilesWithoutUsfm)
-{
-    const TempFolder folder;
-    folder.write("02-exodus.dat", "#1:1#b\n");
-    folder.write("01-genesis.dat", "#1:1#a\n");
-    folder.write("README", "Words.\n");
-    folder.write(".hidden", "Gen 1:1 x\n");
-    const SourceBible bible = readSourceFile(folder.path().string(), {});
-    EXPECT_EQ(linesOf(bible), "Gen 1:1 a\nExod 1:1 b\n");
-    EXPECT_EQ(bible.findings.text(),
-              "read as       lines: #chapter:verse#text\n"
-              "interpreted   Gen for the book, by the name of the file 01-genesis.dat\n"
-              "interpreted   Exod for the book, by the name of the file 02-exodus.dat\n"
-              "left out      the file README, which contains no verses\n");
-    ReadOptions plain;
-    plain.format = SourceFormat::plainLines;
-    const TempFolder none;
-    EXPECT_EQ(messageOf<CBuildError>([&] { readSourceFile(none.path().string(), plain); }),
-              none.path().string() + ": contains no file of plain lines");
-    plain.book = "Gen";
-    EXPECT_EQ(messageOf<CBuildError>([&] { readSourceFile(folder.path().string(), plain); }),
-              folder.path().string() + ": --book is for a file of plain lines");
-}
-
-TEST(PlainDetection, BookIsGivenOnlyToPlainLines)
-{
-    const TempFolder folder;
-    ReadOptions options;
-    options.book = "Jude";
-    EXPECT_EQ(linesOf(readSourceFile(folder.write("a.txt", "1 a\n"), options)), "Jude 1:1 a\n");
-    for (const char* text :
-         {"\\id GEN\n\\c 1\n\\v 1 a\n", "<osis><verse osisID='Gen.1.1'>a</verse></osis>"}) {
-        const std::string file = folder.write("b", text);
-        EXPECT_EQ(messageOf<CBuildError>([&] { readSourceFile(file, options); }),
-                  file + ": --book is for a file of plain lines");
-    }
-}
-
-TEST(PlainDetection, Windows1251IsRecognisedByItsLetters)
-{
-    const TempFolder folder;
-    const std::string words =
-        "\xC2 \xED\xE0\xF7\xE0\xEB\xEE \xC1\xEE\xE3 \xF1\xFA\xE7\xE4\xE0\xE4\xE5 \xED\xE5\xE1\xE5\xF2\xEE";
-    const SourceBible bible = readSourceFile(folder.write("a.txt", "Gen 1:1 " + words + "\n"), {});
-    EXPECT_EQ(linesOf(bible), "Gen 1:1 В начало Бог създаде небето\n");
-    EXPECT_NE(bible.findings.text().find("encoding      windows-1251, recognised\n"), std::string::npos);
-    const std::string broken = folder.write("b.txt", "Gen 1:1 \xC2\xC2\n");
-    EXPECT_EQ(messageOf<CBuildError>([&] { readSourceFile(broken, {}); }), broken + ":1: not valid UTF-8");
-    ReadOptions utf8;
-    utf8.encoding = "UTF-8";
-    EXPECT_EQ(messageOf<CBuildError>([&] { readSourceFile(folder.file("a.txt"), utf8); }),
-              folder.file("a.txt") + ":1: not valid UTF-8");
-}
-
-TEST(PlainDetection, OtherEncodingsAreNotTakenForWindows1251)
-{
-    EXPECT_FALSE(isWindows1251("Les \xE9t\xE9s \xE0 l'\xE9t\xE9, o\xF9 l'\xE9t\xE9 \xE9tait \xE9t\xE9; "
-                               "d\xE9j\xE0 \xE9t\xE9 \xE9t\xE9 \xE9t\xE9 \xE9t\xE9 \xE9t\xE9 \xE9t\xE9"));
-    // "в начало бог създаде небето и земята" in KOI8-R
-    EXPECT_FALSE(isWindows1251("\xD7 \xCE\xC1\xDE\xC1\xCC\xCF \xC2\xCF\xC7 \xD3\xDF\xDA\xC4\xC1\xC4\xC5 "
-                               "\xCE\xC5\xC2\xC5\xD4\xCF \xC9 \xDA\xC5\xCD\xD1\xD4\xC1"));
-    EXPECT_FALSE(isWindows1251("В начало Бог създаде небето и земята.\xFF"));
-    EXPECT_FALSE(isWindows1251("\xE0\xE1\xE2"));
 }
 
 } // namespace
