@@ -69,8 +69,8 @@ CBuildCommand::CBuildCommand(CLI::App& program)
 {
     m_command->add_option(
         "SOURCE", m_source,
-        tr("sword:NAME for an installed SWORD Bible; a file of verse lines, USFM, XML (Beblia, OpenSong, "
-           "OSIS, Zefania) or plain lines; or a folder of USFM files or plain lines"));
+        tr("sword:NAME for an installed SWORD Bible; a file of verse lines, USFM, JSON, XML (Beblia, "
+           "OpenSong, OSIS, Zefania) or plain lines; or a folder of USFM or JSON files or plain lines"));
     m_command->add_option("MODULE-FOLDER", m_folder,
                           tr("The module's folder, created or replaced as a "
                              "whole"));

@@ -56,6 +56,7 @@ void CSourceOptions::addTo(CLI::App& command)
 void CSourceOptions::addReadingOptions(CLI::App& command)
 {
     const std::map<std::string, SourceFormat> formats{{"beblia", SourceFormat::beblia},
+                                                      {"json", SourceFormat::json},
                                                       {"opensong", SourceFormat::opensong},
                                                       {"osis", SourceFormat::osis},
                                                       {"usfm", SourceFormat::usfm},
@@ -66,7 +67,7 @@ void CSourceOptions::addReadingOptions(CLI::App& command)
                                                   {"protestant", BookOrder::protestant},
                                                   {"orthodox", BookOrder::orthodox}};
     const std::map<std::string, bool> titles{{"bg", false}, {"source", true}};
-    addChoice(command, "--from", "beblia|opensong|osis|usfm|zefania|plain-lines|verse-lines", formats,
+    addChoice(command, "--from", "beblia|json|opensong|osis|usfm|zefania|plain-lines|verse-lines", formats,
               m_reading.format, tr("Format of the source, if it is detected wrongly"));
     command
         .add_option("--encoding", m_reading.encoding,

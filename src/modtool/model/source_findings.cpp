@@ -53,6 +53,8 @@ constexpr std::array<Wording, static_cast<std::size_t>(ReaderRule::count)> wordi
     wording(translatable("left out"), "title", "titles"),
     wording(translatable("left out"), "variant reading", "variant readings"),
     wording(translatable("left out"), "number in another numbering", "numbers in another numbering"),
+    wording(translatable("left out"), "chapter or verse number within the text",
+            "chapter or verse numbers within the text"),
     wording(translatable("left out"), "figure or index entry", "figures or index entries"),
     wording(translatable("left out"), "text before a psalm's first verse, perhaps its title",
             "texts before a psalm's first verse, perhaps its title"),
@@ -61,7 +63,8 @@ constexpr std::array<Wording, static_cast<std::size_t>(ReaderRule::count)> wordi
             "notes without an end, at the end of their paragraphs"),
     wording(translatable("interpreted"), "book by the name of its file", "books by the names of their files"),
     wording(translatable("left out"), "field of a further column", "fields of further columns"),
-    Wording{"", "", ""}, // attributes, metadata and places have no line
+    Wording{"", "", ""}, // attributes, tags, metadata and positions have no line
+    Wording{"", "", ""},
     Wording{"", "", ""},
     Wording{"", "", ""},
 };
@@ -149,6 +152,9 @@ std::vector<std::string> SourceFindings::letterParts() const
             break;
         case ReaderRule::attribute:
             parts.push_back(message("%s in marker attributes", m_letters[i]));
+            break;
+        case ReaderRule::tag:
+            parts.push_back(message("%s in tags within texts", m_letters[i]));
             break;
         case ReaderRule::unknownMarker:
             parts.push_back(message("%s in marker names", m_letters[i]));

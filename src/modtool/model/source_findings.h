@@ -41,6 +41,7 @@ enum class ReaderRule
     title,                ///< a heading, left out
     otherReading,         ///< left out
     secondNumber,         ///< a chapter or verse number in another numbering, left out
+    textNumber,           ///< the chapter or verse number repeated in the text, left out
     figure,               ///< a picture, an index entry, a pronunciation: left out
     psalmText,            ///< text before a psalm's first verse, perhaps its title: left out and listed
     outside,              ///< text outside all verses, left out
@@ -48,6 +49,7 @@ enum class ReaderRule
     bookByFileName,       ///< a file that does not state its book, identified by its name
     furtherColumn,        ///< of a table, beside book, chapter, verse and text: left out
     attribute,            ///< of a marker: no line in the report
+    tag,                  ///< in a text of a format without elements: no line in the report
     metadata,             ///< metadata and book titles of the source: no line in the report
     position, ///< names of books, numbers and marks in the lines of a plain text: no line in the report
     count

@@ -4,6 +4,9 @@
 #include "beblia_reader.h"
 #include "element_search.h"
 #include "errors.h"
+#include "json_document.h"
+#include "json_folder.h"
+#include "json_reader.h"
 #include "messages.h"
 #include "module_format.h"
 #include "opensong_reader.h"
@@ -160,9 +163,13 @@ SourceBible readFolder(const std::string& folder, const ReadOptions& options)
 {
     if (!options.book.empty())
         throw CBuildError(message("%s: --book is for a file of plain lines", folder));
+    if (options.format == SourceFormat::json)
+        return readJsonFolder(folder, options.encoding);
     const bool mayBeUsfm = options.format != SourceFormat::plainLines;
     if (const auto files = mayBeUsfm ? usfmFiles(folder) : std::vector<fs::path>(); !files.empty())
         return readUsfmFolder(folder, files, options.encoding);
+    if (options.format == SourceFormat::detected && hasJsonFiles(folder))
+        return readJsonFolder(folder, options.encoding);
     if (options.format != SourceFormat::usfm)
         if (auto bible = readPlainFolder(folder, options.encoding))
             return std::move(*bible);
@@ -173,6 +180,13 @@ SourceBible readFolder(const std::string& folder, const ReadOptions& options)
 SourceBible readUsfmFile(const std::string& fileName, const std::string& content)
 {
     CUsfmReader reader;
+    reader.read(fileName, content);
+    return reader.finish(fileName);
+}
+
+SourceBible readJsonFile(const std::string& fileName, const std::string& content)
+{
+    CJsonReader reader;
     reader.read(fileName, content);
     return reader.finish(fileName);
 }
@@ -211,6 +225,8 @@ SourceBible readContent(const std::string& fileName, std::string content, const 
         return readOsis(fileName, content);
     case SourceFormat::zefania:
         return readZefania(fileName, content);
+    case SourceFormat::json:
+        return readJsonFile(fileName, content);
     case SourceFormat::usfm:
         return readUsfmFile(fileName, content);
     default:
@@ -237,6 +253,8 @@ SourceFormat detectFormat(std::string_view utf8, const std::string& fileName)
     const std::string_view content = trimmedStart(utf8);
     if (content.starts_with('\\'))
         return SourceFormat::usfm;
+    if (isJson(content))
+        return SourceFormat::json;
     if (!content.starts_with('<'))
         return !beginsAsVerseLines(content) && isPlainLines(content, fileName) ? SourceFormat::plainLines
                                                                                : SourceFormat::verseLines;
@@ -257,8 +275,9 @@ SourceBible readSourceFile(const std::string& path, const ReadOptions& options)
     std::error_code ignored;
     const bool isFolder = fs::is_directory(path, ignored);
     if (isFolder && options.format != SourceFormat::detected && options.format != SourceFormat::usfm &&
-        options.format != SourceFormat::plainLines)
-        throw CBuildError(message("%s: is a folder; only USFM and plain lines are read from folders", path));
+        options.format != SourceFormat::plainLines && options.format != SourceFormat::json)
+        throw CBuildError(
+            message("%s: is a folder; only USFM, JSON and plain lines are read from folders", path));
     std::string recognised;
     SourceBible bible = isFolder ? readFolder(path, options)
                                  : readContent(path, readText(path, options.encoding, &recognised), options);

@@ -12,6 +12,7 @@ enum class SourceFormat
 {
     detected, ///< by the content
     beblia,
+    json,
     opensong,
     osis,
     usfm,
@@ -29,19 +30,20 @@ struct ReadOptions
     BookOrder order = BookOrder::source;
 };
 
-/// What a content is: XML by its root element, USFM by a marker at its beginning, plain lines by the first ones, anything
+/// What a content is: XML by its root element, USFM by a marker at its beginning, JSON by its brackets, plain lines by the
+/// first ones, anything
 /// else verse lines.
 /// @param utf8      without byte order mark
 /// @param fileName  for the message, and because its name may say a book
 /// @throws CBuildError  "%s: is XML of an unknown format (its root element is %s)"
 SourceFormat detectFormat(std::string_view utf8, const std::string& fileName);
 
-/// Reads a file of any format, or a folder of plain lines or of USFM files (*.usfm, *.sfm, *.ptx, *.scp, or
+/// Reads a file of any format, or a folder of JSON files (readJsonFolder()), of plain lines or of USFM files (*.usfm, *.sfm, *.ptx, *.scp, or
 /// else any that begin with \id; in the order of their names, or in Protestant order if not all names begin
 /// with a number). Titles missing from the source are taken from the file name.
 /// @throws CBuildError
 ///     what readText(), detectFormat() and the formats' readers throw
-///     "%s: is a folder; only USFM and plain lines are read from folders", "%s: contains no file of plain lines"
+///     "%s: is a folder; only USFM, JSON and plain lines are read from folders", "%s: contains no file of plain lines"
 ///     "%s: --book is for a file of plain lines"
 ///     "%s: contains no USFM file (*.usfm, *.sfm, *.ptx, *.scp)"
 ///     "%s: contains more than 64 MiB"

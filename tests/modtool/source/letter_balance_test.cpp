@@ -1,7 +1,8 @@
-// XML and verse lines of random elements: every letter of them is in the module or in something that the report counts.
+// XML, JSON and verse lines of random elements: every letter of them is in the module or in something that the report counts.
 
 #include "balance_fixture.h"
 #include "errors.h"
+#include "json_letters.h"
 #include "letter_proof.h"
 #include "thrown.h"
 #include "xml_letters.h"
@@ -133,6 +134,94 @@ private:
     }
 };
 
+class CJsonMaker : public CMaker
+{
+public:
+    using CMaker::CMaker;
+
+    void make()
+    {
+        mark("{");
+        member("translation", [&] { text("Title 1"); });
+        member("lang", [&] { text("bg"); });
+        mark("\"books\": [");
+        for (const char* book : {"Gen", "Jude", "Laodiceans"}) {
+            mark(book == std::string("Gen") ? "{" : ", {");
+            member("id", [&] { text(book == std::string("Laodiceans") ? "LAO" : book); });
+            member("other", [&] { jsonWords(); });
+            mark("\"chapters\": [[\"");
+            jsonWords();
+            for (unsigned int i = 0; i < 40; ++i) {
+                mark("\", \"");
+                for (unsigned int parts = number(6); parts != ~0u; --parts)
+                    part(0);
+            }
+            mark("\"], {");
+            member("heading", [&] { jsonWords(); });
+            mark("\"verses\": [{");
+            member("notes", [&] { jsonWords(); });
+            mark("\"text\": [\"");
+            jsonWords();
+            mark("\"]}]}]}");
+        }
+        mark("]}");
+    }
+
+private:
+    template <typename Content>
+    void member(const std::string& key, Content&& content)
+    {
+        mark('"' + key + "\": \"");
+        content();
+        mark("\", ");
+    }
+
+    void jsonWords()
+    {
+        static constexpr const char* some[] = {"Бог", "рече", "Lord",    "3", "и", "сè",
+                                               "æ",   "ѝ",    "a\u0301", "Ⅷ", "½"};
+        static constexpr const char* between[] = {" ", ", ", "\\n", " — ", "&nbsp;", " &lt; ", " < ", "\\\""};
+        for (unsigned int i = number(4); i != ~0u; --i) {
+            text(oneOf(some));
+            mark(oneOf(between));
+        }
+    }
+
+    void part(unsigned int depth)
+    {
+        static constexpr const char* elements[] = {"i",
+                                                   "b",
+                                                   "span",
+                                                   "h1",
+                                                   "p",
+                                                   "f",
+                                                   "S",
+                                                   "sup",
+                                                   "J",
+                                                   "div",
+                                                   "n",
+                                                   "script",
+                                                   "m",
+                                                   "span class='versenum'",
+                                                   "p class=\\\"heading\\\""};
+        static constexpr const char* singles[] = {"<br>", "<pb/>", "</i>", "<f>", "</h1>", "<!-- no text -->",
+                                                  "<S/>"};
+        switch (number(depth < 4 ? 4 : 1)) {
+        case 0:
+            return jsonWords();
+        case 1:
+            text(oneOf(singles));
+            return text(number(3) ? "" : "x < y");
+        default:
+            const std::string tag = oneOf(elements);
+            text('<' + tag + '>');
+            for (unsigned int i = number(3); i != ~0u; --i)
+                part(depth + 1);
+            return text("</" + tag.substr(0, tag.find(' ')) + '>');
+        }
+    }
+};
+
 } // namespace
 
 TEST_F(LetterBalance, OfRandomOsis)
@@ -150,6 +239,15 @@ TEST_F(LetterBalance, OfRandomZefaniaXml)
         CXmlMaker maker(seed);
         maker.zefania();
         expectBalance("a.xml", maker);
+    }
+}
+
+TEST_F(LetterBalance, OfRandomJson)
+{
+    for (unsigned int seed = 0; seed < 40; ++seed) {
+        CJsonMaker maker(seed);
+        maker.make();
+        expectBalance("a.json", maker);
     }
 }
 
@@ -173,6 +271,18 @@ TEST(LetterProofs, FindALetterOfXmlThatWasDropped)
     forEachDropped(maker.letters(), [&](const std::string& rest) {
         EXPECT_NE(
             messageOf<CBuildError>([&] { proveXmlLetters("f", maker.document(), rest); }).find(complaint),
+            std::string::npos);
+    });
+}
+
+TEST(LetterProofs, FindALetterOfJsonThatWasDropped)
+{
+    CJsonMaker maker(7);
+    maker.make();
+    EXPECT_EQ(proveJsonLetters("f", maker.document(), maker.letters()), maker.count());
+    forEachDropped(maker.letters(), [&](const std::string& rest) {
+        EXPECT_NE(
+            messageOf<CBuildError>([&] { proveJsonLetters("f", maker.document(), rest); }).find(complaint),
             std::string::npos);
     });
 }

@@ -1,5 +1,6 @@
 // Whatever element or marker a word stands in: it is in a verse, or the report has a line for it.
 
+#include "json_reader.h"
 #include "osis_reader.h"
 #include "source_text.h"
 #include "usfm_reader.h"
@@ -178,6 +179,71 @@ TEST(NothingLost, TextOfEveryElementOfZefaniaXmlGoesWhereItsKindSays)
                   expectedFate(omitted, name))
             << name;
     }
+}
+
+/// Every tag that is known in texts without elements of their own, and some that are not.
+constexpr const char* inlineElements[] = {
+    "a",     "b",       "big", "blockquote", "div", "em",   "font",   "h1",    "h2",     "h3",  "h4",   "h5",
+    "h6",    "i",       "li",  "ol",         "p",   "s",    "S",      "span",  "sub",    "sup", "td",   "tr",
+    "u",     "ul",      "e",   "f",          "fn",  "h",    "J",      "m",     "mark",   "n",   "note", "t",
+    "title", "heading", "w",   "wj",         "x",   "xref", "script", "style", "unknown"};
+
+std::string fateInJson(const std::string& json)
+{
+    CJsonReader reader;
+    reader.read("f.json", json);
+    return fateIn(reader.finish("f.json"));
+}
+
+TEST(NothingLost, TextOfEveryTagInJsonGoesWhereItsKindSays)
+{
+    const std::vector<Omitted> omitted = {{"title", " h1 h2 h3 h4 h5 h6 h title heading "},
+                                          {"note", " f fn n note x xref "},
+                                          {"outside", " script style "},
+                                          {"attribute", " m "}};
+    for (const std::string element : inlineElements) {
+        const std::string text =
+            "one <" + element + ">" + word + "</" + element.substr(0, element.find(' ')) + "> two";
+        EXPECT_EQ(fateInJson(R"([{"book":1,"chapter":1,"verse":1,"text":")" + text + "\"}]"),
+                  expectedFate(omitted, element))
+            << element;
+    }
+}
+
+TEST(NothingLost, TextOfEveryClassInJsonGoesWhereItsKindSays)
+{
+    const std::vector<Omitted> omitted = {
+        {"title", " heading sectionhead title "},
+        {"note", " footnote footnotes note crossreference crossref "},
+        {"text number",
+         " chapternum versenum chapter-num verse-num chapter-number verse-number cnum vnum v-num "}};
+    for (const std::string name :
+         {"heading", "sectionhead", "title", "footnote", "footnotes", "note", "crossreference", "crossref",
+          "chapternum", "versenum", "chapter-num", "verse-num", "chapter-number", "verse-number", "cnum",
+          "vnum", "v-num", "other"})
+        for (const std::string& written :
+             {"class='" + name + "'", "id=a class='b " + name + "'", "CLASS=" + name})
+            EXPECT_EQ(fateInJson(R"([{"book":1,"chapter":1,"verse":1,"text":"a<span )" + written + ">" +
+                                 word + "</span>b\"}]"),
+                      expectedFate(omitted, name))
+                << written;
+}
+
+TEST(NothingLost, TextOfEveryKeyOfJsonGoesWhereItsKindSays)
+{
+    const std::vector<Omitted> omitted = {{"title", " heading headings subtitle "},
+                                          {"note", " note notes footnotes comments crossReferences "},
+                                          {"outside", " other audio content "},
+                                          {"metadata", " name title bookName rights abbrev ref "}};
+    for (const std::string key :
+         {"heading", "headings", "subtitle", "note", "notes", "footnotes", "comments", "crossReferences",
+          "other", "audio", "content", "name", "title", "rights", "abbrev", "ref"})
+        for (const std::string& value :
+             {'"' + word + '"', "[[\"" + word + "\"]]", "{\"a\":\"" + word + "\"}"})
+            EXPECT_EQ(fateInJson("[{\"book\":1,\"chapter\":1,\"verse\":1,\"text\":\"a\",\"" + key +
+                                 "\":" + value + "}]"),
+                      expectedFate(omitted, key))
+                << key;
 }
 
 } // namespace

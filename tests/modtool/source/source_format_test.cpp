@@ -86,7 +86,7 @@ TEST(SourceFormat, FolderWithoutUsfmIsRefused)
     ReadOptions osis;
     osis.format = SourceFormat::osis;
     EXPECT_EQ(messageOf<CBuildError>([&] { readSourceFile(path, osis); }),
-              path + ": is a folder; only USFM and plain lines are read from folders");
+              path + ": is a folder; only USFM, JSON and plain lines are read from folders");
 }
 
 TEST(SourceFormat, FilesOfAFolderMayHaveOtherExtensions)

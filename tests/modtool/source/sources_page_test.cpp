@@ -70,8 +70,9 @@ TEST(SourcesPage, NamesEveryTestOfItsSubjects)
     const std::string listing = listedTests();
     for (const char* subject :
          {"OsisReader.", "OsisVariety.", "UsfmReader.", "UsfmVariety.", "ZefaniaReader.", "ZefaniaVariety.",
-          "VerseLinesVariety.", "BebliaReader.", "OpenSongReader.", "OddBooks.", "PlainBalance.",
-          "PlainDetection.", "PlainLines.", "PlainPage.", "PlainTables.", "Letters.", "NothingLost."}) {
+          "VerseLinesVariety.", "BebliaReader.", "JsonReader.", "OpenSongReader.", "OddBooks.",
+          "PlainBalance.", "PlainDetection.", "PlainLines.", "PlainPage.", "PlainTables.", "Letters.",
+          "NothingLost."}) {
         const std::string begin = std::string("\"name\" : \"") + subject;
         for (std::size_t i = listing.find(begin); i != std::string::npos; i = listing.find(begin, i + 1)) {
             const std::size_t name = i + begin.size() - std::string(subject).size();

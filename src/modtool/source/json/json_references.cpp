@@ -1,0 +1,60 @@
+#include "json_references.h"
+
+#include "ascii.h"
+#include "module_format.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+constexpr std::size_t digitsOfChapter = 3; // and of a verse
+constexpr std::size_t longestReference = 200;
+
+/// Of digits only: a book, and three digits each for chapter and verse.
+std::optional<JsonReference> referenceOfDigits(std::string_view text)
+{
+    const std::size_t bookBytes = text.size() - 2 * digitsOfChapter;
+    const auto chapter = parseJsonNumber(text.substr(bookBytes, digitsOfChapter));
+    const auto verse = parseVerseNumber(text.substr(bookBytes + digitsOfChapter));
+    if (!chapter || !verse)
+        return std::nullopt;
+    return JsonReference{text.substr(0, bookBytes), *chapter, *verse};
+}
+
+} // namespace
+
+std::optional<unsigned int> parseJsonNumber(std::string_view text)
+{
+    unsigned int value = 0;
+    text = trimmed(text);
+    const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc() || stop != text.data() + text.size() || value > maxSourceNumber)
+        return std::nullopt;
+    return value;
+}
+
+std::optional<JsonReference> parseJsonReference(std::string_view text)
+{
+    text = trimmed(text);
+    if (text.empty() || text.size() > longestReference)
+        return std::nullopt;
+    if (std::all_of(text.begin(), text.end(), isAsciiDigit))
+        return text.size() == 7 || text.size() == 8 ? referenceOfDigits(text) : std::nullopt;
+    const std::size_t beforeVerse = text.find_last_of(":.");
+    if (beforeVerse == std::string_view::npos)
+        return std::nullopt;
+    const std::string_view head = text.substr(0, beforeVerse);
+    const std::size_t beforeChapter = head.find_last_of(" :.");
+    if (beforeChapter == std::string_view::npos || beforeChapter == 0)
+        return std::nullopt;
+    const auto chapter = parseJsonNumber(head.substr(beforeChapter + 1));
+    const auto verse = parseVerseNumber(text.substr(beforeVerse + 1));
+    if (!chapter || !verse)
+        return std::nullopt;
+    return JsonReference{trimmed(head.substr(0, beforeChapter)), *chapter, *verse};
+}
+
+} // namespace Kedrin::ModTool

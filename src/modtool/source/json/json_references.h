@@ -1,0 +1,24 @@
+#pragma once
+
+#include "verse_number.h"
+
+#include <optional>
+#include <string_view>
+
+namespace Kedrin::ModTool {
+
+/// A verse reference in a key or field.
+struct JsonReference
+{
+    std::string_view book; ///< a number or a name
+    unsigned int chapter;
+    VerseNumber verse;
+};
+
+/// Reads "Gen 1:1", "1:1:1", "GEN.1.1", "1 Cor 1:1-2", and 1001001 or 66022021.
+std::optional<JsonReference> parseJsonReference(std::string_view text);
+
+/// A number from 0 to 65534; nullopt for any other text.
+std::optional<unsigned int> parseJsonNumber(std::string_view text);
+
+} // namespace Kedrin::ModTool

@@ -1,0 +1,231 @@
+#include "json_shapes.h"
+
+#include "book_finder.h"
+#include "errors.h"
+#include "inline_markup.h"
+#include "messages.h"
+
+#include <algorithm>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+using Kind = JsonValue::Kind;
+
+constexpr const char* booksShape = translatable("JSON, books with chapters of verses");
+constexpr const char* partShape = translatable("JSON, chapters with verses");
+constexpr const char* keysShape = translatable("JSON, verses by reference");
+
+VerseNumber verseOf(unsigned int number) { return {number, number, false}; }
+
+} // namespace
+
+void CJsonShapes::fail(const JsonValue& value, const std::string& what) const
+{
+    failAtLine(m_document.fileName(), value.line, what);
+}
+
+const JsonValue* CJsonShapes::container(const JsonValue& object, Field field) const
+{
+    const JsonValue* found = m_document.find(object, field);
+    return found && found->isContainer() ? found : nullptr;
+}
+
+/// Reads `inner` and leaves out the other members of its object.
+template <typename Read>
+void CJsonShapes::readInside(const JsonValue& object, const JsonValue* inner, bool isRoot, Read&& read)
+{
+    for (const JsonValue& child : m_document.childrenOf(object))
+        if (&child == inner)
+            read();
+        else if (isRoot)
+            takeInfo(child);
+        else
+            leaveOut(child, ruleOf(child.field));
+}
+
+void CJsonShapes::readRoot(const JsonValue& root)
+{
+    if (root.kind == Kind::array)
+        return readList(root);
+    if (const JsonValue* books = container(root, Field::books))
+        return readInside(root, books, true, [&] { readRoot(*books); });
+    if (container(root, Field::chapters)) {
+        BookClues clues = cluesOfBook(m_document, root);
+        clues.file = bookOfFile(m_document.fileName());
+        return readBook(root, clues);
+    }
+    if (const JsonValue* verses = container(root, Field::verses)) {
+        if (m_document.find(root, Field::chapter))
+            return readPart(root);
+        return readInside(root, verses, true, [&] { readRoot(*verses); });
+    }
+    if (const JsonValue* rows = container(root, Field::rows))
+        return readInside(root, rows, true, [&] { readRoot(*rows); });
+    readMap(root);
+}
+
+void CJsonShapes::readList(const JsonValue& list)
+{
+    const bool isProtestant = isProtestantList(m_document, list);
+    unsigned int position = 0;
+    for (const JsonValue& item : m_document.childrenOf(list))
+        readItem(item, isProtestant ? ++position : 0);
+}
+
+void CJsonShapes::readItem(const JsonValue& item, unsigned int position)
+{
+    if (item.kind == Kind::array)
+        return readRow(item);
+    if (!item.isContainer())
+        return leaveOut(item, ReaderRule::outside);
+    if (const JsonValue* row = container(item, Field::row))
+        return readInside(item, row, false, [&] { readRow(*row); });
+    if (container(item, Field::chapters)) {
+        BookClues clues = cluesOfBook(m_document, item);
+        clues.position = position;
+        return readBook(item, clues);
+    }
+    if (container(item, Field::verses))
+        return readPart(item);
+    if (m_document.find(item, Field::text))
+        return readRecord(item);
+    fail(item, tr("unknown JSON structure: neither books with chapters nor numbered verses"));
+}
+
+void CJsonShapes::readMap(const JsonValue& map)
+{
+    for (const JsonValue& member : m_document.childrenOf(map))
+        readMember(member);
+}
+
+/// A member of an object whose keys are references, or names or numbers of books.
+void CJsonShapes::readMember(const JsonValue& member)
+{
+    if (!member.isContainer()) {
+        const auto reference = parseJsonReference(member.key);
+        if (!reference || !member.isString())
+            return takeInfo(member);
+        m_source.shapes.insert(keysShape);
+        BookClues clues;
+        (parseJsonNumber(reference->book) ? clues.number : clues.names.emplace_back()) = reference->book;
+        beginReferencedVerse(*reference, clues, member);
+        giveText(member);
+        return m_verses.endVerse();
+    }
+    bool isFlat =
+        member.kind == Kind::object && !parseJsonNumber(member.key) && bookFinder().find(member.key).empty();
+    for (const JsonValue& child : m_document.childrenOf(member))
+        isFlat = isFlat && !child.isContainer();
+    BookClues clues;
+    clues.line = member.line;
+    (parseJsonNumber(member.key) ? clues.number : clues.names.emplace_back()) = member.key;
+    if (isFlat)
+        return takeInfo(member);
+    readBook(member, clues);
+}
+
+void CJsonShapes::readBook(const JsonValue& book, BookClues clues)
+{
+    const std::string osis = bookOf(m_document, clues);
+    if (osis.empty())
+        fail(book, tr("a book without a name or number"));
+    m_source.shapes.insert(booksShape);
+    m_source.hasBooksByPosition = m_source.hasBooksByPosition || clues.isByPosition;
+    beginBook(osis, book, true);
+    const auto first = [](const auto& texts) { return texts.empty() ? "" : std::string(texts.front()); };
+    m_verses.titles() = {first(clues.names), first(clues.codes), first(clues.codes)};
+    const JsonValue* chapters = container(book, Field::chapters);
+    if (!chapters)
+        return readChapters(book);
+    readInside(book, chapters, false, [&] { readChapters(*chapters); });
+}
+
+void CJsonShapes::readChapters(const JsonValue& chapters)
+{
+    const auto children = m_document.childrenOf(chapters);
+    const bool isList = chapters.kind == Kind::array;
+    unsigned int index = isList && !children.empty() && (*children.begin()).kind == Kind::null ? 0 : 1;
+    for (const JsonValue& chapter : children) {
+        if (chapter.isContainer()) {
+            const JsonValue* own = m_document.find(chapter, Field::chapter);
+            own = own ? own : m_document.find(chapter, Field::number);
+            const bool isOwn = container(chapter, Field::verses) && own && own->isScalar();
+            if (!isList && !isOwn && !parseJsonNumber(chapter.key))
+                fail(chapter, message("%s is not a chapter number", inQuotes(chapter.key)));
+            readChapter(chapter, isOwn    ? parseJsonNumber(own->text)
+                                 : isList ? std::optional(index)
+                                          : parseJsonNumber(chapter.key));
+        } else {
+            leaveOut(chapter, ruleOf(chapter.field));
+        }
+        ++index;
+    }
+}
+
+/// @param number  nullopt if the stated one is not a number
+void CJsonShapes::readChapter(const JsonValue& chapter, const std::optional<unsigned int>& number)
+{
+    m_chapter = number.value_or(m_chapter + 1);
+    m_verses.beginChapter(m_chapter);
+    if (!number)
+        m_verses.found(ReaderRule::chapterWithoutNumber, chapter.line);
+    const JsonValue* verses = container(chapter, Field::verses);
+    if (!verses)
+        return readVerses(chapter);
+    readInside(chapter, verses, false, [&] { readVerses(*verses); });
+    m_verses.endVerse();
+}
+
+/// A chapter that states its book.
+void CJsonShapes::readPart(const JsonValue& chapter)
+{
+    BookClues clues = cluesOfPart(m_document, chapter);
+    clues.file = bookOfFile(m_document.fileName());
+    std::string osis = bookOf(m_document, clues);
+    osis = osis.empty() ? clues.file : osis;
+    if (osis.empty())
+        fail(chapter, tr("a chapter without a book"));
+    m_source.shapes.insert(partShape);
+    beginBook(osis, chapter, false);
+    const JsonValue* number = m_document.find(chapter, Field::chapter);
+    number = number ? number : m_document.find(chapter, Field::number);
+    readChapter(chapter, number ? parseJsonNumber(number->text) : std::nullopt);
+}
+
+void CJsonShapes::readVerses(const JsonValue& verses)
+{
+    const auto children = m_document.childrenOf(verses);
+    const bool isList = verses.kind == Kind::array;
+    unsigned int index = isList && !children.empty() && (*children.begin()).kind == Kind::null ? 0 : 1;
+    for (const JsonValue& verse : children) {
+        const auto number = isList ? std::optional(verseOf(index++)) : parseVerseNumber(verse.key);
+        if (!number && !verse.isContainer())
+            leaveOut(verse, ruleOf(verse.field));
+        else if (!number)
+            fail(verse, message("%s is not a verse number", inQuotes(verse.key)));
+        else if (verse.kind != Kind::null)
+            readVerse(verse, *number);
+    }
+}
+
+/// @param number  used if the verse does not state its own
+void CJsonShapes::readVerse(const JsonValue& verse, const VerseNumber& number)
+{
+    const JsonValue* own = m_document.find(verse, Field::verse);
+    own = own ? own : m_document.find(verse, Field::number);
+    const auto said = own && own->isScalar() ? parseVerseNumber(own->text) : std::optional(number);
+    const unsigned int chapter = m_chapter;
+    if (said)
+        m_verses.beginVerse(chapter, *said, verse.line);
+    else
+        m_verses.beginVerseWithoutNumber(std::max(chapter, 1u), verse.line);
+    if (verse.kind == Kind::object)
+        giveParts(verse);
+    else
+        giveText(verse);
+    m_verses.endVerse();
+}
+
+} // namespace Kedrin::ModTool

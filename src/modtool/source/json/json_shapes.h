@@ -1,0 +1,77 @@
+#pragma once
+
+#include "json_books.h"
+#include "json_references.h"
+#include "verse_collector.h"
+
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+
+namespace Kedrin::ModTool {
+
+/// What the files of one source have in common.
+struct JsonSource
+{
+    CVerseCollector verses;
+    std::map<std::string, std::string> books; ///< given as a whole: OSIS id, "file:line"
+    std::set<const char*> shapes;             ///< English, for translation
+    bool hasBooksByPosition = false;
+};
+
+/// Reads one document of any structure (doc/formats/json.md) into a source. All strings are passed to the collector
+/// in document order.
+class CJsonShapes
+{
+public:
+    /// @param source, document  outlive this object
+    CJsonShapes(JsonSource& source, const CJsonDocument& document)
+        : m_source(source),
+          m_verses(source.verses),
+          m_document(document)
+    {}
+
+    /// @throws CBuildError  as listed for CJsonReader::read()
+    void read() { readRoot(m_document.root()); }
+
+private:
+    using Kind = JsonValue::Kind;
+
+    /// The rule for a string in a book, chapter or verse that is not verse text.
+    static ReaderRule ruleOf(Field field);
+    [[noreturn]] void fail(const JsonValue& value, const std::string& what) const;
+    const JsonValue* container(const JsonValue& object, Field field) const;
+
+    void readRoot(const JsonValue& root);
+    void readList(const JsonValue& list);
+    void readItem(const JsonValue& item, unsigned int position);
+    void readMap(const JsonValue& map);
+    void readMember(const JsonValue& member);
+    void readBook(const JsonValue& book, BookClues clues);
+    void readChapters(const JsonValue& chapters);
+    void readChapter(const JsonValue& chapter, const std::optional<unsigned int>& number);
+    void readPart(const JsonValue& chapter);
+    void readVerses(const JsonValue& verses);
+    void readVerse(const JsonValue& verse, const VerseNumber& number);
+    void readRecord(const JsonValue& record);
+    void readRow(const JsonValue& row);
+
+    template <typename Read>
+    void readInside(const JsonValue& object, const JsonValue* inner, bool isRoot, Read&& read);
+
+    void beginBook(const std::string& osis, const JsonValue& value, bool isWhole);
+    void beginReferencedVerse(const JsonReference& reference, BookClues clues, const JsonValue& value);
+    void giveParts(const JsonValue& verse);
+    void giveText(const JsonValue& text);
+    void leaveOut(const JsonValue& value, ReaderRule rule);
+    void takeInfo(const JsonValue& value);
+
+    JsonSource& m_source;
+    CVerseCollector& m_verses;
+    const CJsonDocument& m_document;
+    std::string m_book;         ///< OSIS id of the current book
+    unsigned int m_chapter = 0; ///< the current one; 0: none yet
+};
+
+} // namespace Kedrin::ModTool

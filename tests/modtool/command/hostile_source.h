@@ -1,0 +1,77 @@
+#pragma once
+
+#include "built_process.h"
+
+#include <functional>
+
+#include <sys/resource.h>
+
+namespace process_test {
+
+#if defined(__SANITIZE_ADDRESS__)
+inline constexpr bool isSanitized = true;
+#else
+inline constexpr bool isSanitized = false;
+#endif
+
+/// Repetitions of a text, until they have this many bytes.
+inline std::string repeated(const std::string& text, std::size_t byteCount = 16u << 20)
+{
+    std::string all;
+    all.reserve(byteCount + text.size());
+    while (all.size() < byteCount)
+        all += text;
+    return all;
+}
+
+/// Many different things of one kind, "<a17f/>".
+inline std::string numbered(const std::string& before, const std::string& after, unsigned int count)
+{
+    std::string all;
+    for (unsigned int i = 0; i < count; ++i)
+        all += before + std::to_string(i) + after;
+    return all;
+}
+
+struct Hostile
+{
+    const char* name; ///< of the test
+    std::function<std::string()> content;
+    std::string said; ///< what follows "kedrin-module: "; "@" stands for the file; "" where it is harmless
+};
+
+inline void PrintTo(const Hostile& hostile, std::ostream* out) { *out << hostile.name; }
+
+/// The built program with a source that is made to do harm, instantiated for the formats in several files.
+class HostileSource : public BuiltProcess, public testing::WithParamInterface<Hostile>
+{
+protected:
+    /// Runs the program with a gigabyte of address space and as many seconds of processor time as it must not need.
+    static ForkedEnd runBounded(const Command& command)
+    {
+        return test_support::runForked([&]() -> int {
+            const rlimit seconds{isSanitized ? 300u : 30u, RLIM_INFINITY};
+            ::setrlimit(RLIMIT_CPU, &seconds);
+            const rlimit bytes{1u << 30, 1u << 30};
+            if (!isSanitized) // a sanitizer reserves more than any limit
+                ::setrlimit(RLIMIT_AS, &bytes);
+            become(command);
+        });
+    }
+
+    std::string said(std::string message, const std::string& file) const
+    {
+        if (message.empty())
+            return "";
+        if (const std::size_t at = message.find('@'); at != std::string::npos)
+            message.replace(at, 1, file);
+        return "kedrin-module: " + message + '\n';
+    }
+};
+
+inline std::string nameOfHostile(const testing::TestParamInfo<Hostile>& tested) { return tested.param.name; }
+
+inline const std::string longVerse = "Gen 1:1: the verse has 16777216 bytes; the limit is 65535";
+inline const std::string manyVerses = ": the module would have more than 65534 verses";
+
+} // namespace process_test
