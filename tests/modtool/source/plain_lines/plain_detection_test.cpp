@@ -40,9 +40,8 @@ TEST(PlainDetection, FoldersOfFilesWithoutUsfm)
     EXPECT_EQ(linesOf(bible), "Gen 1:1 a\nExod 1:1 b\n");
     EXPECT_EQ(bible.findings.text(),
               "read as       lines: #chapter:verse#text\n"
-              "interpreted   Gen for the book, by the name of the file 01-genesis.dat\n"
-              "interpreted   Exod for the book, by the name of the file 02-exodus.dat\n"
-              "left out      the file README, which contains no verses\n");
+              "left out      the file README, which contains no verses\n"
+              "interpreted   2 books by the names of their files, first at Gen 1:1\n");
     ReadOptions plain;
     plain.format = SourceFormat::plainLines;
     const TempFolder none;
