@@ -67,10 +67,10 @@ CBuildCommand::CBuildCommand(CLI::App& program)
     : m_command(
           addCommand(program, "build", "Build a Kedrin module from a Bible text in another format", helpText))
 {
-    m_command->add_option(
-        "SOURCE", m_source,
-        tr("sword:NAME for an installed SWORD Bible; a file of verse lines, USFM, JSON, XML (Beblia, "
-           "OpenSong, OSIS, Zefania) or plain lines; or a folder of USFM or JSON files or plain lines"));
+    m_command->add_option("SOURCE", m_source,
+                          tr("sword:NAME for an installed SWORD Bible; a file in any format of --from; or a "
+                             "folder of USFM, USX "
+                             "or JSON files or of plain lines"));
     m_command->add_option("MODULE-FOLDER", m_folder,
                           tr("The module's folder, created or replaced as a "
                              "whole"));

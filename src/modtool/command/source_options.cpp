@@ -60,6 +60,8 @@ void CSourceOptions::addReadingOptions(CLI::App& command)
                                                       {"opensong", SourceFormat::opensong},
                                                       {"osis", SourceFormat::osis},
                                                       {"usfm", SourceFormat::usfm},
+                                                      {"usfx", SourceFormat::usfx},
+                                                      {"usx", SourceFormat::usx},
                                                       {"zefania", SourceFormat::zefania},
                                                       {"plain-lines", SourceFormat::plainLines},
                                                       {"verse-lines", SourceFormat::verseLines}};
@@ -67,8 +69,8 @@ void CSourceOptions::addReadingOptions(CLI::App& command)
                                                   {"protestant", BookOrder::protestant},
                                                   {"orthodox", BookOrder::orthodox}};
     const std::map<std::string, bool> titles{{"bg", false}, {"source", true}};
-    addChoice(command, "--from", "beblia|json|opensong|osis|usfm|zefania|plain-lines|verse-lines", formats,
-              m_reading.format, tr("Format of the source, if it is detected wrongly"));
+    addChoice(command, "--from", "beblia|json|opensong|osis|usfm|usfx|usx|zefania|plain-lines|verse-lines",
+              formats, m_reading.format, tr("Format of the source, if it is detected wrongly"));
     command
         .add_option("--encoding", m_reading.encoding,
                     tr("Encoding of the source, if it does not "

@@ -16,6 +16,8 @@ enum class SourceFormat
     opensong,
     osis,
     usfm,
+    usfx,
+    usx,
     zefania,
     plainLines,
     verseLines
@@ -38,15 +40,14 @@ struct ReadOptions
 /// @throws CBuildError  "%s: is XML of an unknown format (its root element is %s)"
 SourceFormat detectFormat(std::string_view utf8, const std::string& fileName);
 
-/// Reads a file of any format, or a folder of JSON files (readJsonFolder()), of plain lines or of USFM files (*.usfm, *.sfm, *.ptx, *.scp, or
-/// else any that begin with \id; in the order of their names, or in Protestant order if not all names begin
-/// with a number). Titles missing from the source are taken from the file name.
+/// Adds to the report that this encoding was recognised; "" adds nothing.
+void sayRecognised(SourceBible& bible, const std::string& encoding);
+
+/// Reads a file of any format, or a folder (readSourceFolder()). Titles missing from the source are taken from the file
+/// name.
 /// @throws CBuildError
-///     what readText(), detectFormat() and the formats' readers throw
-///     "%s: is a folder; only USFM, JSON and plain lines are read from folders", "%s: contains no file of plain lines"
+///     what readText(), detectFormat(), readSourceFolder() and the formats' readers throw
 ///     "%s: --book is for a file of plain lines"
-///     "%s: contains no USFM file (*.usfm, *.sfm, *.ptx, *.scp)"
-///     "%s: contains more than 64 MiB"
 SourceBible readSourceFile(const std::string& path, const ReadOptions& options);
 
 } // namespace Kedrin::ModTool

@@ -71,6 +71,20 @@ protected:
 
 inline std::string nameOfHostile(const testing::TestParamInfo<Hostile>& tested) { return tested.param.name; }
 
+/// Entities that would be a billion times the first one, before this root element.
+inline std::string bomb(const std::string& root)
+{
+    std::string type = "<!DOCTYPE " + root + " [<!ENTITY a 'ha'>";
+    for (char name = 'b'; name < 'k'; ++name)
+        type += std::string("<!ENTITY ") + name + " '" +
+                repeated(std::string("&") + char(name - 1) + ';', 40) + "'>";
+    return type + "]>";
+}
+
+inline const std::string declares = "@:1: declares entities or elements of its own, which is not allowed";
+inline const std::string tooDeep = "@:1: elements are nested more than 100 deep";
+inline const std::string tooLong = "@:1: not well-formed XML: part of it is too long";
+inline const std::string tooManyNames = "@:1: not well-formed XML: it has too many names";
 inline const std::string longVerse = "Gen 1:1: the verse has 16777216 bytes; the limit is 65535";
 inline const std::string manyVerses = ": the module would have more than 65534 verses";
 

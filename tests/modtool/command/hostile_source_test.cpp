@@ -51,21 +51,6 @@ std::string usfmVerse(const std::string& number, const std::string& text)
     return usfm("\\v " + number + ' ' + text);
 }
 
-/// Entities that would be a billion times the first one, before this root element.
-std::string bomb(const std::string& root)
-{
-    std::string type = "<!DOCTYPE " + root + " [<!ENTITY a 'ha'>";
-    for (char name = 'b'; name < 'k'; ++name)
-        type += std::string("<!ENTITY ") + name + " '" +
-                repeated(std::string("&") + char(name - 1) + ';', 40) + "'>";
-    return type + "]>";
-}
-
-const std::string declares = "@:1: declares entities or elements of its own, which is not allowed";
-const std::string tooDeep = "@:1: elements are nested more than 100 deep";
-const std::string tooLong = "@:1: not well-formed XML: part of it is too long";
-const std::string tooManyNames = "@:1: not well-formed XML: it has too many names";
-
 const std::vector<Hostile> nesting{
     {"DeepNestingInOsis", [] { return osis(repeated("<a>")); }, tooDeep},
     {"DeepNestingInZefania", [] { return zefania(repeated("<a>")); }, tooDeep},

@@ -113,6 +113,32 @@ TEST_F(OddBooks, OfOpenSongAreLeftOutAndCounted)
                                         "left out      Book0: a book without verses\n");
 }
 
+TEST_F(OddBooks, OfUsxAreLeftOutAndCounted)
+{
+    std::string text = "<usx>";
+    for (const char* code : {"FRT", "GEN", "MAN", "ESG", "EST", "XXA"})
+        text += std::string("<book code='") + code + "'/><chapter number='1'/>" +
+                (code == std::string("FRT") ? "" : "<verse number='1'/>а");
+    const Result result = buildSource("a.usx", text + "</usx>");
+    ASSERT_EQ(result.code, 0) << result.err;
+    EXPECT_EQ(leftOutLines(result), "left out      FRT: front matter, without verses\n" +
+                                        lineOf("PrMan", "1 verse") + lineOf("EsthGr", "1 verse") +
+                                        lineOf("XXA", "1 verse"));
+}
+
+TEST_F(OddBooks, OfUsfxAreLeftOutAndCounted)
+{
+    std::string text = "<usfx>";
+    for (const char* code : {"FRT", "GEN", "MAN", "ESG", "EST", "XXA"})
+        text += std::string("<book id='") + code + "'><c id='1'/>" +
+                (code == std::string("FRT") ? "" : "<v id='1'/>а") + "</book>";
+    const Result result = buildSource("a.xml", text + "</usfx>");
+    ASSERT_EQ(result.code, 0) << result.err;
+    EXPECT_EQ(leftOutLines(result), "left out      FRT: front matter, without verses\n" +
+                                        lineOf("PrMan", "1 verse") + lineOf("EsthGr", "1 verse") +
+                                        lineOf("XXA", "1 verse"));
+}
+
 TEST_F(OddBooks, OfOsisAreLeftOutAndCounted)
 {
     std::string text = "<osis><osisText>";

@@ -6,6 +6,8 @@
 #include "source_format.h"
 #include "temp_folder.h"
 #include "usfm_reader.h"
+#include "usfx_reader.h"
+#include "usx_reader.h"
 #include "zefania_reader.h"
 
 #include <gtest/gtest.h>
@@ -76,6 +78,15 @@ TEST(PsalmTexts, OfBooksInXmlAreListedWithTheirPosition)
     EXPECT_EQ(readOpenSong("f", "<bible><b n='Psalms'>\n<c n='3'>A psalm.<v n='1'>a</v></c></b></bible>")
                   .findings.text(),
               expected);
+    CUsxReader usx;
+    usx.read("f",
+             "<usx><book code='PSA'/>\n<chapter number='3'/><para style='p'>A <char style='nd'>psalm</char>."
+             "</para><para style='q'><verse number='1'/>a</para></usx>");
+    EXPECT_EQ(usx.finish("f").findings.text(), expected);
+    EXPECT_EQ(
+        readUsfx("f", "<usfx><book id='PSA'>\n<c id='3'/><p>A <nd>psalm</nd>.</p><v id='1'/>a</book></usfx>")
+            .findings.text(),
+        expected);
 }
 
 TEST(PsalmTexts, AreNoneInOtherBooksBehindAVerseOrWhereTheSourceSaysWhatTheyAre)

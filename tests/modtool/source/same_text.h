@@ -54,7 +54,9 @@ inline constexpr Format allFormats[] = {{"usfm", "USFM", true, true, true},
                                         {"osis", "OSIS", true, false, false},
                                         {"json", "JSON", false, false, false},
                                         {"beblia", "Beblia XML", false, false, false},
-                                        {"opensong", "OpenSong XML", false, false, false}};
+                                        {"opensong", "OpenSong XML", false, false, false},
+{"usx", "USX", true, true, false},
+{"usfx", "USFX", true, true, false}};
 
 inline bool isOf66Books(const MarkedBible& bible)
 {
@@ -83,6 +85,10 @@ protected:
         for (const auto& [file, content] : build_test::usfmFiles(bible))
             m_folder.write("usfm-files/" + file, content);
         build(m_folder.file("usfm-files"), "usfm");
+        for (const auto& [file, content] : build_test::usxFiles(bible))
+            m_folder.write("usx-files/" + file, content);
+        build(m_folder.file("usx-files"), "usx");
+        build(m_folder.write("usfx.xml", build_test::usfxFile(bible)), "usfx");
         build(m_folder.write("zefania.xml", build_test::zefaniaFile(bible)), "zefania");
         build(m_folder.write("osis.xml", build_test::osisFile(bible)), "osis");
         build(m_folder.write("made.json", build_test::jsonFile(bible)), "json");

@@ -82,11 +82,11 @@ TEST(SourceFormat, FolderWithoutUsfmIsRefused)
     const TempFolder folder;
     const std::string path = folder.path().string();
     EXPECT_EQ(messageOf<CBuildError>([&] { readSourceFile(path, asDetected); }),
-              path + ": contains no USFM file (*.usfm, *.sfm, *.ptx, *.scp)");
+              path + ": contains no USFM or USX file (*.usfm, *.sfm, *.ptx, *.scp, *.usx)");
     ReadOptions osis;
     osis.format = SourceFormat::osis;
     EXPECT_EQ(messageOf<CBuildError>([&] { readSourceFile(path, osis); }),
-              path + ": is a folder; only USFM, JSON and plain lines are read from folders");
+              path + ": is a folder; only USFM, USX, JSON and plain lines are read from folders");
 }
 
 TEST(SourceFormat, FilesOfAFolderMayHaveOtherExtensions)

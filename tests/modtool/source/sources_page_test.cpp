@@ -70,7 +70,7 @@ TEST(SourcesPage, NamesEveryTestOfItsSubjects)
     const std::string listing = listedTests();
     for (const char* subject :
          {"OsisReader.", "OsisVariety.", "UsfmReader.", "UsfmVariety.", "ZefaniaReader.", "ZefaniaVariety.",
-          "VerseLinesVariety.", "BebliaReader.", "JsonReader.", "OpenSongReader.", "OddBooks.",
+          "VerseLinesVariety.", "BebliaReader.", "JsonReader.", "OpenSongReader.", "UsxReader.", "UsfxReader.", "OddBooks.",
           "PlainBalance.", "PlainDetection.", "PlainLines.", "PlainPage.", "PlainTables.", "Letters.",
           "NothingLost."}) {
         const std::string begin = std::string("\"name\" : \"") + subject;

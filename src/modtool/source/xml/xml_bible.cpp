@@ -37,6 +37,7 @@ std::uint64_t CXmlBible::read()
 
 void CXmlBible::beginBook(std::string_view osis)
 {
+    m_hasBook = true;
     m_unknownBook.clear();
     m_verses.beginBook(osis);
     m_verses.beginChapter();
@@ -75,7 +76,7 @@ void CXmlBible::beginVerse(const std::string& number, const std::string& last)
 
 void CXmlBible::requireBook() const
 {
-    if (!m_verses.inBook())
+    if (!m_hasBook)
         m_xml.fail(message("a verse before any %s", m_names.book));
     if (!m_unknownBook.empty())
         failAtLine(m_xml.fileName(), m_unknownLine, m_unknownBook);

@@ -77,6 +77,7 @@ private:
 
     std::string_view m_utf8;
     Names m_names;
+    bool m_hasBook = false;
     std::string m_unknownBook;             ///< complaint of the book that was begun; "" where it is known
     std::size_t m_unknownLine = 0;         ///< where it begins
     std::optional<unsigned int> m_chapter; ///< of the book; nothing before its first one

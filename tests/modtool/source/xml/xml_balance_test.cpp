@@ -10,7 +10,8 @@ namespace {
 using balance_test::CMaker;
 using balance_test::LetterBalance;
 
-/// How a format writes what random documents are made of: tags without their angle brackets, "%" for a number.
+/// How a format writes what random documents are made of: tags without their angle brackets, "%" for a number. A book that
+/// ends with '/' is an empty element, which its chapters follow.
 struct Elements
 {
     const char* root;
@@ -26,18 +27,26 @@ public:
     CBooksMaker(unsigned int seed, const Elements& elements) : CMaker(seed), m_elements(elements)
     {
         element(m_elements.root, [&] {
-            for (const char* book : m_elements.books)
-                element(book, [&] {
-                    for (unsigned int chapter = 0; chapter < 3; ++chapter)
-                        element(numbered(m_elements.chapter), [&] {
-                            for (unsigned int i = 0; i < 20; ++i)
-                                part(0);
-                        });
-                });
+            for (const std::string book : m_elements.books)
+                if (book.ends_with('/')) {
+                    mark('<' + book + '>');
+                    chapters();
+                } else {
+                    element(book, [&] { chapters(); });
+                }
         });
     }
 
 private:
+    void chapters()
+    {
+        for (unsigned int chapter = 0; chapter < 3; ++chapter)
+            element(numbered(m_elements.chapter), [&] {
+                for (unsigned int i = 0; i < 20; ++i)
+                    part(0);
+            });
+    }
+
     std::string numbered(std::string tag)
     {
         if (const std::size_t place = tag.find('%'); place != std::string::npos)
@@ -102,6 +111,78 @@ TEST_F(XmlBalance, OfRandomOpenSong)
                      "c n='%'",
                      "v n='%' t='%'",
                      {"note", "title", "br", "b", "c", "i", "any"}});
+}
+
+TEST_F(XmlBalance, OfRandomUsx)
+{
+    expectBalanceOf({"usx",
+                     {"book code='GEN'/", "book code='PSA'/", "book code='MAN'/"},
+                     "chapter number='%'",
+                     "verse number='%'",
+                     {"para style='p'",
+                      "para style='q1'",
+                      "para style='s1'",
+                      "para style='d'",
+                      "para style='mt1'",
+                      "para style='ip'",
+                      "para style='rem'",
+                      "para style='toc1'",
+                      "para style='zzz'",
+                      "para",
+                      "char style='w'",
+                      "char style='nd'",
+                      "char style='va'",
+                      "char style='zz'",
+                      "char style='fig'",
+                      "note",
+                      "figure",
+                      "sidebar",
+                      "periph",
+                      "table",
+                      "row",
+                      "cell style='tc1'",
+                      "optbreak",
+                      "ms",
+                      "ref",
+                      "verse eid='a'",
+                      "chapter eid='a'",
+                      "any"}});
+}
+
+TEST_F(XmlBalance, OfRandomUsfx)
+{
+    expectBalanceOf({"usfx",
+                     {"book id='GEN'", "book id='PSA'", "book id='MAN'"},
+                     "c id='%'",
+                     "v id='%'",
+                     {"p",
+                      "q level='1'",
+                      "s",
+                      "d",
+                      "mt",
+                      "p sfm='ip'",
+                      "rem",
+                      "h",
+                      "toc level='1'",
+                      "id",
+                      "zzz",
+                      "cs sfm='zz'",
+                      "w",
+                      "nd",
+                      "va",
+                      "fig",
+                      "f",
+                      "x",
+                      "periph",
+                      "table",
+                      "tr",
+                      "tc",
+                      "optionalLineBreak",
+                      "milestone",
+                      "ref",
+                      "ve",
+                      "c",
+                      "languageCode"}});
 }
 
 } // namespace

@@ -2,6 +2,8 @@
 
 #include "beblia_reader.h"
 #include "opensong_reader.h"
+#include "usfx_reader.h"
+#include "usx_reader.h"
 #include "word_fate.h"
 
 #include <gtest/gtest.h>
@@ -62,6 +64,42 @@ TEST(NothingLost, InNoElementOfOpenSong)
                           "</c></b></bible>"};
     expectFates(opensong, {"note", "title", "br", "c", "v", "i", "b", "any"},
                 {{"note", " note "}, {"title", " title "}});
+}
+
+SourceBible readUsx(const std::string& fileName, std::string_view utf8)
+{
+    CUsxReader reader;
+    reader.read(fileName, utf8);
+    return reader.finish(fileName);
+}
+
+TEST(NothingLost, InNoElementAndStyleOfUsx)
+{
+    const Format usx{readUsx, "<usx><book code='GEN' style='id'/><chapter number='1'/><para style='p'>",
+                     "<verse number='1' sid='a'/>", "<verse eid='a'/>", "</para></usx>"};
+    expectFates(usx, {"note", "figure", "sidebar", "periph", "ref", "ms", "optbreak", "table", "row", "any"},
+                {{"note", " note "}, {"figure", " figure "}, {"outside", " sidebar periph "}});
+    for (const std::string marker : usfmMarkers)
+        for (const std::string name : {"para", "char", "cell"}) {
+            const std::string element = elementOf(name, " style='" + marker + "'");
+            EXPECT_EQ(usx.fateOf(usx.verse + "one " + element + " two" + usx.verseEnd),
+                      expectedFate(markerFates, marker))
+                << element;
+            for (const std::string& content :
+                 {element + usx.verse + "one", usx.verse + "one" + usx.verseEnd + element,
+                  "<para style='d'>" + element + "</para>" + usx.verse + "one"})
+                EXPECT_NE(usx.fateOf(content), "lost") << content;
+        }
+}
+
+TEST(NothingLost, InNoElementOfUsfx)
+{
+    const Format usfx{readUsfx, "<usfx><book id='GEN'><c id='1'/><p>", "<v id='1'/>", "<ve/>",
+                      "</p></book></usfx>"};
+    std::vector<std::string> names(std::begin(usfmMarkers), std::end(usfmMarkers));
+    for (const char* name : {"ref", "milestone", "quoteStart", "optionalLineBreak", "table", "any"})
+        names.push_back(name);
+    expectFates(usfx, names, markerFates);
 }
 
 } // namespace

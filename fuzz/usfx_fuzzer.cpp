@@ -1,0 +1,9 @@
+#include "source_walk.h"
+#include "usfx_reader.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    fuzz::walkSource(data, size,
+                     [](const std::string& text) { return Kedrin::ModTool::readUsfx("f", text); });
+    return 0;
+}
