@@ -6,7 +6,6 @@
 #include "errors.h"
 #include "messages.h"
 #include "module_format.h"
-#include "sword_library.h"
 
 #include <unistd.h>
 
@@ -31,8 +30,10 @@ std::string folderName(std::string_view bible)
 class CAllSword
 {
 public:
-    CAllSword(const std::string& directory, std::ostream& out, std::ostream& err, IProgress& progress)
-        : m_directory(directory),
+    CAllSword(const ISwordTexts& texts, const std::string& directory, std::ostream& out, std::ostream& err,
+              IProgress& progress)
+        : m_texts(texts),
+          m_directory(directory),
           m_out(out),
           m_err(err),
           m_progress(progress)
@@ -45,7 +46,7 @@ public:
         if (error)
             failToWrite(m_directory, error.message());
         provideGlobalStructure(m_directory);
-        const std::vector<std::string> names = m_library.bibles();
+        const std::vector<std::string> names = m_texts.bibles();
         if (names.empty())
             say(tr("no SWORD Bible is installed"));
         bool good = true;
@@ -68,7 +69,7 @@ private:
         const std::string leftOut = m_directory + "/." + folderName(name) + ".left-out";
         std::string fingerprint;
         try {
-            fingerprint = toolVersion + m_library.fingerprint(name);
+            fingerprint = toolVersion + m_texts.fingerprint(name);
             if (isUpToDate(folder, fingerprint)) {
                 say(message("%s: up to date", name));
                 return true;
@@ -99,7 +100,7 @@ private:
         BuildOptions options;
         options.substitute = true;
         options.refuseUnfitText = true;
-        const SourceBible source = m_library.read(
+        const SourceBible source = m_texts.read(
             name, [&](std::size_t done, std::size_t total) { m_progress.show(name, done, total); });
         const BuildReport report = buildModule(source, folder, options, fingerprint, m_progress);
         say(message("%s: built, %s, %s: %s", name, counted(report.booksCount, "book", "books"),
@@ -122,18 +123,19 @@ private:
         return content.starts_with(fingerprint) ? content.substr(fingerprint.size()) : std::string();
     }
 
+    const ISwordTexts& m_texts;
     const std::string& m_directory;
     std::ostream& m_out;
     std::ostream& m_err;
     IProgress& m_progress;
-    CSwordLibrary m_library;
 };
 
 } // namespace
 
-bool buildAllSword(const std::string& directory, std::ostream& out, std::ostream& err, IProgress& progress)
+bool buildAllSword(const ISwordTexts& texts, const std::string& directory, std::ostream& out,
+                   std::ostream& err, IProgress& progress)
 {
-    return CAllSword(directory, out, err, progress).run();
+    return CAllSword(texts, directory, out, err, progress).run();
 }
 
 } // namespace Kedrin::ModTool

@@ -7,7 +7,6 @@
 #include "module_folder.h"
 #include "module_format.h"
 #include "prepare.h"
-#include "sword_library.h"
 #include "verify_written.h"
 
 namespace Kedrin::ModTool {
@@ -36,13 +35,14 @@ void writeFiles(CModuleFolder& folder, const ModuleData& module)
 
 } // namespace
 
-SourceBible readSource(const std::string& source, const ReadOptions& options, IProgress& progress)
+SourceBible readSource(const std::string& source, const ReadOptions& options, const ISword& sword,
+                       IProgress& progress)
 {
     if (!source.starts_with(swordPrefix))
         return readSourceFile(source, options);
-    const CSwordLibrary library;
-    const std::string name = library.resolve(source.substr(swordPrefix.size()));
-    SourceBible bible = library.read(
+    const std::unique_ptr<ISwordTexts> texts = sword.installedTexts();
+    const std::string name = texts->resolve(source.substr(swordPrefix.size()));
+    SourceBible bible = texts->read(
         name, [&](std::size_t done, std::size_t total) { progress.show(tr("reading"), done, total); });
     orderBooks(bible, options.order);
     return bible;

@@ -5,14 +5,17 @@
 #include "progress.h"
 #include "source_bible.h"
 #include "source_format.h"
+#include "sword_texts.h"
 
 #include <string>
 
 namespace Kedrin::ModTool {
 
 /// Reads a source: "sword:NAME" from the installed SWORD Bibles, anything else as a file or a folder of files.
-/// @throws CBuildError
-SourceBible readSource(const std::string& source, const ReadOptions& options, IProgress& progress);
+/// @param sword  used only for "sword:NAME"; CSword in a program that is linked with the SWORD library
+/// @throws CBuildError, CPartMissing
+SourceBible readSource(const std::string& source, const ReadOptions& options, const ISword& sword,
+                       IProgress& progress);
 
 /// Builds the module in its folder, and BibleStructure.txt beside it. If it fails, or is abandoned by what `progress`
 /// throws, the folder is unchanged.

@@ -41,7 +41,7 @@ class CAddCommand final : public ICommand
 {
 public:
     /// Adds the command and its options to the program's. The object outlives the parsing.
-    explicit CAddCommand(CLI::App& program);
+    CAddCommand(CLI::App& program, const ISword& sword);
 
     bool isChosen() const override { return m_command->parsed(); }
     int run(const CommandStreams& streams) const override;
@@ -51,6 +51,7 @@ private:
     void report(const AddedModule& added, std::ostream& out) const;
 
     CLI::App* m_command;
+    const ISword& m_sword;
     std::string m_source;
     std::string m_name;
     CSourceOptions m_options;
@@ -61,8 +62,9 @@ private:
 
 } // namespace
 
-CAddCommand::CAddCommand(CLI::App& program)
-    : m_command(addCommand(program, "add", "Add a Bible text to your own modules", helpText))
+CAddCommand::CAddCommand(CLI::App& program, const ISword& sword)
+    : m_command(addCommand(program, "add", "Add a Bible text to your own modules", helpText)),
+      m_sword(sword)
 {
     m_command->add_option("SOURCE", m_source, tr("The text, as build takes it"))->required();
     m_command->add_option("--as", m_name, tr("Name of the module (default: from the source's name)"))
@@ -84,8 +86,7 @@ int CAddCommand::run(const CommandStreams& streams) const
         return exitDone;
     } catch (const std::exception& ex) {
         progress.clear();
-        sayError(streams.err, ex.what());
-        return exitFailed;
+        return sayFailure(streams.err, ex);
     }
 }
 
@@ -97,7 +98,7 @@ AddedModule CAddCommand::add(IProgress& progress) const
     options.build = m_options.building();
     options.build.substitute = true;
     options.build.refuseUnfitText = true;
-    const SourceBible bible = readSource(m_source, m_options.reading(), progress);
+    const SourceBible bible = readSource(m_source, m_options.reading(), m_sword, progress);
     options.name = m_command->count("--as") != 0 ? m_name : defaultModuleName(m_source, bible.info);
     return addModule(bible, options, progress);
 }
@@ -113,6 +114,9 @@ void CAddCommand::report(const AddedModule& added, std::ostream& out) const
     out << added.report.text() << padded(tr(label), labelColumns) << next << '\n';
 }
 
-std::unique_ptr<ICommand> makeAddCommand(CLI::App& program) { return std::make_unique<CAddCommand>(program); }
+std::unique_ptr<ICommand> makeAddCommand(CLI::App& program, const ISword& sword)
+{
+    return std::make_unique<CAddCommand>(program, sword);
+}
 
 } // namespace Kedrin::ModTool

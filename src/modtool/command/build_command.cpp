@@ -41,7 +41,7 @@ class CBuildCommand final : public ICommand
 {
 public:
     /// Adds the command and its options to the program's. The object outlives the parsing.
-    explicit CBuildCommand(CLI::App& program);
+    CBuildCommand(CLI::App& program, const ISword& sword);
 
     bool isChosen() const override;
     std::string usageError() const override;
@@ -52,6 +52,7 @@ private:
     bool build(std::ostream& report, std::ostream& err, IProgress& progress) const;
 
     CLI::App* m_command;
+    const ISword& m_sword;
     std::string m_source;
     std::string m_folder;
     std::string m_allSwordDirectory;
@@ -63,9 +64,10 @@ private:
 
 } // namespace
 
-CBuildCommand::CBuildCommand(CLI::App& program)
-    : m_command(
-          addCommand(program, "build", "Build a Kedrin module from a Bible text in another format", helpText))
+CBuildCommand::CBuildCommand(CLI::App& program, const ISword& sword)
+    : m_command(addCommand(program, "build", "Build a Kedrin module from a Bible text in another format",
+                           helpText)),
+      m_sword(sword)
 {
     m_command->add_option("SOURCE", m_source,
                           tr("sword:NAME for an installed SWORD Bible; a file in any format of --from; or a "
@@ -104,22 +106,21 @@ int CBuildCommand::run(const CommandStreams& streams) const
         return build(m_quiet ? nowhere : streams.out, streams.err, progress) ? exitDone : exitFailed;
     } catch (const std::exception& ex) {
         progress.clear();
-        sayError(streams.err, ex.what());
-        return exitFailed;
+        return sayFailure(streams.err, ex);
     }
 }
 
 bool CBuildCommand::build(std::ostream& report, std::ostream& err, IProgress& progress) const
 {
     if (!m_allSwordDirectory.empty())
-        return buildAllSword(m_allSwordDirectory, report, err, progress);
+        return buildAllSword(*m_sword.installedTexts(), m_allSwordDirectory, report, err, progress);
     for (const std::string& fileName : {m_source, m_options.copyrightFile()})
         if (!fileName.empty())
             checkOutside(fileName, m_folder);
     BuildOptions options = m_options.building();
     options.substitute = m_substitute;
-    const BuildReport result =
-        buildModule(readSource(m_source, m_options.reading(), progress), m_folder, options, "", progress);
+    const BuildReport result = buildModule(readSource(m_source, m_options.reading(), m_sword, progress),
+                                           m_folder, options, "", progress);
     progress.clear();
     report << result.text();
     if (m_verbose)
@@ -127,9 +128,9 @@ bool CBuildCommand::build(std::ostream& report, std::ostream& err, IProgress& pr
     return true;
 }
 
-std::unique_ptr<ICommand> makeBuildCommand(CLI::App& program)
+std::unique_ptr<ICommand> makeBuildCommand(CLI::App& program, const ISword& sword)
 {
-    return std::make_unique<CBuildCommand>(program);
+    return std::make_unique<CBuildCommand>(program, sword);
 }
 
 } // namespace Kedrin::ModTool

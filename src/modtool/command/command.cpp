@@ -7,6 +7,12 @@
 
 namespace Kedrin::ModTool {
 
+int sayFailure(std::ostream& err, const std::exception& failure)
+{
+    sayError(err, failure.what());
+    return dynamic_cast<const CPartMissing*>(&failure) ? exitTrouble : exitFailed;
+}
+
 bool CQueryCommand::isChosen() const { return m_command->parsed(); }
 
 int CQueryCommand::run(const CommandStreams& streams) const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <exception>
 #include <ostream>
 #include <string>
 
@@ -34,6 +35,10 @@ public:
     /// @returns the program's exit code
     virtual int run(const CommandStreams& streams) const = 0;
 };
+
+/// Writes the message of a failed build.
+/// @returns the exit code: exitTrouble for CPartMissing, otherwise exitFailed
+int sayFailure(std::ostream& err, const std::exception& failure);
 
 /// A command that reads modules and writes what it finds to standard output. CNotFound makes the exit code
 /// exitFailed, any other exception exitTrouble.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "command.h"
+#include "sword_texts.h"
 
 #include <memory>
 
@@ -11,21 +12,20 @@ class App;
 namespace Kedrin::ModTool {
 
 // Each adds a command, its options and its help to the program's parser. The object outlives the parsing; the
-// parser outlives the object.
+// parser and `sword` outlive the object.
 
-std::unique_ptr<ICommand> makeBuildCommand(CLI::App& program);
+std::unique_ptr<ICommand> makeBuildCommand(CLI::App& program, const ISword& sword);
+std::unique_ptr<ICommand> makeAddCommand(CLI::App& program, const ISword& sword);
 std::unique_ptr<ICommand> makeCheckCommand(CLI::App& program);
 std::unique_ptr<ICommand> makeExportCommand(CLI::App& program);
 
-// These only read modules. They do not need the SWORD library, which takes longer to load than a verse takes
-// to read.
+// These only read modules, or are as short. The program that users call is linked with them alone.
 
 std::unique_ptr<ICommand> makeShowCommand(CLI::App& program);
 std::unique_ptr<ICommand> makeSearchCommand(CLI::App& program);
 std::unique_ptr<ICommand> makeInfoCommand(CLI::App& program);
 std::unique_ptr<ICommand> makeWordsCommand(CLI::App& program);
 std::unique_ptr<ICommand> makeDiffCommand(CLI::App& program);
-std::unique_ptr<ICommand> makeAddCommand(CLI::App& program);
 std::unique_ptr<ICommand> makeListCommand(CLI::App& program);
 std::unique_ptr<ICommand> makeRemoveCommand(CLI::App& program);
 

@@ -1,3 +1,4 @@
+#include "exec_sword.h"
 #include "language.h"
 #include "process_setup.h"
 #include "program.h"
@@ -6,5 +7,5 @@ int main(int argc, char* argv[])
 {
     Kedrin::ModTool::setUpProcess();
     Kedrin::ModTool::chooseLanguage();
-    return Kedrin::ModTool::runProgram(argc, argv);
+    return Kedrin::ModTool::runProgram(argc, argv, Kedrin::ModTool::CSwordProgram(argv));
 }

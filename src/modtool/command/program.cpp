@@ -11,12 +11,14 @@
 
 namespace Kedrin::ModTool {
 
-int runProgram(int argc, const char* const* argv, std::ostream& out, std::ostream& err,
+int runProgram(int argc, const char* const* argv, const ISword& sword, std::ostream& out, std::ostream& err,
                std::ostream* terminal)
 {
     CProgramParser parser;
     std::vector<std::unique_ptr<ICommand>> commands;
-    for (const auto make : {makeBuildCommand, makeAddCommand, makeCheckCommand, makeExportCommand})
+    for (const auto make : {makeBuildCommand, makeAddCommand})
+        commands.push_back(make(parser, sword));
+    for (const auto make : {makeCheckCommand, makeExportCommand})
         commands.push_back(make(parser));
     for (auto& command : makeQueryCommands(parser))
         commands.push_back(std::move(command));
@@ -28,9 +30,10 @@ int runProgram(int argc, const char* const* argv, std::ostream& out, std::ostrea
     return runCommandLine(parser, commands, argc, argv, {out, err, terminal});
 }
 
-int runProgram(int argc, const char* const* argv)
+int runProgram(int argc, const char* const* argv, const ISword& sword)
 {
-    return runProgram(argc, argv, std::cout, std::cerr, ::isatty(STDERR_FILENO) ? &std::cerr : nullptr);
+    return runProgram(argc, argv, sword, std::cout, std::cerr,
+                      ::isatty(STDERR_FILENO) ? &std::cerr : nullptr);
 }
 
 } // namespace Kedrin::ModTool

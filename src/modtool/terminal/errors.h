@@ -50,6 +50,13 @@ public:
     using CToolError::CToolError;
 };
 
+/// A part of the program that is installed apart is not installed.
+class CPartMissing : public CToolError
+{
+public:
+    using CToolError::CToolError;
+};
+
 /// What the user asks for does not exist, or cannot be understood; the message quotes it.
 class CNotFound : public CToolError
 {

@@ -2,6 +2,7 @@
 #include "exit_codes.h"
 #include "global_books.h"
 #include "program.h"
+#include "sword_library.h"
 
 #include <gtest/gtest.h>
 
@@ -32,7 +33,7 @@ Ended run(std::vector<std::string> arguments)
     for (const std::string& argument : arguments)
         argv.push_back(argument.c_str());
     std::ostringstream out, err;
-    const int exitCode = runProgram(static_cast<int>(argv.size()), argv.data(), out, err, nullptr);
+    const int exitCode = runProgram(static_cast<int>(argv.size()), argv.data(), CSword(), out, err, nullptr);
     return {exitCode, out.str(), err.str()};
 }
 

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# What is installed works where it is installed: both programs of the tool, the catalogue, the manual, the completion.
+# What is installed works where it is installed: the programs of the tool, the catalogue, the manual, the completion; and
+# without SWORD all but what reads its texts.
 #   install_test.sh BUILD-FOLDER
 set -euo pipefail
 work=$(mktemp -d)
@@ -16,3 +17,33 @@ for file in share/man/man1/kedrin-module.1 share/man/bg/man1/kedrin-module.1 sha
     bin/kedrin lib/kedrin/kedrin; do
     [ -s "$work/usr/$file" ] || { echo "$file is not installed"; exit 1; }
 done
+
+# Without the SWORD library, and the part of the tool that is linked with it.
+tool=$work/usr/bin/kedrin-module private=$work/usr/lib/kedrin
+for program in "$tool" "$private/kedrin-module-all"; do
+    if readelf -d "$program" | grep NEEDED.*sword; then echo "$program needs SWORD"; exit 1; fi
+done
+rm "$private/kedrin-module-sword"
+export LC_ALL=C.UTF-8 XDG_DATA_HOME=$work/data HOME=$work
+"$tool" build --versification Synodal "$work/a.txt" "$work/b" | grep -x "numbering     Synodal" >/dev/null
+"$tool" add "$work/a.txt" | grep "^added         a;" >/dev/null
+"$tool" check "$XDG_DATA_HOME/kedrin/modules/bibles" | grep "/a: sound" >/dev/null
+"$tool" export "$work/b" --to osis | grep "Bible.KJV" >/dev/null
+
+# refused TEXT ARGUMENTS...
+refused() {
+    local text=$1 code=0 said
+    shift
+    said=$("$tool" "$@" 2>&1) || code=$?
+    [ "$code $said" = "3 kedrin-module: $text" ] || { echo "$*: exit code $code: $said"; exit 1; }
+}
+english="the part of the program with SWORD support is not installed; apt install kedrin-module-sword installs it"
+refused "$english" add sword:KJV
+refused "$english" build sword:KJV "$work/c"
+refused "$english" build --all-sword "$work/c"
+LC_ALL=bg_BG.UTF-8 refused "частта от програмата, която работи със SWORD, не е инсталирана; apt install kedrin-module-sword я инсталира" \
+    add sword:KJV
+[ ! -e "$work/c" ]
+"$tool" add --help | grep -q SOURCE
+echo "not a program" >"$private/kedrin-module-sword"
+refused "$private/kedrin-module-sword: Permission denied" add sword:KJV

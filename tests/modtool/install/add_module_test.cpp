@@ -4,6 +4,7 @@
 #include "build.h"
 #include "build_fixture.h"
 #include "installed_modules.h"
+#include "sword_library.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -54,7 +55,7 @@ protected:
         options.name = "made";
         options.mayReplace = true;
         const std::string source = m_home.write("made.vpl", "Gen\t1\t1\t" + text + '\n');
-        return addModule(readSource(source, {}, progress), options, progress);
+        return addModule(readSource(source, {}, CSword(), progress), options, progress);
     }
 
     static constexpr unsigned int never = std::numeric_limits<unsigned int>::max();

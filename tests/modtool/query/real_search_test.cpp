@@ -4,6 +4,7 @@
 #include "build.h"
 #include "cp1251.h"
 #include "made_lines.h"
+#include "sword_library.h"
 #include "temp_folder.h"
 #include "tolvo_bible.h"
 
@@ -26,7 +27,7 @@ public:
     explicit RealText(const std::string& source)
     {
         CTerminalProgress progress(nullptr);
-        m_source = readSource(source, {}, progress);
+        m_source = readSource(source, {}, CSword(), progress);
         BuildOptions options;
         options.substitute = true;
         buildModule(m_source, m_folder.file("module"), options, "", progress);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "module_data.h"
+#include "versification_tables.h"
 
 #include <optional>
 #include <string>
@@ -9,7 +10,8 @@
 
 namespace Kedrin::ModTool {
 
-/// One of the SWORD library's versification systems, and its mapping to the global numbering.
+/// One of the SWORD library's versification systems, as it was when the program was built, and its mapping to the global
+/// numbering. The library is not needed.
 class CVersification
 {
 public:
@@ -22,7 +24,7 @@ public:
     /// The system that agrees with the books in most chapters; of equals, the first.
     static CVersification bestFor(const std::vector<ModuleBook>& books);
 
-    const std::string& name() const { return m_name; }
+    std::string name() const { return m_system->name; }
 
     /// In how many chapters the system has exactly as many verses as the books.
     unsigned int agreement(const std::vector<ModuleBook>& books) const;
@@ -33,8 +35,12 @@ public:
     std::optional<ChapterVerse> toGlobal(const ModuleBook& book, ChapterVerse position) const;
 
 private:
-    std::string m_name;
-    const void* m_system; ///< sword::VersificationMgr::System; the library keeps it until the program ends
+    explicit CVersification(const NumberedSystem& system) : m_system(&system) {}
+
+    /// Null for a book that the system lacks.
+    const NumberedBook* findBook(unsigned int globalID) const;
+
+    const NumberedSystem* m_system; ///< constant data
 };
 
 /// The verses of a module that have a position in the global numbering.

@@ -1,0 +1,11 @@
+#include "language.h"
+#include "process_setup.h"
+#include "program.h"
+#include "sword_library.h"
+
+int main(int argc, char* argv[])
+{
+    Kedrin::ModTool::setUpProcess();
+    Kedrin::ModTool::chooseLanguage();
+    return Kedrin::ModTool::runProgram(argc, argv, Kedrin::ModTool::CSword());
+}
