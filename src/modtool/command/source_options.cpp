@@ -56,6 +56,7 @@ void CSourceOptions::addTo(CLI::App& command)
 void CSourceOptions::addReadingOptions(CLI::App& command)
 {
     const std::map<std::string, SourceFormat> formats{{"beblia", SourceFormat::beblia},
+                                                      {"ces", SourceFormat::ces},
                                                       {"json", SourceFormat::json},
                                                       {"opensong", SourceFormat::opensong},
                                                       {"osis", SourceFormat::osis},
@@ -69,8 +70,9 @@ void CSourceOptions::addReadingOptions(CLI::App& command)
                                                   {"protestant", BookOrder::protestant},
                                                   {"orthodox", BookOrder::orthodox}};
     const std::map<std::string, bool> titles{{"bg", false}, {"source", true}};
-    addChoice(command, "--from", "beblia|json|opensong|osis|usfm|usfx|usx|zefania|plain-lines|verse-lines",
-              formats, m_reading.format, tr("Format of the source, if it is detected wrongly"));
+    addChoice(command, "--from",
+              "beblia|ces|json|opensong|osis|usfm|usfx|usx|zefania|plain-lines|verse-lines", formats,
+              m_reading.format, tr("Format of the source, if it is detected wrongly"));
     command
         .add_option("--encoding", m_reading.encoding,
                     tr("Encoding of the source, if it does not "

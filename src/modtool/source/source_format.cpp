@@ -2,6 +2,7 @@
 
 #include "ascii.h"
 #include "beblia_reader.h"
+#include "ces_reader.h"
 #include "element_search.h"
 #include "errors.h"
 #include "json_document.h"
@@ -76,6 +77,8 @@ SourceBible readContent(const std::string& fileName, std::string content, const 
     switch (formatOf(content, fileName, options)) {
     case SourceFormat::beblia:
         return readBeblia(fileName, content);
+    case SourceFormat::ces:
+        return readCes(fileName, content);
     case SourceFormat::opensong:
         return readOpenSong(fileName, content);
     case SourceFormat::plainLines:
@@ -128,6 +131,8 @@ SourceFormat detectFormat(std::string_view utf8, const std::string& fileName)
         return !beginsAsVerseLines(content) && isPlainLines(content, fileName) ? SourceFormat::plainLines
                                                                                : SourceFormat::verseLines;
     const std::string root = lower(rootElement(content));
+    if (root == "cesdoc")
+        return SourceFormat::ces;
     if (root == "osis")
         return SourceFormat::osis;
     if (root == "xmlbible")

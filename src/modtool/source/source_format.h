@@ -12,6 +12,7 @@ enum class SourceFormat
 {
     detected, ///< by the content
     beblia,
+    ces,
     json,
     opensong,
     osis,

@@ -45,6 +45,14 @@ std::string openSongVerse(const std::string& number, const std::string& text)
 {
     return openSong("<v n=\"" + number + "\">" + text + "</v>");
 }
+std::string ces(const std::string& content)
+{
+    return "<cesDoc><div id='b.GEN' type='book'>" + content + "</div></cesDoc>";
+}
+std::string cesVerse(const std::string& number, const std::string& text)
+{
+    return ces("<div id='b.GEN.1' type='chapter'><seg id='b.GEN.1." + number + "'>" + text + "</seg></div>");
+}
 std::string usfm(const std::string& content) { return "\\id GEN\n\\c 1\n" + content; }
 std::string usfmVerse(const std::string& number, const std::string& text)
 {
@@ -56,6 +64,7 @@ const std::vector<Hostile> nesting{
     {"DeepNestingInZefania", [] { return zefania(repeated("<a>")); }, tooDeep},
     {"DeepNestingInBeblia", [] { return beblia(repeated("<a>")); }, tooDeep},
     {"DeepNestingInOpenSong", [] { return openSong(repeated("<a>")); }, tooDeep},
+    {"DeepNestingInCes", [] { return ces(repeated("<div>")); }, tooDeep},
     {"DeepNestingInUsfm", [] { return usfmVerse("1", "a" + repeated("\\add ")); }, ""},
 };
 
@@ -73,6 +82,7 @@ const std::vector<Hostile> entities{
     {"EntityBombInZefania", [] { return bomb("XMLBIBLE") + zefaniaVerse("1", "&j;"); }, declares},
     {"EntityBombInBeblia", [] { return bomb("bible") + bebliaVerse("1", "&j;"); }, declares},
     {"EntityBombInOpenSong", [] { return bomb("bible") + openSongVerse("1", "&j;"); }, declares},
+    {"EntityBombInCes", [] { return bomb("cesDoc") + cesVerse("1", "&j;"); }, declares},
     {"EntityBombInUsfm", [] { return usfmVerse("1", bomb("a") + "&j;"); }, ""},
 };
 
@@ -82,6 +92,7 @@ const std::vector<Hostile> numbers{
     {"NumberOfFourBillionInZefania", [] { return zefaniaVerse("4294967297", "a"); }, ""},
     {"NumberOfFourBillionInBeblia", [] { return bebliaVerse("4294967297", "a"); }, ""},
     {"NumberOfFourBillionInOpenSong", [] { return openSongVerse("4294967297", "a"); }, ""},
+    {"NumberOfFourBillionInCes", [] { return cesVerse("4294967297", "a"); }, ""},
     {"NumberOfFourBillionInUsfm", [] { return usfmVerse("4294967297", "a"); }, ""},
     {"LastNumberInOsis", [] { return osisVerse("Gen.65534.65534", "a"); }, "Gen 65534:2" + manyVerses},
     {"RangesToTheLastNumberInOsis",
@@ -108,6 +119,8 @@ const std::vector<Hostile> lengths{
      "Gen 1:1: the verse has 25165823 bytes; the limit is 65535"},
     {"EndlessVerseInBeblia", [] { return bebliaVerse("1", repeated("a")); }, tooLong},
     {"EndlessVerseInOpenSong", [] { return openSongVerse("1", repeated("a")); }, tooLong},
+    {"EndlessVerseInCes", [] { return cesVerse("1", repeated("a")); }, tooLong},
+    {"EmptyVersesInCes", [] { return ces(repeated("<seg id='v.1'/>")); }, "the source contains no text"},
     {"EndlessVerseInUsfm", [] { return usfmVerse("1", repeated("a")); }, longVerse},
     {"EmptyVersesInOsis", [] { return osis(repeated("<verse osisID=\"Gen.1.1\"/>")); },
      "the source contains no text"},
@@ -163,6 +176,8 @@ const std::vector<Hostile> paths{
      [] { return "<bible><b n=\"../../x\"><c n=\"1\"><v n=\"1\">a</v></c></b></bible>"; },
      "@:1: \"../../x\" is not a known book name: write an English or Bulgarian one in n, such "
      "as Genesis"},
+    {"PathAsBookInCes", [] { return "<cesDoc><div type='book' id='b.../../x'><seg/></div></cesDoc>"; },
+     "@:1: \"/x\" is not a book code: write one in id, such as GEN"},
     {"PathAsBookInUsfm", [] { return "\\id ../../x\n\\c 1\n\\v 1 a"; },
      "@:1: \"../../x\" is not a book code: write one after \\id, such as GEN"},
 };

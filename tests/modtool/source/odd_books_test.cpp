@@ -113,6 +113,18 @@ TEST_F(OddBooks, OfOpenSongAreLeftOutAndCounted)
                                         "left out      Book0: a book without verses\n");
 }
 
+TEST_F(OddBooks, OfCesAreLeftOutAndCounted)
+{
+    std::string text = "<cesDoc>";
+    for (const std::string code : {"GEN", "MAN", "ESG", "EST", "XXA"})
+        text += "<div type='book' id='b." + code + "'><div type='chapter' id='b." + code + ".1'><seg id='b." +
+                code + ".1.1'>а</seg></div></div>";
+    const Result result = buildSource("a.xml", text + "</cesDoc>");
+    ASSERT_EQ(result.code, 0) << result.err;
+    EXPECT_EQ(leftOutLines(result),
+              lineOf("PrMan", "1 verse") + lineOf("EsthGr", "1 verse") + lineOf("XXA", "1 verse"));
+}
+
 TEST_F(OddBooks, OfUsxAreLeftOutAndCounted)
 {
     std::string text = "<usx>";

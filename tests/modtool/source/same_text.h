@@ -55,8 +55,9 @@ inline constexpr Format allFormats[] = {{"usfm", "USFM", true, true, true},
                                         {"json", "JSON", false, false, false},
                                         {"beblia", "Beblia XML", false, false, false},
                                         {"opensong", "OpenSong XML", false, false, false},
-{"usx", "USX", true, true, false},
-{"usfx", "USFX", true, true, false}};
+                                        {"ces", "CES XML", false, false, false},
+                                        {"usx", "USX", true, true, false},
+                                        {"usfx", "USFX", true, true, false}};
 
 inline bool isOf66Books(const MarkedBible& bible)
 {
@@ -92,6 +93,7 @@ protected:
         build(m_folder.write("zefania.xml", build_test::zefaniaFile(bible)), "zefania");
         build(m_folder.write("osis.xml", build_test::osisFile(bible)), "osis");
         build(m_folder.write("made.json", build_test::jsonFile(bible)), "json");
+        build(m_folder.write("ces.xml", build_test::cesFile(bible)), "ces");
         build(m_folder.write("opensong", build_test::openSongFile(bible)), "opensong");
         if (isOf66Books(bible))
             build(m_folder.write("beblia.xml", build_test::bebliaFile(bible)), "beblia");

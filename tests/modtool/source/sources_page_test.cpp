@@ -69,9 +69,10 @@ TEST(SourcesPage, NamesEveryTestOfItsSubjects)
     const std::string page = build_test::bytesOf(KEDRIN_FORMATS_FOLDER "/source-tests.md");
     const std::string listing = listedTests();
     for (const char* subject :
-         {"OsisReader.", "OsisVariety.", "UsfmReader.", "UsfmVariety.", "ZefaniaReader.", "ZefaniaVariety.",
-          "VerseLinesVariety.", "BebliaReader.", "JsonReader.", "OpenSongReader.", "UsxReader.", "UsfxReader.", "OddBooks.",
-          "PlainBalance.", "PlainDetection.", "PlainLines.", "PlainPage.", "PlainTables.", "Letters.",
+         {"OsisReader.",     "OsisVariety.",       "UsfmReader.",   "UsfmVariety.", "ZefaniaReader.",
+          "ZefaniaVariety.", "VerseLinesVariety.", "BebliaReader.", "CesReader.",   "JsonReader.",
+          "OpenSongReader.", "UsxReader.",         "UsfxReader.",   "OddBooks.",    "PlainBalance.",
+          "PlainDetection.", "PlainLines.",        "PlainPage.",    "PlainTables.", "Letters.",
           "NothingLost."}) {
         const std::string begin = std::string("\"name\" : \"") + subject;
         for (std::size_t i = listing.find(begin); i != std::string::npos; i = listing.find(begin, i + 1)) {

@@ -113,6 +113,16 @@ TEST_F(XmlBalance, OfRandomOpenSong)
                      {"note", "title", "br", "b", "c", "i", "any"}});
 }
 
+TEST_F(XmlBalance, OfRandomCes)
+{
+    expectBalanceOf(
+        {"cesDoc",
+         {"div type='book' id='b.GEN'", "div type='book' id='b.PSA'", "div type='book' id='b.MAN'"},
+         "div type='chapter' id='b.GEN.%'",
+         "seg type='verse' id='b.GEN.1.%'",
+         {"note", "head", "lb", "p", "l", "seg", "div", "cesHeader", "any"}});
+}
+
 TEST_F(XmlBalance, OfRandomUsx)
 {
     expectBalanceOf({"usx",

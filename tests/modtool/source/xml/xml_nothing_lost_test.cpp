@@ -1,6 +1,7 @@
 // Whatever element of a format a word stands in: it is in a verse, or the report has a line for it.
 
 #include "beblia_reader.h"
+#include "ces_reader.h"
 #include "opensong_reader.h"
 #include "usfx_reader.h"
 #include "usx_reader.h"
@@ -56,6 +57,14 @@ TEST(NothingLost, InNoElementOfBeblia)
                         "<verse number='1'>", "</verse>", "</chapter></book></testament></bible>"};
     expectFates(beblia, {"note", "title", "br", "testament", "chapter", "verse", "i", "b", "any"},
                 {{"note", " note "}, {"title", " title "}, {"outside", " chapter "}});
+}
+
+TEST(NothingLost, InNoElementOfCes)
+{
+    const Format ces{readCes, "<cesDoc><text><div id='b.GEN' type='book'><div id='b.GEN.1' type='chapter'>",
+                     "<seg id='b.GEN.1.1' type='verse'>", "</seg>", "</div></div></text></cesDoc>"};
+    expectFates(ces, {"note", "head", "lb", "br", "p", "l", "seg", "w", "any", "div", "cesHeader"},
+                {{"note", " note "}, {"title", " head "}, {"outside", " div "}, {"metadata", " cesHeader "}});
 }
 
 TEST(NothingLost, InNoElementOfOpenSong)
