@@ -46,7 +46,7 @@ FILE* Log::getFileHandle()
     return whenToOpen == onlyOnce ? fileHandle : std::fopen(fileName.c_str(), "a+");
 }
 
-/// A handle to write to, to be given back with releaseFileHandle(); null when this write is to be dropped.
+/// A handle to write to, returned with releaseFileHandle(); null when this write is to be dropped.
 FILE* Log::openForWriting()
 {
     if (disabled || !checkLevel())
@@ -128,7 +128,7 @@ void Log::dumpHex(const char* bytes, std::size_t size, FILE* f) const
     std::fputc('\n', f); // after a partial line its end, after full lines an empty line
 }
 
-/// Up to a line's bytes in hex, blanks for the missing ones, and the bytes as characters.
+/// Up to a line's bytes in hex, spaces for the missing ones, and the bytes as characters.
 void Log::dumpHexLine(const char* bytes, std::size_t byteCount, FILE* f) const
 {
     const auto lineBytes = static_cast<std::size_t>(n);
@@ -167,7 +167,7 @@ void Log::logTime(const char* scopeName, double seconds, const char* executionKi
 
 void Log::logMemory(const char* scopeName, double size, const char* executionKind)
 {
-    if (std::strcmp(executionKind, "COUNT") == 0) // executions are counted in the same words as for times
+    if (std::strcmp(executionKind, "COUNT") == 0) // the output for executions is the same as for times
         printf("Scope {%s} executions COUNT: %.0lf\n", scopeName, size);
     else
         printf("Scope {%s} %s memory usage: %.3lf K\n", scopeName, executionKind, size / 1024);

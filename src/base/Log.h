@@ -5,18 +5,19 @@
 #include <cstdio>
 #include <string>
 
-/// A diagnostic log: formatted text, single characters and memory dumps, appended to one file. A write happens when
-/// the log is enabled and the current level passes the filter; otherwise it is dropped without a word. A file that
-/// cannot be opened makes the log bad for good and drops the write; with `eachTime` the next write tries again, and
-/// may succeed. Nothing throws, and nothing is reported but through operator bool. An object serves one thread.
+/// A diagnostic log: formatted text, single characters and memory dumps, appended to one file. A write
+/// happens when the log is enabled and the current level passes the filter; otherwise it is silently dropped.
+/// If the file cannot be opened, the log is permanently bad and the write is dropped; with `eachTime` the
+/// next write tries again, and may succeed. Nothing throws; errors are reported only through operator bool.
+/// Not thread-safe.
 class Log : public ILog, public ITimeLogWriter, public IMemoryLogWriter
 {
 public:
-    /// Disabled and without a file: enabled later, it has nowhere to write.
+    /// Disabled and without a file: if enabled later, it still writes nothing.
     Log();
-    /// @param fname   path of the file, copied; null disables the log whatever `mode` says
-    /// @param mode    a log that is made disabled opens nothing and forgets fname
-    /// @param append  keep what the file holds; otherwise it is emptied here and now
+    /// @param fname   path of the file, copied; null disables the log regardless of `mode`
+    /// @param mode    a log constructed disabled opens no file and ignores fname
+    /// @param append  keep the content of the file; otherwise it is truncated by the constructor
     /// @param level   highest level written; 0 writes every level
     Log(const char* fname, EnableMode mode, bool append, OpenFileMode ofm, int level);
     Log(const Log&) = delete;
@@ -28,11 +29,11 @@ public:
     /// `size` bytes, by the bits of `what`: first as text (its title between two LFs, the bytes without CR, LF), then
     /// in hex (its title between two LFs, lines of 16 bytes with a column of characters, LF).
     void dump(void* data, std::size_t size, int what, const char* txtTitle, const char* hexTitle) override;
-    /// Sets the level of all messages from now on. log.level(2).printf("...")
+    /// Sets the level of all following messages. log.level(2).printf("...")
     ILog& level(int l) override;
     /// False once a file could not be opened; never true again.
     operator bool() override;
-    /// Switches writing; opens and closes nothing.
+    /// Enables or disables writing; opens and closes no file.
     void setEnable(EnableMode mode) override;
     virtual int getLevel();
     virtual bool isDisabled();
@@ -64,5 +65,5 @@ private:
     int n = 16;                 ///< bytes in a line of a dump
 };
 
-/// The program's log. Disabled: it opens no file and writes nothing.
+/// The program's log. It is disabled: it opens no file and writes nothing.
 extern Log g_log;

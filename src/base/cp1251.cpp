@@ -26,7 +26,7 @@ const std::array<char16_t, 128> cp1251HighHalf = {
 namespace {
 
 constexpr char16_t unassigned = 0xFFFD;
-constexpr char16_t firstCyrillic = 0x0410; // А..я stand in one run, bytes 0xC0..0xFF
+constexpr char16_t firstCyrillic = 0x0410; // А..я are consecutive, bytes 0xC0..0xFF
 constexpr char16_t lastCyrillic = 0x044F;
 
 } // namespace

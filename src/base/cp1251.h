@@ -7,11 +7,11 @@
 
 namespace ut {
 
-/// Unicode code points of the bytes 0x80..0xFF in Windows-1251. Byte 0x98 is unassigned and stands for U+FFFD.
+/// Unicode code points of the bytes 0x80..0xFF in Windows-1251. Byte 0x98 is unassigned and maps to U+FFFD.
 /// The bytes below 0x80 are ASCII.
 extern const std::array<char16_t, 128> cp1251HighHalf;
 
-/// The Windows-1251 byte of a code point, or nothing when it has none (U+0098 and U+FFFD among them).
+/// The Windows-1251 byte of a code point; nothing if it has none (for example U+0098 and U+FFFD).
 std::optional<char> to_cp1251(char32_t codePoint);
 
 /// The code point of a byte; U+FFFD for 0x98.

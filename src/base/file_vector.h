@@ -15,13 +15,13 @@
 
 namespace ut {
 
-/// A file of fixed-size little-endian records as a read-only array (doc/formats/record-file.md): no header, record
-/// i in the bytes i * sizeof(T) and on. Used with `unsigned int` and `unsigned short`. The file stays open and
-/// is not loaded: an access costs one read. One object serves one thread: an access overwrites the record that
-/// the one before it returned.
+/// A file of fixed-size little-endian records as a read-only array (doc/formats/record-file.md): no header,
+/// record i at byte offset i * sizeof(T). Used with `unsigned int` and `unsigned short`. The file stays open
+/// and is not loaded: an access costs one read. Not thread-safe: an access overwrites the record that the
+/// previous one returned.
 ///
-/// A read that meets the end of the file inside a record leaves the object failed for good: every later access
-/// throws the same "IO error", after its bounds test.
+/// A read that reaches the end of the file inside a record puts the object into a permanent failed state:
+/// every later access throws the same "IO error", after its bounds check.
 template <typename T>
 class CFileVector
 {
@@ -41,20 +41,20 @@ public:
     CFileVector(const CFileVector&) = delete;
     CFileVector& operator=(const CFileVector&) = delete;
 
-    /// The same open file with no failed read behind it.
+    /// The same open file without the failed state.
     CFileVector afresh() const { return CFileVector(m_fin, m_size); }
 
     /// Number of whole records; a partial record at the end is not counted.
     std::size_t size() const { return m_size / sizeof(T); }
 
-    /// Record `recordIndex`, from 0; valid until the next access to this object.
-    /// The byte offset is computed in 32 bits and compared with the length in bytes, so a partial last record
-    /// passes the bounds test and then fails to be read.
+    /// Record `recordIndex`, from 0; valid until the next access to this object. The byte offset is computed
+    /// in 32 bits and compared with the length in bytes, so a partial last record passes the bounds check,
+    /// and then reading it fails.
     /// @throws std::out_of_range       "CFileVector::operator [](): recordIndex out of range"
     /// @throws std::ios_base::failure  "CFileVector::operator [](): IO error"
     const T& operator[](unsigned int recordIndex) { return atOffset(offsetOf(recordIndex)); }
 
-    /// The record that begins at a byte offset; checks and exceptions as for operator[].
+    /// The record at a byte offset; checks and exceptions as for operator[].
     const T& atOffset(unsigned int byteOffset)
     {
         read(byteOffset, 1, &m_bufferedRecord);
@@ -62,9 +62,9 @@ public:
     }
 
     /// Reads records recordIndex, recordIndex + 1, ... into `records`, up to `recordCount` of them, with one
-    /// read: as many as an access one by one would give before it meets the end of the file.
+    /// read: as many as single accesses would return before the end of the file.
     /// @returns how many were read, at least 1 unless `recordCount` is 0
-    /// @throws as operator[](recordIndex), when not even the first can be read
+    /// @throws as operator[](recordIndex), if not even the first can be read
     std::size_t readRun(unsigned int recordIndex, std::size_t recordCount, T* records)
     {
         return recordCount == 0 ? 0 : read(offsetOf(recordIndex), recordCount, records);

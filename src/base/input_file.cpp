@@ -31,7 +31,7 @@ bool readsAsEmpty(int descriptor)
 
 CInputFile::CInputFile(const char* fileName) noexcept
 {
-    constexpr int withoutWaiting = O_NONBLOCK | O_NOCTTY; // of a pipe or a terminal
+    constexpr int withoutWaiting = O_NONBLOCK | O_NOCTTY; // for a pipe or a terminal
     const int descriptor = ::open(fileName, O_RDONLY | O_CLOEXEC | withoutWaiting);
     if (descriptor < 0)
         return;

@@ -5,13 +5,13 @@
 
 namespace ut {
 
-/// Writes one line on standard error that names the operation and the message, then calls std::terminate().
+/// Writes one line to standard error with the operation and the message, then calls std::terminate().
 [[noreturn]] void end_program(const char* operation, const char* message) noexcept;
 
 /// Runs `body` and returns its result. Exceptions of the types `Allowed` (and types derived from them) pass;
-/// any other ends the program through end_program(). This is how an operation with a fixed exception list
-/// keeps it: callers write handlers for the list and nothing else can reach them.
-/// @param operation  the operation's name, as its messages begin, for example "CBible::toLocal()"
+/// any other ends the program through end_program(). This enforces the documented exception list of an
+/// operation: callers handle the types of the list and nothing else can reach them.
+/// @param operation  name of the operation, the prefix of its messages, for example "CBible::toLocal()"
 template <typename... Allowed, typename Body>
 decltype(auto) lets_out(const char* operation, Body&& body)
 {

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-/// What a log can do. Objects are never deleted through it.
+/// The interface of a log. Objects are never deleted through it.
 class ILog
 {
 public:
@@ -19,7 +19,7 @@ public:
     enum OpenFileMode
     {
         eachTime = 0, ///< open and close the file for every write
-        onlyOnce = 1  ///< open once, keep it open; output waits in the stream's buffer
+        onlyOnce = 1  ///< open once, keep it open; output is buffered by the stream
     };
 
     [[gnu::format(printf, 2, 3)]] virtual void printf(const char* format, ...) = 0;
@@ -33,11 +33,11 @@ protected:
     ~ILog() = default;
 };
 
-/// Where the times of scopes are written.
+/// Receives the execution times of scopes.
 class ITimeLogWriter
 {
 public:
-    /// @param seconds        microseconds, whatever its name says; the number of executions when executionKind is
+    /// @param seconds        microseconds, despite its name; the number of executions if executionKind is
     ///                       "COUNT"
     virtual void logTime(const char* scopeName, double seconds, const char* executionKind) = 0;
     /// The same as logTime().
@@ -50,11 +50,11 @@ protected:
     ~ITimeLogWriter() = default;
 };
 
-/// Where the memory figures of scopes are written.
+/// Receives the memory use of scopes.
 class IMemoryLogWriter
 {
 public:
-    /// @param size  bytes; the number of executions when executionKind is "COUNT"
+    /// @param size  bytes; the number of executions if executionKind is "COUNT"
     virtual void logMemory(const char* scopeName, double size, const char* executionKind) = 0;
     /// The same as logMemory().
     void logValue(const char* scopeName, double value, const char* executionKind)

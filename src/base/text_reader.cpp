@@ -40,7 +40,7 @@ std::optional<Number> CNumberReader::next()
     std::string_view digits = m_rest;
     if (digits.starts_with('+')) {
         digits.remove_prefix(1);
-        if (digits.starts_with('-')) // from_chars would read the second sign
+        if (digits.starts_with('-')) // from_chars would accept a second sign
             digits = {};
     }
     Number number = 0;

@@ -7,23 +7,23 @@
 
 namespace ut {
 
-/// Reads the lines of a text one after another, with the rules of a stream that reads into a fixed line buffer,
-/// which the module formats are defined by: the end of the text, or a line longer than the buffer, puts the
-/// reader into a lasting failed state. The text must outlive the reader.
+/// Reads the lines of a text in order, by the rules of a stream that reads into a fixed line buffer, as the
+/// module formats require: the end of the text, or a line longer than the buffer, puts the reader into a
+/// permanent failed state. The text must outlive the reader.
 class CLineReader
 {
 public:
     static constexpr std::size_t anyLength = std::string_view::npos;
 
-    /// @param maxLength  most bytes a line may hold, its CR included and its LF not
+    /// @param maxLength  maximum length of a line in bytes, including its CR but not its LF
     explicit CLineReader(std::string_view text, std::size_t maxLength = anyLength)
         : m_rest(text),
           m_maxLength(maxLength)
     {}
 
-    /// Moves to the next line. A text that ends in LF has no further, empty line after it.
+    /// Moves to the next line. A text that ends in LF has no empty line after it.
     /// @returns false when the reader has failed: then line() is empty, or the first `maxLength` bytes of the
-    ///          over-long line that made it fail
+    ///          over-long line that caused the failure
     bool next();
 
     /// The current line up to its first zero byte, without its line ending.
@@ -38,19 +38,20 @@ private:
     bool m_failed = false;
 };
 
-/// Reads decimal numbers separated by white space (blank, tab, LF, VT, FF, CR). A number may carry a sign; it
-/// ends at the first character that is no digit. The first token that is no number, or does not fit its type,
-/// puts the reader into a lasting failed state. The text must outlive the reader.
+/// Reads decimal numbers separated by white space (space, tab, LF, VT, FF, CR). A number may have a sign; it
+/// ends at the first character that is not a digit. The first token that is not a number, or does not fit its
+/// type, puts the reader into a permanent failed state. The text must outlive the reader.
 class CNumberReader
 {
 public:
     explicit CNumberReader(std::string_view text) : m_rest(text) {}
 
-    /// The next number, or nothing. A minus sign is refused.
+    /// The next number, or nothing. A minus sign is an error.
     std::optional<std::uint32_t> nextUnsigned();
     std::optional<std::int32_t> nextSigned();
 
-    /// What has not been read yet. Its length bounds how many numbers can follow: each takes a byte at least.
+    /// The rest of the text. Its length bounds the count of numbers that can follow: each takes at least one
+    /// byte.
     std::string_view rest() const { return m_rest; }
 
 private:

@@ -58,7 +58,7 @@ int cyr_stricmp(const char* s1, const char* s2)
         ++s1;
         ++s2;
     }
-    return cyr_chricmp(*s1, *s2); // the terminating zero folds below every other byte
+    return cyr_chricmp(*s1, *s2); // the terminating zero sorts before every other byte
 }
 
 const char* cyr_stristr(const char* haystack, const char* needle)
@@ -70,7 +70,7 @@ const char* cyr_stristr(const char* haystack, const char* needle)
         if (needle[i] == '\0')
             return haystack;
         if (haystack[i] == '\0')
-            return nullptr; // no later start can match: the rest is shorter still
+            return nullptr; // no later position can match: the rest is shorter still
     }
 }
 

@@ -7,9 +7,9 @@
 ///     std::unique_ptr<const Kedrin::Tolvo::CBible> bible(modules.loadBible(0));
 ///     std::string verse = (*bible)[Kedrin::Tolvo::CRef(0, 0, 0, false)];   // Windows-1251
 ///
-/// Books, chapters, verses and verse numbers count from 0. Every text is Windows-1251; file names and the paths
-/// in messages are native bytes. An object serves one thread. Each operation names the exceptions it lets out;
-/// an exception of another type at such a boundary ends the program.
+/// Books, chapters, verses and verse numbers count from 0. Every text is Windows-1251; file names and the
+/// paths in messages are native bytes. No class is thread-safe. Each operation documents the exceptions it
+/// throws; an exception of another type ends the program.
 
 #include "file_vector.h"
 #include "tolvo_bible/bible.h"

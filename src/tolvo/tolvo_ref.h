@@ -5,8 +5,8 @@
 
 namespace Kedrin::Tolvo {
 
-/// A source of book titles, in Windows-1251. Which numbering `bookID` is in is the implementer's to say: CTitles
-/// answers in a module's own numbers, CBible in the common ones. Objects are never deleted through it.
+/// A source of book titles, in Windows-1251. The implementation defines the numbering of `bookID`: CTitles
+/// takes a module's own numbers, CBible the global ones. Objects are never deleted through it.
 class ITitles
 {
 public:
@@ -18,19 +18,19 @@ protected:
     ~ITitles() = default;
 };
 
-/// One verse: book, chapter and verse, each an index from 0, and the numbering that the three are meant in.
-/// Global numbers are common to all modules; local ones are a module's own.
+/// One verse: book, chapter and verse, each an index from 0, and the numbering that they belong to. Global
+/// numbers are common to all modules; local ones are a module's own.
 ///
-/// Order and equality look at the numbers only, never at the type. Nothing throws unless it says so.
+/// Comparisons use only the numbers, never the type. Functions do not throw unless documented.
 class CRef
 {
 public:
     enum RefType
     {
-        refUnknown = 0, ///< nobody has said which numbering is meant
+        refUnknown = 0, ///< the numbering is not known
         refGlobal = 1,
         refLocal = 2,
-        refNull = 3 ///< no reference at all: the numbers mean nothing
+        refNull = 3 ///< not a reference: the numbers have no meaning
     };
 
     CRef() = default;
@@ -46,7 +46,7 @@ public:
           m_verse(verse),
           m_refType(global ? refGlobal : refLocal)
     {}
-    /// The numbers of `other`, declared to be global or local whatever its type was.
+    /// The numbers of `other`, as a global or local reference regardless of its type.
     CRef(const CRef& other, bool global) noexcept
         : CRef(other.m_bookID, other.m_chapter, other.m_verse, global)
     {}
@@ -59,8 +59,8 @@ public:
     bool isLocal() const noexcept { return m_refType == refLocal; }
     bool isNull() const noexcept { return m_refType == refNull; }
 
-    /// The same book and chapter with verse index 1, of unknown type. The literal 1 looks like a slip, as verses
-    /// count from 0; together with operator== it decides which chapters CDiff shifts, so it stays.
+    /// The same book and chapter with verse index 1, of unknown type. The literal 1 looks like a mistake, as
+    /// verses count from 0; but together with operator== it decides which chapters CDiff shifts.
     CRef chaptersBeginning() const noexcept { return CRef(m_bookID, m_chapter, 1); }
 
     /// Chapter 0, verse 0 of the same book, of unknown type.
@@ -77,14 +77,14 @@ public:
     }
 
     /// Compares this verse with the other's chapter, not with its verse; CDiff's lookup relies on it. So a
-    /// reference need not equal itself, and a == b does not give b == a.
+    /// reference need not equal itself, and a == b does not imply b == a.
     bool operator==(const CRef& other) const noexcept
     {
         return m_bookID == other.bookID() && m_chapter == other.chapter() && m_verse == other.chapter();
     }
 
-    /// The book's abbreviation, a blank, chapter, ":", verse, both counted from 1: "Бит 1:3".
-    /// @param titles  a source whose book numbers are this reference's; the type is not looked at
+    /// The book's abbreviation, a space, chapter, ":", verse, both counted from 1: "Бит 1:3".
+    /// @param titles  a source with the same numbering as this reference; the type is not checked
     /// @throws std::out_of_range  the source has no such book; anything else ends the program
     std::string toString(const ITitles* titles) const;
 

@@ -46,7 +46,7 @@ CBible::~CBible()
     delete m_diff;
     delete m_structure;
     delete m_titles;
-    // m_info is left to the end of the process
+    // m_info is deliberately never deleted
 }
 
 void CBible::Validate(const std::string& bibleFolder)
@@ -54,7 +54,7 @@ void CBible::Validate(const std::string& bibleFolder)
     ut::lets_out<std::runtime_error>("CBible::Validate()", [&] {
         CBible proof;
         proof.openParts(bibleFolder, Words::openOnly);
-        const std::unique_ptr<const CBibleInfo> info(proof.m_info); // which the destructor leaves
+        const std::unique_ptr<const CBibleInfo> info(proof.m_info); // not deleted by the destructor
         try {
             proof.proveParts(bibleFolder);
         } catch (const std::exception& ex) {
@@ -130,9 +130,9 @@ std::vector<std::string> CBible::chapterVerses(unsigned int bookID, unsigned int
         const unsigned int verseCount = m_structure->versesCount(bookID, chapter);
         if (verseCount == 0)
             return verses;
-        CVerseCursor run(*m_text, m_structure->toNum(CRef(bookID, chapter, 0)), verseCount);
-        while (run.next())
-            verses.emplace_back(run.text());
+        CVerseCursor cursor(*m_text, m_structure->toNum(CRef(bookID, chapter, 0)), verseCount);
+        while (cursor.next())
+            verses.emplace_back(cursor.text());
         return verses;
     });
 }

@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::size_t maxLineBytes = 255;
 
-/// The next line; the fallback when an earlier line has already failed. A line that fails now counts as read.
+/// The next line; the fallback if an earlier line has already failed. A line that fails now is still used.
 std::string lineOr(const std::string& fallback, ut::CLineReader& lines)
 {
     if (lines.failed())

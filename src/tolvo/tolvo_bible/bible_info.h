@@ -4,14 +4,14 @@
 
 namespace Kedrin::Tolvo {
 
-/// What a module says of itself (doc/formats/info.md): three titles and a copyright text, in Windows-1251. A
-/// missing file is no error. Nothing throws but std::bad_alloc.
+/// The information record of a module (doc/formats/info.md): three titles and a copyright text, in
+/// Windows-1251. A missing file is not an error. Throws only std::bad_alloc.
 class CBibleInfo
 {
 public:
-    /// Reads the file; without one, or one that cannot be read, every title is `defaults`, the module folder's
-    /// name. After a line of more than 255 bytes, whose first 255 are taken for a title, the titles that follow
-    /// repeat the one before.
+    /// Reads the file; if it is missing or cannot be read, every title is `defaults`, the name of the module
+    /// folder. If a line is longer than 255 bytes, its first 255 bytes are the title and the following titles
+    /// repeat it.
     CBibleInfo(const char* filePath, const char* defaults);
 
     std::string copyright() const { return m_copyright; } ///< its lines, each ended by '\n'

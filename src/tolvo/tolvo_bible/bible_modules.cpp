@@ -21,7 +21,7 @@ CBibleModules::CBibleModules(const std::string& modulesFolder) : m_modulesDir(mo
     ut::lets_out<std::runtime_error>("CBibleModules::CBibleModules()", [&] {
         if (m_modulesDir.ends_with('/'))
             m_modulesDir.pop_back();
-        for (const std::string& name : sub_folders(modulesFolder)) // "/" without its slash names no folder
+        for (const std::string& name : sub_folders(modulesFolder)) // "/" without its slash is not a folder
             m_bibleDirs.push_back(m_modulesDir + "/" + name);
     });
 }

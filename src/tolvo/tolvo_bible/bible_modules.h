@@ -11,13 +11,14 @@ class CBible;
 class CBibleInfo;
 class CBibleStructure;
 
-/// The translations installed under one modules directory (doc/formats/module-folder.md): every sub-folder whose
-/// name does not begin with "." is a module, and its index is its place in the order of names without regard to
-/// case. The list is made once; no module file is opened for it.
+/// The translations installed under one modules directory (doc/formats/module-folder.md): every sub-folder
+/// whose name does not begin with "." is a module, and its index is its position in the list sorted by name,
+/// ignoring case. The list is made once; no module file is opened for it.
 class CBibleModules
 {
 public:
-    /// @param modulesFolder  native path; one trailing '/' is dropped. A folder that does not exist holds no module.
+    /// @param modulesFolder  native path; one trailing '/' is dropped. A folder that does not exist has no
+    ///                       modules.
     /// @throws std::runtime_error only
     explicit CBibleModules(const std::string& modulesFolder);
     virtual ~CBibleModules();
@@ -26,26 +27,28 @@ public:
 
     unsigned int count() const { return static_cast<unsigned int>(m_bibleDirs.size()); }
 
-    /// The module's information record, read at the first call and kept; owned by the catalogue.
-    /// @throws std::out_of_range  "CBibleModules::info(): index out of range"; else only std::ios_base::failure
+    /// The module's information record, read on the first call and cached; owned by the catalogue.
+    /// @throws std::out_of_range  "CBibleModules::info(): index out of range"; else only
+    ///                            std::ios_base::failure
     const CBibleInfo* info(unsigned int bibleIndex) const;
 
     /// A translation, loaded anew at each call; the caller owns it, and it outlives the catalogue.
-    /// @throws std::out_of_range  "CBibleModules::loadBible(): index out of range"; else only std::ios_base::failure.
-    ///     A module that fails to load throws neither, so it ends the program: call ValidateBible() first where a
-    ///     module may be damaged.
+    /// @throws std::out_of_range  "CBibleModules::loadBible(): index out of range"; else only
+    ///                            std::ios_base::failure.
+    ///     A module that fails to load throws neither, so it ends the program: call ValidateBible() first
+    ///     where a module may be damaged.
     const CBible* loadBible(unsigned int bibleIndex) const;
 
-    /// Proves that loadBible() will succeed and that the translation can be read from its beginning on. Leaves no open
-    /// file and no memory behind.
+    /// Checks that loadBible() will succeed and that the first chapter of the translation can be read. Leaves
+    /// no file open and no memory allocated.
     /// @throws std::out_of_range   "CBibleModules::loadBible(): index out of range"
-    /// @throws std::runtime_error  what loading the module throws, text included, and besides what CBible::Validate
-    ///                             refuses
+    /// @throws std::runtime_error  the exceptions of loading the module, with their texts, and the additional
+    ///                             ones of CBible::Validate
     void ValidateBible(unsigned int bibleIndex) const;
 
-    /// The common numbering: BibleStructure.txt of the modules directory, 77 books; read at the first call that
-    /// succeeds and kept; owned by the catalogue.
-    /// @throws std::ios_base::failure  what CBibleStructure throws; the next call tries again
+    /// The global numbering: BibleStructure.txt of the modules directory, 77 books; read by the first call
+    /// that succeeds and cached; owned by the catalogue.
+    /// @throws std::ios_base::failure  as CBibleStructure; the next call tries again
     const CBibleStructure* globalStructure() const;
 
 private:

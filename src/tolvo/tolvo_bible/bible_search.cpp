@@ -14,8 +14,8 @@ namespace Kedrin::Tolvo {
 
 namespace {
 
-/// Global references of verse numbers. Verses of one chapter follow each other in both numberings, so only the
-/// first one asked for in a chapter is looked up; the later ones are counted on from it.
+/// Global references of verse numbers. Verses of one chapter follow each other in both numberings, so only
+/// the first verse requested in a chapter is looked up; the later ones are derived from it.
 class CRefWalk
 {
 public:
@@ -49,7 +49,7 @@ private:
     const CBibleStructure& m_structure;
     CRef m_first;
     unsigned int m_firstNum = 0;
-    unsigned int m_count = 0; ///< verses from m_firstNum on that are in the same chapter
+    unsigned int m_count = 0; ///< count of verses, starting at m_firstNum, in the same chapter
 };
 
 } // namespace
@@ -103,10 +103,10 @@ void CBible::searchPart(CBibleText& text, const std::string& part, bool caseSens
     const CTextScan scan(part, caseSensitive ? CTextScan::Case::exact : CTextScan::Case::ignored);
     CScanAhead needle(scan, !caseSensitive);
     CRefWalk refs(*this, *m_structure);
-    CVerseCursor run(text, 0, m_structure->totalVersesCount());
-    while (run.next())
-        if (needle.isIn(run.text(), run.blockEnd(), run.blockNum()))
-            searchResult.push_back(refs.globalRefOf(run.verseNum()));
+    CVerseCursor cursor(text, 0, m_structure->totalVersesCount());
+    while (cursor.next())
+        if (needle.isIn(cursor.text(), cursor.blockEnd(), cursor.blockNum()))
+            searchResult.push_back(refs.globalRefOf(cursor.verseNum()));
 }
 
 } // namespace Kedrin::Tolvo

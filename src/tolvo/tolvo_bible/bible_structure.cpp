@@ -14,8 +14,8 @@ namespace Kedrin::Tolvo {
 
 namespace {
 
-/// Position of the entry that holds `num` in an ascending table of start numbers: the first entry equal to it,
-/// otherwise the last one below it. 0 for an empty table.
+/// Position of the entry whose range contains `num` in an ascending table of start numbers: the first entry
+/// equal to it, otherwise the last one below it. 0 for an empty table.
 std::size_t entryOf(const std::vector<unsigned int>& starts, unsigned int num)
 {
     const auto found = std::lower_bound(starts.begin(), starts.end(), num);
@@ -24,13 +24,13 @@ std::size_t entryOf(const std::vector<unsigned int>& starts, unsigned int num)
     return exact || position == 0 ? position : position - 1;
 }
 
-/// A count sizes memory only when the file can hold as many numbers.
+/// Memory is allocated for a count only if the file is long enough for that many numbers.
 bool canFollow(unsigned int count, const ut::CNumberReader& numbers)
 {
     return count <= numbers.rest().size();
 }
 
-/// @returns false when the rest of the file is no whole book
+/// @returns false if the rest of the file is not a complete book
 bool readBook(ut::CNumberReader& numbers, std::vector<unsigned int>& chapters)
 {
     const auto chaptersCount = numbers.nextUnsigned();

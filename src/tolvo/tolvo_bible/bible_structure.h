@@ -6,20 +6,21 @@
 
 namespace Kedrin::Tolvo {
 
-/// How many chapters each book has and how many verses each chapter (doc/formats/bible-structure.md), and with
-/// that the consecutive number of every verse. Serves a module's own numbering and the common one alike: no
-/// operation looks at the type of a reference. Books, chapters, verses and verse numbers count from 0.
+/// How many chapters each book has and how many verses each chapter has (doc/formats/bible-structure.md), and
+/// so the consecutive number of every verse. Used both for a module's own numbering and for the global one:
+/// no operation looks at the type of a reference. Books, chapters, verses and verse numbers count from 0.
 ///
-/// The messages say "CBibleSructure", and ValidateChapter says "ValidateChapterID": callers know these texts.
+/// The messages say "CBibleSructure", and ValidateChapter says "ValidateChapterID": callers rely on these
+/// texts.
 class CBibleStructure
 {
 public:
-    /// Reads exactly `booksCount` books; what follows them is ignored (CBibleModules::ValidateBible refuses a whole
-    /// further book).
+    /// Reads exactly `booksCount` books; what follows them is ignored (CBibleModules::ValidateBible refuses a
+    /// further complete book).
     /// @throws std::ios_base::failure
     ///     "CBibleSructure::CBibleSructure(): error opening file %s"; "...: file %s is longer than 64 MiB"
-    ///     "CBibleSructure::CBibleSructure(): error reading file %s": fewer numbers than the books need, a token
-    ///     that is no unsigned number, or more verses than 32 bits count
+    ///     "CBibleSructure::CBibleSructure(): error reading file %s": fewer numbers than the books need, a
+    ///     token that is not an unsigned number, or more verses than fit into 32 bits
     CBibleStructure(const char* fileName, unsigned int booksCount);
     CBibleStructure(const CBibleStructure&) = delete;
     CBibleStructure& operator=(const CBibleStructure&) = delete;
@@ -35,9 +36,9 @@ public:
     /// @throws std::out_of_range  as ValidateRef
     unsigned int toNum(const CRef& ref) const;
 
-    /// The reference of a verse number, of unknown type. Two binary searches. Where several books or chapters
-    /// begin at `num`, because all but the last of them are empty, it names the first of them, a place that
-    /// ValidateRef rejects; where the number lies beyond them, the last.
+    /// The reference of a verse number, of unknown type. Two binary searches. If several books or chapters
+    /// begin at `num`, because all but the last of them are empty, the result is in the first of them, which
+    /// ValidateRef rejects; if the number is beyond them, in the last.
     /// @throws std::out_of_range  as ValidateNum
     CRef toRef(unsigned int num) const;
 
@@ -52,8 +53,8 @@ public:
     /// @throws std::out_of_range  "CBibleSructure::ValidateNum(): verse number out of range"
     void ValidateNum(unsigned int num) const;
 
-    /// Fills the start tables and the total from the verse counts; the constructor has done so already.
-    /// @throws std::out_of_range  the verses are too many for 32 bits
+    /// Fills the start tables and the total from the verse counts; already called by the constructor.
+    /// @throws std::out_of_range  there are more verses than fit into 32 bits
     void CalcStartNums();
 
 private:
@@ -65,7 +66,7 @@ private:
     unsigned int m_totalVerseCount = 0;
     std::vector<std::vector<unsigned int>> m_startVerseNums; ///< [book][chapter]: number of its first verse
     std::vector<unsigned int> m_bookStartVerseNums;          ///< [book]: number of its first verse
-    bool m_furtherBook = false;                              ///< the file goes on with a whole book
+    bool m_furtherBook = false;                              ///< the file continues with a complete book
 };
 
 } // namespace Kedrin::Tolvo

@@ -37,9 +37,9 @@ CBibleText::CBibleText(const char* textFileName, const char* pointFileName)
 
 std::string CBibleText::operator[](int localVerseNum)
 {
-    CVerseCursor run(*this, static_cast<unsigned int>(localVerseNum), 1);
-    run.next();
-    return std::string(run.text());
+    CVerseCursor cursor(*this, static_cast<unsigned int>(localVerseNum), 1);
+    cursor.next();
+    return std::string(cursor.text());
 }
 
 CVerseCursor::CVerseCursor(CBibleText& text, unsigned int firstVerseNum, unsigned int verseCount,
@@ -60,7 +60,7 @@ bool CVerseCursor::next()
     return true;
 }
 
-/// next(), when something has to be read first.
+/// next() if something has to be read first.
 bool CVerseCursor::fetchNext()
 {
     return ut::lets_out<std::out_of_range, std::ios_base::failure>("CBibleText::operator []()", [&] {
@@ -81,20 +81,20 @@ bool CVerseCursor::fetchNext()
     });
 }
 
-/// Where the verse's record begins. Fetches the offsets of the verses after it too, and one more, which tells
-/// where the last record ends.
+/// Start of the verse's record. Also reads the offsets of the following verses, and one more, which is the
+/// end of the last record.
 unsigned int CVerseCursor::offsetOf(unsigned int verseNum)
 {
     if (m_offsets.empty() || verseNum - m_firstOffset >= m_offsets.size()) {
         std::vector<unsigned int> offsets(std::min<std::size_t>(std::size_t(m_left) + 1, maxOffsetsAtOnce));
         offsets.resize(m_text.m_compactPoint->readRun(verseNum, offsets.size(), offsets.data()));
-        m_offsets = std::move(offsets); // a failed read leaves what was known
+        m_offsets = std::move(offsets); // unchanged if the read fails
         m_firstOffset = verseNum;
     }
     return m_offsets[verseNum - m_firstOffset];
 }
 
-/// Where the record of a verse ends if the next verse's follows it at once; 0 when that is not known.
+/// End of a verse's record if the next verse's record follows it directly; 0 if not known.
 std::uint64_t CVerseCursor::endOf(unsigned int verseNum) const
 {
     const std::size_t place = verseNum - m_firstOffset;
@@ -104,7 +104,7 @@ std::uint64_t CVerseCursor::endOf(unsigned int verseNum) const
     return lastOfAll ? m_text.m_textStream.size() : 0;
 }
 
-/// Whether the block holds the record at `offset` whole; if so, m_verse is its text.
+/// Whether the block contains the complete record at `offset`; if so, m_verse is its text.
 bool CVerseCursor::holdsRecord(std::uint64_t offset)
 {
     if (offset < m_blockOffset || offset - m_blockOffset + lengthBytes > m_blockCount)
@@ -117,7 +117,7 @@ bool CVerseCursor::holdsRecord(std::uint64_t offset)
     return true;
 }
 
-/// Loads the record of a verse and those after it that follow one another, up to a block's size.
+/// Loads the record of a verse and the contiguous records after it, up to the block size.
 void CVerseCursor::loadFollowing(unsigned int verseNum, std::uint64_t offset)
 {
     std::uint64_t end = offset;

@@ -11,11 +11,11 @@
 
 namespace Kedrin::Tolvo {
 
-/// Verse texts of one module: CompactText.bin, found through CompactPoint.bin (doc/formats/compact-text.md). Both
-/// files stay open; one object serves one thread. Nothing is cached between calls.
+/// Verse texts of one module: CompactText.bin, found through CompactPoint.bin (doc/formats/compact-text.md).
+/// Both files stay open; not thread-safe. Nothing is cached between calls.
 ///
-/// A read that comes up short leaves the object failed for good: every later read throws the same I/O error,
-/// after the bounds test of CompactPoint.bin.
+/// An incomplete read puts the object into a permanent failed state: every later read throws the same I/O
+/// error, after the bounds check of CompactPoint.bin.
 class CBibleText
 {
 public:
@@ -27,11 +27,12 @@ public:
     CBibleText(const CBibleText&) = delete;
     CBibleText& operator=(const CBibleText&) = delete;
 
-    /// The verse as stored: 0 to 65535 bytes of Windows-1251; zero bytes are kept. Two reads where the record of
-    /// the next verse follows.
-    /// @param localVerseNum  place of the verse in the module, from 0; a negative number is out of range
+    /// The verse as stored: 0 to 65535 bytes of Windows-1251; zero bytes are kept. Two reads if the next
+    /// verse's record follows it.
+    /// @param localVerseNum  verse number in the module, from 0; a negative number is out of range
     /// @throws std::out_of_range       "CFileVector::operator [](): recordIndex out of range"
-    /// @throws std::ios_base::failure  "CFileVector::operator [](): IO error": CompactPoint.bin ends inside a record
+    /// @throws std::ios_base::failure  "CFileVector::operator [](): IO error": CompactPoint.bin ends inside
+    ///                                 a record
     ///                                 "CBibleText::operator [](): I/O error": CompactText.bin does
     std::string operator[](int localVerseNum);
 
@@ -39,7 +40,7 @@ private:
     friend class CBible;
     friend class CVerseCursor;
 
-    /// The same open files with no failed read behind them.
+    /// The same open files without the failed state.
     CBibleText afresh() const { return CBibleText(*m_compactPoint, m_textStream); }
     CBibleText(const ut::CFileVector<unsigned int>& compactPoint, const ut::CInputFile& textStream)
         : m_compactPoint(new ut::CFileVector<unsigned int>(compactPoint.afresh())),
@@ -48,24 +49,24 @@ private:
 
     std::unique_ptr<ut::CFileVector<unsigned int>> m_compactPoint; ///< first: it is opened first
     ut::CInputFile m_textStream;
-    bool m_failed = false; ///< a read of the text file came up short
+    bool m_failed = false; ///< a read of the text file was incomplete
 };
 
-/// Verses of a CBibleText in ascending order of their numbers, for a chapter or a scan. Records that follow each
-/// other in the text file come with one read, and nothing else is read: a chapter costs two system calls.
-/// Records that lie scattered or overlap are read one at a time.
+/// Verses of a CBibleText in ascending order of their numbers, for a chapter or a scan. Records that follow
+/// each other in the text file are read with one read, and nothing else is read: a chapter costs two system
+/// calls. Scattered or overlapping records are read one at a time.
 ///
-///     CVerseCursor run(text, firstVerseNum, verseCount);
-///     while (run.next())
-///         use(run.verseNum(), run.text());
+///     CVerseCursor cursor(text, firstVerseNum, verseCount);
+///     while (cursor.next())
+///         use(cursor.verseNum(), cursor.text());
 ///
-/// The text must outlive the run.
+/// The text must outlive the cursor.
 class CVerseCursor
 {
 public:
     static constexpr std::size_t defaultBlockBytes = 256u << 10;
 
-    /// @param blockBytes  most bytes to read at once; a single longer record is read all the same
+    /// @param blockBytes  maximum bytes per read; a single longer record is still read with one read
     CVerseCursor(CBibleText& text, unsigned int firstVerseNum, unsigned int verseCount,
                  std::size_t blockBytes = defaultBlockBytes);
 
@@ -76,10 +77,9 @@ public:
     unsigned int verseNum() const { return m_verseNum; }
     std::string_view text() const { return m_verse; } ///< valid until next()
 
-    /// Where the bytes end that were read together with text() and follow it: those of the verses after it, when
-    /// they came with the same read.
+    /// End of the bytes that were read together with text(), which include the texts of the following verses.
     const char* blockEnd() const { return m_block.data() + m_blockCount; }
-    /// Counts the reads. While it stays the same, text() comes out of the same bytes at the same addresses.
+    /// Counts the reads. While it is unchanged, text() points into the same bytes at the same addresses.
     unsigned int blockNum() const { return m_blockNum; }
 
 private:
@@ -100,7 +100,7 @@ private:
 
     std::vector<unsigned int> m_offsets; ///< of the verses m_firstOffset, m_firstOffset + 1, ...
     unsigned int m_firstOffset = 0;
-    std::vector<char> m_block; ///< its first m_blockCount bytes are the file's from m_blockOffset on
+    std::vector<char> m_block; ///< its first m_blockCount bytes are the bytes of the file at m_blockOffset
     std::uint64_t m_blockOffset = 0;
     std::size_t m_blockCount = 0;
     unsigned int m_blockNum = 0;

@@ -6,8 +6,8 @@
 
 namespace Kedrin::Tolvo {
 
-/// For each word of a module's word list, the verses that hold it (doc/formats/concordance.md). Both files stay
-/// open and on disk; a lookup reads one entry.
+/// For each word of a module's word list, the verses that contain it (doc/formats/concordance.md). Both files
+/// stay open and are not loaded; a lookup reads one entry.
 class CConc
 {
 public:
@@ -18,24 +18,24 @@ public:
     CConc& operator=(const CConc&) = delete;
 
     /// Replaces `verseList` with the word's local verse numbers, as the entry stores them: neither sorted nor
-    /// freed of repetitions. A stored 0 gives 4294967295. A few reads for the whole entry.
+    /// deduplicated. A stored 0 gives 4294967295. A few reads for the whole entry.
     /// @throws std::out_of_range
-    ///     "CConc::getVersesFor(): wordIndex out of range": `verseList` is not touched
-    ///     "CFileVector::operator [](): recordIndex out of range": the entry runs past the file; `verseList` keeps
-    ///     the verses before that. A file that ends inside a record ends the program.
+    ///     "CConc::getVersesFor(): wordIndex out of range": `verseList` is unchanged
+    ///     "CFileVector::operator [](): recordIndex out of range": the entry extends past the end of the
+    ///     file; `verseList` has the verses before it. A file that ends inside a record ends the program.
     void getVersesFor(unsigned int wordIndex, std::vector<unsigned int>& verseList);
 
 private:
     friend class CBible;
 
-    /// The same open files with no failed read behind them.
+    /// The same open files without the failed state.
     CConc afresh() const { return CConc(m_conc, m_concPoint); }
     CConc(const ut::CFileVector<unsigned short>& conc, const ut::CFileVector<unsigned int>& concPoint)
         : m_conc(conc.afresh()),
           m_concPoint(concPoint.afresh())
     {}
 
-    /// getVersesFor() that lets a file which ends inside a record out as std::ios_base::failure.
+    /// getVersesFor() that throws std::ios_base::failure for a file that ends inside a record.
     void readVersesFor(unsigned int wordIndex, std::vector<unsigned int>& verseList);
 
     ut::CFileVector<unsigned short> m_conc;

@@ -23,7 +23,7 @@ CDiff::CDiff(const char* fileName)
             const CRefDelta toModule(static_cast<int>(0u - static_cast<unsigned int>(*chapterDelta)),
                                      static_cast<int>(0u - static_cast<unsigned int>(*verseDelta)));
             const CRef place(*book - 1, *chapter - 1, *verse - 1);
-            m_localToGlobal.emplace(place, toCommon); // of equal keys the first record stays
+            m_localToGlobal.emplace(place, toCommon); // of equal keys the first record is kept
             m_globalToLocal.emplace(place + toCommon, toModule);
         }
     });

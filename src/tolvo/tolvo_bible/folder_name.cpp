@@ -12,7 +12,7 @@ namespace Kedrin::Tolvo {
 
 namespace {
 
-/// UTF-8; each byte that is none as Windows-1251.
+/// UTF-8; each byte that is not valid UTF-8 is decoded as Windows-1251.
 QString decoded(const std::string& native)
 {
     auto text = QString::fromUtf8(native.c_str());
@@ -38,13 +38,13 @@ QString decoded(const std::string& native)
 
 std::string folder_name(const std::string& folderPath)
 {
-    const QString path = QDir::cleanPath(QString::fromLatin1(folderPath.c_str())); // a character a byte
+    const QString path = QDir::cleanPath(QString::fromLatin1(folderPath.c_str())); // one character per byte
     return ut::to_cp1251(decoded(QDir(path).dirName().toLatin1().toStdString()).toStdU16String());
 }
 
 std::vector<std::string> sub_folders(const std::string& folderPath)
 {
-    std::vector<std::pair<QString, std::string>> folders; // without regard to case, and as it is
+    std::vector<std::pair<QString, std::string>> folders; // case-folded name, and the name itself
     std::error_code error;
     for (std::filesystem::directory_iterator it(folderPath, error), end; !error && it != end;
          it.increment(error)) {

@@ -22,9 +22,9 @@ bool isLetter(char byte)
     return ut::cyr_chrupcase(small) == static_cast<char>(small & ~caseBit);
 }
 
-// A block compares as many neighbouring bytes with one byte at a time as the machine allows. Its mask has one
-// group of `bitsPerByte` bits for each byte of the block, the first in the lowest bits, and they are not all zero
-// where the bytes are equal.
+// A block compares as many adjacent bytes with one byte as the processor can at a time. Its mask has one
+// group of `bitsPerByte` bits for each byte of the block, the first in the lowest bits; a group is non-zero
+// if the bytes are equal.
 #if defined(__SSE2__) && !defined(KEDRIN_PORTABLE_SCAN)
 
 class Block
@@ -67,7 +67,7 @@ public:
         Mask text;
         std::memcpy(&text, place, sizeof text);
         const Mask differing = (text | m_caseBits) ^ m_bytes;
-        return ~(((differing & lowBits) + lowBits) | differing | lowBits); // 0x80 where a byte is zero
+        return ~(((differing & lowBits) + lowBits) | differing | lowBits); // 0x80 if a byte is zero
     }
     static Mask both(Mask a, Mask b) { return a & b; }
     static Mask either(Mask a, Mask b) { return a | b; }
@@ -82,11 +82,11 @@ private:
 
 #endif
 
-/// Compares the first and the last byte of a needle with the bytes at many places.
+/// Compares the first and the last byte of a needle with the bytes at many positions.
 class Probe
 {
 public:
-    static constexpr std::ptrdiff_t blockCount = 4; ///< told by one test
+    static constexpr std::ptrdiff_t blockCount = 4; ///< blocks per test
     static constexpr std::ptrdiff_t reach = blockCount * Block::byteCount;
 
     Probe(const Block& first, const Block& last, std::ptrdiff_t distance)
@@ -95,13 +95,13 @@ public:
           m_distance(distance)
     {}
 
-    /// The places of one block, from `place` on, where both bytes agree.
+    /// The positions of one block, starting at `place`, where both bytes match.
     auto candidates(const char* place) const
     {
         return Block::both(m_first.equal(place), m_last.equal(place + m_distance));
     }
 
-    /// Whether any of the `reach` places from `place` on is a candidate.
+    /// Whether any of the `reach` positions starting at `place` is a candidate.
     bool hasCandidate(const char* place) const
     {
         constexpr std::ptrdiff_t size = Block::byteCount;
@@ -175,7 +175,7 @@ bool CScanAhead::isIn(std::string_view text, const char* bufferEnd, unsigned int
     const bool sameBuffer = m_from != nullptr && bufferNum == m_bufferNum;
     const char* hit = nullptr;
     if (sameBuffer && begin < m_from) {
-        hit = m_scan.find(begin, end); // out of order: what is known stays
+        hit = m_scan.find(begin, end); // out of order: keep what is known
     } else {
         if (!sameBuffer || begin > m_hit) {
             m_hit = m_scan.find(begin, bufferEnd);

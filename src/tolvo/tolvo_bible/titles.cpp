@@ -11,7 +11,7 @@ namespace Kedrin::Tolvo {
 
 namespace {
 
-constexpr std::size_t fewBooks = 256; // so many take little memory even if the file holds none of them
+constexpr std::size_t fewBooks = 256; // so many take little memory even if none of them is in the file
 constexpr unsigned int noGlobalBookID = 0xFFFFFFFF;
 
 } // namespace
@@ -27,7 +27,7 @@ void CTitles::read(const char* fileName)
     readTitles(readNumbers(content));
 }
 
-/// @returns what follows the last number that could be read
+/// @returns the text after the last number that could be read
 std::string_view CTitles::readNumbers(std::string_view content)
 {
     ut::CNumberReader numbers(content);
@@ -42,7 +42,7 @@ std::string_view CTitles::readNumbers(std::string_view content)
             break;
         }
         m_globalBookIDs[book] = static_cast<unsigned int>(*globalBookID);
-        m_globalsToLocalsMap.emplace(m_globalBookIDs[book], book); // of equal numbers the first book stays
+        m_globalsToLocalsMap.emplace(m_globalBookIDs[book], book); // of equal numbers the first book is kept
         rest = numbers.rest();
     }
     return rest;

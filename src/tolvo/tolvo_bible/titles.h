@@ -9,15 +9,16 @@
 
 namespace Kedrin::Tolvo {
 
-/// The books of one module, in its own order: three titles each, and the book's number in the common numbering
-/// (doc/formats/book-titles.md). Local numbers are places in that order, from 0.
+/// The books of one module, in its own order: three titles each, and the book's global number
+/// (doc/formats/book-titles.md). Local numbers are positions in that order, from 0.
 class CTitles : public ITitles
 {
 public:
-    /// What is missing inside the file is not reported (CBibleModules::ValidateBible refuses it): a book count that
-    /// is no number, or far more than the file can hold, is 0 books; a book whose global number is missing has
-    /// 4294967295, which leads to no book; missing title lines are empty titles.
-    /// @throws std::ios_base::failure  "CTitles::CTitles(): error opening file %s"; "...: file %s is longer than 64 MiB"
+    /// Missing content is not an error here (CBibleModules::ValidateBible refuses it): a book count that is
+    /// not a number, or far larger than the file allows, is 0 books; a book without a global number has
+    /// 4294967295, which is not a book; missing title lines are empty titles.
+    /// @throws std::ios_base::failure  "CTitles::CTitles(): error opening file %s"; "...: file %s is longer
+    ///                                 than 64 MiB"
     CTitles(const char* fileName);
     virtual ~CTitles() = default;
     CTitles(const CTitles&) = delete;
@@ -31,7 +32,7 @@ public:
     std::string shortTitle(unsigned int bookID) const override;
     std::string abbreviatedTitle(unsigned int bookID) const override;
 
-    /// The global number of a local book, as the file gives it.
+    /// The global number of a local book, as in the file.
     /// @throws std::out_of_range  as ValidateBookID
     unsigned int globalID(unsigned int localBookID) const;
 
@@ -56,7 +57,7 @@ private:
     std::vector<std::string> m_fullTitles;                     ///< [local book], as are the next two
     std::vector<std::string> m_shortTitles;
     std::vector<std::string> m_abbrTitles;
-    bool m_isWhole = true; ///< the file holds the count, each number and each title line
+    bool m_isWhole = true; ///< the file has the count, each number and each title line
 };
 
 } // namespace Kedrin::Tolvo

@@ -12,7 +12,7 @@ namespace Kedrin::Tolvo {
 
 namespace {
 
-constexpr std::size_t maxLineBytes = 40; // the CR included
+constexpr std::size_t maxLineBytes = 40; // including the CR
 
 constexpr const char* loading = "CWordList::CWordList()";
 

@@ -8,24 +8,24 @@
 
 namespace Kedrin::Tolvo {
 
-/// The order of the word list: ut::cyr_stricmp of the two is negative. A strict weak order.
+/// The order of the word list: whether ut::cyr_stricmp of the two is negative. A strict weak ordering.
 bool caseInsensitiveComp(const std::string& s1, const std::string& s2);
 
-/// Whether a word begins with `prefix` without regard to case.
+/// Whether a word begins with `prefix`, ignoring case.
 bool caseInsensitiveBegins(const std::string& word, const std::string& prefix);
 
-/// The distinct words of one module, sorted by caseInsensitiveComp (doc/formats/word-list.md), held in memory. A
-/// word's index, its place in the list from 0, is its key in the concordance. The order is the file's to keep; it
-/// is not checked.
+/// The distinct words of one module, sorted by caseInsensitiveComp (doc/formats/word-list.md), held in
+/// memory. A word's index, its position in the list from 0, is its key in the concordance. The file must be
+/// sorted; this is not checked.
 class CWordList
 {
 public:
     /// @param wordPointPath  line offsets for a list read from disk; not opened in memory mode
     /// @param loadIntoMem    must be true: a list read from disk is not implemented, and the refusal
     ///                       (std::logic_error) is outside the contract, so it ends the program
-    /// A line of more than 40 bytes, its CR included, ends the list before it.
-    /// @throws std::ios_base::failure  "CWordList::CWordList(): error opening file %s"; "...: file %s is longer than
-    ///                                 64 MiB"
+    /// A line of more than 40 bytes, including its CR, ends the list before it.
+    /// @throws std::ios_base::failure  "CWordList::CWordList(): error opening file %s"; "...: file %s is
+    ///                                 longer than 64 MiB"
     CWordList(const char* wordListPath, const char* wordPointPath, bool loadIntoMem);
     CWordList(const CWordList&) = delete;
     CWordList& operator=(const CWordList&) = delete;
@@ -38,8 +38,8 @@ public:
     /// @throws std::out_of_range  "CWordList::operator [](): wordIndex out of range"
     std::string operator[](unsigned int wordIndex) const;
 
-    /// The index of a word without regard to case, the first of several that differ only in case; -1 when the list
-    /// does not hold it. Logarithmic, without disk access.
+    /// The index of a word, ignoring case; of several that differ only in case, the first; -1 if it is not in
+    /// the list. Logarithmic, without disk access.
     int indexOf(const std::string& word) const;
 
 private:
