@@ -6,9 +6,10 @@
 #include <iostream>
 #include <memory>
 
-/// Opens the window on the modules beside the program and runs until it is closed. Only argv[0] is read; the rest is
-/// the toolkit's. An exception that nobody answered is written to standard output, and the status is 0 all the same.
-/// Where no window can be opened, one sentence on standard error says so, and the status is 1.
+/// Opens the window with the modules in the program's directory and runs until it is closed. Only argv[0] is
+/// used; the other arguments are the toolkit's. An unhandled exception is written to standard output, and the
+/// exit status is still 0. If no window can be opened, one sentence on standard error says so, and the status
+/// is 1.
 int main(int argc, char** argv)
 {
     try {

@@ -15,7 +15,7 @@ QAccessibleInterface* newInterface(const QString& className, QObject* object)
     return isBar ? new AccessibleTabBar(bar) : nullptr;
 }
 
-/// The label as it is read: without the sign of a mnemonic.
+/// The label without its mnemonic marker.
 QString spoken(const QString& label)
 {
     QString text;

@@ -8,7 +8,7 @@ namespace qt3 {
 
 class TabBar;
 
-/// One tab as assistive technology sees it. Its press chooses the tab, the current one too.
+/// One tab for assistive technology. Pressing it chooses the tab, even the current one.
 class AccessibleTab : public QAccessibleInterface, public QAccessibleActionInterface
 {
 public:
@@ -38,12 +38,12 @@ private:
     int m_index;
 };
 
-/// A TabBar as assistive technology sees it: its tabs, then the buttons that scroll them. The toolkit's own
+/// A TabBar for assistive technology: its tabs, then the buttons that scroll them. The toolkit's own
 /// interface does nothing when the current tab is pressed.
 class AccessibleTabBar : public QAccessibleWidget
 {
 public:
-    /// From now on every TabBar gets this interface. Once is enough.
+    /// Installs this interface for every TabBar. One call is enough.
     static void install();
 
     explicit AccessibleTabBar(TabBar* bar);
@@ -52,13 +52,14 @@ public:
     QAccessibleInterface* focusChild() const override;
     int childCount() const override;
     int indexOfChild(const QAccessibleInterface* child) const override;
-    /// The name is that of the current tab, as the toolkit gives it: a reader hears it when the focus comes.
+    /// The name is that of the current tab, as in the toolkit: a screen reader announces it when the bar gets
+    /// focus.
     QString text(QAccessible::Text what) const override;
 
 private:
     TabBar& bar() const;
 
-    mutable std::map<int, QAccessible::Id> m_tabs; ///< by index; registered when they are asked for
+    mutable std::map<int, QAccessible::Id> m_tabs; ///< by index; registered on demand
 };
 
 } // namespace qt3

@@ -6,9 +6,9 @@
 
 namespace qt3 {
 
-/// An application that brings exceptions of its event handlers to the caller of exec(). The toolkit must not
-/// be unwound: the first exception that leaves a handler is kept and the event loops are ended with 0; those
-/// that follow until the loops have ended are dropped.
+/// An application that passes exceptions of its event handlers to the caller of exec(). Exceptions must not
+/// propagate through the toolkit: the first exception that leaves a handler is stored and the event loops are
+/// ended with 0; further ones are dropped until the loops have ended.
 ///
 ///     const int status = application.exec();
 ///     application.rethrow();
@@ -19,10 +19,10 @@ class Application : public QApplication
 public:
     using QApplication::QApplication;
 
-    /// False when the handler threw.
+    /// False if the handler threw.
     bool notify(QObject* receiver, QEvent* event) override;
 
-    /// Throws the exception that was kept, whatever its type, once; returns when there is none.
+    /// Throws the stored exception, whatever its type, once; returns if there is none.
     void rethrow();
 
 private:

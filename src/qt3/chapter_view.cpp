@@ -18,8 +18,8 @@ struct Anchor
     QString href;
 };
 
-/// The anchor of the character at a position. The name is kept with the first character of an anchor only,
-/// the href with all of them.
+/// The anchor of the character at a position. Only the first character of an anchor has its name, all of them
+/// have its href.
 Anchor anchorOf(const QTextDocument& document, int position)
 {
     Anchor anchor;
@@ -71,11 +71,12 @@ int ChapterView::paragraphTop(int n) const
 void ChapterView::centreOn(int y)
 {
     m_mustCentre = !isVisible();
-    verticalScrollBar()->setValue(y - viewport()->height() / 2); // the scroll bar keeps to its range
+    verticalScrollBar()->setValue(y - viewport()->height() / 2); // the scroll bar clamps the value
     m_centredAt = verticalScrollBar()->value();
 }
 
-/// Runs what lays out the text anew; what was centred stays so unless the reader has scrolled since.
+/// Calls a function that lays out the text again; the centred paragraph stays centred unless the user has
+/// scrolled.
 template <typename Relayout>
 void ChapterView::keepCentred(Relayout relayout)
 {
@@ -87,8 +88,8 @@ void ChapterView::keepCentred(Relayout relayout)
 
 QVariant ChapterView::loadResource(int, const QUrl&)
 {
-    // Nothing at all, or nothing that is an image, would make the document look for the file itself. It keeps what it
-    // got for one type and gives it out for another, so that all types get the same.
+    // An invalid result, or one that is not an image, would make the document look for the file itself. It
+    // caches the result for one type and returns it for others, so all types get the same.
     return transparentPixel();
 }
 
@@ -121,8 +122,8 @@ void ChapterView::changeEvent(QEvent* event)
 
 void ChapterView::emitAnchorClicked()
 {
-    // A link that is activated by key is selected. One that is clicked need not be: beyond the middle of its last
-    // character the cursor stands behind it.
+    // A link that is activated by key is selected. One that is clicked may not be: if the click is past the
+    // middle of its last character, the cursor is after it.
     const int position = m_clicked != nowhere ? m_clicked : textCursor().selectionStart();
     const Anchor anchor = anchorOf(*document(), position);
     emit anchorClickedNamed(anchor.name, anchor.href);

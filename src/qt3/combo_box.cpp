@@ -18,10 +18,10 @@ namespace qt3 {
 
 namespace {
 
-/// Wide enough for "Псалтир" and small enough for a narrow tool bar.
+/// Wide enough for "Псалтир" and narrow enough for a narrow tool bar.
 constexpr int shortestContents = 7;
 
-/// To both sides of the item at which the list opens.
+/// On both sides of the item at which the list opens.
 constexpr int measuredItems = 100;
 
 bool isPlain(const QKeyEvent* event)
@@ -41,7 +41,7 @@ ComboBox::ComboBox(QWidget* parent) : QComboBox(parent)
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(shortestContents);
 
-    // Qt looks the text up on Return and when the focus leaves, and reports a choice if it is an item.
+    // Qt looks the text up on Return and when the focus is lost, and reports a choice if it is an item.
     disconnect(edit, &QLineEdit::editingFinished, this, nullptr);
     connect(edit, &QLineEdit::returnPressed, this, &ComboBox::confirmText);
     connect(edit, &ComboLineEdit::extended, this, &ComboBox::complete);
@@ -107,7 +107,7 @@ void ComboBox::setListModel(QAbstractItemModel* model)
 void ComboBox::setCurrentText(const QString& text)
 {
     const int item = findItem(text, Qt::MatchFixedString | Qt::MatchCaseSensitive);
-    if (item >= 0 && itemText(item) == text) // a list may find without regard to case
+    if (item >= 0 && itemText(item) == text) // a model may ignore case
         setCurrentItem(item);
     else
         lineEdit()->setText(text);
@@ -127,7 +127,7 @@ void ComboBox::showPopup()
     view()->scrollTo(index, QAbstractItemView::PositionAtTop);
 }
 
-/// With room for the items around one, so that a long list need not be walked through.
+/// Measures only the items around one, so that a long list need not be measured as a whole.
 int ComboBox::listWidth(int item) const
 {
     const QFontMetrics metrics(view()->font());
@@ -173,7 +173,7 @@ void ComboBox::fitText()
 {
     const QSize room(std::numeric_limits<int>::max(), lineEdit()->height());
     const QFont fit = fitFont(font(), {}, room);
-    lineEdit()->setFont(fit == font() ? QFont() : fit); // the box's own unless it is reduced
+    lineEdit()->setFont(fit == font() ? QFont() : fit); // inherited unless reduced
 }
 
 void ComboBox::choose(int item)
@@ -216,7 +216,7 @@ void ComboBox::exchangeModel(QAbstractItemModel* model)
     const QItemSelectionModel* selection = view()->selectionModel();
     setModel(model);
     if (view()->selectionModel() != selection)
-        delete selection; // the view leaves it to the model, which may stay
+        delete selection; // the view does not delete it, and its parent is the model, which may live on
     setCurrentItem(0);
 }
 
@@ -228,7 +228,7 @@ int ComboBox::findItem(const QString& text, Qt::MatchFlags flags, int start) con
     return found.isEmpty() ? -1 : found.constFirst().row();
 }
 
-/// The item whose text is in the box, the current one before others; -1 when the text is no item.
+/// The item whose text is in the box, preferably the current one; -1 if the text is not an item.
 int ComboBox::shownItem() const
 {
     const QString text = currentText();

@@ -7,7 +7,7 @@ namespace qt3 {
 
 namespace {
 
-/// Not so Ctrl+V, which may carry a "v".
+/// Excludes Ctrl+V, whose event text may be "v".
 bool isTyping(const QKeyEvent& event)
 {
     return !(event.modifiers() & Qt::ControlModifier) && !event.text().isEmpty() &&

@@ -4,7 +4,7 @@
 
 namespace qt3 {
 
-/// The text field of a ComboBox: tells when typing has extended the text, which is when the box completes it.
+/// The text field of a ComboBox: signals that typing has extended the text, which makes the box complete it.
 class ComboLineEdit : public QLineEdit
 {
     Q_OBJECT
@@ -13,12 +13,12 @@ public:
     using QLineEdit::QLineEdit;
 
 signals:
-    /// A typed character (by key or input method) has made the text longer at its end; a selected part counts
-    /// as already gone. Not emitted for deleting, pasting, or typing inside the text.
+    /// A typed character (by key or input method) has extended the text at its end; selected text counts as
+    /// already deleted. Not emitted for deleting, pasting, or typing inside the text.
     void extended();
 
 protected:
-    /// Return stays with the box: it is not offered to the widgets around it.
+    /// Return is handled by the box: it is not passed to its parent widgets.
     void keyPressEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
 

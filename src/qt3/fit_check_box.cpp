@@ -18,7 +18,7 @@ QFont FitCheckBox::paintedFont() const
     return smallest;
 }
 
-/// As the box alone would be painted.
+/// The font for this box alone.
 QFont FitCheckBox::fittedFont() const
 {
     QStyleOptionButton option;

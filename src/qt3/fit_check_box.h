@@ -4,8 +4,8 @@
 
 namespace qt3 {
 
-/// A check box of fixed size that stays legible at any font: what it paints shrinks to fit, font() stays
-/// inherited. Those with the same parent are painted alike, as the one that has to shrink most.
+/// A check box of fixed size that stays legible with any font: its painted label shrinks to fit, font() stays
+/// inherited. Boxes with the same parent use the same font, the smallest that any of them needs.
 class FitCheckBox : public QCheckBox
 {
     Q_OBJECT
@@ -13,7 +13,7 @@ class FitCheckBox : public QCheckBox
 public:
     using QCheckBox::QCheckBox;
 
-    /// The font the label is painted with at the present size.
+    /// The font of the painted label at the current size.
     QFont paintedFont() const;
 
 protected:

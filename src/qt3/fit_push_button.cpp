@@ -9,7 +9,7 @@ namespace qt3 {
 
 namespace {
 
-/// Frame and focus line, each 2 pixels on each side.
+/// Frame and focus rectangle, 2 pixels each on every side.
 constexpr int frame = 8;
 
 } // namespace

@@ -4,8 +4,8 @@
 
 namespace qt3 {
 
-/// A push button of fixed size that stays legible at any font: what it paints shrinks to fit, font() stays
-/// inherited.
+/// A push button of fixed size that stays legible with any font: its painted label shrinks to fit, font()
+/// stays inherited.
 class FitPushButton : public QPushButton
 {
     Q_OBJECT
@@ -13,7 +13,7 @@ class FitPushButton : public QPushButton
 public:
     using QPushButton::QPushButton;
 
-    /// The font the label is painted with at the present size.
+    /// The font of the painted label at the current size.
     QFont paintedFont() const;
 
 protected:

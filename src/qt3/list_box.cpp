@@ -15,7 +15,7 @@ namespace qt3 {
 
 namespace {
 
-/// Paints and measures rows with the list's painted font.
+/// Paints and measures rows with the list's paintedFont().
 class FitRowDelegate : public QStyledItemDelegate
 {
 public:
@@ -33,8 +33,8 @@ private:
     const ListBox& m_list;
 };
 
-/// For the text of a row, beside the scroll bar whether it is there or not: rows that grow because it has gone would
-/// bring it back.
+/// The width for the text of a row, always without that of the scroll bar: if rows grew when it disappears,
+/// it would appear again.
 int rowRoom(const ListBox& list)
 {
     const QStyle& style = *list.style();
@@ -112,7 +112,7 @@ void ListBox::currentChanged(const QModelIndex& current, const QModelIndex& prev
 
 void ListBox::focusInEvent(QFocusEvent* event)
 {
-    // Qt makes a first row current even for the mouse, before the press says which one is meant.
+    // Qt makes the first row current even for the mouse, before the press determines the row.
     if (event->reason() == Qt::MouseFocusReason && currentItem() < 0 && selectionModel()) {
         const QSignalBlocker blocker(this);
         QListView::focusInEvent(event);
@@ -141,7 +141,7 @@ void ListBox::mousePressEvent(QMouseEvent* event)
 {
     const QModelIndex pressed = indexAt(event->position().toPoint());
     if (!pressed.isValid())
-        return; // below the last row: the selection stays
+        return; // below the last row: keep the selection
     const bool isAgain = pressed == currentIndex();
     QListView::mousePressEvent(event);
     if (isAgain)

@@ -4,13 +4,13 @@
 
 namespace qt3 {
 
-/// A list over a flat model (setModel(), owned by the caller), one row current at most. All rows have the
-/// height of the first one, so a list of any length appears at once.
+/// A list over a flat model (setModel(), owned by the caller), with at most one current row. All rows have
+/// the height of the first one, so a list of any length is shown at once.
 ///
-/// The rows that setWidestRows() names are never cut at the right: where the font is too large for them, all rows
-/// are painted with a font reduced to fit, and font() stays.
+/// The rows of setWidestRows() are never truncated at the right: if the font is too large for them, all rows
+/// are painted with a font reduced to fit; font() is unchanged.
 ///
-/// highlighted() follows the current row; a list that is emptied or refilled stays silent unless it has the
+/// highlighted() follows the current row; a list that is emptied or refilled emits nothing unless it has the
 /// focus.
 class ListBox : public QListView
 {
@@ -19,27 +19,28 @@ class ListBox : public QListView
 public:
     explicit ListBox(QWidget* parent = nullptr);
 
-    /// To be called after the model was reset: no row is current and nothing is emitted, unless the list has
-    /// the focus and there are rows: then row 0 becomes current, unselected, and highlighted(0) is emitted.
+    /// To be called after the model was reset: no row is current and nothing is emitted, except if the list
+    /// has the focus and there are rows: then row 0 becomes current, unselected, and highlighted(0) is
+    /// emitted.
     void resetRows();
 
-    /// Texts that have to fit into the list's width, beside a scroll bar. None: rows have the list's own font.
+    /// Texts that have to fit into the list's width next to a scroll bar. If there are none, rows use font().
     void setWidestRows(const QStringList& rows);
 
-    /// What the rows are painted with.
+    /// The font of the painted rows.
     QFont paintedFont() const { return m_paintedFont; }
 
     /// The current row, from 0; -1 when none is current.
     int currentItem() const;
 
-    /// Makes a row current and selected and emits highlighted() when it was not current. A number that is no
+    /// Makes a row current and selected and emits highlighted() if it was not current. A number that is not a
     /// row is ignored.
     void setCurrentItem(int row);
 
 signals:
     /// A row became current: by a press of any mouse button, dragging over it, a key, setCurrentItem(); or
-    /// row 0 when the focus arrives other than by mouse and no row is current. Also when the current row is chosen
-    /// again: by a press, by Return, or, while it is not selected, by Space. Never -1.
+    /// row 0 when the list gets focus other than by mouse and no row is current. Also emitted when the
+    /// current row is chosen again: by a press, by Return, or, while it is not selected, by Space. Never -1.
     void highlighted(int row);
 
 protected:

@@ -9,19 +9,19 @@ class QWidget;
 
 namespace qt3 {
 
-/// The one place through which the program's message boxes pass. Each is a modal QMessageBox with one button
-/// and returns when it is closed. Texts are shown as they are: markup in them is not interpreted, for a
-/// message may quote a path or a title that nobody vouches for.
+/// All message boxes of the program are shown here. Each is a modal QMessageBox with one button; the call
+/// returns when it is closed. Texts are shown as plain text, because a message may quote an untrusted path or
+/// title.
 class MessageBox
 {
 public:
-    /// Called instead of showing the box, which holds all its texts and buttons.
+    /// Called instead of showing the box, which already has all its texts and buttons.
     using Answer = std::function<void(QMessageBox&)>;
 
-    /// For tests; an empty one shows boxes again.
+    /// For tests; an empty function shows boxes again.
     static void setAnswer(Answer answer);
 
-    /// @param buttonLabel  replaces the label of the button, "OK"; the button does the same
+    /// @param buttonLabel  replaces the label of the button, "OK"
     static void critical(QWidget* parent, const QString& caption, const QString& text,
                          const QString& buttonLabel = {});
 

@@ -21,7 +21,7 @@ QStringList keptMessages;
 [[noreturn]] void endWithTheSentence()
 {
     std::cerr << theSentence << std::endl;
-    std::_Exit(statusWithoutDisplay); // a half-made application cannot be taken down
+    std::_Exit(statusWithoutDisplay); // a partly constructed application cannot be destroyed
 }
 
 void keepMessage(QtMsgType type, const QMessageLogContext& context, const QString& text)
@@ -33,7 +33,7 @@ void keepMessage(QtMsgType type, const QMessageLogContext& context, const QStrin
 
 std::string environment(const char* name) { return qgetenv(name).toStdString(); }
 
-/// As messages are chosen by others: LANGUAGE counts only where a locale is set, and its first language decides.
+/// Like gettext: LANGUAGE is used only if a locale is set, and only its first language.
 bool speaksBulgarian()
 {
     std::string locale;
@@ -45,7 +45,7 @@ bool speaksBulgarian()
     return isSet && (language.empty() ? locale : language).starts_with("bg");
 }
 
-/// What -platform or QT_QPA_PLATFORM asks for; the former counts. Empty: nothing was asked for.
+/// The platform requested by -platform, or else by QT_QPA_PLATFORM; empty if none is requested.
 std::string askedPlatform(int argc, const char* const* argv)
 {
     std::string asked = environment("QT_QPA_PLATFORM");
@@ -55,7 +55,7 @@ std::string askedPlatform(int argc, const char* const* argv)
     return asked;
 }
 
-/// "DISPLAY=:0", of the variables that name a display and are set.
+/// The set variables that select a display, for example "DISPLAY=:0".
 std::string namedDisplays()
 {
     std::string named;

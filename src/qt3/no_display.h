@@ -4,10 +4,10 @@
 
 namespace qt3 {
 
-/// Where the toolkit finds no display it writes its own text and aborts. While an object of this class exists, the
-/// program instead writes one sentence to standard error and ends with status 1: English, or Bulgarian where the
-/// environment asks for it. What else the toolkit writes meanwhile is kept, and written when the object goes. One
-/// object at a time.
+/// Without a display the toolkit writes its own text and aborts. While an object of this class exists, the
+/// program instead writes one sentence to standard error, in English or, if the environment selects it, in
+/// Bulgarian, and exits with status 1. Other output of the toolkit is held back until the object is
+/// destroyed. One object at a time.
 ///
 ///     auto noDisplay = std::make_unique<qt3::NoDisplay>(argc, argv);
 ///     QApplication application(argc, argv);
@@ -16,16 +16,17 @@ namespace qt3 {
 class NoDisplay
 {
 public:
-    /// @param argv  the program's name comes before the sentence; a platform asked for by -platform is named in it
+    /// @param argv  the sentence begins with the program's name and contains the platform requested by
+    ///              -platform
     NoDisplay(int argc, const char* const* argv);
     ~NoDisplay();
     NoDisplay(const NoDisplay&) = delete;
     NoDisplay& operator=(const NoDisplay&) = delete;
 
-    /// Ends the program alike where the application has started without any screen.
+    /// Ends the program in the same way if the application has started but has no screen.
     static void checkScreen();
 
-    /// The sentence for this command line and environment, without line feed, in UTF-8.
+    /// The sentence for this command line and environment, without a line feed, in UTF-8.
     static std::string sentence(int argc, const char* const* argv);
 };
 

@@ -10,9 +10,9 @@ namespace qt3 {
 namespace {
 
 constexpr QSize smallest(100, 50);
-constexpr int belowTitle = 6; // where styles draw the frame's upper edge
+constexpr int belowTitle = 6; // position of the frame's upper edge in most styles
 
-/// With room for the frame on both sides of the title.
+/// Includes the frame on both sides of the title.
 QSize titleSize(const PanelBox& box)
 {
     const QFontMetrics metrics(box.paintedFont());

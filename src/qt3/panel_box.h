@@ -4,9 +4,9 @@
 
 namespace qt3 {
 
-/// A group box without layout whose size hint goes round its children at their fixed places: as much room to
-/// the right and below as they leave to the left and above. Never less than 100 x 50 nor than the title. The title is
-/// painted with a font that fits above the children, so that they never cover it; font() stays inherited.
+/// A group box without layout whose size hint encloses its children at their fixed positions, with the same
+/// margins right and below as left and above. Never smaller than 100 x 50 or the title. The title is painted
+/// with a font that fits above the children, so that they never cover it; font() stays inherited.
 class PanelBox : public QGroupBox
 {
     Q_OBJECT
@@ -15,10 +15,10 @@ public:
     using QGroupBox::QGroupBox;
     QSize sizeHint() const override;
 
-    /// None: a panel may be as low as its surroundings want.
+    /// None: the layout may make a panel as low as it needs.
     QSize minimumSizeHint() const override;
 
-    /// The font the title is painted with; without children font() itself.
+    /// The font of the painted title; font() if there are no children.
     QFont paintedFont() const;
 
 protected:

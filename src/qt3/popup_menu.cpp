@@ -12,7 +12,7 @@ void PopupMenu::insertItem(const QString& text, int id)
     QAction* action = addAction(text);
     action->setCheckable(true);
     m_items.insert(id, {action, text, false});
-    // A checkable action flips itself before it reports the choice: undone before anybody asks.
+    // A checkable action toggles itself before it emits the signal; undo this first.
     connect(action, &QAction::toggled, this, [this, id] {
         const Item item = m_items.value(id);
         item.action->setChecked(item.isChecked);
@@ -33,8 +33,8 @@ void PopupMenu::setItemChecked(int id, bool checked)
     item->action->setChecked(checked);
 }
 
-/// The style draws the column of check marks in proportion to the row, 0.79 of its height, but measures the menu with
-/// a column of fixed width: with a large font the longest text would be cut.
+/// The style draws the column of check marks with 0.79 of the row's height, but measures the menu with a
+/// column of fixed width: with a large font the longest text would be truncated.
 void PopupMenu::initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const
 {
     QMenu::initStyleOption(option, action);

@@ -5,9 +5,9 @@
 
 namespace qt3 {
 
-/// A menu of items with identifiers and check marks. A check mark is plain state: only setItemChecked()
-/// changes it, never the choice of the item, and QAction::isChecked() of an item always tells the same. A text is
-/// never cut for the sake of a large font.
+/// A menu of items with identifiers and check marks. A check mark is changed only by setItemChecked(), never
+/// by choosing the item, and QAction::isChecked() of an item always agrees with it. Texts are never
+/// truncated, even with a large font.
 class PopupMenu : public QMenu
 {
     Q_OBJECT
@@ -15,28 +15,28 @@ class PopupMenu : public QMenu
 public:
     using QMenu::QMenu;
 
-    /// Appends an unchecked item. `&x` in the text is a mnemonic. An identifier is given once.
+    /// Appends an unchecked item. `&x` in the text is a mnemonic. Identifiers must be unique.
     void insertItem(const QString& text, int id);
 
-    /// The text as inserted, `&` included; null when the identifier is unknown.
+    /// The text as inserted, including `&`; null if the identifier is unknown.
     QString text(int id) const;
 
-    /// False when the identifier is unknown.
+    /// False if the identifier is unknown.
     bool isItemChecked(int id) const;
 
     /// An unknown identifier is ignored. Emits no activatedId().
     void setItemChecked(int id, bool checked);
 
 signals:
-    /// The user has chosen an item, by mouse, Return or mnemonic; the menu is closed, the check mark as
-    /// before.
+    /// The user has chosen an item, by mouse, Return or mnemonic; the menu is closed, the check mark
+    /// unchanged.
     void activatedId(int id);
 
 protected:
     void initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const override;
 
 private:
-    using QMenu::clear; // would leave the identifiers behind
+    using QMenu::clear; // would not remove the identifiers
 
     struct Item
     {

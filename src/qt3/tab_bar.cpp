@@ -87,11 +87,11 @@ void TabBar::mousePressEvent(QMouseEvent* event)
 
 void TabBar::wheelEvent(QWheelEvent* event) { event->ignore(); }
 
-/// Selects the tab at an index, or tells that it was chosen again.
+/// Selects the tab at an index, or emits chosenAgain() if it is current.
 void TabBar::choose(int index)
 {
     if (!isTabEnabled(index))
-        return; // nor is there one at -1
+        return; // no tab at -1 either
     if (index == currentIndex())
         emit chosenAgain(idAt(index));
     else

@@ -6,14 +6,14 @@
 
 namespace qt3 {
 
-/// A tab bar whose tabs keep an identifier for life. Identifiers count 0, 1, 2, ... in order of adding and
-/// are never handed out again, not even when the bar has become empty; an index is the place in the bar, from
-/// 0, and changes as tabs to the left come and go.
+/// A tab bar whose tabs have permanent identifiers. Identifiers are 0, 1, 2, ... in order of adding and are
+/// never reused, even after the bar was empty; an index is the position in the bar, from 0, and changes when
+/// tabs to the left are added or removed.
 ///
-/// When the current tab is removed, the one current before it becomes current again (of tabs that were never
-/// current, the one added first), and nobody is told. What the user or other code does through Qt's own
-/// indices ends in selected() as well. The current tab chosen again is told apart from that, by chosenAgain(). The
-/// focus comes by Tab only, the wheel switches no tab.
+/// When the current tab is removed, the previously current one becomes current again (of tabs that were never
+/// current, the one added first), without a signal. Changes by the user or through Qt's own indices emit
+/// selected() too. Choosing the current tab again emits chosenAgain() instead. The bar gets focus only by
+/// Tab; the wheel does not switch tabs.
 class TabBar : public QTabBar
 {
     Q_OBJECT
@@ -21,31 +21,31 @@ class TabBar : public QTabBar
 public:
     explicit TabBar(QWidget* parent = nullptr);
 
-    /// Appends a tab and gives its identifier. The first tab of an empty bar is current at once; a later one
-    /// is not. Emits nothing. `&x` in the label makes Alt+x select the tab.
+    /// Appends a tab and returns its identifier. The first tab of an empty bar becomes current; later ones do
+    /// not. Emits nothing. `&x` in the label makes Alt+x select the tab.
     int addTab(const QString& label);
 
-    /// Like addTab(), before the tab at `index`; appends when there is no such index.
+    /// Like addTab(), before the tab at `index`; appends if there is no such index.
     int insertTab(const QString& label, int index);
 
-    /// Removes a tab; an unknown identifier is ignored. Emits nothing, even when another tab becomes current.
+    /// Removes a tab; an unknown identifier is ignored. Emits nothing, even if another tab becomes current.
     void removeId(int id);
 
     /// The identifier of the current tab; -1 for an empty bar.
     int currentTab() const;
 
-    /// Makes a tab current and emits selected(), before returning. Does nothing and emits nothing for the tab
-    /// that is current and for an unknown identifier.
+    /// Makes a tab current and emits selected(), before returning. Does nothing for the current tab or an
+    /// unknown identifier.
     void setCurrentTab(int id);
 
-    /// The identifier of the tab at an index; -1 when there is none.
+    /// The identifier of the tab at an index; -1 if there is none.
     int idAt(int index) const;
 
-    /// The index of a tab; -1 when the identifier is unknown.
+    /// The index of a tab; -1 if the identifier is unknown.
     int indexOf(int id) const;
 
-    /// The label as it was given, `&` included (tabText() may be changed by a desktop's style); null when the
-    /// identifier is unknown.
+    /// The original label, including `&` (a desktop style may change tabText()); null if the identifier is
+    /// unknown.
     QString label(int id) const;
 
 signals:
@@ -53,8 +53,8 @@ signals:
     /// mnemonic, or because the current one was disabled.
     void selected(int id);
 
-    /// The current tab was chosen although it is current: by a press of the left button, by Space, Return or Enter
-    /// while the bar has the focus, or through the accessibility interface.
+    /// The current tab was chosen again: by a press of the left button, by Space, Return or Enter while the
+    /// bar has the focus, or through the accessibility interface.
     void chosenAgain(int id);
 
 protected:

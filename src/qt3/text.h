@@ -5,16 +5,16 @@
 #include <string>
 #include <string_view>
 
-/// Texts between bytes and QString. Everything the window shows or asks crosses here.
+/// Conversion between bytes and QString, for all texts that the window shows or reads.
 namespace qt3 {
 
-/// Windows-1251 bytes as text. The text ends at the first zero byte; the unassigned byte 0x98 is U+FFFD.
-/// No bytes give an empty text.
+/// Windows-1251 bytes as text. The text ends at the first zero byte; the unassigned byte 0x98 is U+FFFD. An
+/// empty text gives an empty one.
 QString from1251(std::string_view bytes);
 
 /// Text as Windows-1251 bytes: '?' for each UTF-16 unit that has no byte, U+0000 included, so a character
-/// outside the Basic Multilingual Plane gives "??" and the result never holds a zero byte. A null text gives
-/// "".
+/// outside the Basic Multilingual Plane gives "??" and the result never contains a zero byte. A null text
+/// gives "".
 std::string to1251(const QString& text);
 
 /// The text of an engine message. A message may quote a path, which consists of native bytes: the whole

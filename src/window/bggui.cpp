@@ -6,7 +6,7 @@
 
 namespace {
 
-/// A child of a box that no layout manages.
+/// A child of a box without a layout.
 template <typename Widget>
 Widget* placed(const char* name, QWidget* parent, const QRect& geometry)
 {
@@ -59,14 +59,14 @@ BibleForm::BibleForm(QWidget* parent, const char* name, Qt::WindowFlags fl) : QM
     languageChange();
     resize(QSize(700, 670).expandedTo(minimumSizeHint()));
     makeConnections();
-    textBrowser->setFocus(); // the keys that scroll work at once, and none of them presses a button
+    textBrowser->setFocus(); // so that scroll keys work immediately and do not press a button
     init();
 }
 
 BibleForm::~BibleForm()
 {
     destroy();
-    for (QObject* child : findChildren<QObject*>()) // they die after this object and may still emit
+    for (QObject* child : findChildren<QObject*>()) // destroyed after this object, they may still emit
         child->disconnect(this);
 }
 
@@ -93,7 +93,7 @@ void BibleForm::createSearchOptions()
     btnHideSearch = placed<qt3::FitPushButton>("btnHideSearch", groupSearchOptions, QRect(140, 0, 20, 20));
     btnSearch = placed<qt3::FitPushButton>("btnSearch", groupSearchOptions, QRect(110, 50, 50, 30));
     for (QPushButton* button : {btnHideSearch, btnSearch})
-        button->setFocusPolicy(Qt::TabFocus); // a click leaves the focus where it is, in the list of hits say
+        button->setFocusPolicy(Qt::TabFocus); // a click leaves the focus in the list of hits
     checkRedoSearch = placed<qt3::FitCheckBox>("checkRedoSearch", groupSearchOptions, QRect(0, 70, 110, 24));
     checkCaseSensitive =
         placed<qt3::FitCheckBox>("checkCaseSensitive", groupSearchOptions, QRect(0, 50, 71, 24));
@@ -136,7 +136,7 @@ void BibleForm::createActions()
     gotoAction = newAction("gotoAction", this);
     viewFont = newAction("viewFont", this);
     viewChapterHyperLinks = newToggle("viewChapterHyperLinks", this, false);
-    // a key works wherever the focus is, whether or not a visible menu holds the action
+    // a key works wherever the focus is, whether or not a visible menu contains the action
     addActions({viewLocationToolbar, viewSearchBar, gotoAction, viewChapterHyperLinks});
 }
 
@@ -166,7 +166,7 @@ void BibleForm::createMenus()
     menubar->setObjectName(QStringLiteral("menubar"));
     menubar->setNativeMenuBar(false);
     setMenuBar(menubar);
-    // pins family and size: a font chosen later leaves the bar alone
+    // fixes family and size: a font chosen later does not affect the bar
     menubar->setFont(QFont(menubar->font()));
 
     menuFile = new qt3::PopupMenu(this);

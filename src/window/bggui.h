@@ -26,12 +26,12 @@
 class HitListModel;
 class WordListModel;
 
-/// The program's one window: the chapter view with tabs of open translations above it, the search panel to its left,
-/// the location boxes in the tool bar. bggui.cpp builds it, bggui.ui.h holds what its slots do.
+/// The program's one window: the chapter view with tabs of open translations above it, the search panel to
+/// its left, the location boxes in the tool bar. bggui.cpp builds it, bggui.ui.h has the bodies of its slots.
 ///
-/// Widgets and actions belong to their toolkit parents. The form owns the catalogue and every open translation.
-/// The place being read is kept in global numbering, so that it carries over from translation to translation.
-/// An exception that a slot does not answer with a message box leaves it, and reaches main().
+/// Widgets and actions belong to their toolkit parents. The form owns the catalogue and every open
+/// translation. The current position is kept in global numbering, so that it can be used with every
+/// translation. An exception for which a slot shows no message box leaves the slot and reaches main().
 class BibleForm : public QMainWindow
 {
     Q_OBJECT
@@ -68,7 +68,7 @@ public:
     QAction* fileExit;
     QAction* helpAboutQt;
     QAction* helpWhatsThis;
-    QAction* _3_betha_demoAction; ///< dormant: in no menu, without a key
+    QAction* _3_betha_demoAction; ///< unused: in no menu, without a key
     QAction* viewLocationToolbar;
     QAction* viewSearchBar;
     QAction* gotoAction;
@@ -76,7 +76,7 @@ public:
     QAction* viewChapterHyperLinks;
     qt3::TabBar* tabsText = nullptr; ///< tab i belongs to the open translation i; made by init()
 
-    // The order of the slots is their index in the meta-object.
+    // The order of the slots defines their indices in the meta-object.
 public slots:
     virtual void init();
     virtual void destroy();
@@ -104,13 +104,13 @@ public slots:
     virtual void comboSearchText_textChanged(const QString&);
 
 public:
-    /// Shows the chapter of a reference with its verse marked and brought to the middle, and makes the three location
-    /// boxes agree. A global reference is converted; any other is taken as local. Does nothing without a current
-    /// translation, and nothing for good after a rendering that failed.
+    /// Shows the chapter of a reference with its verse marked and centred, and updates the three location
+    /// boxes. A global reference is converted; any other is treated as local. Does nothing without a current
+    /// translation, and nothing ever again after a rendering has failed.
     virtual void goToRef(const Kedrin::Tolvo::CRef& _ref);
 
 protected slots:
-    /// Sets every text of the window; may be called again at any time.
+    /// Sets all texts of the window; may be called repeatedly.
     virtual void languageChange();
 
 protected:
@@ -118,9 +118,9 @@ protected:
     std::vector<const Kedrin::Tolvo::CBible*> m_bibles; ///< open, in the order of their tabs; owned
     std::vector<Kedrin::Tolvo::CRef> m_searchResults;   ///< global; row i of the list shows element i
     unsigned int m_currentBibleI = 0;
-    /// An element of m_bibles, or null: none is current.
+    /// An element of m_bibles; null if none is current.
     const Kedrin::Tolvo::CBible* m_currentBible = nullptr;
-    Kedrin::Tolvo::CRef m_currentRef; ///< the place shown, global; null until the first chapter
+    Kedrin::Tolvo::CRef m_currentRef; ///< the shown position, global; null until the first chapter
     QString m_currentSearchText;
     QGridLayout* BibleFormLayout;
     QGridLayout* groupTextLayout;
@@ -153,8 +153,8 @@ private:
     void listHits();
 
     std::map<int, QMenu*> m_menuBarItems; ///< by fixed identifier
-    WordListModel* m_words = nullptr;     ///< of the current translation; the list behind comboSearchText
+    WordListModel* m_words = nullptr;     ///< of the current translation; the model of comboSearchText
     HitListModel* m_hits = nullptr;       ///< over m_searchResults
-    bool m_boxesStale = false; ///< the chapter and verse boxes still count another translation's chapters
-    Kedrin::Tolvo::CRef m_shownRef; ///< the place shown, in the numbers of the translation that showed it
+    bool m_boxesStale = false;      ///< the chapter and verse boxes still have another translation's counts
+    Kedrin::Tolvo::CRef m_shownRef; ///< the shown position, numbered as in the translation shown
 };

@@ -1,5 +1,5 @@
-// The bodies of the form's slots, in the order of their declaration; part of bggui.cpp. The private steps that they
-// take are in bggui_steps.cpp.
+// The bodies of the form's slots, in the order of their declaration; part of bggui.cpp. The private functions
+// that they call are in bggui_steps.cpp.
 
 #include "about_texts.h"
 #include "message_box.h"
@@ -105,7 +105,7 @@ void BibleForm::tabsText_selected(int tabID)
             btnSearch_pressed();
         }
     } catch (const std::exception& ex) {
-        // the sentence is the button's label, and the message the text
+        // the sentence is the label of the button, the message is the text
         qt3::MessageBox::critical(this, QStringLiteral("Грешка"), qt3::fromMessage(ex.what()),
                                   QStringLiteral("Грешка при превключване на модулите."));
     }
@@ -152,7 +152,7 @@ void BibleForm::btnSearch_pressed()
         else
             listHits();
     }
-    btnSearch->setDown(false); // a box swallows the release of the press that led here
+    btnSearch->setDown(false); // a message box receives the release of this press
 }
 
 void BibleForm::listSearchResults_highlighted(int i)
@@ -209,7 +209,7 @@ void BibleForm::viewSearchBar_toggled(bool on)
         comboSearchText->setFocus(Qt::ShortcutFocusReason);
 }
 
-// As for every key that leads to a text: what stands there is selected, so that typing replaces it.
+// As with every shortcut for a text field, its content is selected, so that typing replaces it.
 void BibleForm::gotoAction_activated() { comboBook->setFocus(Qt::ShortcutFocusReason); }
 
 void BibleForm::viewFont_activated()
@@ -235,7 +235,7 @@ void BibleForm::comboSearchText_textChanged(const QString&) {} // typing alone n
 
 void BibleForm::goToRef(const CRef& _ref)
 {
-    static bool lock = false; // set while rendering: the boxes' slots come back here
+    static bool lock = false; // set while rendering: the slots of the boxes call this function again
     if (m_currentBible == nullptr || lock)
         return;
     lock = true;

@@ -15,7 +15,7 @@
 
 using namespace Kedrin::Tolvo;
 
-// The private steps of the form's slots.
+// The private functions of the form's slots.
 
 void BibleForm::loadModules(const std::string& modulesPath)
 {
@@ -41,8 +41,9 @@ void BibleForm::loadModules(const std::string& modulesPath)
     m_currentBible = nullptr;
 }
 
-/// Ends a program whose start has failed, with -1, once its event loop runs. Until then the request waits with the
-/// form and goes with it: made without a running loop, or while a box is open, it would close every later box.
+/// Ends a program whose start has failed, with -1, once its event loop runs. Called without a running loop,
+/// or while a message box is open, exit() would close every later box, so the call is retried; it ends with
+/// the form.
 void BibleForm::endWithTheEventLoop()
 {
     constexpr int lookAgain = 10; // milliseconds
@@ -63,7 +64,7 @@ void BibleForm::openTranslation(int bibleIndex)
     menuTranslations->setItemChecked(bibleIndex, true);
     const int newTabID = tabsText->addTab(menuTranslations->text(bibleIndex));
     tabsText->repaint();
-    tabsText->setCurrentTab(newTabID); // selects it already, unless it is the only tab
+    tabsText->setCurrentTab(newTabID); // already selected if it is the only tab
     tabsText_selected(newTabID);
 }
 
@@ -85,8 +86,8 @@ void BibleForm::closeTranslation(int bibleIndex)
     }
 }
 
-/// Compares an index with an identifier: a neighbour is selected only where the two happen to agree. Otherwise a
-/// closed current translation leaves none current until the user selects a tab.
+/// Compares an index with an identifier: a neighbour is selected only if the two happen to be equal.
+/// Otherwise, after the current translation is closed, none is current until the user selects a tab.
 void BibleForm::selectAfterClosing(int closedTabIndex)
 {
     if (closedTabIndex != tabsText->currentTab())
@@ -100,7 +101,7 @@ void BibleForm::selectAfterClosing(int closedTabIndex)
     }
 }
 
-/// Lets nothing refer to a translation that is about to be deleted.
+/// Removes all references to a translation that is about to be deleted.
 void BibleForm::forget(const CBible* bible)
 {
     if (bible != m_currentBible)
@@ -119,7 +120,8 @@ void BibleForm::showNoTranslation(bool none)
     toolbarLocation->setEnabled(!none);
 }
 
-/// Puts the current translation's words behind the search box, whose text stays, and its books into the book box.
+/// Sets the current translation's words as the list of the search box, whose text is unchanged, and its books
+/// as that of the book box.
 void BibleForm::offerWordsAndBooks()
 {
     auto* words = new WordListModel(*m_currentBible, this);
@@ -133,7 +135,7 @@ void BibleForm::offerWordsAndBooks()
     m_boxesStale = true;
 }
 
-/// The place being read, in the translation that has just become current; its beginning where it lacks the book.
+/// The current position in the translation that has just become current; its beginning if it lacks the book.
 void BibleForm::showPlace()
 {
     const CRef beginning(0, 0, 0);
@@ -171,7 +173,7 @@ void BibleForm::render(const CRef& localRef)
     m_shownRef = localRef;
 }
 
-/// Without a current translation the page stays, and the boxes go on naming its place.
+/// Without a current translation the page is unchanged, and the boxes still show its position.
 void BibleForm::restoreBoxes()
 {
     if (m_shownRef.isNull())
@@ -181,8 +183,8 @@ void BibleForm::restoreBoxes()
     comboVerse->setCurrentItem(static_cast<int>(m_shownRef.verse()));
 }
 
-/// Searches the current translation for m_currentSearchText and lists what is found. A search that fails leaves the
-/// rows of the one before it.
+/// Searches the current translation for m_currentSearchText and lists what is found. If the search fails, the
+/// rows of the previous one stay.
 void BibleForm::listHits()
 {
     try {
@@ -190,7 +192,7 @@ void BibleForm::listHits()
         const bool caseSensitive = !wholeWord && checkCaseSensitive->isChecked();
         std::vector<CRef> hits;
         m_currentBible->searchVerses(qt3::to1251(m_currentSearchText), wholeWord, caseSensitive, hits);
-        m_hits->clear(); // rows never outlive the hits that they print
+        m_hits->clear(); // rows must not outlive the hits that they show
         m_searchResults = std::move(hits);
         if (m_searchResults.empty()) {
             qt3::MessageBox::information(this, QStringLiteral("Резултат от търсенето"),

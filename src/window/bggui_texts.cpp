@@ -2,8 +2,8 @@
 
 #include <QLineEdit>
 
-// Every text of the window. Tool tips that seem to belong to another control, and two misspelt words, are known to
-// readers and manuals as they stand.
+// All texts of the window. Some tool tips seem to belong to another control, and two words are misspelt;
+// users and manuals know them like this.
 
 void BibleForm::languageChange()
 {
@@ -84,12 +84,12 @@ void BibleForm::translateMenus()
     m_menuBarItems.at(5)->setTitle(tr("&Помощ"));
 }
 
-/// What assistive technology calls the controls that show no name of their own.
+/// Accessible names of the controls that show no label.
 void BibleForm::nameControls()
 {
     const auto nameBox = [](qt3::ComboBox* box, const QString& name) {
         box->setAccessibleName(name);
-        box->lineEdit()->setAccessibleName(name); // a box with a text in it is called by that text
+        box->lineEdit()->setAccessibleName(name); // a box with a text is announced by that text
     };
 
     btnHideSearch->setAccessibleName(tr("Скриване на търсенето"));

@@ -5,7 +5,7 @@
 
 namespace {
 
-/// The line of links: the chapter before, every chapter, the chapter after.
+/// The line of links: previous chapter, all chapters, next chapter.
 QString chapterLinks(unsigned int chapter, unsigned int chaptersCount)
 {
     QString line = QStringLiteral("<p>");

@@ -28,7 +28,7 @@ void HitListModel::show(const std::vector<Kedrin::Tolvo::CRef>& hits, const Kedr
     m_hits = &hits;
     m_abbreviations.m_texts.clear();
     const Kedrin::Tolvo::CRef* previous = nullptr;
-    for (const Kedrin::Tolvo::CRef& hit : hits) { // most stand in the book of the hit before
+    for (const Kedrin::Tolvo::CRef& hit : hits) { // most are in the same book as the previous hit
         if ((previous == nullptr || hit.bookID() != previous->bookID()) &&
             !m_abbreviations.m_texts.contains(hit.bookID()))
             m_abbreviations.m_texts.emplace(hit.bookID(), titles.abbreviatedTitle(hit.bookID()));

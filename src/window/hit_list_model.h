@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-/// The hits of a search as rows, printed when a view asks for them. Rows keep the abbreviations of the translation
-/// that was searched, so that they read the same after a switch to another one.
+/// The hits of a search as rows, formatted on demand. Rows keep the abbreviations of the translation that was
+/// searched, so that they do not change after a switch to another one.
 class HitListModel : public QAbstractListModel
 {
 public:
@@ -19,18 +19,18 @@ public:
     /// No rows.
     void clear();
 
-    /// One row a hit. `hits` must stay as it is until the next clear() or show().
-    /// @param titles  what prints the hits; asked now for each book once, not kept
+    /// One row per hit. `hits` must not change until the next clear() or show().
+    /// @param titles  used to format the hits; called once for each book, not stored
     void show(const std::vector<Kedrin::Tolvo::CRef>& hits, const Kedrin::Tolvo::ITitles& titles);
 
-    /// Of each book's rows the first of those with the most characters; no more strings than there are books.
+    /// For each book the first of its rows with the most characters; at most one string per book.
     QStringList longestRows() const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
 
 private:
-    /// The abbreviations alone, copied.
+    /// A copy of the abbreviations only.
     class Abbreviations : public Kedrin::Tolvo::ITitles
     {
     public:

@@ -8,8 +8,8 @@ namespace Kedrin::Tolvo {
 class CBible;
 }
 
-/// The words of a translation as the list behind the search box: nothing is copied, a word is decoded when a view
-/// asks for it. The list is sorted, so that completion takes a binary search. The translation must outlive the model.
+/// The words of a translation as the list of the search box: nothing is copied, a word is decoded on demand.
+/// The list is sorted, so that completion is a binary search. The translation must outlive the model.
 class WordListModel : public QAbstractListModel
 {
 public:
@@ -21,9 +21,9 @@ public:
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
 
-    /// Without regard to case, as the list is sorted: the word that is the text, or with Qt::MatchStartsWith a word
-    /// that begins with it, the one at `start` before others, else the first. One hit at most; `hits` and the other
-    /// flags are not looked at. Logarithmic.
+    /// Ignoring case, like the order of the list: the word that equals the text, or with Qt::MatchStartsWith
+    /// a word that begins with it, preferably the one at `start`, else the first. At most one match; `hits`
+    /// and the other flags are ignored. Logarithmic.
     QModelIndexList match(const QModelIndex& start, int role, const QVariant& value, int hits,
                           Qt::MatchFlags flags) const override;
 
