@@ -237,8 +237,8 @@ std::optional<unsigned int> globalIDOf(std::string_view osis)
 
 bool isGlobalVerse(unsigned int globalID, unsigned int chapter, unsigned int verse)
 {
-    const auto verseCounts = globalBooks()[globalID].verseCounts;
-    return chapter < verseCounts.size() && verse < verseCounts[chapter];
+    const GlobalBook& book = globalBooks()[globalID];
+    return chapter < book.verseCounts.size() && verse < book.verseCounts[chapter];
 }
 
 bool isDeuterocanonical(unsigned int globalID) { return globalID >= 39 && globalID < 50; }
