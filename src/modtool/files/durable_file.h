@@ -20,11 +20,10 @@ void writeDurably(const std::string& fileName, std::string_view content);
 /// @throws CBuildError  "%s: cannot be written (%s)"
 void syncFolder(const std::string& folder);
 
-/// Replaces a file by another content in one step: whoever reads it sees the old or the new one. Does nothing
-/// where the content is the same. A link stays, and the file that it leads to is replaced or made. Into
-/// anything other than a regular file (a pipe, a device) the content is written directly. Several processes
-/// may do it at once. What one leaves beside, as ".NAME.new", when it is killed is taken over by the next
-/// that writes.
+/// Replaces the content of a file atomically: readers see the old or the new content. Does nothing if the
+/// content is the same. A symbolic link is kept, and its target is replaced or created. If the target is not
+/// a regular file (a pipe, a device), the content is written to it directly. Safe with concurrent processes.
+/// If a process is killed, its temporary file ".NAME.new" is reused by the next one.
 /// @throws CBuildError  "%s: cannot be written (%s)"
 void replaceDurably(const std::string& fileName, std::string_view content);
 

@@ -74,7 +74,7 @@ struct BuildReport
     /// What became of the source's letters and digits, lines ended by LF; "" if they were not counted.
     std::string letterAccount() const;
 
-    /// @throws CBuildError  "the source has %s letters and digits, %s are accounted for; this is an error in
+    /// @throws CBuildError  "the source has %s letters and digits, but %s are accounted for; this is a bug in
     ///                      kedrin-module, please report it"
     void checkLetters() const;
 

@@ -18,8 +18,8 @@ public:
 
     /// The next text of the source.
     /// @param line  where it begins, from 1
-    /// @throws CBuildError  "%s:%u: the source has %s here, but %s was read; this is an error in kedrin-module, please
-    ///                      report it", with some letters of each
+    /// @throws CBuildError  "%s:%u: the source has %s here, but %s was read; this is a bug in kedrin-module,
+    ///                      please report it", with some letters of each
     void compare(std::string_view utf8, std::size_t line);
 
     /// The end of the source.

@@ -14,8 +14,8 @@ public:
     /// @param reason  called only for the lines that are described
     void add(std::size_t line, const std::function<std::string()>& reason);
 
-    /// @throws CBuildError  "%s: %s cannot be read:", then a line for each of the first twenty ("  line %s: %s") and
-    ///     "  and %s more" for the others
+    /// @throws CBuildError  "%s: %s cannot be read:", then a line for each of the first twenty ("  line %s:
+    ///                      %s") and "  and %s more" for the others
     void refuse(const std::string& fileName) const;
 
 private:
@@ -23,7 +23,7 @@ private:
     std::size_t m_count = 0;
 };
 
-/// "\"%s\" is no known book", with "(did you mean %s?)" where a name is like it.
+/// "\"%s\" is not a known book", with "(did you mean %s?)" if a known name is similar.
 std::string unknownBook(std::string_view name);
 
 } // namespace Kedrin::ModTool

@@ -6,9 +6,9 @@
 
 namespace Kedrin::ModTool {
 
-/// The proof of letters for a plain text. This second way through it knows no records, headings or places: it takes all
-/// letters of each line.
-/// @param hasEntities  "&quot;" and the like stand for characters
+/// The proof of letters for a plain text. It reads the text again without records, headings or references: it
+/// takes all letters of each line.
+/// @param hasEntities  "&quot;" and similar entities are decoded
 /// @param taken        see CLetterProof
 /// @throws CBuildError  what CLetterProof throws
 /// @returns the letters and digits of the text

@@ -8,12 +8,13 @@
 
 namespace Kedrin::ModTool {
 
-/// What a plain text does not say of itself.
+/// Information that a plain text itself does not contain.
 struct PlainInput
 {
-    std::string
-        book; ///< name of its only book, as the user gives it; "": the text or its file's name says it
-    std::string shownName; ///< what the report calls the file in its places; "": it does not
+    /// Name of its only book as given by the user; "": it is in the text or in the file name.
+    std::string book;
+    /// Name of the file in the positions of the report; "": positions without a file name.
+    std::string shownName;
 };
 
 /// Reads plain text and tables of verses (doc/formats/plain-lines.md): CSV and the like, a verse a line, or lines under
