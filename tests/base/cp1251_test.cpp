@@ -11,7 +11,7 @@ namespace {
 
 using namespace std::string_literals;
 
-/// The C library's own table, as a witness.
+/// The C library's table, as an independent reference.
 class SystemTable
 {
 public:

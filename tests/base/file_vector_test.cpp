@@ -20,7 +20,7 @@ constexpr const char* ioError = "CFileVector::operator [](): IO error";
 
 const std::string tenBytes("\x01\x02\x03\x04\x05\x06\x07\x08\x09\x0A", 10);
 
-/// A record file with the bytes given, and questions to it as short as the answers.
+/// A record file with the given bytes, and short functions to query it.
 template <typename T>
 class RecordFile
 {
@@ -74,7 +74,7 @@ TEST(FileVector, TenBytesAreTwoLongRecordsAndAPart)
     EXPECT_EQ(file.rangeError(3), outOfRange);
 }
 
-// The bounds test compares bytes, so the partial record is in bounds and then cannot be read.
+// The bounds check compares bytes, so the partial record is in bounds but cannot be read.
 TEST(FileVector, APartialLastRecordIsAnIoError)
 {
     RecordFile<unsigned int> file(tenBytes);
@@ -93,7 +93,7 @@ TEST(FileVector, TenBytesAreFiveShortRecords)
     EXPECT_EQ(file.rangeError(5), outOfRange);
 }
 
-// A stream that has failed stays failed: callers must not take later records for sound.
+// A failed stream stays failed: callers must not regard later records as valid.
 TEST(FileVector, AfterAShortReadEveryReadFails)
 {
     RecordFile<unsigned int> file(tenBytes);
@@ -129,7 +129,7 @@ TEST(FileVector, ARefusedIndexDoesNoHarm)
     EXPECT_EQ(file.vector[0], 0x04030201u);
 }
 
-// Offsets are 32-bit numbers: an index beyond a quarter (or half) of their range begins again at 0.
+// Offsets are 32-bit numbers: an index beyond a quarter (or half) of their range wraps to 0.
 TEST(FileVector, TheByteOffsetWrapsAt32Bits)
 {
     RecordFile<unsigned int> longs(tenBytes);
@@ -200,7 +200,7 @@ TEST(FileVector, ARunEndsBeforeThePartialRecord)
     unsigned int records[5] = {};
     EXPECT_EQ(file.vector.readRun(0, 5, records), 2u);
     EXPECT_EQ(records[1], 0x08070605u);
-    EXPECT_EQ(file.vector[0], 0x04030201u); // the partial record was not touched: nothing has failed
+    EXPECT_EQ(file.vector[0], 0x04030201u); // the partial record was not read, so nothing has failed
     EXPECT_EQ(messageOf<std::ios_base::failure>([&] { file.vector.readRun(2, 5, records); }), ioError);
     EXPECT_EQ(file.readError(0), ioError);
 }
@@ -218,7 +218,7 @@ TEST(FileVector, ARunThatBeginsBeyondTheEndIsOutOfRange)
     EXPECT_EQ(messageOf<std::out_of_range>([&] { file.vector.readRun(3, 1, &record); }), outOfRange);
 }
 
-// The length was taken at the opening; what is gone since then is an error and no record.
+// The length is that at the time of opening; records removed since then are errors.
 TEST(FileVector, AFileThatShrinksUnderUsIsAnIoError)
 {
     RecordFile<unsigned int> file(tenBytes);
@@ -250,7 +250,7 @@ TEST(FileVector, AnAccessCostsOneRead)
     EXPECT_EQ(watch.reads()[0].wanted, 4u);
 }
 
-// A hole of more than 4 GiB: the records beyond are counted and cannot be named by a 32-bit offset.
+// A sparse file of more than 4 GiB: the records beyond are counted but are out of range of a 32-bit offset.
 TEST(FileVector, AFileBeyond32BitsReadsItsFirstPart)
 {
     const TempFolder folder;
@@ -263,7 +263,7 @@ TEST(FileVector, AFileBeyond32BitsReadsItsFirstPart)
     EXPECT_EQ(vector.size(), 0x40000002u);
     EXPECT_EQ(vector[0x40000001u], 0x08070605u);
     unsigned int records[4] = {};
-    EXPECT_EQ(vector.readRun(0x3FFFFFFEu, 4, records), 2u); // up to the last offset there is
+    EXPECT_EQ(vector.readRun(0x3FFFFFFEu, 4, records), 2u); // up to the last 32-bit offset
 }
 
 } // namespace

@@ -187,7 +187,7 @@ TEST(TextFile, ThatCannotBeReadToItsEndIsRefused)
     EXPECT_FALSE(ut::read_text_file(path.c_str(), content));
 }
 
-// The files here are holes: they have the length without the bytes.
+// The files here are sparse: they have the length but no data.
 TEST(TextFile, LongerThanTheLimitTakesNoMemory)
 {
     const TempFolder folder;

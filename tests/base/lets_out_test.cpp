@@ -62,7 +62,7 @@ TEST(LetsOutDeathTest, EndsTheProgramOnAForeignException)
                  StartsWith("CThing::work() let out an exception that its contract does not name: lost\n"));
 }
 
-// A base of an allowed type is not allowed: handlers for the list would not catch it.
+// A base class of an allowed type is not allowed: handlers for the list would not catch it.
 TEST(LetsOutDeathTest, EndsTheProgramOnABaseOfAnAllowedType)
 {
     EXPECT_DEATH(letOut<std::out_of_range>(std::logic_error("base")),
@@ -111,7 +111,8 @@ TEST(IoFailure, IsCaughtAsAFailureOfTheStandardWithTheSameText)
     EXPECT_EQ(messageOf<std::exception>(fail), "cannot open file x");
 }
 
-// The standard class is a runtime_error too, so an operation that wraps failures must not name that type first.
+// The standard class is a runtime_error too, so an operation that wraps failures must not catch that type
+// first.
 TEST(IoFailure, IsARuntimeErrorToo)
 {
     EXPECT_EQ(messageOf<std::runtime_error>([] { throw ut::CIoFailure("text"); }), "text");
@@ -129,7 +130,7 @@ TEST(IoFailure, TextIsExactOfACopyAsTheStandardClassToo)
     const std::string text = "CTitles::CTitles(): error opening file f";
     for (const ut::CIoFailure& failure : {ut::CIoFailure(text), ut::CIoFailure(text, EMFILE)}) {
         EXPECT_STREQ(failure.what(), text.c_str());
-        const std::ios_base::failure copy = failure; // NOLINT: as a handler that takes it by value gets it
+        const std::ios_base::failure copy = failure; // NOLINT: like a handler that catches it by value
         EXPECT_STREQ(copy.what(), text.c_str());
     }
 }

@@ -9,7 +9,7 @@
 
 #include <filesystem>
 
-/// A folder with one log file, and what has reached the file.
+/// A folder with one log file, and the content of the file.
 class LogFile : public testing::Test
 {
 protected:

@@ -4,7 +4,7 @@ namespace {
 
 using namespace std::string_literals;
 
-/// What stands for `count` missing bytes.
+/// The output for `count` missing bytes.
 std::string blanks(std::size_t count) { return std::string(count * 3, ' '); }
 
 using LogDump = LogFile;
@@ -124,7 +124,7 @@ TEST_F(LogWriters, ValuesGoTheWayOfTheirInterface)
     EXPECT_EQ(written(), "Scope {a} run execution time: 1.000 s\nScope {b} run memory usage: 1.000 K\n");
 }
 
-/// Keeps what is printed instead of writing it.
+/// Collects the output instead of writing it.
 class KeepingLog : public Log
 {
 public:

@@ -78,7 +78,7 @@ TEST_F(Logs, OpenedOnceTheFileIsThereAtOnceAndFilledInTheEnd)
         Log log = made(true, ILog::onlyOnce);
         EXPECT_TRUE(exists());
         log.printf("x");
-        EXPECT_EQ(written(), ""); // nothing is flushed
+        EXPECT_EQ(written(), ""); // not flushed
     }
     EXPECT_EQ(written(), "x");
 }
@@ -148,7 +148,7 @@ TEST_F(Logs, MadeDisabledItTouchesNoFile)
     EXPECT_EQ(written(), "old");
 }
 
-// Made disabled it has not kept the name.
+// Constructed disabled, it has no file name.
 TEST_F(Logs, MadeDisabledAndEnabledLaterItHasNowhereToWrite)
 {
     for (const ILog::OpenFileMode mode : {ILog::eachTime, ILog::onlyOnce}) {
@@ -242,7 +242,7 @@ TEST_F(Logs, OpenedOnceItDoesNotTryAgain)
     EXPECT_FALSE(std::filesystem::exists(m_path + "/below"));
 }
 
-// An emptying that fails ends the set-up, so a file that appears later is not opened either.
+// If truncating fails, the log stays bad: a file created later is not opened either.
 TEST_F(Logs, AFailedEmptyingOpensNothingElse)
 {
     Log log((m_path + "/below").c_str(), ILog::enable, false, ILog::onlyOnce, 0);

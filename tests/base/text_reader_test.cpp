@@ -39,7 +39,7 @@ TEST(LineReader, RemovesOneLineEndingOnly)
     EXPECT_EQ(linesOf("a\r"), Lines{"a"});
 }
 
-// Lines pass through zero-terminated buffers where the formats were laid down.
+// The formats are defined by a reader with zero-terminated line buffers.
 TEST(LineReader, ALineEndsAtItsFirstZeroByte)
 {
     EXPECT_EQ(linesOf("ab\0cd\r\nef\n"s), (Lines{"ab", "ef"}));

@@ -71,7 +71,7 @@ TEST(Upcase, FoldsLatinAndCyrillicLetters)
     EXPECT_EQ(ut::cyr_chrupcase('\xFF'), '\xDF');
 }
 
-// Every word list is sorted by this narrow fold: ё (0xB8) and its like must stay as they are.
+// Every word list is sorted by this limited folding: ё (0xB8) and similar letters must not be folded.
 TEST(Upcase, LeavesEveryOtherByte)
 {
     for (const char byte : "\xB8\xA8\xC0\x7B\x40\x60\xDF\xBF\x80"s)
@@ -102,7 +102,7 @@ TEST(CharCompare, ComparesUnsignedBytes)
     EXPECT_EQ(ut::cyr_chricmp('\x80', '\x7F'), 1);
 }
 
-// Compared folded, the six characters between Z and a stand above all Latin letters.
+// After folding, the six characters between Z and a sort after all Latin letters.
 TEST(CharCompare, ComparesTheFoldedBytes) { EXPECT_EQ(ut::cyr_chricmp('_', 'a'), 1); }
 
 TEST(CharCompare, IoWithDiaeresisDiffersFromItsCapital) { EXPECT_EQ(ut::cyr_chricmp('\xB8', '\xA8'), 1); }

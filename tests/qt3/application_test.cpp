@@ -5,7 +5,7 @@
 
 #include <stdexcept>
 
-/// An application of its own is under test, so no test framework of Qt runs around it.
+/// The tests create applications themselves, so they do not use Qt's test framework.
 namespace {
 
 int failures = 0;

@@ -8,7 +8,7 @@
 
 #include <memory>
 
-/// A view in a window of its own for each test, and texts such as the program makes.
+/// A view in its own window for each test, and texts like those of the program.
 class ChapterFixture
 {
 protected:

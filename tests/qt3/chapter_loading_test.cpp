@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int side = 400; // of the picture that must not appear
+constexpr int side = 400; // of the image that must not appear
 
 QByteArray picture()
 {
@@ -27,7 +27,7 @@ QByteArray picture()
 
 } // namespace
 
-/// Text that names a picture, a style sheet or a page which exists and could be loaded.
+/// Text that refers to an existing image, style sheet or page that could be loaded.
 class ChapterLoadingTest : public QObject
 {
     Q_OBJECT
@@ -125,7 +125,7 @@ void ChapterLoadingTest::pictureNamedAsStyleSheetFirstIsNotLoaded()
 
 void ChapterLoadingTest::plainBrowserLoadsThePicture()
 {
-    // The picture is one that would be seen.
+    // The image would be visible.
     QTextBrowser view;
     view.resize(600, 600);
     view.setHtml(u"<p>a<img src=\"picture.png\">b</p>"_s);
@@ -160,8 +160,8 @@ void ChapterLoadingTest::documentAsksNobodyElse()
     QFETCH(QString, address);
     qt3::ChapterView view;
     view.setChapter(u"<p>a</p>"_s);
-    // The document keeps what it got: also after a style sheet of the same address an image must be one, for a
-    // null image is looked for in the files.
+    // The document caches its resources: an image with the address of a style sheet must still be an image,
+    // since a null image would be loaded from a file.
     for (const auto type : {QTextDocument::StyleSheetResource, QTextDocument::HtmlResource,
                             QTextDocument::UserResource, QTextDocument::ImageResource}) {
         const QVariant resource = view.document()->resource(type, QUrl(address));

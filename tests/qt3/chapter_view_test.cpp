@@ -7,7 +7,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// 100 verses that fill more lines in a narrower view.
+/// 100 verses that need more lines in a narrower view.
 QString longChapter()
 {
     QString html;
@@ -188,7 +188,7 @@ void ChapterViewTest::readerWhoHasScrolledIsLeftAlone()
     QCOMPARE(scrolled(), 123);
 
     m_view->centreOn(m_view->paragraphTop(50));
-    m_view->setChapter(chapter(100)); // another text starts at its top
+    m_view->setChapter(chapter(100)); // another text is shown from its top
     m_window->resize(500, 400);
     QCOMPARE(scrolled(), 0);
 }

@@ -7,7 +7,8 @@
 #include <QTest>
 #include <QVBoxLayout>
 
-/// A window with a box and a line to take the focus; notes what the box tells, in order: "item 2", "text Лука".
+/// A window with a box and a line edit that can take the focus; records the signals of the box in order:
+/// "item 2", "text Лука".
 struct ComboFixture
 {
     ComboFixture()
@@ -34,7 +35,7 @@ struct ComboFixture
             QApplication::sendEvent(box, &event);
         }
     }
-    /// What was told since the last call.
+    /// The signals since the last call.
     QStringList takeTold() { return std::exchange(told, {}); }
 
     QWidget window;

@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Leaves a combo box's text field half of its height.
+/// Gives a combo box's text field half of its height.
 class LowFieldStyle : public QProxyStyle
 {
 public:
@@ -25,7 +25,7 @@ public:
 
 } // namespace
 
-/// The font of the text in a box that is too low for its own.
+/// The font of the text in a box that is too low for its font.
 class ComboFontTest : public QObject
 {
     Q_OBJECT
@@ -50,7 +50,7 @@ void ComboFontTest::textOfALowBoxShrinksAndTheBoxKeepsItsFont()
     QCOMPARE(box.lineEdit()->font(), box.font());
 }
 
-/// Neither the font nor the size of the box changes.
+/// Checks that neither the font nor the size of the box changes.
 void ComboFontTest::anotherStyleAloneFitsTheTextAnew()
 {
     LowFieldStyle low(u"Fusion"_s);

@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A list that finds its words without regard to case, whatever it is asked for.
+/// A model that always ignores case when searching.
 class CaselessModel : public WordModel
 {
 public:

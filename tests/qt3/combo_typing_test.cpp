@@ -77,7 +77,7 @@ void ComboTypingTest::typedLettersStayWhereTheBoxIsToKeepThem()
     typeInstead(u"лУ"_s);
     QCOMPARE(m->text(), u"лУка"_s);
     QCOMPARE(selected(), u"ка"_s);
-    m->type(u"КА"_s); // an item, but for case
+    m->type(u"КА"_s); // an item except for its case
     QCOMPARE(m->text(), u"лУКА"_s);
     QCOMPARE(selected(), QString());
     m->type(u"!"_s);

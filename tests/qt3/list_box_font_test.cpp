@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Has a scroll bar that leaves the rows little.
+/// Has a wide scroll bar that leaves little space for the rows.
 class BroadBarStyle : public QProxyStyle
 {
 public:
@@ -65,7 +65,7 @@ void ListBoxFontTest::init()
 
 void ListBoxFontTest::rowsShrinkUntilTheWidestFits()
 {
-    fill(1000); // so many that there is a scroll bar
+    fill(1000); // enough for a scroll bar
     m_list->setFixedWidth(160);
     m_list->setWidestRows({u"Битие 1:9"_s, u"Битие 1:1000"_s, u"Битие"_s});
     const int rowHeight = m_list->visualRect(m_model.index(0)).height();

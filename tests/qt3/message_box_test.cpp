@@ -12,7 +12,7 @@ namespace {
 
 const QString markup = u"<b>/tmp/лошо</b>\n&amp; <img src=\"file:///etc/passwd\">"_s;
 
-/// What a box holds while it is open.
+/// The content of a box while it is open.
 struct Seen
 {
     int count = 0;
@@ -56,7 +56,7 @@ private slots:
     void answerStandsInForTheUser();
 
 private:
-    /// Notes the box that opens next and closes it by a key.
+    /// Records the box that opens next and closes it by a key.
     void answerNextBox(Qt::Key key = Qt::Key_Escape)
     {
         QTimer::singleShot(0, this, [this, key] {

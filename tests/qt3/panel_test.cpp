@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A panel with the places of the search panel: the options at the left, a list below them.
+/// A panel arranged like the search panel: the options at the left, a list below them.
 struct Panel : qt3::PanelBox
 {
     explicit Panel(QWidget* parent = nullptr) : PanelBox(parent)

@@ -176,7 +176,7 @@ void PopupMenuTest::longestTextIsWholeAtAnyFont_data()
         QTest::addRow("%d points", points) << points;
 }
 
-/// What is painted right of the column of check marks does not change when the menu gets wider.
+/// The painting to the right of the check marks does not change when the menu gets wider.
 void PopupMenuTest::longestTextIsWholeAtAnyFont()
 {
     QFETCH(int, points);

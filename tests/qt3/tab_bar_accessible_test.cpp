@@ -4,7 +4,7 @@
 
 using namespace Qt::StringLiterals;
 
-/// The bar as assistive technology sees it.
+/// The accessibility interface of the bar.
 class TabBarAccessibleTest : public QObject, private TabBarFixture
 {
     Q_OBJECT

@@ -156,7 +156,7 @@ void TabBarTest::removingEmitsNothing()
 
 void TabBarTest::closingLeftOfTheCurrentTabMakesIndexAndIdentifierMeet()
 {
-    // Closing a translation compares the index of its tab with the identifier that is current afterwards.
+    // Closing a translation compares the index of its tab with the current identifier after that.
     addThree();
     m_bar->setCurrentTab(1);
     m_bar->setCurrentTab(2);

@@ -4,7 +4,7 @@
 
 #include <utility>
 
-/// 60,000 words "дума 0", "дума 1", ... made when asked for; counts how often that was.
+/// 60,000 words "дума 0", "дума 1", ... created on demand; counts how often.
 class WordModel : public QAbstractListModel
 {
 public:

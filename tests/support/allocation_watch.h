@@ -4,8 +4,8 @@
 
 namespace test_support {
 
-/// Measures what `operator new` gives out while an object of the class lives; linked into a test program, it
-/// replaces the library's. One object at a time, one thread.
+/// Measures the allocations by `operator new` during the lifetime of an object; linked into a test program,
+/// it replaces the library's operator. One object at a time, one thread.
 class AllocationWatch
 {
 public:
@@ -15,7 +15,7 @@ public:
     AllocationWatch& operator=(const AllocationWatch&) = delete;
 
     std::size_t largest() const; ///< bytes of the largest single allocation
-    std::size_t total() const;   ///< bytes of all allocations together, freed or not
+    std::size_t total() const;   ///< total bytes of all allocations, freed or not
 };
 
 } // namespace test_support

@@ -11,7 +11,7 @@ namespace {
 
 using namespace Kedrin::Tolvo;
 
-// A damaged structure may tell of millions of verses; the first of a chapter and the last show all there is.
+// A damaged structure may have millions of verses; the first verses of a chapter and the last one are enough.
 constexpr unsigned int atMost = 300;
 
 void check(bool holds, const char* what)
@@ -20,7 +20,7 @@ void check(bool holds, const char* what)
         throw std::logic_error(std::string("check failed: ") + what);
 }
 
-/// Whether the question was answered, and not with std::out_of_range.
+/// Whether the call returned without throwing std::out_of_range.
 bool answered(const std::function<void()>& ask)
 {
     try {
@@ -31,7 +31,7 @@ bool answered(const std::function<void()>& ask)
     }
 }
 
-/// As answered(); a damaged file is no answer either.
+/// Like answered(), but an error for a damaged file also returns false.
 bool answeredOrDamaged(const std::function<void()>& ask)
 {
     try {

@@ -75,7 +75,7 @@ void becomeNobody()
 int openDescriptors()
 {
     const std::filesystem::directory_iterator entries("/proc/self/fd");
-    return static_cast<int>(std::distance(begin(entries), end(entries))) - 1; // the listing's own
+    return static_cast<int>(std::distance(begin(entries), end(entries))) - 1; // of the listing itself
 }
 
 } // namespace test_support

@@ -5,22 +5,23 @@
 
 namespace test_support {
 
-/// How a forked copy of this process ended.
+/// How a forked process ended.
 struct ForkedEnd
 {
-    int exitCode = -1; ///< what the body returned; -1: a signal ended it
-    int signal = 0;    ///< 0: it ended by itself
+    int exitCode = -1; ///< the result of the body; -1: ended by a signal
+    int signal = 0;    ///< 0: not ended by a signal
     std::string standardError;
 };
 
-/// Runs `body` in a forked copy of this process and waits for it. Where the promised outcome is the end of the
-/// program, a test can so watch a thousand ends without a new start each. A body that throws gives exit code 99.
+/// Runs `body` in a forked process and waits for it. If the promised result is the end of the program, a test
+/// can check thousands of cases without starting a program for each. If the body throws, the exit code is 99.
 ForkedEnd runForked(const std::function<int()>& body);
 
-/// Gives up root's right to read everything, for the rest of this (forked) process; nothing to do for others.
+/// Drops root's permission to read everything, for the rest of this (forked) process; does nothing for other
+/// users.
 void becomeNobody();
 
-/// How many descriptors this process holds open.
+/// The number of open descriptors of this process.
 int openDescriptors();
 
 } // namespace test_support

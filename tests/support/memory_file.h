@@ -9,8 +9,8 @@
 
 namespace test_support {
 
-/// A regular file that lives in memory, with a path by which a reader opens it; gone with the object. For tests
-/// that make files by the thousand, and for the fuzzers.
+/// A regular file in memory, with a path by which a reader can open it; it is deleted with the object. For
+/// tests that create thousands of files, and for the fuzzers.
 class MemoryFile
 {
 public:
@@ -26,7 +26,7 @@ public:
 
     std::string path() const { return "/proc/self/fd/" + std::to_string(m_descriptor); }
 
-    /// Cuts the file short under those who have it open.
+    /// Truncates the file while it is open elsewhere.
     void shrinkTo(std::size_t byteCount) const
     {
         if (::ftruncate(m_descriptor, static_cast<off_t>(byteCount)) != 0)

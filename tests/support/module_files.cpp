@@ -35,7 +35,7 @@ bool isWordByte(char c)
            byte >= 0xC0 || byte == 0xA8 || byte == 0xB8;
 }
 
-/// Collects texts verse by verse and gives the six files that depend on them.
+/// Collects texts verse by verse and creates the six files that depend on them.
 class TextFiles
 {
 public:

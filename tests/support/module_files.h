@@ -8,23 +8,23 @@
 
 namespace test_support {
 
-/// UTF-8 as Windows-1251, '?' for what it lacks.
+/// UTF-8 as Windows-1251, '?' for characters that it lacks.
 std::string cp1251(std::string_view utf8);
 
-/// The ten files of a module as bytes, so that a test can spoil one and see what comes of it.
+/// The ten files of a module as bytes, so that a test can corrupt one of them.
 struct ModuleFiles
 {
-    std::map<std::string, std::string> bytes; ///< file name to content; a name that is absent is not written
+    std::map<std::string, std::string> bytes; ///< file name to content; missing names are not written
 
-    /// Writes all files into the folder, which is made if need be.
+    /// Writes all files into the folder, which is created if necessary.
     void write(const std::filesystem::path& folder) const;
 };
 
-/// The smallest module worth reading, every byte written by hand: Битие with chapters of 2 and 1 verses and Изход
-/// with one of 1, global numbers 0 and 1; the words "Бог", "земя" and "рече".
+/// A minimal module, every byte written by hand: Битие with chapters of 2 and 1 verses and Изход with one of
+/// 1, global numbers 0 and 1; the words "Бог", "земя" and "рече".
 ModuleFiles smallModule();
 
-/// One book of a made module. Texts are UTF-8 here.
+/// One book of a generated module. Texts are UTF-8.
 struct Book
 {
     unsigned int globalID;
@@ -32,12 +32,12 @@ struct Book
     std::vector<std::vector<std::string>> chapters;
 };
 
-/// A module put together the plain way from texts: words are runs of letters and digits, folded and sorted as the
-/// engine compares them, the concordance complete. It shares no code with the module tool.
+/// A module generated from texts in a simple way: words are sequences of letters and digits, folded and
+/// sorted in the engine's order, with a complete concordance. It shares no code with the module tool.
 ModuleFiles makeModule(const std::string& title, const std::vector<Book>& books,
                        const std::string& diff = {});
 
-/// A book of `verseCounts.size()` chapters whose verses read "<title> <chapter>:<verse>".
+/// A book of `verseCounts.size()` chapters whose verses are "<title> <chapter>:<verse>".
 Book plainBook(unsigned int globalID, const std::string& title, const std::vector<unsigned int>& verseCounts);
 
 } // namespace test_support

@@ -5,17 +5,16 @@
 
 namespace test_support {
 
-/// Stands in the way of pread(2) for the whole test program, in which it is linked in place of the C library's,
-/// while an object of the class lives: notes every read, and can make the system behave as it rarely does.
-/// One object at a time, one thread.
+/// Replaces pread(2) of the C library in the test program that links it: during the lifetime of an object it
+/// records every read, and can simulate rare behaviour of the system. One object at a time, one thread.
 class ReadWatch
 {
 public:
     struct Read
     {
         std::uint64_t byteOffset;
-        std::uint64_t wanted; ///< bytes asked for
-        std::int64_t got;     ///< what the call returned
+        std::uint64_t wanted; ///< requested bytes
+        std::int64_t got;     ///< result of the call
     };
 
     ReadWatch();
@@ -23,18 +22,18 @@ public:
     ReadWatch(const ReadWatch&) = delete;
     ReadWatch& operator=(const ReadWatch&) = delete;
 
-    /// Forgets the reads noted so far.
+    /// Clears the recorded reads.
     void clear() { m_reads.clear(); }
     const std::vector<Read>& reads() const { return m_reads; }
 
-    /// The next `count` reads fail with EINTR, as when a signal comes.
+    /// The next `count` reads fail with EINTR, as if interrupted by a signal.
     void interrupt(unsigned int count) { m_interrupts = count; }
-    /// No read gives more than `byteCount` bytes from now on, as over a network.
+    /// Limits every following read to `byteCount` bytes, as on a network file system.
     void giveAtMost(std::size_t byteCount) { m_atMost = byteCount; }
-    /// Every read fails with EIO from now on, as from a broken disk.
+    /// Every following read fails with EIO, as from a defective disk.
     void breakDisk() { m_broken = true; }
 
-    /// What pread(2) does while this object lives.
+    /// The implementation of pread(2) during the lifetime of this object.
     std::int64_t read(int descriptor, void* buffer, std::size_t byteCount, std::int64_t byteOffset);
 
 private:

@@ -28,7 +28,7 @@ std::vector<NamedPath> unopenableFiles(const TempFolder& folder)
         {"name too long", folder.file(std::string(300, 'x'))},
         {"empty name", ""},
     };
-    if (::geteuid() != 0) { // root reads whatever the permissions say
+    if (::geteuid() != 0) { // root can read regardless of the permissions
         const std::string unreadable = folder.write("unreadable", "2 0 1\n");
         ::chmod(unreadable.c_str(), 0);
         paths.push_back({"unreadable", unreadable});

@@ -7,7 +7,7 @@
 
 namespace test_support {
 
-/// Calls `use(bytes)` with every proper beginning of `whole`, the empty one first.
+/// Calls `use(bytes)` with every proper prefix of `whole`, the empty one first.
 template <typename Use>
 void forEveryCut(const std::string& whole, Use use)
 {
@@ -15,8 +15,9 @@ void forEveryCut(const std::string& whole, Use use)
         use(whole.substr(0, length));
 }
 
-/// Calls `use(bytes)` with `whole` after each change of one byte to each of the values that mean something to one
-/// of the formats (ends of lines and texts, signs, digits, the bounds of a byte) and with each single bit turned.
+/// Calls `use(bytes)` with `whole` after changing each byte to each of the values with a meaning in one of
+/// the formats (ends of lines and texts, signs, digits, the limits of a byte), and with each single bit
+/// flipped.
 template <typename Use>
 void forEverySpoiledByte(const std::string& whole, Use use)
 {
@@ -38,8 +39,8 @@ struct NamedPath
     std::string path;
 };
 
-/// Names under which no file can be opened for reading, by root neither: nothing, a directory, a pipe (which
-/// must not be waited for), a device, a link to nothing, a link to itself, a name below a file, one too long.
+/// Names under which no file can be opened for reading, not even by root: no file, a directory, a pipe (which
+/// must not block), a device, a dangling link, a link to itself, a name below a file, one that is too long.
 std::vector<NamedPath> unopenableFiles(const TempFolder& folder);
 
 } // namespace test_support

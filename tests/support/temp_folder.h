@@ -10,7 +10,7 @@
 
 namespace test_support {
 
-/// A new folder for one test, removed with all it holds.
+/// A new folder for one test, removed with all its content.
 class TempFolder
 {
 public:

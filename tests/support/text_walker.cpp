@@ -12,7 +12,7 @@ namespace {
 
 using namespace Kedrin::Tolvo;
 
-/// What a read gives, as plainVerse() writes it.
+/// The result of a read in the form of plainVerse().
 template <typename Read>
 std::string answerOf(Read read)
 {
@@ -33,7 +33,7 @@ void require(bool holds, const std::string& rule)
 
 bool isText(const std::string& answer) { return answer.starts_with('='); }
 
-/// Objects are new for each verse, so that one failure does not hide what the next verse would have given.
+/// New objects for each verse, so that a failure does not affect the next verse.
 void checkSingleVerses(const std::string& textPath, const std::string& pointPath,
                        const std::vector<std::string>& expected)
 {
@@ -63,7 +63,7 @@ void checkRun(const std::string& textPath, const std::string& pointPath,
         });
         require(answer == expected[verse], "a run gives what single reads give");
         if (!isText(answer))
-            return; // the run and its text are spent
+            return; // the cursor and its text have failed
         require(run.verseNum() == verse, "a run counts its verses");
     }
     require(!run.next(), "a run ends");
@@ -101,7 +101,7 @@ std::string walkText(const std::string& textPath, const std::string& pointPath)
     }
     const std::string textBytes = bytesOf(textPath);
     const std::string pointBytes = bytesOf(pointPath);
-    std::vector<std::string> expected; // one more than the file has, partial record included
+    std::vector<std::string> expected; // one more than the file has, including a partial record
     for (unsigned int verse = 0; verse <= (pointBytes.size() + 3) / 4; ++verse)
         expected.push_back(plainVerse(textBytes, pointBytes, verse));
 

@@ -5,13 +5,13 @@
 
 namespace test_support {
 
-/// what() of the exception of type `Expected`, or of a type derived from it, that `body` throws. When it throws
-/// something else or nothing, a text in angle brackets that says so, which equals no message of ours.
+/// what() of the exception of type `Expected`, or of a derived type, that `body` throws. If it throws
+/// something else or nothing, a text in angle brackets that says so, which differs from all our messages.
 template <typename Expected, typename Body>
 std::string messageOf(Body&& body)
 {
     try {
-        try { // a try of its own: `Expected` may be std::exception
+        try { // nested, as `Expected` may be std::exception
             body();
         } catch (const Expected& ex) {
             return ex.what();

@@ -21,8 +21,8 @@ void require(bool holds, const char* rule)
         throw std::logic_error(rule);
 }
 
-/// What an unopened reader says; empty when `open` gets through. The handler is here so that what is thrown
-/// after the opening is not taken for it.
+/// The message of a reader that fails to open; empty if `open` succeeds. The handler is here so that later
+/// exceptions are not mistaken for it.
 template <typename Open>
 std::string refusalOf(Open open)
 {
@@ -46,7 +46,7 @@ bool isOutOfRange(Query query)
     }
 }
 
-/// A number that the structure gives out must lead back, unless it fell on an empty book or chapter.
+/// The reference of a number must map back to it, unless it is in an empty book or chapter.
 void checkNumber(const CBibleStructure& structure, unsigned int num)
 {
     const CRef ref = structure.toRef(num);

@@ -11,9 +11,9 @@
 
 namespace test_support {
 
-/// Spoils one small sound file in every way and lets `walk(path)` read each result: cut short at every length,
-/// every byte changed. It may refuse a file with one of `refusals` followed by the file's name; all else that
-/// comes out of the walker fails the test.
+/// Corrupts a small valid file in every way (truncated to every length, every byte changed) and calls
+/// `walk(path)` for each result. A file may be refused with one of `refusals` followed by its name; any other
+/// exception fails the test.
 template <typename Walk>
 void walkSpoiled(const std::string& sound, const std::set<std::string>& refusals, Walk walk)
 {

@@ -1,194 +1,24 @@
-// Damaged modules: each of the ten files missing, replaced, cut short, spoiled. What comes of it is always one of
-// three: the loading refuses with the promised message, which a proof gives as well (and a proof may refuse what loads,
-// but nothing whose first chapter cannot be read passes it); the translation answers, or
-// throws what the operation's list names; or the program ends with the one line that the contract of the operation promises.
+// Damaged modules: each of the ten files missing, replaced, truncated, corrupted. The result must be one of these: loading
+// refuses the module with the promised message, and validation with the same one (validation may also refuse a module that
+// loads, and must refuse one whose first chapter cannot be read); the translation returns results, or throws the documented
+// exceptions; or the program ends with the one line that the contract of the operation promises.
+
+#include "bad_input_fixture.h"
 
 #include "bible_walker.h"
 #include "forked.h"
-#include "module_files.h"
 #include "spoiled.h"
-#include "temp_folder.h"
 
-#include <gtest/gtest.h>
-
-#include <csignal>
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
 #include <fstream>
-#include <functional>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
+namespace bad_input {
 namespace {
-
-using namespace Kedrin::Tolvo;
-using test_support::ModuleFiles;
-using test_support::TempFolder;
-
-using Walk = void (*)(const CBible&);
-
-/// A sound module whose every file holds something.
-ModuleFiles soundModule()
-{
-    ModuleFiles files = test_support::smallModule();
-    files.bytes["_Diff_.txt"] = "1 2 1 0 1\r\n";
-    return files;
-}
-
-/// A huge count in a file must not become a huge allocation: memory may grow by this much and no more.
-void limitMemory()
-{
-#if !defined(KEDRIN_SANITIZE) // its shadow memory alone is larger than any limit
-    constexpr rlim_t growth = 96u << 20;
-    rlim_t pages = 0;
-    std::ifstream("/proc/self/statm") >> pages;
-    const rlim_t limit = pages * static_cast<rlim_t>(::sysconf(_SC_PAGESIZE)) + growth;
-    const rlimit bytes = {limit, limit};
-    ::setrlimit(RLIMIT_AS, &bytes);
-#endif
-}
-
-std::string refusal(const std::function<void()>& operation)
-{
-    try {
-        operation();
-    } catch (const std::runtime_error& ex) {
-        return ex.what();
-    }
-    return std::string();
-}
-
-/// Whether the message is the loading's, about this folder, and holds a message of one of the readers.
-bool isPromisedRefusal(const std::string& message, const std::string& folder)
-{
-    const std::string start =
-        "CBible::CBible(): Error loading Bible (from folder " + folder + ");\nError message: \"";
-    if (!message.starts_with(start) || !message.ends_with("\""))
-        return false;
-    const std::string inner = message.substr(start.size(), message.size() - start.size() - 1);
-    for (const auto& [text, fileName] : std::vector<std::pair<std::string, std::string>>{
-             {"CTitles::CTitles(): error opening file ", "BibleTitles.txt"},
-             {"CBibleSructure::CBibleSructure(): error opening file ", "BibleStructure.csv"},
-             {"CBibleSructure::CBibleSructure(): error reading file ", "BibleStructure.csv"},
-             {"CDiff::CDiff(): error opening file ", "_Diff_.txt"},
-             {"CFileVector::CFileVector(): cannot open file ", "CompactPoint.bin"},
-             {"CBibleText::CBibleText(): error opening file ", "CompactText.bin"},
-             {"CWordList::CWordList(): error opening file ", "WordList.txt"},
-             {"CFileVector::CFileVector(): cannot open file ", "Conc.bin"},
-             {"CFileVector::CFileVector(): cannot open file ", "ConcP.bin"}})
-        if (inner == text + folder + "/" + fileName)
-            return true;
-    return false;
-}
-
-/// Whether the message is one of those with which a proof refuses what loads.
-bool isPromisedDoubt(const std::string& message, const std::string& folder)
-{
-    const std::string start =
-        "CBible::CBible(): Error loading Bible (from folder " + folder + ");\nError message: \"";
-    for (const std::string& inner :
-         {"CTitles::CTitles(): error reading file " + folder + "/BibleTitles.txt",
-          "CBibleSructure::CBibleSructure(): error reading file " + folder + "/BibleStructure.csv",
-          std::string("CBibleSructure::ValidateBookID(): bookID out of range"),
-          std::string("CBibleSructure::ValidateChapterID(): chapter out of range"),
-          std::string("CBibleText::operator [](): I/O error")})
-        if (message == start + inner + "\"")
-            return true;
-    return false;
-}
-
-constexpr int provenOtherwise = 2;
-constexpr int unknownRefusal = 3;
-
-/// In the forked copy: proves and loads the module, and walks it.
-int proveLoadAndWalk(const std::string& folder, const std::vector<Walk>& walks)
-{
-    limitMemory();
-    const std::string proof = refusal([&] { CBible::Validate(folder); });
-    CBible* bible = nullptr;
-    const std::string loading = refusal([&] { bible = new CBible(folder); });
-    if (bible == nullptr && proof != loading)
-        return provenOtherwise;
-    if (bible == nullptr)
-        return isPromisedRefusal(loading, folder) ? 0 : unknownRefusal;
-    if (!proof.empty() && !isPromisedDoubt(proof, folder))
-        return unknownRefusal;
-    if (proof.empty())
-        bible->chapterVerses(0, 0);
-    for (const Walk walk : walks)
-        walk(*bible);
-    delete bible;
-    return 0;
-}
-
-class BadInput : public testing::TestWithParam<std::string>
-{
-protected:
-    BadInput() { files.write(module); }
-
-    /// Writes the file under test, its other files being sound, and expects a promised outcome.
-    void expectPromisedOutcomeOf(const std::string& bytes)
-    {
-        std::ofstream(module + "/" + GetParam(), std::ios::binary | std::ios::trunc)
-            .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-        if (!expectPromisedOutcome())
-            ADD_FAILURE() << "the bytes were " << testing::PrintToString(bytes);
-    }
-
-    bool expectPromisedOutcome()
-    {
-        using namespace test_support;
-        // where an end of the program is no promised outcome, one copy does for all
-        static const std::vector<std::vector<Walk>> together = {
-            {walkAnswers, walkSearches, walkChapters, walkVerses, walkScans, walkWords}};
-        static const std::vector<std::vector<Walk>> apart = {
-            {walkAnswers, walkSearches, walkChapters}, {walkVerses}, {walkScans}, {walkWords}};
-        const bool binary = GetParam().ends_with(".bin");
-        bool promised = true;
-        const std::vector<std::vector<Walk>>& attempts = binary ? apart : together;
-        for (const std::vector<Walk>& walks : attempts) {
-            const ForkedEnd end = runForked([&] { return proveLoadAndWalk(module, walks); });
-            const std::string firstLine = end.standardError.substr(0, end.standardError.find('\n'));
-            const bool quiet = end.exitCode == 0 && end.standardError.empty();
-            const bool mayEnd = binary && &walks != &attempts.front();
-            const bool ended = mayEnd && end.signal == SIGABRT && isPromisedEnd(firstLine);
-            EXPECT_TRUE(quiet || ended)
-                << "exit code " << end.exitCode << ", signal " << end.signal << ", " << end.standardError;
-            promised = promised && (quiet || ended);
-        }
-        return promised;
-    }
-
-    /// The message with which the module is refused; the loading's and the proof's, which are one.
-    std::string refusalOfModule() const
-    {
-        return refusal([&] { CBible::Validate(module); });
-    }
-
-    TempFolder folder;
-    std::string module = folder.file("module");
-    ModuleFiles files = soundModule();
-};
-
-/// The readers' messages for a file that cannot be opened; absent: the file is not needed.
-const std::map<std::string, std::string> unopened = {
-    {"BibleTitles.txt", "CTitles::CTitles(): error opening file "},
-    {"BibleStructure.csv", "CBibleSructure::CBibleSructure(): error opening file "},
-    {"_Diff_.txt", "CDiff::CDiff(): error opening file "},
-    {"CompactPoint.bin", "CFileVector::CFileVector(): cannot open file "},
-    {"CompactText.bin", "CBibleText::CBibleText(): error opening file "},
-    {"WordList.txt", "CWordList::CWordList(): error opening file "},
-    {"Conc.bin", "CFileVector::CFileVector(): cannot open file "},
-    {"ConcP.bin", "CFileVector::CFileVector(): cannot open file "},
-};
-
-std::string refusalOfUnopened(const std::string& fileName, const std::string& module)
-{
-    const auto message = unopened.find(fileName);
-    if (message == unopened.end())
-        return std::string();
-    return "CBible::CBible(): Error loading Bible (from folder " + module + ");\nError message: \"" +
-           message->second + module + "/" + fileName + "\"";
-}
 
 TEST_P(BadInput, NothingThatIsNoFileCanBeOpened)
 {
@@ -196,7 +26,7 @@ TEST_P(BadInput, NothingThatIsNoFileCanBeOpened)
     for (const test_support::NamedPath& defective : test_support::unopenableFiles(folder)) {
         SCOPED_TRACE(defective.defect);
         std::filesystem::remove_all(path);
-        std::error_code noSuchLink; // nothing can lead to an empty path or one too long
+        std::error_code noSuchLink; // a link cannot have an empty target or one that is too long
         std::filesystem::create_symlink(defective.path, path, noSuchLink);
         EXPECT_EQ(refusalOfModule(), refusalOfUnopened(GetParam(), module));
         expectPromisedOutcome();
@@ -254,7 +84,7 @@ TEST_P(BadInput, EveryByteSpoiled)
     }
 }
 
-/// Calls `use` with the text after each of its numbers has been replaced by each of `replacements`.
+/// Calls `use` with the text after replacing each of its numbers by each of several others.
 void forEveryNumberReplaced(const std::string& text, const std::function<void(const std::string&)>& use)
 {
     const std::string digits = "0123456789";
@@ -267,7 +97,7 @@ void forEveryNumberReplaced(const std::string& text, const std::function<void(co
     }
 }
 
-/// Calls `use` with the bytes after every record of `width` bytes has been replaced by each bound of its range.
+/// Calls `use` with the bytes after replacing each record of `width` bytes by each limit of its range.
 void forEveryRecordReplaced(const std::string& bytes, std::size_t width,
                             const std::function<void(const std::string&)>& use)
 {
@@ -307,3 +137,4 @@ INSTANTIATE_TEST_SUITE_P(EachFile, BadInput,
                          });
 
 } // namespace
+} // namespace bad_input

@@ -1,5 +1,5 @@
-// Reading and searching as the window does it, in modules whose files are damaged: what is let out, and what is read
-// after that.
+// Reading and searching, in the way the window does, in modules with damaged files: the exceptions, and later
+// reads.
 
 #include "bible_search_fixture.h"
 #include "forked.h"
@@ -107,7 +107,7 @@ TEST_F(BibleDamage, SearchOfACutTextLetsTheFailureOutAndKeepsTheHitsBefore)
         EXPECT_EQ(searchFailure("Бог", false, caseSensitive), textError);
         EXPECT_EQ(placesOf(result), Places{"0.0.0"});
     }
-    EXPECT_EQ(versesOfWord("бог"), (Places{"0.0.0", "0.1.0"})); // the text is not read for it
+    EXPECT_EQ(versesOfWord("бог"), (Places{"0.0.0", "0.1.0"})); // without reading the text
 }
 
 TEST_F(BibleDamage, SearchOfACutPointerFileLetsTheFailureOut)
@@ -123,7 +123,7 @@ TEST_F(BibleDamage, SearchOfACutConcordanceLetsTheFailureOut)
 {
     loadCut("Conc.bin", 15);
     EXPECT_EQ(searchFailure("рече", true), vectorError);
-    EXPECT_EQ(versesOfWord("бог"), (Places{"0.0.0", "0.1.0"})); // its entry is whole
+    EXPECT_EQ(versesOfWord("бог"), (Places{"0.0.0", "0.1.0"})); // its entry is complete
 }
 
 TEST_F(BibleDamage, SearchOfSpoiledConcordanceFilesThrowsAsTheSearchDoes)
@@ -164,10 +164,10 @@ TEST_F(BibleDamage, SearchIsNotEndedByAFailureBeforeIt)
     EXPECT_EQ(chapterFailure(0, 0), textError);
     EXPECT_EQ(searchFailure("Бог", false), textError);
     EXPECT_EQ(placesOf(result), Places{"0.0.0"});
-    EXPECT_EQ(chapterFailure(0, 0), textError); // the text's own failure has stayed
+    EXPECT_EQ(chapterFailure(0, 0), textError); // the text is still in its failed state
 }
 
-// A package manager may put other files in their places.
+// A package manager may replace the files.
 TEST_F(BibleDamage, SearchReadsTheFilesThatTheTranslationHasOpen)
 {
     load(smallModule());
@@ -179,9 +179,9 @@ TEST_F(BibleDamage, SearchReadsTheFilesThatTheTranslationHasOpen)
     EXPECT_EQ(bible->chapterVerses(0, 0).size(), 2u);
 }
 
-#if !defined(KEDRIN_SANITIZE) // its shadow memory alone is larger than any limit
+#if !defined(KEDRIN_SANITIZE) // its shadow memory exceeds any limit
 
-/// From now on this process gets no large piece of memory.
+/// Makes large allocations of this process fail.
 void forbidMoreMemory()
 {
     rlim_t pages = 0;
@@ -195,7 +195,7 @@ TEST_F(BibleDamageDeathTest, AnotherExceptionEndsTheProgram)
 {
     ModuleFiles files =
         test_support::makeModule("Превод", {test_support::Book{0, "Битие", {{std::string(1000, 'x')}}}});
-    files.bytes["BibleStructure.csv"] = "1 65535\r\n"; // all verses are one record
+    files.bytes["BibleStructure.csv"] = "1 65535\r\n"; // all verses share one record
     files.bytes["CompactPoint.bin"].resize(4 * 65535);
     load(files);
     const std::string longText(64u << 20, 'x');

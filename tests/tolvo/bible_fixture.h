@@ -11,7 +11,7 @@
 
 namespace Kedrin::Tolvo {
 
-/// Loads one translation at a time from files that are written for it.
+/// Writes module files and loads them as one translation at a time.
 class BibleFixture : public testing::Test
 {
 protected:
@@ -28,7 +28,7 @@ private:
     std::unique_ptr<CBible> m_bible;
 };
 
-/// The message of the std::out_of_range that an operation throws; "nothing thrown" when it throws none.
+/// The message of the std::out_of_range that an operation throws; "nothing thrown" if it throws none.
 template <typename Operation>
 std::string outOfRange(Operation operation)
 {

@@ -52,7 +52,7 @@ TEST(Info, EmptyLinesOfTheCopyrightAreKept)
     EXPECT_EQ(summaryOf("F\nS\nA\n\nFree\n\n"), "[F][S][A][\nFree\n\n]");
 }
 
-// Reading the second line meets the end and so leaves an empty title, which the third then repeats.
+// Reading the second line reaches the end of the file and so gives an empty title, which the third repeats.
 TEST(Info, OfOneLineGivesEmptyOtherTitles)
 {
     EXPECT_EQ(summaryOf("Full\n"), "[Full][][][]");
@@ -85,7 +85,7 @@ TEST(InfoLines, Of255BytesAreReadInEachPosition)
     EXPECT_EQ(summaryOf("F\nS\nA\n" + bound), "[F][S][A][" + bound + "\n]");
 }
 
-// The line buffer is full: what it holds is the title, and nothing after it can be read any more.
+// The line buffer is full: its content is the title, and nothing can be read after it.
 TEST(InfoLines, ALongerFullTitleIsCutAndRepeated)
 {
     EXPECT_EQ(summaryOf(tooLong + "\nS\nA\nC\n"), "[" + bound + "][" + bound + "][" + bound + "][]");

@@ -1,4 +1,4 @@
-// What CBible opens, in which order, what it says when that fails, and what it leaves behind.
+// Which files CBible opens, in which order, its messages on failure, and what it leaks.
 
 #include "forked.h"
 #include "module_files.h"
@@ -20,7 +20,7 @@ using test_support::openDescriptors;
 using test_support::smallModule;
 using test_support::TempFolder;
 
-/// The text of the std::runtime_error that `operation` throws; "" when it throws nothing.
+/// The text of the std::runtime_error that `operation` throws; "" if it throws nothing.
 std::string failureOf(const std::function<void()>& operation)
 {
     try {
@@ -61,10 +61,10 @@ protected:
 struct MissingFile
 {
     std::string fileName;
-    std::string message; ///< of the reader; the file's path follows
+    std::string message; ///< of the reader; followed by the path of the file
 };
 
-/// In the order in which they are opened.
+/// In the order of opening.
 const std::vector<MissingFile> neededFiles = {
     {"BibleTitles.txt", "CTitles::CTitles(): error opening file "},
     {"BibleStructure.csv", "CBibleSructure::CBibleSructure(): error opening file "},
@@ -107,7 +107,7 @@ TEST_F(BibleLoading, EachMissingFileIsNamedByItsReader)
 
 TEST_F(BibleLoading, FilesAreOpenedInTheirFixedOrder)
 {
-    // Of an empty folder the first file is missed; each file that is put in moves the failure to the next.
+    // In an empty folder the first file is missing; after each file is added, the next one is.
     std::filesystem::create_directories(module);
     ModuleFiles present;
     for (const MissingFile& next : neededFiles) {
@@ -147,7 +147,7 @@ TEST_F(BibleLoading, ShortTitlesLoad)
 TEST_F(BibleLoading, StructureIsReadForAsManyBooksAsThereAreTitles)
 {
     ModuleFiles files = smallModule();
-    files.bytes["BibleStructure.csv"] = "2 2 1\r\n1 1\r\n3 9 9 9\r\n"; // a third book that has no title
+    files.bytes["BibleStructure.csv"] = "2 2 1\r\n1 1\r\n3 9 9 9\r\n"; // a third book without a title
     files.write(module);
     EXPECT_EQ(CBible(module).booksCount(), 2u);
 }
@@ -197,8 +197,8 @@ TEST_F(BibleLoading, FailureIsARuntimeErrorOfItsOwnAndNoIoFailure)
     }
 }
 
-// The loading translates its failure and cleans up nothing: the half-built translation is abandoned, open
-// files included. The window therefore proves a module before it loads it.
+// A failed constructor releases nothing: the partly built translation is leaked, including its open files.
+// The window therefore validates a module before loading it.
 TEST_F(BibleLoading, FailedLoadingAbandonsTheFilesItHasOpened)
 {
     struct Case
@@ -229,7 +229,7 @@ TEST_F(BibleLoading, LoadedTranslationHoldsFourFilesUntilItGoes)
     EXPECT_EQ(openDescriptors(), before);
 }
 
-// The information record is left to the end of the process.
+// The information record is never deleted.
 TEST_F(BibleLoading, InformationOutlivesTheTranslation)
 {
     write();
@@ -250,13 +250,13 @@ TEST_F(BibleLoading, ProofSaysForEveryMissingFileWhatLoadingSays)
     }
 }
 
-/// Runs the proof a hundred times and tells what that left: descriptors, and bytes on the heap.
+/// Runs the validation a hundred times and returns what it leaked: descriptors, and bytes on the heap.
 void expectNothingLeftBy(const std::function<void()>& proof)
 {
-    for (int i = 0; i < 3; ++i) // what the first calls of library functions keep is not the proof's
+    for (int i = 0; i < 3; ++i) // the first calls of library functions allocate memory that stays
         proof();
     constexpr std::size_t proofs = 100;
-    // of the heap; what the library keeps ready for reuse varies by a few
+    // of the heap; the memory that the library keeps for reuse varies slightly
     constexpr std::size_t smallestBlock = 32;
     const int descriptors = openDescriptors();
     const std::size_t bytes = ::mallinfo2().uordblks;

@@ -21,7 +21,7 @@ using test_support::TempFolder;
 class BibleModules : public testing::Test
 {
 protected:
-    /// A module whose full title is its folder's name, so that a test sees which index it has.
+    /// A module whose full title is the name of its folder, so that a test can see its index.
     void addUntitled(const std::string& folderName) const
     {
         ModuleFiles files = smallModule();
@@ -82,7 +82,7 @@ TEST_F(BibleModules, NothingInsideAFolderIsLookedAt)
     EXPECT_EQ(titles(), Titles{"empty"});
 }
 
-/// What a proof of the first module quotes: the catalogue's path of that module.
+/// The path of the first module as quoted by its validation error.
 std::string firstModulesPath(const std::string& modulesFolder)
 {
     const CBibleModules modules(modulesFolder);
@@ -269,7 +269,7 @@ TEST_F(BibleModules, CommonStructureThatFailedIsTriedAgain)
     EXPECT_EQ(modules.globalStructure()->booksCount(), 77u);
 }
 
-// The catalogue is meant to hold whole modules only; who cannot be sure of that proves a module first.
+// The catalogue should only have complete modules; callers that cannot be sure validate a module first.
 TEST_F(BibleModulesDeathTest, LoadingADamagedModuleEndsTheProgram)
 {
     addUntitled("one");

@@ -1,4 +1,4 @@
-// Modules that load and could not be read to their end, or not from their beginning: the proof refuses them.
+// Modules that load but cannot be read to their end, or from their beginning: the validation refuses them.
 
 #include "forked.h"
 #include "module_files.h"
@@ -27,7 +27,7 @@ class BibleProof : public testing::Test
 protected:
     void put(const std::string& fileName, const std::string& bytes) { files.bytes[fileName] = bytes; }
 
-    /// What the catalogue's proof throws for the files, after they have been seen to load.
+    /// The exception of the catalogue's validation, after checking that the files load.
     std::string refusal()
     {
         files.write(module);
@@ -116,7 +116,7 @@ TEST_F(BibleProof, MoreVersesThanPointersAreRefused)
         EXPECT_EQ(refusal(), badStructure()) << structure;
     }
     files = smallModule();
-    files.bytes["CompactPoint.bin"].resize(15); // three records and a part
+    files.bytes["CompactPoint.bin"].resize(15); // three and a partial record
     EXPECT_EQ(refusal(), badStructure());
 }
 
@@ -131,10 +131,10 @@ TEST_F(BibleProof, UnreadableFirstChapterIsRefused)
     put("CompactText.bin", "");
     EXPECT_EQ(refusal(), wrapped("CBibleText::operator [](): I/O error"));
     put("CompactText.bin",
-        smallModule().bytes["CompactText.bin"].substr(0, 15)); // its second verse lacks a byte
+        smallModule().bytes["CompactText.bin"].substr(0, 15)); // its second verse is missing a byte
     EXPECT_EQ(refusal(), wrapped("CBibleText::operator [](): I/O error"));
     put("CompactText.bin",
-        smallModule().bytes["CompactText.bin"].substr(0, 16)); // only later chapters lack bytes
+        smallModule().bytes["CompactText.bin"].substr(0, 16)); // bytes are missing only in later chapters
     EXPECT_EQ(refusal(), nothing);
 }
 
@@ -191,7 +191,7 @@ TEST_F(BibleProof, HundredRefusalsLeaveNothing)
         EXPECT_NE(refusal(), nothing);
         const CBibleModules modules(folder.path().string());
         const auto prove = [&] { messageOf<std::runtime_error>([&] { modules.ValidateBible(0); }); };
-        for (int i = 0; i < 3; ++i) // what the first calls of library functions keep is not the proof's
+        for (int i = 0; i < 3; ++i) // the first calls of library functions allocate memory that stays
             prove();
         const int descriptors = test_support::openDescriptors();
         const std::size_t onTheHeap = ::mallinfo2().uordblks;

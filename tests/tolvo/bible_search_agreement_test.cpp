@@ -1,4 +1,5 @@
-// The search gives exactly the hits of the plain rule: on all small inputs, and on generated modules.
+// The search finds exactly the hits of the simple reference search: for all small inputs and for generated
+// modules.
 
 #include "module_files.h"
 #include "plain_search.h"
@@ -29,7 +30,7 @@ bool same(const CRef& a, const CRef& b)
            b.isGlobal();
 }
 
-/// Searches both ways and compares the references, and where the text is incomplete, that the search says so.
+/// Searches both ways and compares the references; if the text is incomplete, the search has to throw.
 void expectAgreement(const PlainSearch& plain, const std::string& part, bool caseSensitive)
 {
     std::vector<CRef> hits;
@@ -61,7 +62,7 @@ std::vector<std::string> allTexts(const std::string& alphabet, std::size_t longe
     return texts;
 }
 
-// Every text is a verse of one module, so the needles that cross its records' borders are all there too.
+// Every text is a verse of one module, so needles that cross record boundaries occur too.
 TEST(BibleSearchAgreement, OnAllSmallTextsAndNeedles)
 {
     const std::string alphabet("aA\xB8\xA8\xE1\xC1\0", 7); // a A ё Ё б Б and the zero byte
@@ -84,7 +85,7 @@ TEST(BibleSearchAgreement, OnAllSmallTextsAndNeedles)
             ASSERT_NO_FATAL_FAILURE(expectAgreement(plain, needle, caseSensitive));
 }
 
-/// Modules put together by chance; the same seed gives the same modules.
+/// Random modules; the same seed gives the same modules.
 class ModuleMaker
 {
 public:
@@ -92,7 +93,7 @@ public:
 
     std::size_t below(std::size_t bound) { return m_random() % bound; }
 
-    /// A text over a few letters of both cases, blanks and now and then a zero byte.
+    /// A text of a few letters in both cases, spaces and occasionally a zero byte.
     std::string text(std::size_t longest)
     {
         static const std::string letters("aAb \xB8\xA8\xE1\xC1\xFF\xDF", 10);
@@ -167,7 +168,7 @@ private:
                 offset = offsets[below(offsets.size())];
     }
 
-    /// Moves some offsets to where the bytes of other records, read as a length, announce a whole record.
+    /// Moves some offsets to positions in other records whose bytes are a valid length.
     void pointAnywhere(std::vector<std::size_t>& offsets, const std::string& text)
     {
         for (std::size_t& offset : offsets) {
@@ -183,7 +184,7 @@ private:
     std::size_t m_verseCount = 0;
 };
 
-/// Sometimes a piece of a verse, in one of its cases, and sometimes a text by chance.
+/// Either a part of a verse, possibly with changed case, or a random text.
 std::string needleFor(const PlainSearch& plain, ModuleMaker& maker)
 {
     if (plain.verses().empty() || maker.below(3) == 0)
@@ -217,7 +218,7 @@ TEST_P(BibleSearchAgreement, OnGeneratedModules)
     }
 }
 
-// Larger than the pieces that the text is read in, so that needles stand at the borders of pieces too.
+// Larger than the blocks in which the text is read, so that needles occur at block boundaries too.
 TEST_P(BibleSearchAgreement, OnTextsOfManyPieces)
 {
     ModuleMaker maker(GetParam());

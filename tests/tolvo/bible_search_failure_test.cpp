@@ -1,4 +1,5 @@
-// Searches of modules whose files disagree or are damaged: what is thrown, which hits stay, what ends the program.
+// Searches of modules with inconsistent or damaged files: the exceptions, the remaining hits, what ends the
+// program.
 
 #include "bible_search_fixture.h"
 #include "thrown.h"
@@ -73,7 +74,7 @@ TEST_F(BibleSearchFailure, FewerTextsThanVersesThrowsAndKeepsTheHitsBefore)
     }
 }
 
-// Only std::logic_error may come out of a search.
+// A search may throw only std::logic_error.
 TEST_F(BibleSearchFailureDeathTest, DamagedTextEndsTheProgram)
 {
     ModuleFiles files = smallModule();

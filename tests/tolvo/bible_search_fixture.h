@@ -12,7 +12,7 @@
 
 using Places = std::vector<std::string>;
 
-/// "book.chapter.verse", all from 0, and the type.
+/// "book.chapter.verse", all from 0, followed by the type.
 inline Places placesOf(const std::vector<Kedrin::Tolvo::CRef>& refs)
 {
     Places places;
@@ -22,7 +22,7 @@ inline Places placesOf(const std::vector<Kedrin::Tolvo::CRef>& refs)
     return places;
 }
 
-/// Loads a module and searches it; results are compared as places.
+/// Loads a module and searches it; results are compared as texts.
 class BibleSearchFixture : public testing::Test
 {
 protected:
@@ -51,5 +51,5 @@ protected:
 
     test_support::TempFolder folder;
     std::unique_ptr<Kedrin::Tolvo::CBible> bible;
-    std::vector<Kedrin::Tolvo::CRef> result = {Kedrin::Tolvo::CRef(9, 9, 9, true)}; // of a search before
+    std::vector<Kedrin::Tolvo::CRef> result = {Kedrin::Tolvo::CRef(9, 9, 9, true)}; // of a previous search
 };

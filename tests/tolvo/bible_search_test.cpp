@@ -1,4 +1,4 @@
-// The search of one translation: which engine answers, what a hit is, what stays in the list of results.
+// The search of a translation: the kind of search, what a hit is, what remains in the list of results.
 
 #include "bible_search_fixture.h"
 #include "thrown.h"
@@ -189,7 +189,7 @@ TEST_F(BibleSearch, EmptyChaptersAndBooksAreCountedAsTheStructureDoes)
     // chapters of 1, 0, 2 verses; a book without verses; a book of 2 verses
     load(makeModule("Превод", {Book{0, "Битие", {{"аз"}, {}, {"аз", "аз"}}}, Book{1, "Изход", {{}}},
                                Book{2, "Левит", {{"аз", "аз"}}}}));
-    // the first verse after an emptiness is named by the empty place before it
+    // the first verse after an empty chapter or book has the reference of the latter
     EXPECT_EQ(part("аз"), (Places{"0.0.0", "0.1.0", "0.2.1", "1.0.0", "2.0.1"}));
     EXPECT_EQ(word("аз"), part("аз"));
 }

@@ -110,7 +110,7 @@ TEST(Structure, DoesNotLookAtTheTypeOfAReference)
     EXPECT_EQ(structure.toNum(CRef(1, 0, 3, false)), 83u);
 }
 
-// The misspelt class name, and ValidateChapterID in the message of ValidateChapter, are known to callers.
+// Callers rely on the misspelt class name, and on ValidateChapterID in the message of ValidateChapter.
 TEST(Structure, SaysWhichPartOfAReferenceIsWrong)
 {
     const CBibleStructure structure = made(twoBooks, 2);
@@ -144,8 +144,8 @@ TEST(Structure, ValidatorsThrowAndPass)
     EXPECT_EQ(rangeError([&] { structure.ValidateNum(102); }), badNum);
 }
 
-// Of entries that begin at the same number the first is taken, though it holds no verse: the search for the
-// number stops at the first entry that is not below it.
+// Of entries that begin at the same number the first is used, although it has no verse: the binary search
+// finds the first entry that is not below the number.
 TEST(StructureTieBreak, AVerseAfterAnEmptyChapterIsPlacedInTheEmptyOne)
 {
     const CBibleStructure structure = made("3 5 0 4", 1);

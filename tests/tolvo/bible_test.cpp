@@ -21,7 +21,7 @@ TEST_F(Bible, TitlesGoByGlobalBookNumber)
     EXPECT_EQ(bible.fullTitle(50), cp1251("Матей"));
     EXPECT_EQ(bible.shortTitle(51), cp1251("Марк"));
     EXPECT_EQ(bible.abbreviatedTitle(50), cp1251("Мат"));
-    EXPECT_EQ(bible.titles()->fullTitle(0), cp1251("Марк")); // the titles object goes by local number
+    EXPECT_EQ(bible.titles()->fullTitle(0), cp1251("Марк")); // titles() takes local numbers
 }
 
 TEST_F(Bible, FullShortAndAbbreviatedTitlesAreThreeTexts)
@@ -121,7 +121,7 @@ TEST_F(Bible, ToGlobalOfMissingBookThrows)
               "CTitles::ValidateBookID(): bookID out of range");
 }
 
-// The book is mapped first, so the records of the differences name the book in the target's numbering: the
+// The book is mapped first, so the records of the differences have the book in the target numbering: the
 // record for book 52 (from 1) shifts references that become global book 51, the record for book 1 those that
 // become local book 0.
 TEST_F(Bible, DifferencesApplyAfterTheBookIsMapped)
@@ -171,7 +171,7 @@ TEST_F(Bible, DemoOfAShortModuleTellsWhatWentWrong)
 
 TEST_F(Bible, DemoNamesTheLastVerseOfAWholeBible)
 {
-    ModuleFiles files = smallModule(); // only the structure is asked
+    ModuleFiles files = smallModule(); // only the structure is used
     files.bytes["BibleStructure.csv"] = "2 31000 80\r\n1 15\r\n";
     EXPECT_EQ(load(files).demoString(), "num(31094) -> ref(1, 0, 14)");
 }

@@ -69,7 +69,7 @@ TEST(Text, RecordsMayStandInAnyOrderWithGapsOverlapAndBeShared)
     EXPECT_EQ(files.text[1], "abc");
     EXPECT_EQ(files.text[2], "g");
     EXPECT_EQ(files.text[3], "abc");
-    EXPECT_EQ(files.readError(4), textError); // "ef" taken for a length of 0x6665
+    EXPECT_EQ(files.readError(4), textError); // "ef" read as a length of 0x6665
 }
 
 TEST(Text, OneLengthByteIsAnIoError)
@@ -98,7 +98,7 @@ TEST(Text, AnEmptyTextFileOpens)
     EXPECT_EQ(files.readError(0), textError);
 }
 
-// A stream that has failed stays failed: callers must not mix what follows with what came before.
+// A failed stream stays failed: callers must not combine later texts with earlier ones.
 TEST(Text, AfterAnIoErrorEveryReadFails)
 {
     VerseFiles files(abc, {0, 5, 0});
@@ -181,7 +181,7 @@ TEST(TextReads, AVerseFollowedByTheNextCostsTwo)
     ASSERT_EQ(watch.reads().size(), 2u);
     EXPECT_EQ(watch.reads()[0].byteOffset, 4u); // two records of the point file
     EXPECT_EQ(watch.reads()[0].wanted, 8u);
-    EXPECT_EQ(watch.reads()[1].byteOffset, 5u); // its own record and no more
+    EXPECT_EQ(watch.reads()[1].byteOffset, 5u); // only its own record
     EXPECT_EQ(watch.reads()[1].wanted, 5u);
 }
 
@@ -198,7 +198,7 @@ TEST(TextReads, AVerseWhoseEndIsNotKnownCostsThree)
     VerseFiles files(abc + abc, {5, 0});
     test_support::ReadWatch watch;
     EXPECT_EQ(files.text[0], "abc");
-    EXPECT_EQ(watch.reads().size(), 3u); // the length bytes by themselves
+    EXPECT_EQ(watch.reads().size(), 3u); // only the length bytes
 }
 
 TEST(TextReads, NothingIsKeptBetweenCalls)

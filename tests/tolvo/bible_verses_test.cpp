@@ -55,7 +55,7 @@ TEST_F(BibleVerses, MoreVersesInTheStructureThanTextsThrowsTheVectorsMessage)
 
 TEST_F(BibleVerses, ChapterGivesWhatItsVersesGiveOneByOne)
 {
-    const std::string longVerse(65535, 'x'); // the longest a record can be
+    const std::string longVerse(65535, 'x'); // the longest possible record
     test_support::Book book = plainBook(0, "Псалми", {176, 1, 40});
     book.chapters[0][7] = std::string("a\0b", 3);
     book.chapters[0][8].clear();
@@ -94,7 +94,7 @@ TEST_F(BibleVerses, ChapterBeyondTheTextsThrowsAsItsFirstMissingVerse)
               "CFileVector::operator [](): recordIndex out of range");
 }
 
-// Only std::out_of_range may come out of a verse. A damaged text file is no case for its caller.
+// Reading a verse may throw only std::out_of_range. A damaged text file ends the program.
 TEST_F(BibleVersesDeathTest, DamagedTextEndsTheProgram)
 {
     ModuleFiles files = smallModule();
@@ -102,7 +102,7 @@ TEST_F(BibleVersesDeathTest, DamagedTextEndsTheProgram)
     const CBible& bible = load(files);
     EXPECT_DEATH(bible[CRef(0, 0, 1, false)],
                  "CBible::operator \\[\\]\\(\\) let out .*: CBibleText::operator \\[\\]\\(\\): I/O error");
-    EXPECT_EQ(bible[CRef(0, 0, 0, false)], cp1251("Бог рече")); // a whole verse of the same file is read
+    EXPECT_EQ(bible[CRef(0, 0, 0, false)], cp1251("Бог рече")); // an undamaged verse of the same file is read
 }
 
 TEST_F(BibleVersesDeathTest, HalfAPointRecordEndsTheProgram)

@@ -37,7 +37,7 @@ std::string longs(std::initializer_list<unsigned int> numbers)
     return bytes;
 }
 
-/// A concordance of the bytes given, asked for one word after another.
+/// A concordance with the given bytes, and queries for single words.
 class Concordance
 {
 public:
@@ -48,7 +48,7 @@ public:
 
     Verses versesOf(unsigned int word)
     {
-        verses = {77}; // must be gone
+        verses = {77}; // must be removed
         m_conc.getVersesFor(word, verses);
         return verses;
     }
@@ -144,7 +144,8 @@ TEST(Conc, AfterAnOutOfRangeItGoesOn)
     EXPECT_EQ(conc.versesOf(0), Verses{4});
 }
 
-// Places in Conc.bin are turned into 32-bit byte offsets, which wrap in the middle of the index's range.
+// Positions in Conc.bin are converted to 32-bit byte offsets, which wrap in the middle of the range of the
+// index.
 TEST(Conc, ThePlaceOfAnEntryWraps)
 {
     Concordance conc(shorts({1, 5}), longs({0x80000000u}));
@@ -212,7 +213,7 @@ TEST(ConcFile, BothMayBeEmpty)
     EXPECT_EQ(conc.rangeError(0), badWord);
 }
 
-// A record that cannot be read is no part of the contract: the index would give wrong verses from then on.
+// A record that cannot be read is outside the contract: the index would return wrong verses after it.
 TEST(ConcDeathTest, AnEntryThatEndsInsideARecordEndsTheProgram)
 {
     Concordance conc(shorts({2, 5}) + "\x06", longs({0}));

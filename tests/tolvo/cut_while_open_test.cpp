@@ -1,4 +1,4 @@
-// Modules that are damaged while they are open, as when a package manager replaces them.
+// Modules that are damaged while they are open, for example when a package manager replaces them.
 
 #include "bible_walker.h"
 #include "forked.h"
@@ -19,7 +19,7 @@ using test_support::TempFolder;
 
 using Walk = void (*)(const CBible&);
 
-/// Loads a sound module, cuts a file short under it, and walks.
+/// Loads a valid module, truncates one of its files, and reads everything.
 ForkedEnd walkAfterCut(const std::string& fileName, Walk walk)
 {
     const TempFolder folder;
@@ -32,7 +32,7 @@ ForkedEnd walkAfterCut(const std::string& fileName, Walk walk)
     });
 }
 
-// No read of a file cut short under us may crash.
+// Reading a file that was truncated after opening must not crash.
 TEST(CutWhileOpen, FileCutShortUnderUsEndsTheProgramAsPromised)
 {
     using namespace test_support;
@@ -47,7 +47,7 @@ TEST(CutWhileOpen, FileCutShortUnderUsEndsTheProgramAsPromised)
     }
 }
 
-// The window goes on reading and searching, whatever is cut.
+// The window continues to read and search, whichever file is truncated.
 TEST(CutWhileOpen, ChaptersAndSearchesOfTheWindowLive)
 {
     for (const char* fileName : {"CompactText.bin", "CompactPoint.bin", "Conc.bin", "ConcP.bin"}) {

@@ -18,7 +18,7 @@ CDiff made(const std::string& text)
     return CDiff(folder.write("f", text).c_str());
 }
 
-/// Numbers of a reference and what it is meant in, as a text.
+/// The numbers and the type of a reference, as a text.
 std::string textOf(const CRef& ref)
 {
     const char* type = ref.isGlobal() ? "global " : ref.isLocal() ? "local " : ref.isNull() ? "null " : "";
@@ -56,7 +56,7 @@ TEST(Diff, ARecordOfTheFirstChapterShiftsNothing)
     EXPECT_EQ(textOf(diff.toGlobal(CRef(18, 1, 0))), "global 18 1:0");
 }
 
-// The way back is looked up by the common chapter, which here is the third and so not shifted.
+// The reverse mapping is looked up by the global chapter, which is the third here and so is not shifted.
 TEST(Diff, TheWayBackNeedsTheCommonChapterToBeTheSecond)
 {
     const CDiff diff = made("19 2 5 1 -4");
@@ -88,7 +88,7 @@ TEST(Diff, OtherBooksStay)
 
 TEST(Diff, BooksAreNeverChanged) { EXPECT_EQ(made("19 2 5 1 -4").toGlobal(CRef(18, 1, 7)).bookID(), 18u); }
 
-// The tables are walked in the order of their keys, and the first entry of a chapter serves all of it.
+// The tables are searched in the order of their keys, and the first entry of a chapter is used for all of it.
 TEST(Diff, TheEntryWithTheLowestVerseServesItsWholeChapter)
 {
     const CDiff diff = made("19 2 9 0 3\n19 2 5 0 1\n19 2 7 0 2\n");
@@ -97,7 +97,7 @@ TEST(Diff, TheEntryWithTheLowestVerseServesItsWholeChapter)
 
 TEST(Diff, OnTheWayBackTheLowestCommonVerseServes)
 {
-    const CDiff diff = made("19 2 5 0 10\n19 2 9 0 -8\n"); // common verses 14 and 0, from 0
+    const CDiff diff = made("19 2 5 0 10\n19 2 9 0 -8\n"); // global verses 14 and 0, from 0
     EXPECT_EQ(textOf(diff.toLocal(CRef(18, 1, 20))), "local 18 1:28");
 }
 
@@ -105,7 +105,7 @@ TEST(Diff, OfRecordsForOneVerseTheFirstStays)
 {
     const CDiff diff = made("19 2 5 0 1\n19 2 5 0 7\n");
     EXPECT_EQ(textOf(diff.toGlobal(CRef(18, 1, 0))), "global 18 1:1");
-    const CDiff back = made("19 2 5 0 1\n19 2 4 0 2\n"); // both reach common verse 5, from 0
+    const CDiff back = made("19 2 5 0 1\n19 2 4 0 2\n"); // both map to global verse 5, from 0
     EXPECT_EQ(textOf(back.toLocal(CRef(18, 1, 9))), "local 18 1:8");
 }
 

@@ -1,5 +1,6 @@
-# The translation, its search, the catalogue, and what comes of damaged modules.
+# The translation, its search, the catalogue, and the handling of damaged modules.
 add_executable(tolvo_engine_tests
+  bad_input_fixture.cpp
   bad_input_test.cpp
   bible_loading_test.cpp
   bible_modules_test.cpp
@@ -25,7 +26,7 @@ if(KEDRIN_SANITIZE)
 endif()
 gtest_discover_tests(tolvo_engine_tests DISCOVERY_MODE PRE_TEST ${tolvo_leaks_that_stay})
 
-# The way of comparing bytes that machines without SSE2 take, on every machine.
+# The byte comparison for processors without SSE2, tested on every machine.
 add_executable(tolvo_portable_scan_tests
   text_scan_test.cpp
   ${CMAKE_SOURCE_DIR}/src/tolvo/tolvo_bible/text_scan.cpp)
@@ -34,7 +35,7 @@ target_include_directories(tolvo_portable_scan_tests PRIVATE ${CMAKE_SOURCE_DIR}
 target_link_libraries(tolvo_portable_scan_tests PRIVATE base kedrin_options GTest::gtest_main)
 gtest_discover_tests(tolvo_portable_scan_tests DISCOVERY_MODE PRE_TEST TEST_PREFIX Portable.)
 
-# One header, one library: what the engine promises to other programs.
+# One header, one library: the interface of the engine for other programs.
 add_executable(tolvo_third_program third_program.cpp)
 target_link_libraries(tolvo_third_program PRIVATE tolvo kedrin_options)
 add_test(NAME third_program.UsesEveryClass COMMAND tolvo_third_program)
@@ -52,7 +53,7 @@ if(tolvo_leaks_that_stay)
   set_tests_properties(third_program.UsesEveryClass third_program.LinksByAPlainCommand ${tolvo_leaks_that_stay})
 endif()
 
-# The engine in a project of somebody else's, which sets no language level.
+# The engine in another project, which sets no language standard.
 add_test(NAME third_program.CompilesInAnotherProject
   COMMAND ${CMAKE_COMMAND} -DCXX=${CMAKE_CXX_COMPILER} -DSOURCE_DIR=${CMAKE_SOURCE_DIR}
     -DBINARY_DIR=${CMAKE_CURRENT_BINARY_DIR}/other_project -P ${CMAKE_CURRENT_SOURCE_DIR}/other_project_test.cmake)

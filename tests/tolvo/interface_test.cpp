@@ -1,4 +1,4 @@
-// How the engine's classes can be made, with its umbrella header alone.
+// Which constructors the engine's classes have, with only its umbrella header.
 
 #include "tolvo_bible.h"
 
@@ -10,7 +10,7 @@ namespace {
 
 using namespace Kedrin::Tolvo;
 
-/// Whether a function that takes a `Class` can be given a `Given`.
+/// Whether a `Given` can be passed to a function that takes a `Class`.
 template <typename Given, typename Class>
 constexpr bool isMadeOf = std::is_convertible_v<Given, Class>;
 

@@ -1,4 +1,4 @@
-// Text files over the limit: each reader says so of its own.
+// Text files over the limit: each reader reports its own.
 
 #include "input_file.h"
 #include "module_files.h"
@@ -14,7 +14,7 @@ using namespace Kedrin::Tolvo;
 using test_support::messageOf;
 using test_support::TempFolder;
 
-/// A hole: it has the length without the bytes.
+/// A sparse file: it has the length but no data.
 std::string longFile(const TempFolder& folder)
 {
     const std::string path = folder.write("f", "");

@@ -16,7 +16,8 @@ inline std::string record(const std::string& verse)
     return std::string{static_cast<char>(verse.size()), static_cast<char>(verse.size() >> 8)} + verse;
 }
 
-/// A text file and the places of its verses, made from a seed. `Layout` says how records lie to each other.
+/// A text file and the offsets of its verses, generated from a seed. `Layout` selects the arrangement of the
+/// records.
 enum class Layout
 {
     contiguous,
@@ -51,7 +52,7 @@ inline MadeText makeText(Layout layout, unsigned int verseCount, std::mt19937& r
         if (layout == Layout::shared && below(3) == 0)
             place = made.places[below(verseCount)];
         if (layout == Layout::overlapping &&
-            below(3) == 0) // lengths taken from letters: most run past the end
+            below(3) == 0) // letters read as lengths: most extend past the end
             place = below(static_cast<unsigned int>(made.bytes.size()));
     }
     return made;
@@ -68,7 +69,7 @@ inline MadeText countingText(unsigned int count)
     return made;
 }
 
-/// Every verse of a run until it throws; the message of what it throws comes last.
+/// All verses of a cursor until it throws; the message of the exception comes last.
 inline Verses versesOf(Kedrin::Tolvo::CBibleText& text, unsigned int first, unsigned int count,
                        std::size_t pieceBytes)
 {

@@ -1,4 +1,4 @@
-// Modules directories and module folders of unusual names.
+// Modules directories and module folders with unusual names.
 
 #include "module_files.h"
 #include "temp_folder.h"
@@ -19,7 +19,7 @@ using test_support::messageOf;
 using test_support::ModuleFiles;
 using test_support::TempFolder;
 
-/// Writes modules without information, so that their titles are their folders' names.
+/// Writes modules without an information record, so that their titles are the names of their folders.
 class ModuleNames : public testing::Test
 {
 protected:
@@ -30,7 +30,7 @@ protected:
         files.write(folder.path() / name);
     }
 
-    /// The catalogue's titles in UTF-8's Windows-1251, each module having been proved, loaded and read.
+    /// The titles in the catalogue as Windows-1251, after each module was validated, loaded and read.
     std::vector<std::string> titles() const
     {
         const CBibleModules modules(folder.path().string());

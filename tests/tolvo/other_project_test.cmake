@@ -1,5 +1,6 @@
-# Compiles the third program in a project that takes ours in by add_subdirectory() and sets no language level. Wants CXX,
-# SOURCE_DIR and BINARY_DIR. The level matters to the headers; the library is not built again for it.
+# Compiles the third program in a project that adds this one by add_subdirectory() and sets no language
+# standard. Requires CXX, SOURCE_DIR and BINARY_DIR. The standard matters to the headers; the library is not
+# built again for it.
 file(REMOVE_RECURSE ${BINARY_DIR})
 file(WRITE ${BINARY_DIR}/source/CMakeLists.txt "cmake_minimum_required(VERSION 3.25)
 project(other LANGUAGES CXX)

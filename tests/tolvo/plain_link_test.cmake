@@ -1,5 +1,5 @@
-# Builds the third program the way somebody without our build files would: a compiler, two include paths, one
-# library and Qt Core. Wants CXX, CXX_FLAGS, SOURCE_DIR, TOLVO, QT_CORE and BINARY_DIR.
+# Builds the third program without our build files: a compiler, two include paths, one library and Qt Core.
+# Requires CXX, CXX_FLAGS, SOURCE_DIR, TOLVO, QT_CORE and BINARY_DIR.
 separate_arguments(flags UNIX_COMMAND "${CXX_FLAGS}")
 set(program ${BINARY_DIR}/third_program_plain)
 execute_process(

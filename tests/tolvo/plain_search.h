@@ -4,12 +4,12 @@
 
 #include <stdexcept>
 
-/// The search of a translation's text as its rule is written: one verse after another through
-/// CBibleText::operator[], each one compared by itself. Slow; every fast search must give what it gives.
+/// The reference search of a translation's text: reads each verse with CBibleText::operator[] and compares it
+/// separately. Slow; every fast search must find the same hits.
 class PlainSearch
 {
 public:
-    /// The verses that the structure counts, or those before the first one that cannot be had.
+    /// All verses of the structure, or those before the first one that cannot be read.
     explicit PlainSearch(const std::string& folder)
         : m_bible(folder),
           m_titles((folder + "/BibleTitles.txt").c_str()),
@@ -27,7 +27,7 @@ public:
 
     const Kedrin::Tolvo::CBible& bible() const { return m_bible; }
     const std::vector<std::string>& verses() const { return m_verses; }
-    /// Whether every verse that the structure counts can be had; a search of an incomplete text throws.
+    /// Whether all verses of the structure can be read; a search of an incomplete text throws.
     bool isComplete() const { return m_complete; }
 
     /// Verse numbers of the hits.

@@ -1,5 +1,5 @@
-// Numbers in the files of a module size no memory: what the proof passes has as many books, chapters and verses as the
-// files support.
+// Counts in the files of a module do not determine allocations: a module that passes validation has no more
+// books, chapters and verses than its files contain.
 
 #include "allocation_watch.h"
 #include "module_files.h"
@@ -18,9 +18,9 @@ using test_support::AllocationWatch;
 using test_support::ModuleFiles;
 using test_support::TempFolder;
 
-constexpr std::size_t enough = 1u << 20; ///< of a small module, its messages included
+constexpr std::size_t enough = 1u << 20; ///< for a small module, including its messages
 
-/// Bytes that the proof takes for smallModule() with one file changed.
+/// Bytes that the validation of smallModule() with one changed file allocates.
 std::size_t memoryOfProof(const std::string& fileName, const std::string& bytes, bool isSound)
 {
     const TempFolder folder;
@@ -61,7 +61,7 @@ TEST(ProofMemory, ChaptersWithoutVersesTakeWhatTheFileSupports)
 
 TEST(ProofMemory, FirstChapterIsReadInPieces)
 {
-    constexpr unsigned int verseCount = 65535; // each of them the same record of 65535 bytes, 4 GiB in all
+    constexpr unsigned int verseCount = 65535; // all with the same record of 65535 bytes, 4 GiB in total
     const TempFolder folder;
     ModuleFiles files = test_support::smallModule();
     files.bytes["BibleStructure.csv"] = "1 65534\r\n1 1\r\n";

@@ -13,7 +13,7 @@ namespace {
 using namespace Kedrin::Tolvo;
 using test_support::messageOf;
 
-/// Two books, "Бит" and "Изх" in Windows-1251; `thrown` is thrown instead of an answer.
+/// Two books, "Бит" and "Изх" in Windows-1251; throws `thrown` if it is set.
 class TwoTitles : public ITitles
 {
 public:
@@ -116,8 +116,8 @@ TEST(Ref, TypeTakesNoPartInOrder)
     EXPECT_EQ(oneEntry.size(), 1u);
 }
 
-// The difference tables ask "does this entry's chapter apply to that reference" through this comparison of a
-// verse with a chapter; a plain comparison would shift other chapters than modules are prepared for.
+// The difference tables use this comparison of a verse with a chapter to find out whether an entry applies to
+// a reference; an ordinary comparison would shift other chapters than modules expect.
 TEST(Ref, EqualityComparesThisVerseWithTheOthersChapter)
 {
     EXPECT_TRUE(CRef(2, 3, 3) == CRef(2, 3, 7));
@@ -139,8 +139,8 @@ TEST(Ref, TypeTakesNoPartInEquality)
     EXPECT_TRUE(CRef(2, 3, 3) == CRef(2, 3, 3, true));
 }
 
-// Verses count from 0, so 1 is the second verse; compared with a chapter by operator== it is what makes the
-// difference tables apply to chapter index 1 alone.
+// Verses count from 0, so 1 is the second verse; compared with a chapter by operator==, it makes the
+// difference tables apply only to chapter index 1.
 TEST(Ref, ChaptersBeginningIsVerseIndexOne)
 {
     const CRef beginning = CRef(4, 10, 7, true).chaptersBeginning();

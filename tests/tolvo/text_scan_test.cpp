@@ -1,4 +1,4 @@
-// The substring machinery alone, in each of its two ways of comparing bytes: this file is built twice.
+// The substring search alone, with each of its two byte comparisons: this file is built twice.
 
 #include "tolvo_bible/text_scan.h"
 #include "ut_utils.h"
@@ -16,7 +16,7 @@ using Case = CTextScan::Case;
 
 constexpr std::size_t nowhere = std::string::npos;
 
-/// Where the needle stands; in a copy of its own, so that a read outside shows under AddressSanitizer.
+/// Position of the needle in a separate copy, so that AddressSanitizer detects reads outside it.
 std::size_t place(const std::string& haystack, const std::string& needle, Case letterCase)
 {
     const auto copy = std::make_unique<char[]>(haystack.size());
@@ -70,8 +70,8 @@ TEST(TextScan, LettersThatDoNotFoldKeepTheirCase)
     EXPECT_EQ(place("\xFF", "\xDF", Case::ignored), 0u); // я and Я
 }
 
-// Block borders: a needle of every size at every place of texts of every size up to some blocks, among bytes that
-// agree with its ends and not with its middle.
+// Block boundaries: a needle of every size at every position of texts of every size up to a few blocks, among
+// bytes that match its ends but not its middle.
 TEST(TextScan, NeedleIsFoundAtEveryPlaceOfEverySize)
 {
     for (std::size_t textSize = 1; textSize <= 150; ++textSize) {
@@ -113,7 +113,7 @@ TEST(TextScan, RandomTextsAgreeWithThePlainWay)
     }
 }
 
-/// Asks for records of one buffer, one after another.
+/// Searches the records of one buffer in order.
 class Records
 {
 public:

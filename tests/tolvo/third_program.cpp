@@ -1,5 +1,5 @@
-// A program of somebody else: it includes one header, links one library and Qt Core, and uses every public class
-// under its name. It makes its module itself, reads it, and ends with 0 when all answers are right.
+// An independent program: it includes one header, links one library and Qt Core, and uses every public class
+// by name. It creates a module, reads it, and exits with 0 if all results are correct.
 
 #include "tolvo_bible.h"
 

@@ -86,7 +86,7 @@ TEST(Titles, APartOfTheBooksMayBeThere)
     EXPECT_EQ(rangeError([&] { titles.localID(49); }), absentBook);
 }
 
-// The way back from a common number must be one place, and it is the one a reader meets first.
+// A global number must map to exactly one local book: the first in the file.
 TEST(Titles, OfBooksWithTheSameGlobalNumberTheFirstIsFound)
 {
     const CTitles titles = made("3 8 4 8\n");
@@ -240,7 +240,7 @@ TEST(TitlesFile, HugeCountsTakeNoMemory)
     EXPECT_LT(watch.total(), 65536u);
 }
 
-// The engine's owners delete it as a CTitles; through the interface nothing is ever deleted.
+// Its owners delete it as a CTitles; nothing is ever deleted through the interface.
 TEST(Titles, HasAVirtualDestructorOfItsOwn)
 {
     EXPECT_TRUE(std::has_virtual_destructor_v<CTitles>);

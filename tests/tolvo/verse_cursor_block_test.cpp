@@ -1,4 +1,4 @@
-// What a scan needs of a run of verses beyond the verses: the block they were read in.
+// What a scan needs from a verse cursor besides the verses: the block in which they were read.
 
 #include "module_files.h"
 #include "temp_folder.h"
@@ -34,7 +34,7 @@ TEST_F(VerseCursorBlock, VersesReadTogetherShareOneBlock)
     const unsigned int blockNum = run.blockNum();
     const char* const blockEnd = run.blockEnd();
     const char* lastText = run.text().data();
-    EXPECT_EQ(blockEnd - run.text().data(), 26); // all 28 bytes of the file but the first two
+    EXPECT_EQ(blockEnd - run.text().data(), 26); // all 28 bytes of the file except the first two
     while (run.next()) {
         EXPECT_EQ(run.blockNum(), blockNum);
         EXPECT_EQ(run.blockEnd(), blockEnd);
@@ -47,7 +47,7 @@ TEST_F(VerseCursorBlock, VersesReadTogetherShareOneBlock)
 TEST_F(VerseCursorBlock, EachReadHasItsNumber)
 {
     CBibleText verses = text(test_support::smallModule());
-    CVerseCursor run(verses, 0, 4, 1); // a block holds one record
+    CVerseCursor run(verses, 0, 4, 1); // one record per block
     unsigned int lastBlockNum = run.blockNum();
     while (run.next()) {
         EXPECT_NE(run.blockNum(), lastBlockNum);

@@ -1,4 +1,4 @@
-// Runs of verses over texts that lie in the file in every way, against a plain reading.
+// Verse cursors over texts in every arrangement in the file, compared with simple reads.
 
 #include "made_text.h"
 #include "walkers.h"
@@ -80,7 +80,7 @@ TEST_P(EveryLayout, AFileCutShortFailsAtTheVerseThatIsCut)
     }
 }
 
-// The same when the file loses its end after it was opened, so that its length is not what we took it for.
+// The same if the file is truncated after it was opened, so that its length is no longer the known one.
 TEST_P(EveryLayout, AFileThatShrinksUnderUsFailsAtTheVerseThatIsCut)
 {
     std::mt19937 random(8);

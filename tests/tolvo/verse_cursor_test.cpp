@@ -50,7 +50,7 @@ TEST(VerseCursor, AFailureLastsForTheTextAndForOtherRuns)
     EXPECT_EQ(files.rangeError(3), "CFileVector::operator [](): recordIndex out of range");
 }
 
-// What a run has read already may not be given out any more either: single reads would not give it.
+// After a failure the cursor must not return verses it has already read: single reads would not return them.
 TEST(VerseCursor, AFailureElsewhereEndsARunThatHasReadOn)
 {
     VerseFiles files(record("abc") + record("def"), {0, 5, 99});
@@ -60,7 +60,7 @@ TEST(VerseCursor, AFailureElsewhereEndsARunThatHasReadOn)
     EXPECT_EQ(messageOf<std::ios_base::failure>([&] { run.next(); }), textError);
 }
 
-// The places of the verses come in blocks; after a block that could not be read none of it may be believed.
+// The offsets of the verses are read in blocks; after a block that could not be read, none of it may be used.
 TEST(VerseCursor, AskedAgainAfterAFailureItFailsAgain)
 {
     VerseFiles files(record("abc"), {0});
@@ -129,7 +129,7 @@ TEST(VerseCursor, ManyThousandVersesKeepTheirNumbers)
     EXPECT_FALSE(run.next());
 }
 
-// Neither a number of verses nor a length may size memory beyond what the files can hold.
+// Neither a verse count nor a length may cause an allocation larger than the files.
 TEST(VerseCursor, HugeNumbersTakeLittleMemory)
 {
     VerseFiles files(record("abc") + "\xFF\xFF", {0, 5});
@@ -148,7 +148,7 @@ TEST(VerseCursorReads, AChapterCostsTwoAndReadsNoOtherVerse)
     EXPECT_EQ(versesOf(files.text, 20, 30, CVerseCursor::defaultBlockBytes).size(), 30u);
     ASSERT_EQ(watch.reads().size(), 2u);
     EXPECT_EQ(watch.reads()[0].byteOffset, 20u * 4);
-    EXPECT_EQ(watch.reads()[0].wanted, 31u * 4); // one place more tells where the last verse ends
+    EXPECT_EQ(watch.reads()[0].wanted, 31u * 4); // one more offset is the end of the last verse
     EXPECT_EQ(watch.reads()[1].byteOffset, made.places[20]);
     EXPECT_EQ(watch.reads()[1].wanted, made.places[50] - made.places[20]);
 }

@@ -11,7 +11,7 @@
 
 namespace test_support {
 
-/// The bytes of a pointer file: each place in four bytes, the low one first.
+/// The bytes of a pointer file: each offset in four bytes, low byte first.
 inline std::string recordsOf(const std::vector<unsigned int>& places)
 {
     std::string bytes;
@@ -21,11 +21,11 @@ inline std::string recordsOf(const std::vector<unsigned int>& places)
     return bytes;
 }
 
-/// The two files of a text, made of the bytes and places given, and their reader.
+/// The two files of a text with the given bytes and offsets, and their reader.
 class VerseFiles
 {
 public:
-    /// @param pointTail  bytes of the pointer file after those of the places
+    /// @param pointTail  bytes of the pointer file after the offsets
     VerseFiles(const std::string& textBytes, const std::vector<unsigned int>& places,
                const std::string& pointTail = {})
         : m_textFile(textBytes),

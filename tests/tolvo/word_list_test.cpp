@@ -123,7 +123,7 @@ TEST(WordListFile, AnEmptyLineIsAnEmptyWord)
 
 TEST(WordListFile, AWordEndsAtAZeroByte) { EXPECT_EQ(wordsOf("ab\0cd\r\ne\r\n"s), (Words{"ab", "e"})); }
 
-// The bound is the line's, its CR included: words of 39 characters where lines end in CR LF.
+// The limit is that of the line including its CR: words have up to 39 characters if lines end in CR LF.
 TEST(WordListFile, ALineHasAtMostFortyCharacters)
 {
     const std::string thirtyNine(39, 'x');
@@ -182,7 +182,7 @@ TEST(WordListDeathTest, AListThatStaysOnDiskIsRefusedByEndingTheProgram)
                             "CWordList::CWordList(): loadIntoMem == false is not implemented yet\n"));
 }
 
-// The refusal comes first, before the file is asked for.
+// The mode is refused before the file is opened.
 TEST(WordListDeathTest, AListThatStaysOnDiskIsRefusedBeforeItsFileIsOpened)
 {
     EXPECT_DEATH(CWordList("/nowhere/list", "", false), "loadIntoMem == false is not implemented yet");
