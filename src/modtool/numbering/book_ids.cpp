@@ -112,7 +112,7 @@ std::string osisOfUsfm(std::string_view code)
 
 std::string osisOfUsfmLine(std::string_view code, std::string_view rest)
 {
-    const std::string osis = osisOfUsfm(code);
+    std::string osis = osisOfUsfm(code);
     const bool isUnknown = std::all_of(osis.begin(), osis.end(), isCodeByte); // such as FRT, or none
     if (!isUnknown)
         return osis;
@@ -139,7 +139,7 @@ std::string osisOfProtestant(unsigned int number)
 
 std::string osisOfBook(std::string_view utf8)
 {
-    const std::string named = osisOfShortName(utf8);
+    std::string named = osisOfShortName(utf8);
     if (!named.empty())
         return named;
     const std::string wanted = nameKey(utf8);

@@ -167,7 +167,7 @@ std::string osisOfName(std::string_view utf8)
 
 std::string osisOfShortName(std::string_view utf8)
 {
-    const std::string osis = osisOfName(utf8);
+    std::string osis = osisOfName(utf8);
     const std::string wanted = nameKey(utf8);
     if (!osis.empty() || charactersIn(wanted) < 3)
         return osis;

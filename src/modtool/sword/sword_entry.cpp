@@ -243,11 +243,11 @@ private:
     /// The characters of the text; markers of USFM go and are counted.
     std::string withoutMarkersIn(std::string_view text)
     {
-        const std::string characters = swordCharacters(text);
+        std::string characters = swordCharacters(text);
         if (!mayHaveMarkers(characters))
             return characters;
         unsigned int count = 0;
-        const std::string rest = withoutMarkers(characters, count);
+        std::string rest = withoutMarkers(characters, count);
         for (; count != 0; --count)
             m_findings.add(ReaderRule::unknownMarker, m_context.name);
         countLetters(ReaderRule::unknownMarker,

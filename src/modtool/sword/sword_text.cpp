@@ -34,7 +34,7 @@ std::string inCapitals(std::string_view utf8)
 /// At least the first two characters after the gap; at the end of the verse, a space.
 std::string twoCharacters(const std::string& text, std::size_t begin)
 {
-    constexpr std::size_t most = 2 * U8_MAX_LENGTH;
+    constexpr std::size_t most = std::size_t{2} * U8_MAX_LENGTH;
     std::string characters;
     for (; begin < text.size() && characters.size() < most; ++begin)
         if (text[begin] != gap)

@@ -148,7 +148,7 @@ icu::UnicodeString composed(std::string_view utf8)
     const icu::Normalizer2* nfc = icu::Normalizer2::getNFCInstance(status);
     const icu::UnicodeString text =
         icu::UnicodeString::fromUTF8(icu::StringPiece(utf8.data(), static_cast<int32_t>(utf8.size())));
-    const icu::UnicodeString result = U_SUCCESS(status) ? nfc->normalize(text, status) : text;
+    icu::UnicodeString result = U_SUCCESS(status) ? nfc->normalize(text, status) : text;
     if (U_FAILURE(status))
         throw CBuildError(message("the Unicode library failed: %s", u_errorName(status)));
     return result;

@@ -13,7 +13,7 @@ using test_support::ModuleFiles;
 
 namespace {
 
-/// A sound module with one thing spoiled.
+/// A valid module with one defect.
 class Damaged : public testing::Test
 {
 protected:
@@ -121,7 +121,7 @@ TEST_F(Damaged, EveryFileCutAtEveryLengthEndsWithAnAnswerOrAnError)
     for (const auto& [name, content] : whole.bytes) {
         for (std::size_t length = 0; length < content.size(); ++length) {
             std::filesystem::resize_file(path + '/' + name, length);
-            for (const std::size_t i : {0, 2, 3}) { // between them these read all files whole
+            for (const std::size_t i : {0u, 2u, 3u}) { // together these read all files completely
                 std::vector<std::string> command = allCommands[i];
                 command[1] = path;
                 const Result result = run(command);
@@ -135,7 +135,8 @@ TEST_F(Damaged, EveryFileCutAtEveryLengthEndsWithAnAnswerOrAnError)
     }
 }
 
-/// Both searches find the same verses, in the same order, for every text of one and two letters of the module.
+/// Checks that both searches find the same verses, in the same order, for every text of one and two letters
+/// of the module.
 TEST(Search, AgreesWithTheEngine)
 {
     using namespace ModTool;
