@@ -1,4 +1,4 @@
-// `kedrin-module build --all-sword`: every installed SWORD Bible, each on its own.
+// `kedrin-module build --all-sword`: builds every installed SWORD Bible separately.
 
 #include "build_fixture.h"
 #include "made_sword.h"

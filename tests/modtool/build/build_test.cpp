@@ -1,4 +1,4 @@
-// All that a build leaves, byte by byte, and all that it says.
+// The files of a build, byte by byte, and all its output.
 
 #include "build_fixture.h"
 #include "module_files.h"

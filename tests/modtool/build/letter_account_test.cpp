@@ -1,4 +1,4 @@
-// Where the letters of a source are once it is a module.
+// The account of the letters of a source after it is built.
 
 #include "build.h"
 #include "build_fixture.h"

@@ -1,4 +1,5 @@
-// Whole Bibles: those of Debian's SWORD packages, texts made of them, and those of KEDRIN_TEST_DATA where it is.
+// Complete Bibles: those of Debian's SWORD packages, texts derived from them, and those of KEDRIN_TEST_DATA
+// if available.
 
 #include "build_fixture.h"
 #include "made_lines.h"
@@ -16,7 +17,7 @@ using Kedrin::Tolvo::CRef;
 class RealText : public build_test::Building
 {
 protected:
-    /// Builds a Bible of Debian's, one that ./test installs.
+    /// Builds a Bible of a Debian package that ./test installs.
     void buildInstalled(const std::string& name)
     {
         const Result result =
@@ -38,7 +39,7 @@ protected:
 
     bool isReported(const std::string& line) const { return m_report.find(line) != std::string::npos; }
 
-    /// A verse of a book by its global number; chapter and verse as people count.
+    /// A verse of a book given by its global number; chapter and verse from 1.
     std::string at(unsigned int globalBook, unsigned int chapter, unsigned int verse) const
     {
         for (unsigned int book = 0; book < m_bible->booksCount(); ++book)
@@ -54,7 +55,7 @@ protected:
         return found.size();
     }
 
-    /// Every line of the source stands in the module as it is: for texts that need no substitute.
+    /// Checks that the module has every line of the source unchanged: for texts without replaced characters.
     void expectEveryLine(const std::string& withoutBook) const
     {
         std::istringstream lines(m_lines);
@@ -127,7 +128,7 @@ TEST_F(RealText, MadeCyrillicIsWhole)
     EXPECT_TRUE(isReported("contains      66 books, 1189 chapters, 31102 verses\n")) << m_report;
     EXPECT_TRUE(isReported("numbering     KJV (best match)\n"));
     EXPECT_FALSE(isReported("replaced"));
-    EXPECT_EQ(hits("\xE1\xE5\xE3\xE0\xF2"), 139u); // "begat", letter for letter
+    EXPECT_EQ(hits("\xE1\xE5\xE3\xE0\xF2"), 139u); // "begat", case-sensitive
     expectEveryLine("none");
 }
 

@@ -228,7 +228,7 @@ TEST(CheckCommand, Usage)
     EXPECT_EQ(run({"check"}).exitCode, static_cast<int>(exitUsage));
 }
 
-/// As it has to stand in a Markdown page.
+/// Escaped for a Markdown page.
 std::string escaped(std::string_view text)
 {
     std::string page;

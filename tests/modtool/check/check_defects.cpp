@@ -60,7 +60,7 @@ ModuleFiles tooManyVerses()
     return files;
 }
 
-/// The second verse has no record of its own but that of the first.
+/// The second verse shares the record of the first.
 ModuleFiles sharedVerse()
 {
     ModuleFiles files = withWords({{god, {1, 2}}, {earth, {3}}, {said, {1, 2}}});
@@ -70,7 +70,7 @@ ModuleFiles sharedVerse()
     return files;
 }
 
-/// The first two verses stand in the other order.
+/// The records of the first two verses are swapped.
 ModuleFiles verseOrder()
 {
     ModuleFiles files = withVerses({"земя", "Бог рече", "рече Бог", ""});

@@ -11,10 +11,10 @@ namespace check_test {
 struct Defect
 {
     ModuleFiles files;
-    std::string finding; ///< as findingsOf() has to give it, and nothing else
+    std::string finding; ///< the only result of findingsOf()
 };
 
-/// At least one for each check of a module but size-limit, whose files are too large to be handed about.
+/// At least one for each check of a module except size-limit, whose files are too large to be copied.
 std::vector<Defect> allDefects();
 
 } // namespace check_test

@@ -1,4 +1,4 @@
-// Whatever stands in the files of a module, its check ends, soon and without much memory.
+// Whatever the files of a module contain, its check ends soon and without using much memory.
 
 #include "allocation_watch.h"
 #include "bible_walker.h"
@@ -42,14 +42,15 @@ ModuleFiles oneTextForAllVerses(const std::string& pattern)
     return files;
 }
 
-/// Whether no line begins so.
+/// Whether no line has this prefix.
 bool isQuietOn(const std::vector<std::string>& findings, const std::string& check)
 {
     return std::none_of(findings.begin(), findings.end(),
                         [&](const std::string& line) { return line.starts_with(check); });
 }
 
-/// Asks the engine for everything; what is called sound neither ends the program nor lets anything out.
+/// Calls every operation of the engine; a module without errors must neither end the program nor cause
+/// exceptions.
 void walk(const std::string& folder)
 {
     const CBible bible(folder);
@@ -61,7 +62,7 @@ void walk(const std::string& folder)
     test_support::walkSearches(bible);
 }
 
-/// smallModule() with one file in memory, so that it can take thousands of contents.
+/// smallModule() with one file in memory, so that it can be replaced thousands of times.
 class SpoiledModule
 {
 public:
@@ -92,7 +93,7 @@ TEST(CheckSafety, SpoiledFilesAreCheckedToTheEndAndWhatIsSoundCanBeRead)
         const SpoiledModule module(file.first);
         const auto check = [&](const std::string& spoiled) { module.check(spoiled); };
         test_support::forEveryCut(file.second, check);
-        if (file.second.size() < 40) // the longer ones are titles, where all bytes mean the same
+        if (file.second.size() < 40) // the longer ones are titles, in which all bytes are equivalent
             test_support::forEverySpoiledByte(file.second, check);
     }
 }

@@ -1,4 +1,4 @@
-// The command line of `kedrin-module build`: arguments, exit codes, where things are said.
+// The command line of `kedrin-module build`: arguments, exit codes, output streams.
 
 #include "build_fixture.h"
 
@@ -89,7 +89,7 @@ TEST_F(BuildCommand, TitlesComeFromTheOptions)
     EXPECT_EQ(made("_Info_.txt"), "Full\nShort\nSh\n");
 }
 
-/// The command line and the names of files may hold any bytes.
+/// The command line and file names may contain any bytes.
 TEST_F(BuildCommand, InvalidUtf8OfTitlesBecomesQuestionMarks)
 {
     m_folder.write("\xD0"

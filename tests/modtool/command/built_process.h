@@ -7,14 +7,14 @@ namespace process_test {
 
 using Files = std::map<std::string, std::string>; ///< content by name
 
-/// A module `modules/made` that the built program makes in a process of its own, of one of two texts. Both are of some
-/// hundred verses, so that what is written takes its time.
+/// A module `modules/made` that the program builds in a separate process from one of two texts. Both have a
+/// few hundred verses, so that writing takes some time.
 class BuiltProcess : public build_test::Building
 {
 protected:
     BuiltProcess();
 
-    /// The two texts, and what is built of them; other builds are compared with these.
+    /// The two texts, and the modules built from them; other builds are compared with these.
     std::string oldSource() const { return m_folder.file("old/Made.vpl"); }
     std::string newSource() const { return m_folder.file("new/Made.vpl"); }
     const Files& oldFiles() const { return m_oldFiles; }
@@ -23,14 +23,14 @@ protected:
     /// `kedrin-module build --quiet SOURCE modules/made`
     Command buildOf(const std::string& source) const { return tool({"build", "-q", source, made()}); }
 
-    /// Makes the modules directory empty, or one with the old module.
+    /// Makes the modules directory empty, or creates the old module in it.
     void beginWithNothing() const;
     void beginWithTheOldModule() const;
 
-    /// Whether the module is the old one or the new one, or none is there.
+    /// Which module exists: the old one, the new one, or none.
     testing::AssertionResult isWhole() const;
 
-    /// Builds the new module where an interrupted build may have left something; nothing is beside it then.
+    /// Builds the new module after a possibly interrupted build and checks that nothing else remains.
     testing::AssertionResult nextBuildSucceeds() const;
 
 private:

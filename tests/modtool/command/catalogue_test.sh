@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# The catalogue of messages has a translation of every text in the sources, and no other.
+# The catalogue of messages has a translation for every text in the sources, and no others.
 #   catalogue_test.sh SOURCE-FOLDER CATALOGUE.po
 set -euo pipefail
 sources=$1 catalogue=$2

@@ -11,7 +11,7 @@ cd "$work" || exit 1
 mkdir "a module" && touch "a text.txt"
 failures=0
 
-# complete_line WORDS...: what Tab offers after the words, sorted, a line each
+# complete_line WORDS...: the completions after the words, sorted, one per line
 complete_line() {
     COMP_WORDS=("$@") COMP_CWORD=$(($# - 1)) COMP_LINE="$*" COMP_TYPE=9 COMP_KEY=9 COMPREPLY=()
     COMP_POINT=${#COMP_LINE}

@@ -1,4 +1,4 @@
-// Builds that run at once: of one folder, one works and the others are refused; of two folders, neither minds.
+// Concurrent builds: of one folder, one works and the others are refused; of two folders, both work.
 
 #include "built_process.h"
 
@@ -18,7 +18,7 @@ protected:
         return "kedrin-module: " + made() + ": another build of this folder is running\n";
     }
 
-    /// Starts builds of the old and of the new text in turn.
+    /// Starts builds of the old and the new text alternately.
     Started startBuilds(unsigned int count) const
     {
         Started started;
@@ -28,7 +28,7 @@ protected:
         return started;
     }
 
-    /// Whether the modules directory holds the module of one of these and nothing else.
+    /// Whether the modules directory contains only the module of one of these.
     testing::AssertionResult holdsOneOf(const std::vector<Files>& built) const
     {
         const std::vector<std::string> names = build_test::namesIn(modules());

@@ -1,5 +1,4 @@
-// A build that finds no room, wherever that happens: it says so of one file, and leaves the previous module
-// and nothing else.
+// A build on a full disk, at any point: it reports one file, and only the previous module remains.
 
 #include "built_process.h"
 #include "traced_call.h"
@@ -23,7 +22,7 @@ namespace fs = std::filesystem;
 using namespace process_test;
 using Names = std::set<std::string>;
 
-/// In the order in which they are written.
+/// In the order of writing.
 const std::vector<std::string> writtenNames{
     "BibleTitles.txt", "BibleStructure.csv", "_Diff_.txt", "CompactText.bin", "CompactPoint.bin",
     "WordList.txt",    "WordPoint.bin",      "Conc.bin",   "ConcP.bin",       "_Info_.txt"};
@@ -47,14 +46,14 @@ protected:
             beginWithNothing();
     }
 
-    /// Whether only the old module is there, or none where there was none.
+    /// Whether only the old module exists, or none if there was none.
     testing::AssertionResult isAsBefore(bool withModule) const
     {
         Names names;
         if (fs::exists(modules()))
             for (const std::string& name : build_test::namesIn(modules()))
                 names.insert(name);
-        names.erase("BibleStructure.txt"); // the same for all modules, and so no part of one
+        names.erase("BibleStructure.txt"); // shared by all modules, so not part of one
         if (names != (withModule ? Names{"made"} : Names{}))
             return testing::AssertionFailure() << "there lies " << testing::PrintToString(names);
         if (withModule && build_test::filesOf(made()) != oldFiles())
@@ -100,7 +99,7 @@ INSTANTIATE_TEST_SUITE_P(, FullDiskAtACall, testing::Bool(), [](const auto& test
     return std::string(tested.param ? "WithAModule" : "WithNone");
 });
 
-/// Some disks cannot exchange two folders.
+/// Some file systems cannot exchange two folders.
 TEST_F(FullDisk, IsSaidOfTheModuleWhereTwoMovesReplaceIt)
 {
     if (!canTrace())
@@ -126,8 +125,8 @@ TEST_F(FullDisk, IsSaidOfTheModuleWhereTwoMovesReplaceIt)
 
 void writeTo(const std::string& fileName, const std::string& content) { std::ofstream(fileName) << content; }
 
-/// Keeps what this process mounts in its own mount namespace to that. In a changed root, "/" need not be a mount point:
-/// then it is done at the root of the namespace, which entering the namespace leads to.
+/// Makes the mounts of this process private to its mount namespace. In a changed root, "/" may not be a mount
+/// point: then this is done at the root of the namespace, which is the root after entering the namespace.
 bool keepMountsPrivate()
 {
     const auto madePrivate = [] { return ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0; };
@@ -140,8 +139,8 @@ bool keepMountsPrivate()
            ::chroot(".") == 0 && ::chdir(workingFolder.c_str()) == 0;
 }
 
-/// A disk in memory in place of a folder; this (forked) process and those that it starts alone see it. Others than root
-/// need leave to make user namespaces.
+/// Mounts a file system in memory on a folder, visible only to this (forked) process and its children. Users
+/// other than root need permission to create user namespaces.
 bool mountDisk(const std::string& folder)
 {
     const uid_t user = ::geteuid();
@@ -156,7 +155,7 @@ bool mountDisk(const std::string& folder)
     return keepMountsPrivate() && ::mount("none", folder.c_str(), "tmpfs", 0, nullptr) == 0;
 }
 
-/// What a disk has only so much of.
+/// A limited resource of a disk.
 enum class Limit
 {
     pages,
@@ -166,7 +165,7 @@ enum class Limit
 class SmallDisk : public FullDisk
 {
 protected:
-    /// Runs this in a process that has a small disk in place of the modules directory.
+    /// Runs this in a process with a small disk mounted on the modules directory.
     void onADisk(const std::function<void()>& test) const
     {
         constexpr int cannotMount = 77;
@@ -182,8 +181,8 @@ protected:
         EXPECT_EQ(end.exitCode, 0) << end.standardError;
     }
 
-    /// Builds on disks that have room for one page or file more each time, until a build succeeds.
-    /// @returns the files that were said not to fit
+    /// Builds on disks with space for one more page or file each time, until a build succeeds.
+    /// @returns the files reported as not written
     Names refusedFiles(Limit limit, bool withModule) const
     {
         Names refused;
@@ -215,7 +214,7 @@ private:
         return file;
     }
 
-    /// Gives the disk so much room beyond what it holds; it holds something, since a limit of 0 is none.
+    /// Gives the disk this much free space; it is not empty, since a limit of 0 means unlimited.
     void leaveRoom(Limit limit, std::uint64_t room) const
     {
         struct statvfs disk
@@ -252,7 +251,7 @@ TEST_F(SmallDisk, MayHaveNoRoomForAnyFile)
     });
 }
 
-/// Runs the program where files may have so many bytes.
+/// Runs the program with this limit on the size of files.
 ForkedEnd runWithSmallFiles(rlim_t bytes, const std::vector<std::string>& arguments)
 {
     return test_support::runForked([&] {
@@ -267,7 +266,7 @@ ForkedEnd runWithSmallFiles(rlim_t bytes, const std::vector<std::string>& argume
     });
 }
 
-/// As root or not, wherever tests run.
+/// Works as root or not.
 TEST_F(FullDisk, IsSaidOfTheFirstFileThatIsTooLong)
 {
     std::set<rlim_t> limits{0};

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# What is installed works where it is installed: the programs of the tool, the catalogue, the manual, the completion; and
-# without SWORD all but what reads its texts.
+# The installed files work: the programs of the tool, the catalogue, the manual, the completion; without
+# SWORD, everything except reading its texts.
 #   install_test.sh BUILD-FOLDER
 set -euo pipefail
 work=$(mktemp -d)

@@ -1,5 +1,5 @@
-// A build that is killed: wherever that happens, the module is the one of before or the new one, whole, or none, and
-// the next build neither minds nor leaves what was lying there.
+// A build that is killed at any point: the module is the complete previous or new one, or none, and the next
+// build works and removes what was left.
 
 #include "built_process.h"
 #include "traced_call.h"
@@ -13,7 +13,7 @@ using namespace process_test;
 using std::chrono::nanoseconds;
 using std::chrono::steady_clock;
 
-/// What was there when the build that is killed began.
+/// What existed before the killed build.
 enum class Before
 {
     nothing,
@@ -48,8 +48,8 @@ protected:
         m_folder.write("modules/.made.lock", "");
     }
 
-    /// Kills a build at each of these calls in turn.
-    /// @param meanwhile  what happens to another call
+    /// Kills one build at each of these calls.
+    /// @param meanwhile  what happens at another call
     void killAtEach(const std::vector<TracedCall>& calls, Before before,
                     const std::vector<Injection>& meanwhile = {}) const
     {
@@ -83,7 +83,7 @@ INSTANTIATE_TEST_SUITE_P(, InterruptedBuildAtACall,
                          testing::Values(Before::nothing, Before::module, Before::moduleAndLeftovers),
                          testing::PrintToStringParamName());
 
-/// Some disks cannot exchange two folders.
+/// Some file systems cannot exchange two folders.
 TEST_F(InterruptedBuild, LeavesAWholeModuleWhereTwoMovesReplaceIt)
 {
     if (!canTrace())

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# The language of the tool's words follows the user's locale, installed or not; what programs read does not.
+# The language of messages follows the user's locale, installed or not; that of machine-readable output does
+# not.
 #   language_test.sh KEDRIN-MODULE
 set -uo pipefail
 tool=$1

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# The manual pages: whole, well-formed, in both languages.
+# The manual pages: complete, well-formed, in both languages.
 #   manual_test.sh KEDRIN-MODULE MANUAL-FOLDER
 set -uo pipefail
 tool=$1 manual=$2
@@ -7,7 +7,7 @@ export LC_ALL=C.UTF-8
 failures=0
 fail() { echo "FAILED: $*"; failures=$((failures + 1)); }
 
-# page FILE: as a reader sees it, one line
+# page FILE: its rendered text in one line
 page() { mandoc -T utf8 -O width=200 "$1" | sed 's/.\x08//g' | tr -s ' \n' ' '; }
 
 english=$(page "$manual/man1/kedrin-module.1") bulgarian=$(page "$manual/bg/man1/kedrin-module.1")

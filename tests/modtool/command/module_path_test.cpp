@@ -1,4 +1,5 @@
-// The ways to name a module's folder: each leads to a right module or to one error, and nothing else is made or lost.
+// The possible paths of a module's folder: each gives a correct module or one error, and nothing else is
+// created or lost.
 
 #include "built_process.h"
 
@@ -21,7 +22,7 @@ protected:
         return run(tool({"build", "-q", newSource(), folder}));
     }
 
-    /// Whether the new module is in this folder, alone there but for the common structure.
+    /// Whether this folder contains only the new module and the global structure.
     testing::AssertionResult isMadeIn(const std::string& directory, const std::string& name) const
     {
         if (build_test::filesOf(directory + '/' + name) != newFiles())
@@ -32,7 +33,7 @@ protected:
         return testing::AssertionSuccess();
     }
 
-    /// Whether it is refused with this text, and the modules directory stays empty.
+    /// Checks that it is refused with this text, and the modules directory stays empty.
     testing::AssertionResult isRefused(const std::string& folder, const std::string& message) const
     {
         const ForkedEnd end = buildInto(folder);
@@ -152,7 +153,7 @@ TEST_F(ModulePath, InAReadOnlyDirectoryIsRefused)
     EXPECT_TRUE(build_test::filesOf(made()) == oldFiles());
 }
 
-/// It would go with the module.
+/// It would be deleted with the module.
 TEST_F(ModulePath, WithTheSourceInItIsRefused)
 {
     beginWithTheOldModule();

@@ -1,5 +1,4 @@
-// What the program writes to: pipes, devices and links stay what they are, and an output that does not take what is
-// written is said.
+// The outputs of the program: pipes, devices and links are preserved, and a failed output is reported.
 
 #include "built_process.h"
 
@@ -52,7 +51,7 @@ protected:
         return "kedrin-module: " + file + ": cannot be written (" + reason + ")\n";
     }
 
-    /// Runs the program with its standard output as `prepare` leaves it.
+    /// Runs the program with the standard output set up by `prepare`.
     static ForkedEnd runWith(const std::function<void()>& prepare, const Command& command)
     {
         return test_support::runForked([&]() -> int {
@@ -219,7 +218,7 @@ TEST_F(Output, NothingToWriteNeedsNoOutput)
     }
 }
 
-/// The loader of programs needs a descriptor of its own, so 4 is the fewest with which one starts.
+/// The dynamic loader needs a descriptor, so 4 is the minimum for starting a program.
 TEST_F(Output, TooFewDescriptorsAreSaid)
 {
     for (const Command& command : {tool({"info", made()}), tool({"words", made()}), buildOf(newSource())}) {

@@ -39,7 +39,7 @@ void become(const Command& command)
     arguments.push_back(nullptr);
     ::unsetenv("LANGUAGE");
     ::setenv("LC_ALL", "C.UTF-8", 1);
-    ::setenv("ASAN_OPTIONS", "detect_leaks=0", 1); // looking for leaks fails in a process that is traced
+    ::setenv("ASAN_OPTIONS", "detect_leaks=0", 1); // leak detection fails in a traced process
     ::execvp(arguments.front(), arguments.data());
     std::perror(arguments.front());
     constexpr int notFound = 127;

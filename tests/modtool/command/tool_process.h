@@ -18,13 +18,13 @@ using test_support::ForkedEnd;
 /// The built program, `kedrin-module`, with these arguments.
 Command tool(const Command& arguments);
 
-/// Goes on as a program that is looked for on PATH, with messages in English; for the body of runForked().
+/// Replaces the process by a program found on PATH, with messages in English; for the body of runForked().
 [[noreturn]] void become(const Command& command);
 
-/// Runs a program to its end.
+/// Runs a program and waits for it.
 ForkedEnd run(const Command& command);
 
-/// A program that runs beside the test; it is killed with this object.
+/// A program that runs concurrently; it is killed with this object.
 class StartedProcess
 {
 public:
@@ -33,7 +33,7 @@ public:
     StartedProcess(const StartedProcess&) = delete;
     StartedProcess& operator=(const StartedProcess&) = delete;
 
-    /// Waits until it has ended, at most so long.
+    /// Waits until it has ended, at most this long.
     bool endsWithin(std::chrono::nanoseconds time) const;
 
     void kill() const;
@@ -44,7 +44,7 @@ public:
 private:
     std::unique_ptr<std::FILE, int (*)(std::FILE*)> m_errors;
     pid_t m_process = -1;
-    int m_descriptor = -1; ///< becomes readable with the end of the process
+    int m_descriptor = -1; ///< becomes readable when the process ends
 };
 
 } // namespace process_test

@@ -9,7 +9,7 @@ namespace process_test {
 
 namespace {
 
-/// Those with "?" are not there on every processor.
+/// Those with "?" do not exist on every processor.
 const std::string watchedCalls = "?open,openat,?mkdir,mkdirat,write,ftruncate,fsync,?rename,renameat,"
                                  "renameat2,?unlink,unlinkat,?rmdir,flock";
 
@@ -26,7 +26,7 @@ Command traced(const std::string& log, const std::string& calls, const std::vect
     return whole;
 }
 
-/// A sanitizer in the program looks into memory by writing it to pipes.
+/// Sanitizers in the program check memory by writing it to pipes.
 bool changesNothing(const std::string& call)
 {
     return (call.starts_with("open") && call.find("O_RDONLY") != std::string::npos) ||

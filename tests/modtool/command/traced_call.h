@@ -8,7 +8,7 @@
 
 namespace process_test {
 
-/// A system call of a program by which files or folders are made, written, moved or removed.
+/// A system call of a program that creates, writes, moves or removes files or folders.
 struct TracedCall
 {
     std::string name;    ///< "mkdir"
@@ -16,25 +16,26 @@ struct TracedCall
     std::string text;    ///< as strace shows it: `fsync(4</tmp/a>) = 0`
 };
 
-/// The path of what a call makes, writes, syncs or, under its new name, moves.
+/// The path that a call creates, writes or syncs, or the new path of what it moves.
 std::string fileOf(const TracedCall& call);
 
-/// Whether strace is here and may trace.
+/// Whether strace is installed and permitted.
 bool canTrace();
 
-/// Something that happens to one call of a program.
+/// An event at one system call of a program.
 struct Injection
 {
     std::string name; ///< of the call, and its number, as in TracedCall
     unsigned int number;
-    /// In strace's words: "signal=KILL" where it enters the call, "error=ENOSPC" instead of it.
+    /// In strace's syntax: "signal=KILL" on entering the call, "error=ENOSPC" instead of it.
     std::string what;
 };
 
-/// The command that runs a program and has these happen; several of one name do not go together.
+/// The command that runs a program with these events; only one per name is possible.
 Command withInjected(const std::vector<Injection>& injections, const Command& command);
 
-/// Runs a program to its end and gives its calls, in order, from the first one that `isFirst` takes.
+/// Runs a program to its end and returns its calls, in order, starting with the first one that `isFirst`
+/// accepts.
 std::vector<TracedCall> tracedCalls(const Command& command,
                                     const std::function<bool(const std::string&)>& isFirst,
                                     const std::vector<Injection>& injections = {});

@@ -1,4 +1,4 @@
-// How a module gets into its place: whole or not at all, whatever was there and whatever goes wrong.
+// Publishing a module: completely or not at all, whatever existed and whatever fails.
 
 #include "module_folder.h"
 
@@ -130,7 +130,7 @@ TEST_F(PublishedFolder, IsUnchangedWhenTheGlobalStructureCannotBeWritten)
     EXPECT_EQ(namesIn(modules()), onlyTheModule);
 }
 
-/// Runs the program in a process whose files may have so many bytes; what it says goes to a file.
+/// Runs the program in a process with this limit on the size of files; its messages go to a file.
 int runWithSmallFiles(rlim_t bytes, const std::vector<std::string>& arguments, const std::string& said)
 {
     const pid_t child = ::fork();

@@ -1,4 +1,4 @@
-// What is written is read back and compared before it is published.
+// Written files are read back and compared before they are published.
 
 #include "build.h"
 #include "build_fixture.h"
@@ -30,7 +30,7 @@ protected:
         m_roundTrips = report.diff.roundTrips;
     }
 
-    /// What is found wrong with the module on the disk, without the part that each message begins with.
+    /// The error found in the module on disk, without the common prefix of the messages.
     std::string wrong() const
     {
         const std::string message =
@@ -57,7 +57,7 @@ TEST_F(ReadBack, FindsEverySpoiledByteOfTheFilesThatHoldNumbersAndWords)
         const std::string whole = made(name);
         test_support::forEverySpoiledByte(whole, [&](const std::string& bytes) {
             const bool hasZero = name == std::string("WordList.txt") && bytes.find('\0') != std::string::npos;
-            if (bytes == whole || hasZero) // a zero byte ends a word as the end of its line does
+            if (bytes == whole || hasZero) // a zero byte ends a word like the end of its line
                 return;
             spoil(name, bytes);
             EXPECT_THROW(checkWritten(made(), m_module, m_roundTrips), CBuildError)
@@ -71,11 +71,11 @@ TEST_F(ReadBack, FindsEveryCutOfEveryFile)
 {
     for (const std::string& name : build_test::namesIn(made())) {
         if (name == "_Diff_.txt")
-            continue; // counts by what it does to places alone: half a record does nothing
+            continue; // only its effect on positions counts: half a record has none
         const std::string whole = made(name);
         test_support::forEveryCut(whole, [&](const std::string& bytes) {
             if (bytes.size() + 1 == whole.size() && whole.back() == '\n' && name != "WordList.txt")
-                return; // the last end of line means nothing
+                return; // the last end of line has no effect
             spoil(name, bytes);
             EXPECT_THROW(checkWritten(made(), m_module, m_roundTrips), CBuildError)
                 << name << ' ' << bytes.size();

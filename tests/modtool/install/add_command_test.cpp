@@ -1,4 +1,4 @@
-// `kedrin-module add`: a text becomes one of the user's own modules, or nothing changes.
+// `kedrin-module add`: adds a text to the user's own modules, or changes nothing.
 
 #include "build_fixture.h"
 #include "installed_modules.h"
@@ -28,7 +28,7 @@ protected:
 
     static std::string bibles() { return ownModulesFolder(); }
 
-    /// The folders beside one another, without the file that they share.
+    /// The module folders, without the file that they share.
     static std::vector<std::string> folders()
     {
         std::vector<std::string> names = build_test::namesIn(bibles());
@@ -46,7 +46,7 @@ protected:
         return result.out;
     }
 
-    /// What is said on standard error where add refuses.
+    /// The standard error of a refused add command.
     static std::string refused(const std::vector<std::string>& arguments)
     {
         std::vector<std::string> all = {"add"};
@@ -57,7 +57,7 @@ protected:
         return result.err;
     }
 
-    /// A module of the system and the link to it that the launcher makes.
+    /// A module of the system and the launcher's link to it.
     std::string linkToSystemModule(const std::string& name) const
     {
         const std::string system = m_home.file("usr/" + name);
@@ -128,7 +128,7 @@ TEST_F(AddCommand, FirstIsListedFirst)
     added({source("a.txt"), "--first", "-q"});
     EXPECT_EQ(folders(), (Names{"!a", "b", "c"}));
     added({source("c.txt"), "--first", "--replace", "-q"});
-    added({source("c.txt"), "--replace", "-q"}); // stays the first
+    added({source("c.txt"), "--replace", "-q"}); // remains the first
     EXPECT_EQ(folders(), (Names{"!c", "a", "b"}));
 }
 

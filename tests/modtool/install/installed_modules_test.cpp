@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 using namespace Kedrin::ModTool;
 using test_support::messageOf;
 
-/// A home of the test's own, and the folder that the test runs in.
+/// A separate home directory, and the working directory of the test.
 class InstalledModules : public testing::Test
 {
 protected:
@@ -94,11 +94,11 @@ TEST_F(InstalledModules, PathStaysAPath)
 {
     install("web");
     makeModule("web");
-    EXPECT_EQ(moduleFolder("web"), "web"); // a module's folder in the current one comes first
+    EXPECT_EQ(moduleFolder("web"), "web"); // a module folder in the current one takes precedence
     EXPECT_EQ(moduleFolder("./web"), "./web");
     EXPECT_EQ(moduleFolder("no/such"), "no/such");
     EXPECT_EQ(moduleFolder("."), ".");
-    fs::create_directories("kjv"); // no module
+    fs::create_directories("kjv"); // not a module
     install("kjv");
     EXPECT_EQ(moduleFolder("kjv"), ownModulesFolder() + "/kjv");
 }
@@ -131,7 +131,7 @@ TEST_F(InstalledModules, OwnOneIsRemovedWhole)
     EXPECT_EQ(messageOf<CModuleError>([] { removeOwnModule("web"); }), "no module is named \"web\"");
 }
 
-/// The launcher puts such links beside the user's own modules.
+/// The launcher creates such links next to the user's own modules.
 TEST_F(InstalledModules, LinkToAModuleOfTheSystemIsNotTheUsersOwn)
 {
     const std::string system = makeModule(m_home.file("usr/kjv"));

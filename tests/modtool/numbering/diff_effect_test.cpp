@@ -1,4 +1,4 @@
-// What the tool makes of records of _Diff_.txt, compared with what the engine makes of them.
+// The tool's interpretation of records of _Diff_.txt compared with the engine's.
 
 #include "diff_effect.h"
 
@@ -19,7 +19,7 @@ using Kedrin::Tolvo::CRef;
 
 constexpr int leastOffset = std::numeric_limits<int>::min();
 
-/// Few books, chapters and verses, so that records meet each other; some offsets wrap.
+/// Few books, chapters and verses, so that records overlap; some offsets wrap.
 std::vector<DiffRecord> randomRecords(std::mt19937& random)
 {
     const auto pick = [&](int from, int to) { return std::uniform_int_distribution(from, to)(random); };

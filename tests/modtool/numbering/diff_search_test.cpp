@@ -1,4 +1,4 @@
-// The records of _Diff_.txt, judged by the engine's own reader of that file.
+// The records of _Diff_.txt, checked with the engine's reader of that file.
 
 #include "diff_search.h"
 
@@ -37,7 +37,7 @@ protected:
         return CDiff(m_folder.write("_Diff_.txt", recordsText(records)).c_str());
     }
 
-    /// How many of the pairs the engine keeps, told the way CBible does: the book is mapped first.
+    /// How many of the pairs map correctly with the engine, used like in CBible: the book is mapped first.
     unsigned int roundTripsWith(const std::vector<DiffRecord>& records,
                                 const std::vector<VersePair>& pairs) const
     {
@@ -117,13 +117,13 @@ TEST_F(DiffSearch, MappingBackIsRecordedUnderTheLocalNumber)
     for (unsigned int verse = 0; verse < 10; ++verse)
         pairs.push_back({0, {1, verse + 1}, 50, {1, verse}});
     for (unsigned int verse = 0; verse < 12; ++verse)
-        pairs.push_back({1, {1, verse}, 0, {1, verse}}); // its global number is the other's local one
+        pairs.push_back({1, {1, verse}, 0, {1, verse}}); // its global number is the local number of the other
     DiffFigures figures;
     EXPECT_EQ(roundTripsWith(chooseDiffRecords(pairs, figures), pairs), 22u);
     EXPECT_EQ(figures.roundTripsWithoutRecords, 12u);
 }
 
-/// Books in any order, chapters cut up and joined, verses shifted.
+/// Books in any order, chapters split and joined, verses shifted.
 std::vector<VersePair> madePairs(std::mt19937& random)
 {
     std::vector<unsigned int> globals{0, 1, 2, 3, 4, 5};
@@ -164,7 +164,7 @@ TEST_F(DiffSearch, NoRecordIsIdle)
     for (unsigned int round = 0; round < 300; ++round) {
         std::vector<VersePair> pairs = madePairs(random);
         for (VersePair& pair : pairs)
-            pair.globalBook += round % 3; // some numbers are of a local book or of a global one only
+            pair.globalBook += round % 3; // some numbers belong only to a local or only to a global book
         DiffFigures figures;
         const std::vector<DiffRecord> records = chooseDiffRecords(pairs, figures);
         for (std::size_t i = 0; i < records.size(); ++i) {

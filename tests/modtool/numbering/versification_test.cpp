@@ -1,4 +1,4 @@
-// Which of the library's systems a text is counted by, and where its verses stand in the global numbering.
+// The versification chosen for a text, and the positions of its verses in the global numbering.
 
 #include "versification.h"
 
@@ -83,7 +83,7 @@ TEST(Versification, BookThatTheSystemLacksKeepsItsNumbers)
     EXPECT_EQ(CVersification("Luther").toGlobal(book("3Macc", {}), {0, 0}), (ChapterVerse{0, 0}));
 }
 
-/// operator== of CRef compares otherwise.
+/// operator== of CRef compares differently.
 bool isAt(const CRef& ref, unsigned int bookID, unsigned int chapter, unsigned int verse)
 {
     return ref.bookID() == bookID && ref.chapter() == chapter && ref.verse() == verse;
@@ -92,7 +92,7 @@ bool isAt(const CRef& ref, unsigned int bookID, unsigned int chapter, unsigned i
 class Differences : public build_test::Building
 {
 protected:
-    /// Verse lines of one book with so many verses a chapter.
+    /// Verse lines of one book with the given numbers of verses per chapter.
     static std::string lines(const std::string& osis, const std::vector<unsigned int>& versesCount)
     {
         std::string text;

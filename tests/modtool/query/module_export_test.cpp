@@ -24,7 +24,7 @@ using test_support::messageOf;
 
 namespace {
 
-/// Builds sources into modules, exports these and builds the exports.
+/// Builds modules from sources, exports them and builds the exports.
 class Exports : public testing::Test
 {
 protected:
@@ -33,7 +33,7 @@ protected:
         return m_folder.write(name, content);
     }
 
-    /// The ten files of the module that a source makes, by their names.
+    /// The ten files of the module built from a source, by name.
     std::map<std::string, std::string> built(const std::string& source,
                                              const BuildOptions& options = {}) const
     {
@@ -58,7 +58,7 @@ protected:
         return m_folder.file("built/" + std::filesystem::path(source).filename().string());
     }
 
-    /// Builds the source, and each export of the module; all come to the same ten files.
+    /// Builds the source, and each export of the module, and checks that all give the same ten files.
     void expectRoundTrip(const std::string& content) const
     {
         const std::string source = write("source", content);
@@ -67,7 +67,7 @@ protected:
         expectSameAgain(moduleOf(source), files);
     }
 
-    /// What expectRoundTrip() does, for a module that is there.
+    /// As expectRoundTrip(), for an existing module.
     void expectSameAgain(const std::string& module, const std::map<std::string, std::string>& files) const
     {
         const SourceBible bible = exportModule(CModuleReader(module));
@@ -180,7 +180,7 @@ TEST_F(Exports, VersificationComesBack)
 TEST_F(Exports, DifferencesThatNoVersificationGivesComeBack)
 {
     expectRoundTrip("# differences: 1 2 1 0 7 2 2 1 1 -1\n" + threeVerses);
-    expectRoundTrip("# differences: 3 2 1 0 5\n" + threeVerses); // of a book after the module's last
+    expectRoundTrip("# differences: 3 2 1 0 5\n" + threeVerses); // of a book after the last of the module
     EXPECT_EQ(built(write("s", "# differences: 1 2 1 0 7\n" + threeVerses))["_Diff_.txt"], "1 2 1 0 7\n");
 }
 

@@ -1,4 +1,4 @@
-// Commands on modules that are installed for the user, by their names.
+// Commands with the names of modules installed for the user.
 
 #include "query_fixture.h"
 #include "temp_folder.h"

@@ -1,5 +1,5 @@
-// The search on real texts, against a count made from the source text by other means: Unicode folding and plain
-// comparison in ICU, verse by verse, without module, word list or scan.
+// The search in real texts, compared with an independent count from the source text: Unicode folding and
+// simple comparison with ICU, verse by verse, without module, word list or scan.
 
 #include "build.h"
 #include "cp1251.h"
@@ -33,7 +33,7 @@ public:
         buildModule(m_source, m_folder.file("module"), options, "", progress);
     }
 
-    /// Verses of the source that hold the text; with `foldCase` without regard to case.
+    /// Verses of the source that contain the text; ignoring case with `foldCase`.
     std::size_t countInSource(const std::string& text, bool foldCase) const
     {
         const auto prepared = [&](std::string_view utf8) {
@@ -55,8 +55,8 @@ public:
         return hits.size();
     }
 
-    /// Verses of the source in which no letter goes before or after the text, an apostrophe, point or colon between
-    /// letters counting as one.
+    /// Verses of the source in which no letter precedes or follows the text; an apostrophe, point or colon
+    /// between letters counts as a letter.
     std::size_t countWholeWords(const std::string& text) const
     {
         const icu::UnicodeString needle = icu::UnicodeString::fromUTF8(text).foldCase();
@@ -109,8 +109,8 @@ TEST(RealSearch, AgreesWithACountOfAMadeCyrillicSource)
 {
     const test_support::TempFolder folder;
     const std::string lines = build_test::cyrillicLines("KJV", {"Gen", "Matt"});
-    expectAgreement(RealText(folder.write("made.vpl", lines)), {"лорд", "Йесус", "тхе", "фирмамент", "бегат",
-                                                                "И"}); // "Lord", "Jesus", letter for letter
+    expectAgreement(RealText(folder.write("made.vpl", lines)),
+                    {"лорд", "Йесус", "тхе", "фирмамент", "бегат", "И"}); // "Lord", "Jesus", case-sensitive
 }
 
 #ifdef KEDRIN_TEST_DATA

@@ -12,7 +12,7 @@ using test_support::plainBook;
 
 namespace {
 
-/// Битие 1-3, Исая, Йов, Йоан, Йона, 1 Царе, 2 Царе, Юда: enough for names that are alike.
+/// Битие 1-3, Исая, Йов, Йоан, Йона, 1 Царе, 2 Царе, Юда: includes similar names.
 class References : public testing::Test
 {
 protected:

@@ -1,4 +1,4 @@
-// XML, JSON and verse lines of random elements: every letter of them is in the module or in something that the report counts.
+// JSON, XML and verse lines with random elements: every letter is in the module or counted by the report.
 
 #include "balance_fixture.h"
 #include "errors.h"

@@ -1,4 +1,4 @@
-// What a reader takes is compared with the source, letter by letter.
+// The letters taken by a reader are compared with the source.
 
 #include "errors.h"
 #include "letter_proof.h"
@@ -24,7 +24,7 @@ std::string lettersOf(std::string_view utf8)
     return letters;
 }
 
-/// What the proof says of an XML source of which a reader took these letters; "" where they agree.
+/// The error of the proof for an XML source from which a reader took these letters; "" if they agree.
 std::string complaint(const std::string& xml, const std::string& taken)
 {
     try {

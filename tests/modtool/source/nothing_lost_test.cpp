@@ -1,4 +1,4 @@
-// Whatever element or marker a word stands in: it is in a verse, or the report has a line for it.
+// In whatever element or marker a word is: it is in a verse, or the report has a line for it.
 
 #include "json_reader.h"
 #include "osis_reader.h"
@@ -25,7 +25,7 @@ std::string fateInUsfm(const std::string& content)
     return fateIn(reader.finish("f.usfm"));
 }
 
-/// Every element of OSIS that may hold text, but those of the header.
+/// Every element of OSIS that may contain text, except those of the header.
 constexpr const char* osisElements[] = {
     "a",         "abbr",        "actor",       "caption", "castGroup",  "castItem", "castList",  "catchWord",
     "cell",      "chapter",     "closer",      "date",    "divineName", "foreign",  "head",      "hi",
@@ -46,7 +46,7 @@ constexpr const char* zefaniaElements[] = {
     "CAPTION", "PROLOG", "REMARK",  "NOTE",      "XREF", "MEDIA",   "DIV",  "STYLE", "GRAM",  "GR", "gr",
     "SUP",     "BR",     "APPINFO", "PARAGRAPH", "VERS", "caption", "note", "ITEM",  "other", "H",  "B"};
 
-/// The word in a marker without its end, and in one with it.
+/// The word in a marker without and with its end marker.
 std::string beginOf(const std::string& marker) { return '\\' + marker + ' ' + word; }
 std::string wholeOf(const std::string& marker) { return beginOf(marker) + '\\' + marker + '*'; }
 

@@ -1,4 +1,4 @@
-// Books, chapters and verses that the global numbering lacks: what is said of each.
+// The messages for books, chapters and verses that the global numbering lacks.
 
 #include "build_fixture.h"
 
@@ -11,7 +11,7 @@ using build_test::Result;
 class OddBooks : public build_test::Building
 {
 protected:
-    /// Builds a source in any format with one verse of Genesis before what is given.
+    /// Builds a source in any format with a verse of Genesis before the given content.
     Result buildSource(const std::string& name, const std::string& content,
                        const std::vector<std::string>& options = {}) const
     {

@@ -1,4 +1,4 @@
-// Text between a psalm's beginning and its first verse, which a source does not mark as a title: named in the report.
+// Text between the beginning of a psalm and its first verse that is not marked as a title is in the report.
 
 #include "beblia_reader.h"
 #include "opensong_reader.h"

@@ -1,4 +1,4 @@
-// doc/formats/source-tests.md: the tests that it names are in the build.
+// doc/formats/source-tests.md: the tests named in it exist in the build.
 
 #include "build_fixture.h"
 
@@ -26,7 +26,7 @@ std::string listedTests()
     return listing;
 }
 
-/// Whether the text in code is a test's name: "Subject.Fact", or "Subject.*" for all of them.
+/// Whether the code text is the name of a test: "Subject.Fact", or "Subject.*" for several.
 bool isTestName(const std::string& code)
 {
     const std::size_t point = code.find('.');

@@ -6,11 +6,11 @@
 
 namespace build_test {
 
-/// Milestones around what stands before a verse but in its entry.
+/// Milestones around the part of an entry that precedes the verse.
 inline const std::string preverse = "<div type=\"x-milestone\" subType=\"x-preverse\" sID=\"pv1\"/>";
 inline const std::string verseBegin = "<div type=\"x-milestone\" subType=\"x-preverse\" eID=\"pv1\"/>";
 
-/// Pieces of every markup, some broken.
+/// Pieces of every markup, some malformed.
 inline std::string randomEntry(std::mt19937& random)
 {
     static const std::vector<std::string> pieces{"дума",

@@ -1,4 +1,4 @@
-// Raw SWORD entries: what of them is text, what is left out and counted, and that nothing else goes.
+// Raw SWORD entries: what is text, what is omitted and counted, and that nothing else is lost.
 
 #include "letters.h"
 #include "random_entry.h"
@@ -31,7 +31,7 @@ SwordEntry readAt(const std::string& raw, const SwordEntryContext& context, Sour
     return text;
 }
 
-/// Runs of blanks as one, none at the ends.
+/// Replaces sequences of spaces by one, and removes those at the ends.
 std::string folded(const std::string& text)
 {
     std::string line;
@@ -249,10 +249,10 @@ TEST(SwordEntry, LettersOfAnyEntryAreInItsTextOrInTheReport)
 struct Generated
 {
     std::string raw;
-    std::string words; ///< those that are text
+    std::string words; ///< the words that are text
 };
 
-/// Well-formed OSIS: elements in one another, each word known to be text or left out.
+/// Well-formed OSIS: nested elements, each word known to be text or omitted.
 void addElements(Generated& entry, std::mt19937& random, int depth, bool isText)
 {
     static const std::vector<std::pair<std::string, bool>> elements{

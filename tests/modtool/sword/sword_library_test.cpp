@@ -1,4 +1,4 @@
-// SWORD Bibles as sources, made for the purpose.
+// SWORD Bibles as sources, generated for the tests.
 
 #include "build_fixture.h"
 #include "made_sword.h"

@@ -1,4 +1,4 @@
-// Letters of the Cyrillic alphabets, and what becomes of those that Windows-1251 lacks.
+// Letters of the Cyrillic alphabets, and the conversion of those that Windows-1251 lacks.
 
 #include "build_fixture.h"
 
@@ -41,7 +41,7 @@ TEST_F(Letters, BulgarianIWithGraveIsAlwaysReplacedAndCounted)
 {
     for (const std::vector<std::string>& options :
          {std::vector<std::string>(), std::vector<std::string>{"--substitute"}}) {
-        const Result result = buildText("Ѝ ѝ и\u0300 и", options); // the third is composed before
+        const Result result = buildText("Ѝ ѝ и\u0300 и", options); // the third is composed first
         ASSERT_EQ(result.code, 0) << result.err;
         EXPECT_EQ(verse(0, 0, 0), "И и и и");
         EXPECT_EQ(replacedLines(result),

@@ -1,4 +1,4 @@
-// Where a note was removed.
+// Spaces where a note was removed.
 
 #include "note_spacing.h"
 

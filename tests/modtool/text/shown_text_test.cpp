@@ -1,4 +1,4 @@
-// What the tool prints of a verse against what the window's rich text shows of it.
+// The tool's output of a verse compared with the window's rich text.
 
 #include "stored_markup.h"
 
@@ -15,7 +15,7 @@ using namespace Kedrin::ModTool;
 
 namespace {
 
-/// The verse as the chapter view shows it, on one line.
+/// The verse as shown in the chapter view, on one line.
 std::string shown(const std::string& ascii)
 {
     QTextDocument document;
@@ -31,7 +31,7 @@ std::string withoutBlanks(std::string text)
     return text;
 }
 
-/// A verse of markup that the view knows, each tag with its end.
+/// A verse with markup known to the view, each tag with its end tag.
 std::string randomVerse(std::mt19937& random, int depth = 0)
 {
     static constexpr const char* pieces[] = {
@@ -81,8 +81,8 @@ TEST_F(ShownText, IsWhatIsPrinted)
         EXPECT_EQ(plainText(verse), shown(verse)) << verse;
 }
 
-/// Blanks do not count: beside blocks in other tags, or empty ones, the view parts words or joins them by rules of its
-/// own; the tool leaves a blank at every block.
+/// Ignores spaces: next to blocks in other tags, or empty blocks, the view splits or joins words by its own
+/// rules; the tool writes a space at every block.
 TEST_F(ShownText, OfRandomVersesHasTheCharactersPrinted)
 {
     std::mt19937 random(1);

@@ -1,4 +1,4 @@
-// The words of a module and the verses that hold them, against a slow and plain way of finding both.
+// The words of a module and the verses that contain them, compared with a simple, slow implementation.
 
 #include "word_index.h"
 
@@ -53,7 +53,7 @@ TEST_F(Words, ThatDifferInCaseAreOneSpeltAsMostOften)
     EXPECT_EQ(wordsOf("Lord LORD LORD lord"), (List{"LORD"}));
 }
 
-TEST_F(Words, WithAndWithoutACapitalYoAreTwo) // the engine's comparison folds the letters from А to я alone
+TEST_F(Words, WithAndWithoutACapitalYoAreTwo) // the engine's comparison folds only the letters from А to я
 {
     EXPECT_EQ(wordsOf("Ёлка ёлка\nёлка"), (List{"Ёлка", "ёлка"}));
 }
@@ -124,7 +124,7 @@ TEST_F(Words, CanBeFoundWithTheEngine)
 }
 
 using Verses = std::vector<std::string>;
-using Found = std::map<std::string, std::set<unsigned int>>; ///< folded word: its verses
+using Found = std::map<std::string, std::set<unsigned int>>; ///< folded word to its verses
 
 std::string folded(std::string word)
 {
@@ -132,7 +132,7 @@ std::string folded(std::string word)
     return word;
 }
 
-/// The whole verse goes to the Unicode library, blanks and all.
+/// The complete verse is passed to the Unicode library, including spaces.
 Found plainWords(const Verses& verses)
 {
     UErrorCode status = U_ZERO_ERROR;

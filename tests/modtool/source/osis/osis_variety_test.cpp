@@ -1,4 +1,4 @@
-// OSIS as different programs write it (doc/formats/osis.md).
+// OSIS as written by different programs (doc/formats/osis.md).
 
 #include "osis_reader.h"
 #include "source_text.h"

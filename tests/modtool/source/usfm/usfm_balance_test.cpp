@@ -1,4 +1,4 @@
-// USFM of random markers: every letter of it is in the module or in something that the report counts.
+// USFM with random markers: every letter is in the module or counted by the report.
 
 #include "balance_fixture.h"
 #include "errors.h"

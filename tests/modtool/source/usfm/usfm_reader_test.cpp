@@ -23,7 +23,7 @@ std::string errorIn(const std::string& text)
     return messageOf<CBuildError>([&] { read(text); });
 }
 
-/// The lines of a text that begins in Gen 1:1.
+/// The lines of a text that begins at Gen 1:1.
 std::string linesIn(const std::string& text) { return linesOf(read("\\id GEN\n\\c 1\n\\p\n\\v 1 " + text)); }
 
 std::string findingsIn(const std::string& text)

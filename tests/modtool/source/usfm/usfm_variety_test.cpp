@@ -1,4 +1,4 @@
-// USFM as different programs and projects write it (doc/formats/usfm.md).
+// USFM as written by different programs and projects (doc/formats/usfm.md).
 
 #include "errors.h"
 #include "source_format.h"

@@ -13,7 +13,7 @@ using build_test::bytesOf;
 
 std::string pageNamed(const std::string& name) { return bytesOf(KEDRIN_FORMATS_FOLDER + ('/' + name)); }
 
-/// Whether the line is one of a dump: four blanks and eight digits, "    0000001f  c1 e8 ...  |text|".
+/// Whether the line belongs to a dump: four spaces and eight digits, "    0000001f  c1 e8 ...  |text|".
 bool isDumpLine(const std::string& line)
 {
     constexpr std::size_t begin = 4, end = 12;
@@ -22,7 +22,7 @@ bool isDumpLine(const std::string& line)
                        [](char c) { return std::isxdigit(c) != 0; });
 }
 
-/// The bytes of the first hex dump that follows the words in the page.
+/// The bytes of the first hex dump after the words in the page.
 std::string dumpAfter(const std::string& page, const std::string& words)
 {
     const std::size_t begin = page.find(words);
@@ -44,7 +44,7 @@ std::string dumpAfter(const std::string& page, const std::string& words)
     return bytes;
 }
 
-/// The lines of the example as the page shows them, tabs and all.
+/// The lines of the example in the page, including tabs.
 std::string exampleText(const std::string& page)
 {
     std::istringstream rest(page.substr(page.find("## Example")));
@@ -102,7 +102,7 @@ TEST_F(VerseLinePage, ListsTheErrorsOfTheReadersHeader)
          begin = m_page.find("`%s:", begin + 1)) {
         const std::string shown = m_page.substr(begin + 1, m_page.find('`', begin + 1) - begin - 1);
         if (shown.find("verse number") != std::string::npos)
-            continue; // the header has it in the words: the same with "verse number"
+            continue; // described in words in the header: the same with "verse number"
         std::string message;
         for (const char c : shown)
             message += c == '"' ? "\\\"" : std::string(1, c);

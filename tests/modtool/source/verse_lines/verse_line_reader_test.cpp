@@ -1,4 +1,4 @@
-// Sources with a verse a line: what is taken, and what is said of what is not.
+// Sources with one verse per line: accepted lines, and the messages for others.
 
 #include "build_fixture.h"
 
@@ -11,7 +11,7 @@ using VerseLines = Building;
 class BadVerseLines : public Building
 {
 protected:
-    /// What is said of the text, without the program's and the file's name in front.
+    /// The message about the text, without the names of the program and the file.
     std::string said(std::string_view verseLines) const
     {
         const std::string message = refusal(verseLines);

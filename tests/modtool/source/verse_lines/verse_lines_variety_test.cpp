@@ -1,4 +1,4 @@
-// Verse lines as different programs write them (doc/formats/verse-lines.md).
+// Verse lines as written by different programs (doc/formats/verse-lines.md).
 
 #include "build_fixture.h"
 #include "text_encoder.h"

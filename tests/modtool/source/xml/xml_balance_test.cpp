@@ -1,5 +1,5 @@
-// XML of books, chapters and verses in one another, with random elements inside: every letter of it is in the module or
-// in something that the report counts.
+// XML with nested books, chapters and verses and random elements: every letter is in the module or counted by
+// the report.
 
 #include "balance_fixture.h"
 
@@ -10,8 +10,8 @@ namespace {
 using balance_test::CMaker;
 using balance_test::LetterBalance;
 
-/// How a format writes what random documents are made of: tags without their angle brackets, "%" for a number. A book that
-/// ends with '/' is an empty element, which its chapters follow.
+/// The tags of a format for random documents, without angle brackets, "%" for a number. A book that ends with
+/// '/' is an empty element, followed by its chapters.
 struct Elements
 {
     const char* root;

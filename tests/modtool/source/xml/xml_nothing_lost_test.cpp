@@ -1,4 +1,4 @@
-// Whatever element of a format a word stands in: it is in a verse, or the report has a line for it.
+// In whatever element of a format a word is: it is in a verse, or the report has a line for it.
 
 #include "beblia_reader.h"
 #include "ces_reader.h"
@@ -14,7 +14,7 @@ namespace {
 using namespace Kedrin::ModTool;
 using namespace word_fate;
 
-/// A format of books, chapters and verses in one another.
+/// A format with nested books, chapters and verses.
 struct Format
 {
     SourceBible (*read)(const std::string& fileName, std::string_view utf8);
@@ -29,7 +29,7 @@ struct Format
     }
 };
 
-/// An element may stand in a verse, before it and behind it, and in another element.
+/// An element may be in a verse, before it and after it, and in another element.
 void expectNotLost(const Format& format, const std::string& name)
 {
     const std::string element = elementOf(name, "");

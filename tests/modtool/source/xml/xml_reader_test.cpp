@@ -27,7 +27,7 @@ std::string repeated(const std::string& text, int count)
     return all;
 }
 
-/// The nodes of a document, one a line: where each stands, its depth, and what it is.
+/// The nodes of a document, one per line: position, depth and content.
 std::string nodesOf(const std::string& text)
 {
     CXmlReader xml("f.xml", text);

@@ -1,4 +1,4 @@
-// Zefania XML as different programs write it (doc/formats/zefania.md).
+// Zefania XML as written by different programs (doc/formats/zefania.md).
 
 #include "source_format.h"
 #include "source_text.h"
