@@ -34,7 +34,7 @@ QWidget* whatsThisText()
 
 } // namespace
 
-/// The actions of the menus View, Help and File.
+/// The actions of the View, Help and File menus.
 class ActionsTest : public QObject
 {
     Q_OBJECT
@@ -91,7 +91,7 @@ void ActionsTest::locationKeyHidesAndShowsTheToolBar()
     FormFixture window;
     openOn(window);
     const BibleForm& form = window.form();
-    form.comboVerse->setFocus(); // the key does not open a list either
+    form.comboVerse->setFocus(); // the key does not open a list here either
     FormFixture::press(Qt::Key_F4);
     QVERIFY(!form.toolbarLocation->isVisible());
     QVERIFY(!form.viewLocationToolbar->isChecked());
@@ -211,7 +211,7 @@ void ActionsTest::whatsThisModeExplainsTheNextClick()
     QTest::mousePress(widget, Qt::LeftButton, {}, QPoint(widget->width() - 3, widget->height() - 3));
     QCOMPARE(whatsThisText() != nullptr, explained);
     QVERIFY(window.rows().isEmpty());
-    QVERIFY(window.takeBoxes().isEmpty()); // the click itself did nothing else
+    QVERIFY(window.takeBoxes().isEmpty()); // the click had no other effect
     if (whatsThisText() != nullptr)
         whatsThisText()->close();
     QWhatsThis::leaveWhatsThisMode();

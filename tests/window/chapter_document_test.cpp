@@ -12,7 +12,7 @@ using Kedrin::Tolvo::CBible;
 
 namespace {
 
-/// A loaded translation of one book.
+/// A loaded translation with one book.
 class Translation
 {
 public:
@@ -40,7 +40,7 @@ QString oneVerse(const std::string& text) { return Translation({0, "Битие",
 
 } // namespace
 
-/// The document of a chapter, to the letter.
+/// The exact document of a chapter.
 class ChapterDocumentTest : public QObject
 {
     Q_OBJECT

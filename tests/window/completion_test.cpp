@@ -21,7 +21,7 @@ void check(QCheckBox* box) { QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(8
 
 } // namespace
 
-/// Completion in the search box, and the letters that were typed.
+/// Completion in the search box, and the typed letters.
 class CompletionTest : public QObject
 {
     Q_OBJECT

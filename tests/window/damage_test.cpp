@@ -14,7 +14,7 @@ const QString textError = QStringLiteral("CBibleText::operator [](): I/O error")
 const QString vectorError = QStringLiteral("CFileVector::operator [](): IO error");
 const QString rangeError = QStringLiteral("CFileVector::operator [](): recordIndex out of range");
 
-/// Two chapters of five verses, all of which have the number 7.
+/// Two chapters of five verses, all with the number 7.
 ModuleFiles wholeModule(const std::string& title = "А")
 {
     test_support::Book book{0, "Битие", {{}, {}}};
@@ -47,11 +47,11 @@ void searchFor(const FormFixture& window, const char* text, bool part = false)
 {
     window.form().checkPartialWord->setChecked(part);
     FormFixture::typeInto(window.form().comboSearchText, QString::fromUtf8(text));
-    FormFixture::press(Qt::Key_Delete); // what completion has added
+    FormFixture::press(Qt::Key_Delete); // the completed part
     FormFixture::press(Qt::Key_Return);
 }
 
-/// The reader's ways to the second chapter.
+/// The user's ways to get to the second chapter.
 void goToSecondChapter(FormFixture& window, const QString& way)
 {
     const BibleForm& form = window.form();
@@ -72,7 +72,7 @@ void goToSecondChapter(FormFixture& window, const QString& way)
         window.clickTab(1);
 }
 
-/// What becomes of a file after spoiling.
+/// How a file is damaged.
 std::string spoiled(const std::string& bytes, const QString& how)
 {
     if (how == QLatin1String("cut"))
@@ -86,8 +86,8 @@ std::string spoiled(const std::string& bytes, const QString& how)
 
 } // namespace
 
-/// Modules whose files are damaged. A failed rendering lasts until the process ends, so each function, or row of one,
-/// has a process of its own.
+/// Modules with damaged files. A failed rendering has effect until the process ends, so each function, or
+/// data row of one, runs in its own process.
 class DamageTest : public QObject
 {
     Q_OBJECT
@@ -135,7 +135,7 @@ void DamageTest::reading()
     FormFixture::press(Qt::Key_F8);
     QCOMPARE(form.textBrowser->toHtml(), page);
     QVERIFY(window.takeBoxes().isEmpty());
-    searchFor(window, "7"); // the program lives
+    searchFor(window, "7"); // the program still works
     QCOMPARE(window.rows().size(), 10);
     QVERIFY(window.takeBoxes().isEmpty());
 }
@@ -171,7 +171,7 @@ void DamageTest::searching_data()
     row("entry beyond the concordance", "ConcP.bin", far, false, rangeError);
 }
 
-/// The last four bytes of a file are gone, of which one comes back as a stub, or others stand there.
+/// The last four bytes of a file are removed, replaced by one byte, or changed.
 void DamageTest::searching()
 {
     QFETCH(QString, file);
@@ -194,7 +194,7 @@ void DamageTest::searching()
     window.install("а", files);
     const BibleForm& form = window.open();
     QVERIFY(window.takeBoxes().isEmpty());
-    searchFor(window, "Битие", !part); // the other way of searching is whole
+    searchFor(window, "Битие", !part); // the other kind of search still works
     QCOMPARE(window.rows(), rows);
     window.clickHit(3);
     const QString page = form.textBrowser->toHtml();
@@ -204,7 +204,7 @@ void DamageTest::searching()
     QCOMPARE(form.listSearchResults->currentItem(), 3);
     QCOMPARE(form.textBrowser->toHtml(), page);
 
-    window.pick(form.comboVerse, 2); // reading goes on
+    window.pick(form.comboVerse, 2); // reading still works
     QCOMPARE(window.red(), QStringLiteral("[3] 7 Битие 1 глава"));
     window.clickHit(0);
     QCOMPARE(window.red(), QStringLiteral("[1] 7 Битие 1 глава"));
@@ -216,7 +216,7 @@ void DamageTest::repeatedSearch()
     FormFixture window;
     window.install("а", wholeModule("Цял"));
     ModuleFiles files = wholeModule("Повреден");
-    files.bytes["Conc.bin"].resize(29); // in the middle of the verses of "7"
+    files.bytes["Conc.bin"].resize(29); // within the verses of "7"
     window.install("б", files);
     const BibleForm& form = window.open();
     searchFor(window, "7");
@@ -247,8 +247,8 @@ void DamageTest::anyDamage_data()
                 << QString::fromStdString(file) << QString::fromLatin1(how);
 }
 
-/// One box at the start and no tab, or a translation that opens and can be read, searched and closed, each with one
-/// box at most; the program lives.
+/// Either one message box at the start and no tab, or a translation that opens and can be read, searched and
+/// closed, each with at most one message box; the program still works.
 void DamageTest::anyDamage()
 {
     QFETCH(QString, file);

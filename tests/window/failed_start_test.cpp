@@ -13,7 +13,7 @@ using namespace window_test;
 
 namespace {
 
-/// The status with which the event loop ends when nobody does anything; 99 when it goes on.
+/// The status with which the event loop ends without user actions; 99 if it does not end.
 int endingStatus()
 {
     QObject thisRun;
@@ -21,21 +21,21 @@ int endingStatus()
     return QCoreApplication::exec();
 }
 
-/// Whether a box of this form waits for its answer.
+/// Whether a message box of this form is open.
 bool boxWaits(BibleForm& form)
 {
     qt3::MessageBox::setAnswer({});
     bool waited = false;
     inDialog([&] { form.helpAbout_activated(); },
              [&](QWidget& box) {
-                 QTest::qWait(30); // whatever would close it has come
+                 QTest::qWait(30); // events that would close it have been processed
                  waited = box.isVisible();
                  box.close();
              });
     return waited;
 }
 
-/// One call of a slot for each of the values that its parameter may have.
+/// One call of a slot for each possible value of its parameter.
 void callSlot(BibleForm& form, const QMetaMethod& slot)
 {
     if (slot.parameterCount() == 2)
@@ -54,7 +54,7 @@ void callSlot(BibleForm& form, const QMetaMethod& slot)
 
 } // namespace
 
-/// A form that found no modules: what is left of it, and what is not.
+/// A form that found no modules: what still works and what does not.
 class FailedStartTest : public QObject
 {
     Q_OBJECT
@@ -84,7 +84,7 @@ void FailedStartTest::laterBoxesWaitForTheirAnswer()
 {
     FormFixture window;
     window.open();
-    QTest::qWait(30); // events come, but no loop runs that could be ended
+    QTest::qWait(30); // events are processed, but no loop runs that could be ended
     window.closeForm();
     window.install("а", alphaModule());
     QVERIFY(boxWaits(window.open()));
@@ -104,7 +104,7 @@ void FailedStartTest::programEndsWhenItsLoopRunsLater()
     window.open();
     QTest::qWait(30);
     QCOMPARE(endingStatus(), -1);
-    QCOMPARE(endingStatus(), 99); // asked for once
+    QCOMPARE(endingStatus(), 99); // only one request
 }
 
 void FailedStartTest::noSlotCrashes_data()

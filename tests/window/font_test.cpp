@@ -22,7 +22,7 @@ void openOn(FormFixture& window)
     window.open();
 }
 
-/// Opens the font dialog from the menu and answers it.
+/// Opens the font dialog from the menu and closes it.
 bool inFontDialog(const FormFixture& window, const std::function<void(QFontDialog&)>& answer)
 {
     const BibleForm& form = window.form();
@@ -38,7 +38,7 @@ void setLargeFont(BibleForm& form)
     QCoreApplication::processEvents();
 }
 
-/// The application's font goes back to what it was.
+/// Restores the application's font.
 class FontKeeper
 {
 public:
@@ -50,7 +50,7 @@ private:
 
 } // namespace
 
-/// The font that the reader chooses.
+/// The font chosen by the user.
 class FontTest : public QObject
 {
     Q_OBJECT
@@ -149,7 +149,7 @@ void FontTest::largeFontKeepsThePanelsPlaces()
     QVERIFY(painted.horizontalAdvance(form.checkRedoSearch->text()) < 110);
 }
 
-/// Rows that differ in their last digit only look different.
+/// Rows that differ only in their last digit look different.
 void FontTest::largeFontLeavesTheHitsApart()
 {
     FormFixture window;
@@ -184,13 +184,13 @@ void FontTest::largeFontLeavesTheSearchTextWhole()
     QVERIFY(field->fontMetrics().height() <= field->height());
     QCOMPARE(form.comboSearchText->font().pointSize(), 24);
     QCOMPARE(form.comboSearchText->geometry(), QRect(0, 0, 130, 30));
-    QCOMPARE(form.comboBook->lineEdit()->font().pointSize(), 24); // has room
+    QCOMPARE(form.comboBook->lineEdit()->font().pointSize(), 24); // has enough space
     form.setFont(before);
     QCoreApplication::processEvents();
     QCOMPARE(field->font().pointSizeF(), before.pointSizeF());
 }
 
-/// A menu that is made wider paints no text otherwise.
+/// A wider menu does not change the painted texts.
 void FontTest::largeFontLeavesTheMenusWhole()
 {
     const FontKeeper keeper;
@@ -204,7 +204,7 @@ void FontTest::largeFontLeavesTheMenusWhole()
          {static_cast<QMenu*>(form.menuTranslations), form.menuView, form.menuFile, form.menuHelp}) {
         menu->popup({0, 0});
         QVERIFY(QTest::qWaitForWindowExposed(menu));
-        // stands at the right
+        // is right-aligned
         const int key = menu->fontMetrics().horizontalAdvance(QStringLiteral("F8")) + 40;
         const QRect texts = menu->rect().adjusted(2, 2, -key, -2);
         const QImage fitting = menu->grab(texts).toImage();

@@ -82,7 +82,7 @@ bool inDialog(const std::function<void()>& act, const std::function<void(QWidget
 
 FormFixture::FormFixture()
 {
-    QApplication::setDoubleClickInterval(0); // a list takes no click sooner than that after it has opened
+    QApplication::setDoubleClickInterval(0); // a list ignores clicks within this interval after opening
     ut::set_application_dirPath(m_folder.file("Читалня").c_str());
     qt3::MessageBox::setAnswer([this](QMessageBox& box) {
         QStringList labels;

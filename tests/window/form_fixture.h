@@ -19,7 +19,7 @@ class ComboBox;
 
 namespace window_test {
 
-/// A message box that the window showed and the fixture closed.
+/// A message box shown by the window and closed by the fixture.
 struct SeenBox
 {
     QMessageBox::Icon icon;
@@ -28,11 +28,11 @@ struct SeenBox
     QStringList buttons; ///< labels
 };
 
-/// What the boxes of a failed opening say.
+/// The texts of the message boxes of a failed opening.
 QString loadingMessage(const QString& what);
 
-/// Битие with 50 chapters of 31 verses, Рут with {22, 23, 18, 22}, Псалтир with {6, 12, 8, 9, 176}: longer than the
-/// view is high. Verses read "<book> <chapter>:<verse>".
+/// Битие with 50 chapters of 31 verses, Рут with {22, 23, 18, 22}, Псалтир with {6, 12, 8, 9, 176}: longer
+/// than the view is high. Verses are "<book> <chapter>:<verse>".
 test_support::ModuleFiles alphaModule(const std::string& title = "Алфа");
 
 /// The same without Рут, in another order and with other chapter counts: Псалми with {6, 12, 8}, Битие with 3
@@ -42,13 +42,13 @@ test_support::ModuleFiles betaModule(const std::string& title = "Бета", cons
 /// A module of one book of one chapter whose verses are `verses` (UTF-8).
 test_support::ModuleFiles moduleOfVerses(const std::vector<std::string>& verses);
 
-/// Runs `act`, which opens a dialog that does not pass through qt3::MessageBox, and `answer` inside it; `answer` has
-/// to close it.
-/// @returns whether a dialog came up
+/// Runs `act`, which opens a dialog without qt3::MessageBox, and `answer` while it is open, which has to
+/// close it.
+/// @returns whether a dialog opened
 bool inDialog(const std::function<void()>& act, const std::function<void(QWidget&)>& answer);
 
-/// One window on modules of its own, with what a reader does to it and sees of it. Message boxes are recorded and
-/// closed at once.
+/// A window with its own modules, the actions of a user and what the user sees. Message boxes are recorded
+/// and closed immediately.
 class FormFixture
 {
 public:
@@ -57,12 +57,12 @@ public:
     FormFixture(const FormFixture&) = delete;
     FormFixture& operator=(const FormFixture&) = delete;
 
-    /// Puts a module into modules/bibles/<folder>.
+    /// Writes a module into modules/bibles/<folder>.
     void install(const std::string& folder, const test_support::ModuleFiles& files) const;
-    /// Its name has Cyrillic letters, as readers' folders do.
+    /// Its name has Cyrillic letters, like folders of users.
     std::string modulesPath() const { return m_folder.file("Читалня/modules/bibles"); }
 
-    /// Makes the window, shows it and waits until it is active.
+    /// Creates the window, shows it and waits until it is active.
     template <typename Form = BibleForm>
     Form& open()
     {
@@ -75,7 +75,7 @@ public:
     void closeForm() { m_form.reset(); }
     BibleForm& form() const { return *m_form; }
 
-    /// The boxes since the last call.
+    /// The message boxes since the last call.
     QList<SeenBox> takeBoxes() { return std::exchange(m_boxes, {}); }
 
     // by mouse
@@ -89,22 +89,22 @@ public:
     void clickLink(int n) const;
 
     // by keyboard
-    /// Any letters, Cyrillic ones too; to the widget that has the focus.
+    /// Any letters, including Cyrillic; to the widget that has the focus.
     static void type(const QString& text);
     static void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
-    /// Focus on the box, its text replaced by typing.
+    /// Focuses the box and replaces its text by typing.
     static void typeInto(qt3::ComboBox* box, const QString& text);
 
-    // what is seen
+    // what the user sees
     QString place() const;       ///< the three boxes' texts, "Битие 1 1"
     QStringList page() const;    ///< the lines of the chapter view
-    QString red() const;         ///< what stands in red on the page
+    QString red() const;         ///< the red text of the page
     QStringList tabs() const;    ///< labels, the current one in brackets
     QStringList checked() const; ///< titles with a check mark in the menu
     QStringList rows() const;    ///< the list of hits
     QStringList offered(const QComboBox* box) const;
     QStringList links() const; ///< texts of the links of the page
-    /// Whether the line's top is in the middle of the view, or as near as the text's ends allow.
+    /// Whether the top of the line is in the middle of the view, or as near as the ends of the text allow.
     bool isCentred(int line) const;
 
 private:

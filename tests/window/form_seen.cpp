@@ -11,7 +11,7 @@
 
 #include <algorithm>
 
-// What a reader sees of the window.
+// What the user sees of the window.
 
 namespace window_test {
 

@@ -34,7 +34,7 @@ QStringList contents(const QMenu* menu)
 
 } // namespace
 
-/// What the form consists of: its class, actions, menus, and the state it is built in.
+/// The parts of the form: its class, actions, menus, and its initial state.
 class FormTest : public QObject
 {
     Q_OBJECT
@@ -58,7 +58,7 @@ private slots:
 
 void FormTest::formTakesTheGivenName()
 {
-    const FormFixture window; // answers the box of a start without modules
+    const FormFixture window; // closes the message box of a start without modules
     const BibleForm form(nullptr, "другото");
     QCOMPARE(form.objectName(), QStringLiteral("другото"));
 }
@@ -145,7 +145,7 @@ void FormTest::demoActionIsInNoMenu()
 
 void FormTest::beforeTheStartEverythingIsOff()
 {
-    FormFixture window; // no modules: the window stays as it was built
+    FormFixture window; // no modules: the window is in its initial state
     window.open();
     const BibleForm& form = window.form();
     QVERIFY(form.tabsText == nullptr);
@@ -154,7 +154,7 @@ void FormTest::beforeTheStartEverythingIsOff()
     QVERIFY(!form.toolbarLocation->isEnabled());
     QVERIFY(!form.checkCaseSensitive->isEnabled());
     for (const QWidget* child : form.groupSearch->findChildren<QWidget*>())
-        if (child->window() == &form) // an open list is a window of its own
+        if (child->window() == &form) // an open list is a separate window
             QVERIFY2(!child->isEnabled(), qPrintable(child->objectName()));
     for (const QWidget* box : {form.comboBook, form.comboChapter, form.comboVerse})
         QVERIFY(!box->isEnabled());
@@ -172,7 +172,7 @@ void FormTest::everyControlHasAnAccessibleName()
             QVERIFY2(!widget->accessibleName().isEmpty(), qPrintable(widget->objectName()));
 }
 
-/// An editable box gives its text as its name; the field in it is what is named.
+/// The accessible name of an editable box is its text; its line edit has the name.
 void FormTest::textFieldsOfTheBoxesHaveTheirNames()
 {
     FormFixture window;

@@ -1,4 +1,4 @@
-// Nothing but the toolkit and the form: what a program that was written elsewhere includes.
+// Only the toolkit and the form: the includes of an independent program.
 #include <QtWidgets>
 
 #include "bggui.h"
@@ -35,7 +35,7 @@ static_assert(isA<decltype(BibleForm::toolbarLocation), QToolBar>);
 static_assert(isA<decltype(BibleForm::gotoAction), QAction>);
 static_assert(isA<decltype(BibleForm::tabsText), QTabBar>);
 
-/// A form of somebody's own sees the protected members' types too.
+/// A derived form sees the types of the protected members too.
 class DerivedForm : public BibleForm
 {
 public:
@@ -46,7 +46,7 @@ public:
 
 } // namespace
 
-/// What the form's header says by itself.
+/// What the header of the form declares by itself.
 class HeaderTest : public QObject
 {
     Q_OBJECT

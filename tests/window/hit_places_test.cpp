@@ -13,7 +13,7 @@ void searchForPart(const FormFixture& window, const char* text)
 {
     window.form().checkPartialWord->setChecked(true);
     FormFixture::typeInto(window.form().comboSearchText, QString::fromUtf8(text));
-    FormFixture::press(Qt::Key_Delete); // what completion has added
+    FormFixture::press(Qt::Key_Delete); // the completed part
     FormFixture::press(Qt::Key_Return);
 }
 
@@ -26,7 +26,7 @@ void openOnPsalms(FormFixture& window)
 
 } // namespace
 
-/// Where a hit or a link leads, the first time and again.
+/// The position after choosing a hit or a link, the first time and again.
 class HitPlacesTest : public QObject
 {
     Q_OBJECT

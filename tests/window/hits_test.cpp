@@ -16,7 +16,7 @@ using test_support::makeModule;
 
 namespace {
 
-/// 50 verses of "дума", every tenth of which has "рядко" as well.
+/// 50 verses with "дума", every tenth also with "рядко".
 test_support::ModuleFiles hitsModule(const std::string& title, const std::string& book,
                                      const std::string& diff = {})
 {
@@ -80,7 +80,7 @@ void HitsTest::keysShowTheHits()
     const BibleForm& form = window.open();
     searchFor(window, "рядко");
     form.listSearchResults->setFocus(Qt::TabFocusReason);
-    QCOMPARE(window.place(), QStringLiteral("Псалтир 1 10")); // the first at once
+    QCOMPARE(window.place(), QStringLiteral("Псалтир 1 10")); // the first one immediately
     FormFixture::press(Qt::Key_Down);
     QCOMPARE(window.place(), QStringLiteral("Псалтир 1 20"));
     FormFixture::press(Qt::Key_End);
@@ -119,7 +119,7 @@ void HitsTest::firstHitIsShownWhereTheListHasTheFocus()
     searchFor(window, "рядко");
     window.clickHit(3);
     QVERIFY(form.listSearchResults->hasFocus());
-    QTest::mouseClick(form.btnSearch, Qt::LeftButton); // a click leaves the focus in the list
+    QTest::mouseClick(form.btnSearch, Qt::LeftButton); // a click does not move the focus from the list
     QVERIFY(form.listSearchResults->hasFocus());
     QCOMPARE(window.place(), QStringLiteral("Псалтир 1 10"));
     QCOMPARE(form.listSearchResults->currentItem(), 0);
@@ -197,7 +197,7 @@ void HitsTest::repeatedSearchThatFindsNothingSaysSo()
     searchFor(window, "рядко");
     window.chooseTranslation(1);
     const QList<SeenBox> boxes = window.takeBoxes();
-    QCOMPARE(boxes.size(), 2); // opening beside others selects twice
+    QCOMPARE(boxes.size(), 2); // opening when others are open selects twice
     for (const SeenBox& box : boxes)
         QCOMPARE(box.text, QStringLiteral("Текста не е намерен в текущия превод"));
     QVERIFY(window.rows().isEmpty());

@@ -24,7 +24,7 @@ void openOn(FormFixture& window)
 
 } // namespace
 
-/// Where the window's parts lie and which font they have.
+/// The positions and fonts of the window's parts.
 class LayoutTest : public QObject
 {
     Q_OBJECT

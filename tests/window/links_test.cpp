@@ -20,7 +20,7 @@ void openWithLinks(FormFixture& window)
     FormFixture::press(Qt::Key_F8);
 }
 
-/// Notices when a file is opened.
+/// Detects when a file is opened.
 class OpenWatch
 {
 public:
@@ -45,7 +45,7 @@ private:
 
 } // namespace
 
-/// The links to chapters, and markup that nobody vouches for.
+/// The links to chapters, and untrusted markup.
 class LinksTest : public QObject
 {
     Q_OBJECT
@@ -272,7 +272,7 @@ void LinksTest::versesStayApartWhateverTheyHold()
     QVERIFY(page.at(0).startsWith(QStringLiteral("[1] a")));
     QCOMPARE(page.at(1), QStringLiteral("[2] plain & <"));
     QCOMPARE(page.at(2), QStringLiteral("[3] bold"));
-    QCOMPARE(page.at(3).trimmed(), QStringLiteral("[4] 100% %1")); // Qt ends the text with a blank
+    QCOMPARE(page.at(3).trimmed(), QStringLiteral("[4] 100% %1")); // Qt ends the text with a space
 }
 
 QTEST_MAIN(LinksTest)

@@ -21,7 +21,7 @@ ModuleFiles cutModule()
     return files;
 }
 
-/// A form whose book slot throws what is no standard exception.
+/// A form whose book slot throws something other than a standard exception.
 class ThrowingForm : public BibleForm
 {
 public:
@@ -46,7 +46,7 @@ void expectErrorBox(FormFixture& window, const QString& text)
     QVERIFY(!boxes.first().text.isEmpty());
 }
 
-/// Nothing that a reader does changes the page any more, and no second box comes.
+/// User actions no longer change the page, and no second message box opens.
 void expectLocked(FormFixture& window)
 {
     const BibleForm& form = window.form();
@@ -61,8 +61,8 @@ void expectLocked(FormFixture& window)
 
 } // namespace
 
-/// A rendering that failed locks the view for the rest of the run, in every window of the program: each test has a
-/// process of its own.
+/// A failed rendering locks the view until the program ends, in all its windows: each test runs in its own
+/// process.
 class LockTest : public QObject
 {
     Q_OBJECT

@@ -40,7 +40,7 @@ double luminance(QRgb pixel)
     return 0.2126 * linear(qRed(pixel)) + 0.7152 * linear(qGreen(pixel)) + 0.0722 * linear(qBlue(pixel));
 }
 
-/// The contrast of the lightest and the darkest pixel inside a widget's edges, 1 to 21.
+/// The contrast of the lightest and the darkest pixel inside a widget's frame, 1 to 21.
 double contrast(QWidget* widget)
 {
     const QImage picture = widget->grab(widget->rect().adjusted(3, 3, -3, -3)).toImage();
@@ -56,7 +56,7 @@ double contrast(QWidget* widget)
 
 } // namespace
 
-/// How the window looks: legible in light and dark, at small and large fonts. The pictures are kept.
+/// The look of the window: legible in light and dark, with small and large fonts. The pictures are kept.
 class LooksTest : public QObject
 {
     Q_OBJECT

@@ -29,7 +29,7 @@ void turnWheel(QWidget* widget, int notches)
 
 } // namespace
 
-/// Moving by the three boxes and the keys.
+/// Navigation with the three boxes and by keys.
 class NavigationTest : public QObject
 {
     Q_OBJECT

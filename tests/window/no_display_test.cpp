@@ -10,7 +10,8 @@ struct Ending
     QString error;
 };
 
-/// Runs the program, around a window that closes itself, in an environment of these variables and no other display.
+/// Runs the program, with a window that closes itself, in an environment with these variables and no other
+/// display.
 Ending run(const QStringList& variables, const QStringList& arguments = {QStringLiteral("close")})
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -33,7 +34,7 @@ QStringList words(const char* text) { return QString::fromUtf8(text).split(u' ',
 
 } // namespace
 
-/// The program where no window can be opened.
+/// The program if no window can be opened.
 class NoDisplayTest : public QObject
 {
     Q_OBJECT
@@ -126,7 +127,7 @@ void NoDisplayTest::platformsWithoutADisplayWork()
     QCOMPARE(ending.status, 0);
 }
 
-/// What the toolkit says about a platform that it passes over is no secret where another one works.
+/// The toolkit's messages about a platform that it skips are still written if another one works.
 void NoDisplayTest::otherMessagesOfTheStartAreWritten()
 {
     const Ending ending = run({QStringLiteral("QT_QPA_PLATFORM=nonsense;offscreen")});

@@ -8,8 +8,8 @@ using namespace window_test;
 
 namespace {
 
-/// Three translations, of which the current one was closed: none is current, and the bar draws the second as if
-/// it were.
+/// Three translations after the current one was closed: none is current, although the bar shows the second as
+/// current.
 void openAndCloseTheCurrent(FormFixture& window)
 {
     window.install("а", alphaModule("А"));
@@ -22,7 +22,7 @@ void openAndCloseTheCurrent(FormFixture& window)
     QCOMPARE(window.tabs(), (QStringList{QStringLiteral("А"), QStringLiteral("[Б]")}));
 }
 
-/// None is current: a choice of a place leads nowhere.
+/// Checks that none is current: choosing a position has no effect.
 bool isDead(const FormFixture& window)
 {
     const QStringList page = window.page();

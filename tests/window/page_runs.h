@@ -26,7 +26,7 @@ struct Link
 inline QList<Link> linksOf(const QTextDocument& document)
 {
     QList<Link> links;
-    int end = -1; // the runs of one anchor adjoin, those of two have a blank between them
+    int end = -1; // the runs of one anchor are adjacent, those of two have a space between them
     for (const QTextFragment& run : fragments(document)) {
         const QString href = run.charFormat().anchorHref();
         if (href.isEmpty())

@@ -12,13 +12,13 @@ using namespace window_test;
 using test_support::makeModule;
 using test_support::plainBook;
 
-/// What a switch of translation keeps, and the window while no translation is current.
+/// What stays the same after a switch of translation, and the window without a current translation.
 class PlaceTest : public QObject
 {
     Q_OBJECT
 
 private:
-    /// Алфа and Бета open, then Бета closed: the page is still its page, but nothing is current.
+    /// Opens Алфа and Бета and closes Бета: its page is still shown, but none is current.
     static void openWithNoneCurrent(FormFixture& window)
     {
         window.install("а", alphaModule());
@@ -93,7 +93,7 @@ void PlaceTest::differencesShiftTheSecondChapter()
 {
     FormFixture window;
     window.install("а", alphaModule());
-    // one verse lower in Бета's second psalm: once by the common number of the book, once by Бета's own
+    // one verse lower in Бета's second psalm: once with the global number of the book, once with Бета's own
     window.install("б", betaModule("Бета", "19 2 1 0 1\n1 2 1 0 1\n"));
     const BibleForm& form = window.open();
     window.pick(form.comboBook, 2);
@@ -144,7 +144,7 @@ void PlaceTest::versePastTheEndMarksNoneAndKeepsTheBox()
     QVERIFY(!form.comboVerse->currentText().isEmpty());
     QVERIFY(window.takeBoxes().isEmpty());
     window.clickTab(0);
-    QCOMPARE(window.place(), QStringLiteral("Битие 2 8")); // the place itself was not clamped
+    QCOMPARE(window.place(), QStringLiteral("Битие 2 8")); // the position itself was not clamped
 }
 
 void PlaceTest::booksAndWordsAreExchanged()

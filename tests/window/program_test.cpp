@@ -29,7 +29,7 @@ Ending run(const std::string& command, const std::filesystem::path& program)
 
 Ending run(const char* task) { return run(std::string("\"$1\" ") + task, MAIN_PROBE); }
 
-/// Where the program looks for its modules when it is started by this command.
+/// The folder where the program looks for its modules if it is started by this command.
 QString directorySeen(const std::string& command, const std::filesystem::path& program)
 {
     return run(command, program).output.section(u'\n', 0, 0);
@@ -37,7 +37,7 @@ QString directorySeen(const std::string& command, const std::filesystem::path& p
 
 } // namespace
 
-/// The program's main function around another window: what becomes of exceptions, the status, the directory.
+/// The program's main function with another window: exceptions, exit status, directory.
 class ProgramTest : public QObject
 {
     Q_OBJECT

@@ -37,7 +37,7 @@ void openOnWords(FormFixture& window)
 void searchFor(const FormFixture& window, const char* text)
 {
     FormFixture::typeInto(window.form().comboSearchText, QString::fromUtf8(text));
-    FormFixture::press(Qt::Key_Delete); // what completion has added
+    FormFixture::press(Qt::Key_Delete); // the completed part
     FormFixture::press(Qt::Key_Return);
 }
 
@@ -53,7 +53,7 @@ void expectInformation(FormFixture& window, const char* caption, const char* tex
 
 } // namespace
 
-/// Searching, and what the panel's options mean.
+/// Searching, and the options of the panel.
 class SearchTest : public QObject
 {
     Q_OBJECT
@@ -286,7 +286,7 @@ void SearchTest::newSearchReplacesTheHits()
     searchFor(window, "рече");
     QCOMPARE(window.rows(), list("Бит 1:1"));
     QCOMPARE(window.form().listSearchResults->currentItem(), -1);
-    QCOMPARE(window.place(), QStringLiteral("Изход 2 1")); // listing shows nothing by itself
+    QCOMPARE(window.place(), QStringLiteral("Изход 2 1")); // listing hits does not change the page
 }
 
 QTEST_MAIN(SearchTest)

@@ -8,7 +8,7 @@
 
 using namespace window_test;
 
-/// Where the focus is when the window appears.
+/// The focus when the window appears.
 class StartFocusTest : public QObject
 {
     Q_OBJECT
@@ -66,7 +66,7 @@ void StartFocusTest::focusIsOnThePageAfterABox()
         files.bytes.erase("Conc.bin");
         window.install("а", files);
     }
-    qt3::MessageBox::setAnswer({}); // a real one, that takes the focus and gives it back
+    qt3::MessageBox::setAnswer({}); // a real message box, which takes the focus and returns it
     QVERIFY(inDialog([&] { window.open(); }, [](QWidget& box) { box.close(); }));
     const BibleForm& form = window.form();
     QCOMPARE(QApplication::focusWidget(), form.textBrowser);

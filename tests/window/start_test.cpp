@@ -16,7 +16,7 @@ using test_support::ModuleFiles;
 
 namespace {
 
-/// What the opening of a module says whose file is missing.
+/// The message for a module with a missing file.
 QString missingFileMessage(const std::string& folder, const char* reader, const char* file)
 {
     const QString path = QString::fromStdString(folder);
@@ -34,12 +34,12 @@ ModuleFiles damagedModule()
     return files;
 }
 
-/// The status with which the event loop ends when nobody does anything; 99 when it goes on.
+/// The status with which the event loop ends without user actions; 99 if it does not end.
 int endingStatus()
 {
     QObject thisRun;
     QTimer::singleShot(0, &thisRun,
-                       [&thisRun] { // a second pass of the loop comes only if the first did not end it
+                       [&thisRun] { // a second iteration of the loop happens only if the first did not end it
                            QTimer::singleShot(0, &thisRun, [] { QCoreApplication::exit(99); });
                        });
     return QCoreApplication::exec();
@@ -47,7 +47,7 @@ int endingStatus()
 
 } // namespace
 
-/// How the window starts, on good modules, damaged ones and none.
+/// The start of the window with valid, damaged and no modules.
 class StartTest : public QObject
 {
     Q_OBJECT

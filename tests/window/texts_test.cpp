@@ -81,7 +81,7 @@ constexpr struct
 
 constexpr const char* menuTitles[] = {"&Файл", "Преводи", "Изглед", "&Помощ"};
 
-/// Puts brackets around every text of the form's context.
+/// Adds brackets to every text of the form's context.
 class Brackets : public QTranslator
 {
 public:
@@ -94,7 +94,7 @@ public:
     }
 };
 
-/// Lets a test call what a change of language calls.
+/// Lets a test call the function that a change of language calls.
 class RetranslatedForm : public BibleForm
 {
 public:
@@ -110,7 +110,7 @@ QString textOf(const BibleForm& form, const char* object, const char* property)
 
 } // namespace
 
-/// Every text that the window shows, to the letter.
+/// The exact texts of the window.
 class TextsTest : public QObject
 {
     Q_OBJECT

@@ -26,7 +26,7 @@ public:
     }
 };
 
-/// Modules А, Б, В of one book each, so that the page tells which translation it shows.
+/// Modules А, Б, В with one book each, so that the page shows which translation it is.
 void installThree(const FormFixture& window)
 {
     window.install("а", makeModule("А", {plainBook(0, "Битие-А", {3, 4, 5})}));
@@ -87,7 +87,7 @@ void TranslationsTest::openingBesideOthersSelectsTwice()
     window.chooseTranslation(1);
     window.chooseTranslation(0);
     QCOMPARE(form.selections, 2);
-    window.chooseTranslation(1); // the only tab is current already
+    window.chooseTranslation(1); // the only tab is already current
     QCOMPARE(form.selections, 3);
     QCOMPARE(window.red(), QStringLiteral("[1] Битие-Б 1:1"));
 }
@@ -171,7 +171,7 @@ void TranslationsTest::closingTheCurrentOneShowsThePreviousTabButSelectsNone()
     QCOMPARE(window.tabs(), list("[А] Б"));
     QCOMPARE(form.selections, before);
     QCOMPARE(window.red(), QStringLiteral("[1] Битие-В 1:1"));
-    window.clickTab(0); // the reader chooses it
+    window.clickTab(0); // the user chooses it
     QCOMPARE(form.selections, before + 1);
     QCOMPARE(window.red(), QStringLiteral("[1] Битие-А 1:1"));
     window.clickTab(0);
@@ -206,7 +206,7 @@ void TranslationsTest::identifiersAreNeverReused()
     installThree(window);
     window.open();
     window.chooseTranslation(0);
-    window.chooseTranslation(0); // the identifier 1 now, though the bar was empty
+    window.chooseTranslation(0); // has the identifier 1 now, although the bar was empty
     window.chooseTranslation(1);
     window.chooseTranslation(1); // index 1 equals it
     QCOMPARE(window.tabs(), list("[А]"));
@@ -250,7 +250,7 @@ void TranslationsTest::equalTitlesCloseTheFirstTab()
     const BibleForm& form = window.open();
     window.chooseTranslation(1);
     QCOMPARE(window.tabs(), list("Същото [Същото]"));
-    window.chooseTranslation(1); // the first tab goes, the second one's check mark too
+    window.chooseTranslation(1); // closes the first tab and clears the check mark of the second
     QCOMPARE(window.tabs(), list("[Същото]"));
     QVERIFY(form.menuTranslations->isItemChecked(0));
     QVERIFY(!form.menuTranslations->isItemChecked(1));

@@ -16,7 +16,7 @@ void openOn(FormFixture& window)
     window.open();
 }
 
-/// How often a view tells of a change when it is given one chapter.
+/// How often a view reports a change when one chapter is set.
 qsizetype changesOfOneRendering()
 {
     qt3::ChapterView view;
@@ -28,7 +28,7 @@ qsizetype changesOfOneRendering()
 
 } // namespace
 
-/// What the chapter view shows after a move: one rendering, the verse red and in the middle.
+/// The chapter view after navigation: one rendering, the verse red and centred.
 class ViewTest : public QObject
 {
     Q_OBJECT
@@ -131,7 +131,7 @@ void ViewTest::firstChapterIsInTheMiddleAfterTheWindowIsShown()
     FormFixture window;
     window.install("а", alphaModule());
     BibleForm form;
-    form.goToRef(Kedrin::Tolvo::CRef(0, 0, 20)); // before anything is laid out
+    form.goToRef(Kedrin::Tolvo::CRef(0, 0, 20)); // before the layout
     form.show();
     QVERIFY(QTest::qWaitForWindowExposed(&form));
     const auto red = QStringLiteral("[21] Битие 1:21");

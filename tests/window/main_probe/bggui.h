@@ -9,8 +9,8 @@
 #include <iostream>
 #include <stdexcept>
 
-/// Stands in for the window, so that the program's main function can be seen at work: does what the first argument
-/// says and tells on standard output when it is destroyed.
+/// Replaces the window in tests of the program's main function: does what the first argument says and reports
+/// its destruction on standard output.
 class BibleForm : public QMainWindow
 {
 public:

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# all_on_x.sh PROGRAM...: the window's tests once more, on a real X server.
+# all_on_x.sh PROGRAM...: runs the window's tests on a real X server.
 export QT_QPA_PLATFORM=xcb
 status=0
 for program in "$@"; do

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# own_session.sh COMMAND...: runs it in a D-Bus session of its own, so that what assistive technology is told reaches
-# nobody else's session and nothing is left behind.
+# own_session.sh COMMAND...: runs it in a separate D-Bus session, so that accessibility events do not reach
+# other sessions and nothing is left running.
 set -euo pipefail
 XDG_RUNTIME_DIR=$(mktemp -d)
 export XDG_RUNTIME_DIR

@@ -16,7 +16,7 @@ menu 1 2; moved second-translation
 click 240 102; back_to "$psalm" first-tab
 click 470 102; moved second-tab
 
-# a book that only the second has; the first begins anew
+# a book that only the second has; the first shows its beginning
 key F5; enter 'товит' deuterocanonical
 click 240 102; moved book-is-missing
 

@@ -15,14 +15,14 @@ struct Unref
 template <typename Object>
 using Ref = std::unique_ptr<Object, Unref>;
 
-/// Takes a text that the library allocated; what the program no longer answers for is empty.
+/// Takes ownership of a text allocated by the library; empty if the program does not respond.
 std::string taken(gchar* text)
 {
     const std::unique_ptr<gchar, decltype(&g_free)> owner(text, g_free);
     return text == nullptr ? std::string() : std::string(text);
 }
 
-constexpr int rowsAtMost = 8; ///< of a list; each takes as long to ask for as any widget
+constexpr int rowsAtMost = 8; ///< of a list; a query for a row takes as long as for a widget
 
 struct NamedState
 {
@@ -33,7 +33,7 @@ constexpr NamedState namedStates[] = {{ATSPI_STATE_SHOWING, "showing"}, {ATSPI_S
                                       {ATSPI_STATE_FOCUSED, "focused"}, {ATSPI_STATE_FOCUSABLE, "focusable"},
                                       {ATSPI_STATE_CHECKED, "checked"}, {ATSPI_STATE_SELECTED, "selected"}};
 
-/// Letters of one look.
+/// Characters with the same attributes.
 struct Run
 {
     int start = 0;
@@ -45,7 +45,7 @@ struct Run
     bool looksLike(const Run& other) const { return link == other.link && red == other.red; }
 };
 
-/// From `offset` on; empty when the program does not answer.
+/// From `offset` on; empty if the program does not respond.
 Run runAt(AtspiText* text, int offset)
 {
     Run run{offset, offset};
@@ -91,7 +91,8 @@ void printRun(AtspiText* text, const Run& run)
             "");
 }
 
-/// The links of a text and what stands in red, each at the place of its first letter, and the size of the last letters.
+/// The links and the red parts of a text, each at the position of its first letter, and the font size of the
+/// last letters.
 void printRuns(AtspiText* text)
 {
     const int count = atspi_text_get_character_count(text, nullptr);
@@ -123,7 +124,7 @@ std::string statesOf(AtspiAccessible* object, bool& showing)
     return names;
 }
 
-/// What shows, and of the menu bar also what would show if a menu were opened.
+/// What is visible, and also the menus of the menu bar that are not open.
 void print(AtspiAccessible* object, bool inMenuBar)
 {
     bool showing = false;
@@ -154,9 +155,9 @@ void print(AtspiAccessible* object, bool inMenuBar)
 
 } // namespace
 
-/// window_seen PID: prints what another program tells assistive technology, a line a thing: role, name, place on the
-/// screen (x, y, width, height; in the toolkit's pixels), states, text; separated by tabs. The text of a list is its
-/// number of rows. Status 1 when no such program is known (yet).
+/// window_seen PID: prints the accessible objects of another program, one per line: role, name, position on
+/// the screen (x, y, width, height; in the toolkit's pixels), states, text; separated by tabs. The text of a
+/// list is its number of rows. Status 1 if no such program is known (yet).
 int main(int argc, char** argv)
 {
     if (argc != 2) {

@@ -1,5 +1,6 @@
 # shellcheck shell=bash
-# Sourced by session_test.sh: tells the program which desktop it runs on, by what real desktops leave for it to find.
+# Sourced by session_test.sh: simulates a desktop for the program with the settings that real desktops
+# provide.
 
 # use_desktop DPI PALETTE FOLDER: the resolution as a resource of the screen; dark colours as KDE's settings, in FOLDER.
 use_desktop() {
@@ -18,7 +19,7 @@ use_desktop() {
         >>"$XDG_CONFIG_HOME/kdeglobals"
 }
 
-# paper_is light|dark: what the page is written on, in its lower right corner.
+# paper_is light|dark: the background of the page, in its lower right corner.
 paper_is() {
     local grey
     expect label 'Текст на главата'

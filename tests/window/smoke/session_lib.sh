@@ -1,19 +1,20 @@
 # shellcheck shell=bash
-# Sourced after smoke_lib.sh by scripts that ask the program what it shows, through what it tells assistive technology.
-# They find things by role and name and so work at any size of the screen's dots.
-# Needs: $window_seen, $pictures, and after open_session $pid, $window and $scale (dots to the toolkit's pixel).
+# Sourced after smoke_lib.sh by scripts that examine the program through its accessibility interface. They
+# find objects by role and name and so work at any resolution.
+# Needs: $window_seen, $pictures, and after open_session $pid, $window and $scale (screen pixels per pixel of
+# the toolkit).
 
-# open_session PROGRAM: starts it, gives its window the keyboard, and waits until it answers.
+# open_session PROGRAM: starts it, focuses its window, and waits until it responds.
 open_session() {
-    "$window_seen" 0 || true # wakes the accessibility bus, so that the program finds it
+    "$window_seen" 0 || true # starts the accessibility bus, so that the program finds it
     export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
     open_window "$1"
     expect frame 'Kedrin за Linux'
     scale=$(($(xdotool getwindowgeometry --shell "$window" | sed -n 's/^WIDTH=//p') / $(field 3)))
 }
 
-# find_thing ROLE [NAME [STATES [TEXT]]]: the things seen last that have this role, this name if one is given, and
-# states and text that match. found is the first.
+# find_thing ROLE [NAME [STATES [TEXT]]]: the objects of the last query that have this role, this name if
+# given, and matching states and text. found is the first.
 find_thing() {
     found=$(awk -F'\t' -v role="$1" -v name="${2-}" -v states="${3-}" -v text="${4-}" '
         $1 == role && (name == "" || $2 == name) && $4 ~ states && $5 ~ text' <<<"$snapshot")
@@ -23,7 +24,7 @@ find_thing() {
 
 look() { snapshot=$("$window_seen" "$pid" 2>/dev/null) || snapshot=; }
 
-# eventually COMMAND...: looks until it is so.
+# eventually COMMAND...: repeats it until it succeeds.
 eventually() {
     local i
     for ((i = 0; i < deadline; ++i)); do
@@ -34,7 +35,7 @@ eventually() {
     lacks "$*"
 }
 
-# expect, expect_none ROLE [NAME [STATES [TEXT]]]: waits until there is such a thing, or none.
+# expect, expect_none ROLE [NAME [STATES [TEXT]]]: waits until there is such an object, or none.
 expect() { eventually find_thing "$@"; }
 expect_none() { eventually no_thing "$@"; }
 no_thing() { ! find_thing "$@"; }
@@ -44,14 +45,15 @@ lacks() {
     fail "$*"
 }
 
-# Of what was found last: x, y, width, height are fields 1 to 4.
+# Of the object found last: x, y, width, height are fields 1 to 4.
 field() { cut -f 3 <<<"$found" | cut -d ' ' -f "$1"; }
 
-# press_found: a click into the middle. press ROLE [NAME [STATES [TEXT]]]: the same once there is such a thing.
+# press_found: a click in its middle. press ROLE [NAME [STATES [TEXT]]]: the same once there is such an
+# object.
 press_found() { click $((scale * ($(field 1) + $(field 3) / 2))) $((scale * ($(field 2) + $(field 4) / 2))); }
 press() { expect "$@" && press_found; }
 
-# to ROLE NAME: Tab until it has the keyboard.
+# to ROLE NAME: presses Tab until it has the focus.
 to() {
     local i
     for ((i = 0; i < 20; ++i)); do
@@ -62,8 +64,8 @@ to() {
     lacks "not reached by Tab: $*"
 }
 
-# write_into NAME TEXT: replaces what stands in the box that has the keyboard, without what is completed; the box may
-# spell capitals its own way. A key can get lost (see enter), so it is typed again until it stands there.
+# write_into NAME TEXT: replaces the text of the focused box, without the completed part; the box may change
+# the case. A key can get lost (see enter), so the text is typed again until it is there.
 write_into() {
     local written
     expect text "$1" focused
@@ -91,7 +93,7 @@ choose() {
     key Return
 }
 
-# menu_key KEY NAME: the key until the item has the keyboard.
+# menu_key KEY NAME: presses the key until the item has the focus.
 menu_key() {
     local i
     for ((i = 0; i < 10; ++i)); do
@@ -102,7 +104,7 @@ menu_key() {
     lacks "not reached by $1: $2"
 }
 
-# picture NAME: keeps the screen once it rests.
+# picture NAME: saves the screen once it no longer changes.
 picture() {
     local current previous=none i
     for ((i = 0; i < deadline; ++i)); do
@@ -123,7 +125,8 @@ page_is_kept() {
 }
 page_is_back() { back_to "$last" "$1"; }
 
-# give_keyboard_to NAME: to a window of the program; without a window manager a dialog does not take it.
+# give_keyboard_to NAME: focuses a window of the program; without a window manager a dialog does not take the
+# focus.
 give_keyboard_to() {
     xdotool windowfocus "$(timeout 60 xdotool search --all --sync --onlyvisible --pid "$pid" --name "$1" | tail -n 1)"
 }

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# session_test.sh KEDRIN KEDRIN_MODULE WINDOW_SEEN PICTURES DPI PALETTE: a whole sitting in the real program with whole
-# Bibles, by keyboard and mouse: reads, searches, switches, hides, enlarges, closes and opens again. DPI is 96 or 192,
-# PALETTE light or dark. What the window shows is compared with the texts themselves, as exported and searched by grep.
+# session_test.sh KEDRIN KEDRIN_MODULE WINDOW_SEEN PICTURES DPI PALETTE: a complete session in the real
+# program with complete Bibles, by keyboard and mouse: reads, searches, switches, hides, enlarges, closes and
+# opens again. DPI is 96 or 192, PALETTE light or dark. What the window shows is compared with the texts
+# themselves, as exported and searched by grep.
 set -euo pipefail
 kedrin=$1 kedrin_module=$2 window_seen=$3 pictures=$4 dpi=$5 palette=$6
 here=$(dirname "$0")
@@ -19,20 +20,21 @@ first='King James Version' second='World English Bible with Deuterocanon'
 search='Текст за търсене' list='Намерени стихове' page='Текст на главата'
 part='Част от дума' case='Различаване на главни и малки букви' repeat='Повтаряне на търсенето при смяна на превода'
 
-# What the texts say. verses TEXT; count TEXT WORD OPTION...: verses with the word, as grep finds it;
+# The content of the texts. verses TEXT; count TEXT WORD OPTION...: verses with the word, as found by grep;
 # marked TEXT BOOK CHAPTER VERSE: the verse as the page shows it.
 verses() { grep -v '^#' "$scratch/$1"; }
 count() { verses "$1" | cut -f 4 | grep -c "${@:3}" -- "$2"; }
 marked() { verses "$1" | awk -F '\t' -v place="$2 $3 $4" '$1 " " $2 " " $3 == place { print "[" $3 "] " $4 }'; }
 
-# shows BOOK CHAPTER VERSE MARKED: the boxes name the place, and the marked verse begins where it can be read.
+# shows BOOK CHAPTER VERSE MARKED: the boxes show the position, and the beginning of the marked verse is
+# visible.
 shows() { eventually is_at "$@"; }
 is_at() {
     find_thing text Книга '' "^$1\$" && find_thing text Глава '' "^$2\$" && find_thing text Стих '' "^$3\$" &&
         is_in_sight red "$4"
 }
 
-# is_in_sight ROLE NAME: letters of the page stand where they can be read.
+# is_in_sight ROLE NAME: this text of the page is visible.
 is_in_sight() {
     local top bottom
     find_thing label "$page" || return
@@ -42,7 +44,7 @@ is_in_sight() {
 
 hits() { expect list "$list" '' "^$1\$"; }
 
-# find TEXT: searches by the keyboard alone.
+# find TEXT: searches by keyboard only.
 find() {
     key F3 && expect_none panel Търсене
     key F3 && write_into "$search" "$1"
@@ -73,7 +75,7 @@ search_with_every_option() {
     find bread && hits "$(count kjv bread -i)"
     tick "$case" && expect 'check box' "$case" checked
     find bread && hits "$(count kjv bread)"
-    key Home Delete B && expect text "$search" focused '^Bread$' # completion would spell it as the list does
+    key Home Delete B && expect text "$search" focused '^Bread$' # completion would change its spelling
     key Return && hits "$(count kjv Bread)"
     picture 04-part-with-case
     tick "$case" && expect_none 'check box' "$case" checked
@@ -98,7 +100,7 @@ switch_with_repeated_search() {
     press 'page tab' "$first"
     hits "$(count kjv bread -i)"
     shows Битие 14 18 "$(marked kjv Gen 14 18)"
-    to 'page tab list' "$first" # by way of the list, which shows its first row
+    to 'page tab list' "$first" # passing through the list, which shows its first row
     shows Битие 3 19 "$(marked kjv Gen 3 19)"
     key Right
     hits "$(count web bread -i)"

@@ -1,17 +1,17 @@
 # shellcheck shell=bash
-# Sourced by the scripts that drive the real program on a bare X server, with $pictures set: no window manager, one
-# screen of 710x680 or more. Another process cannot be asked for its widgets, so what is compared is the picture of the
-# page.
+# Sourced by the scripts that drive the real program on a bare X server, with $pictures set: no window
+# manager, one screen of 710x680 or more. The widgets of another process are not accessible, so pictures of
+# the page are compared.
 
 page_region=440x480+216+128 # inside the chapter view of a window of 700x670 at 0,0
-deadline=${deadline:-150}   # polls of a tenth of a second
+deadline=${deadline:-150}   # polls, one every 0.1 s
 
-# A keyboard with Cyrillic letters and no others: xdotool would otherwise redefine keys while the program reads them.
+# A keyboard with all Cyrillic letters: otherwise xdotool would redefine keys while the program reads them.
 setxkbmap -layout bg -variant phonetic
 
 export LC_ALL=C.UTF-8
 rm -rf "$pictures" && mkdir -p "$pictures"
-scratch=$(mktemp -d) # gone with the script, as the program is
+scratch=$(mktemp -d) # removed with the script, like the program
 pid=
 clean() {
     [ -z "$pid" ] || kill "$pid" 2>/dev/null || true
@@ -25,7 +25,7 @@ fail() {
     exit 1
 }
 
-# open_window PROGRAM: starts it in the background, waits for its window and gives it the keyboard.
+# open_window PROGRAM: starts it in the background, waits for its window and focuses it.
 open_window() {
     "$1" &
     pid=$!
@@ -34,7 +34,7 @@ open_window() {
     xdotool windowfocus "$window"
 }
 
-# start PROGRAM: the same, and waits for the page.
+# start PROGRAM: as open_window, and waits for the page.
 start() {
     open_window "$1"
     last=
@@ -43,7 +43,7 @@ start() {
 
 page() { import -window root -crop "$page_region" +repage rgb:- | cksum; }
 
-# becomes_other NAME POLLS: whether the page becomes another one than before and rests; kept as NAME.png.
+# becomes_other NAME POLLS: whether the page changes and then no longer changes; saved as NAME.png.
 becomes_other() {
     local current previous=none i
     for ((i = 0; i < $2; ++i)); do
@@ -61,19 +61,19 @@ becomes_other() {
 
 moved() { becomes_other "$1" "$deadline" || fail "$1: the page did not change"; }
 
-# enter TEXT NAME: types into the box that has the keyboard and waits for the page. Toolkit programs now and then lose
-# a key that is not pressed on a real keyboard (4 in 100 words, a bare line edit too), so it is typed again then.
+# enter TEXT NAME: types into the focused box and waits for the page. Programs with this toolkit sometimes
+# lose a simulated key (in 4 of 100 words, even a single line edit does), so the text is then typed again.
 enter() {
     for _ in 1 2 3 4; do
         text "$1"
         key Return
         becomes_other "$2" 40 && return
-        key Tab shift+Tab # selects what the box holds
+        key Tab shift+Tab # selects the text of the box
     done
     fail "$2: the page did not change"
 }
 
-# search TEXT X Y NAME: searches from the box that has the keyboard, clicks a row, and waits for the page.
+# search TEXT X Y NAME: searches from the focused box, clicks a row, and waits for the page.
 search() {
     for _ in 1 2 3 4; do
         text "$1"
@@ -85,7 +85,7 @@ search() {
     fail "$4: the page did not change"
 }
 
-# back_to SUM NAME: the page becomes again the one whose sum was kept.
+# back_to SUM NAME: the page becomes the one with this checksum again.
 back_to() {
     local i
     for ((i = 0; i < deadline; ++i)); do
@@ -133,7 +133,7 @@ click_link() {
 
 error_boxes() { xdotool search --all --onlyvisible --pid "$pid" --name '^Грешка$' 2>/dev/null || true; }
 
-# answer_box NAME: waits for the error box, keeps its picture and closes it by Return.
+# answer_box NAME: waits for the error box, saves its picture and closes it by Return.
 answer_box() {
     local box i
     for ((i = 0; i < deadline; ++i)); do
@@ -144,7 +144,7 @@ answer_box() {
     [ -n "$box" ] || fail "$1: no box"
     import -window root "$pictures/$1.png"
     kill -0 "$pid" || fail "$1: the program did not wait for the box"
-    for ((i = 0; i < deadline; ++i)); do # the box takes the keyboard when it has drawn itself
+    for ((i = 0; i < deadline; ++i)); do # the box takes the focus after it has been drawn
         [ -n "$(error_boxes)" ] || return 0
         xdotool windowfocus "$box" key Return 2>/dev/null || true
         sleep 0.1
@@ -152,7 +152,7 @@ answer_box() {
     fail "$1: the box stays"
 }
 
-# ends STATUS: the program ends by itself with this status.
+# ends STATUS: waits until the program ends by itself with this status.
 ends() {
     local i status=0
     for ((i = 0; i < deadline; ++i)); do

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# smoke_test.sh KEDRIN WRITE_MODULES PICTURES: reads in the real program as a person does, by mouse and keyboard.
+# smoke_test.sh KEDRIN WRITE_MODULES PICTURES: uses the real program by mouse and keyboard.
 set -euo pipefail
 kedrin=$1 write_modules=$2 pictures=$3
 source "$(dirname "$0")/smoke_lib.sh"
@@ -11,7 +11,7 @@ ln -s "$kedrin" "$home/kedrin"
 start "$home/kedrin"
 beginning=$last
 
-# by keys: F5 and typed text in each box
+# by keyboard: F5 and typed text in each box
 key F5; enter 'рут' book-typed
 key Tab; enter '3' chapter-typed
 key Tab; enter '18' verse-typed

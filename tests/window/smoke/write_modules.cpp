@@ -2,7 +2,7 @@
 
 #include <iostream>
 
-/// write_modules FOLDER: puts three modules, the last one damaged, into the modules directory FOLDER.
+/// write_modules FOLDER: writes three modules, the last one damaged, into the modules directory FOLDER.
 int main(int argc, char** argv)
 {
     if (argc != 2) {
