@@ -6,11 +6,12 @@ QT_BEGIN_NAMESPACE
 class QTextBrowser;
 QT_END_NAMESPACE
 
-/// What any program of the toolkit pays for a window like the reader's: the same widgets, empty but for a page.
+/// The cost of a comparable window for any program with the toolkit: the same widgets, empty except for a
+/// page.
 class BareWindow : public QMainWindow
 {
 public:
-    /// @param html  the page; "" leaves it empty
+    /// @param html  the page; "" for none
     explicit BareWindow(const QString& html);
 
     QTextBrowser* page() const { return m_page; }

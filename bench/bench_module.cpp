@@ -15,7 +15,7 @@ namespace {
 std::vector<std::string> makeVocabulary(std::mt19937& random)
 {
     static const std::string vowels = "aeiou";
-    // so the two words that are counted are no others
+    // so that they differ from the two words that are counted
     static const std::string consonants = "bcdfghjklmnprstvw";
     std::set<std::string> known;
     std::vector<std::string> words;
@@ -32,7 +32,7 @@ std::vector<std::string> makeVocabulary(std::mt19937& random)
     return words;
 }
 
-/// Verse texts one after another.
+/// Generates verse texts.
 class VerseMaker
 {
 public:
@@ -45,7 +45,7 @@ public:
         verse[0] = static_cast<char>(verse[0] - 'a' + 'A');
         for (std::size_t i = 1; i < wordCount; ++i)
             verse += (m_random() % 9 == 0 ? ", " : " ") + nextWord();
-        // every verse number once, in a scattered order
+        // every verse number once, in a shuffled order
         const std::size_t rank = m_verse++ * 7919 % CBenchModule::verseCount;
         if (rank < CBenchModule::commonHits)
             verse += std::string(" ") + CBenchModule::commonWord;
@@ -55,7 +55,7 @@ public:
     }
 
 private:
-    /// Each word once in turn, so that none is missing; between them by rank, the first ones most often.
+    /// Every word at least once; between them words by rank, the first ones most often.
     std::string nextWord()
     {
         if (m_random() % 8 == 0 && m_inTurn < m_vocabulary.size())

@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-/// A benchmark of a wrong answer is worth nothing: ends the program unless the answer is right.
+/// Ends the program unless the result is correct: a benchmark of a wrong result is worthless.
 inline void checkAnswer(bool right, const char* benchmark)
 {
     if (right)

@@ -1,4 +1,4 @@
-// Runs the benchmarks and says how the times compare: a time alone tells of the machine, a ratio of the program.
+// Runs the benchmarks and prints the ratios of their times, which depend less on the machine than the times.
 
 #include "ratio_reporter.h"
 

@@ -6,7 +6,7 @@
 #include <QEvent>
 #include <QWidget>
 
-/// An application that can wait until a widget is painted.
+/// An application that can wait for a widget to be painted.
 template <typename Application>
 class PaintWatch : public Application
 {
@@ -21,8 +21,8 @@ public:
         return result;
     }
 
-    /// Shows a window and lets events pass until the widget in it is painted; the picture of the window is complete
-    /// then. A widget that nothing paints ends the program.
+    /// Shows a window and processes events until the widget in it is painted; the window is then completely
+    /// drawn. Ends the program if the widget is never painted.
     void showPainted(QWidget& window, const QObject* widget)
     {
         watch(widget);
@@ -30,7 +30,7 @@ public:
         await();
     }
 
-    /// The same for a widget that something has changed just before.
+    /// The same for a widget that has just been changed.
     void awaitPaint(const QObject* widget)
     {
         watch(widget);

@@ -5,10 +5,10 @@
 
 struct ProcessEnd
 {
-    std::string output;    ///< what it wrote to standard output; "" when it could not be started
-    int exitCode = -1;     ///< -1: it could not be started, or a signal ended it
-    double cpuSeconds = 0; ///< its processor time, its start included
-    double peakBytes = 0;  ///< the most memory that it had in use, and at least what this process had
+    std::string output;    ///< its standard output; "" if it could not be started
+    int exitCode = -1;     ///< -1: could not be started, or ended by a signal
+    double cpuSeconds = 0; ///< its processor time, including its start
+    double peakBytes = 0;  ///< its peak memory use, or that of this process if larger
 };
 
 /// Runs a program found on PATH, without a shell, and waits for it.

@@ -5,8 +5,8 @@
 #include <map>
 #include <string>
 
-/// Prints as ever, and keeps the least processor time of each benchmark: what disturbs a run only makes it longer.
-/// The benchmarks of other programs give theirs as manual time.
+/// Prints the usual output and records the minimum processor time of each benchmark, since disturbances only
+/// make a run longer. Benchmarks of other programs report it as manual time.
 class RatioReporter : public benchmark::ConsoleReporter
 {
 public:
@@ -14,7 +14,7 @@ public:
 
     void ReportRuns(const std::vector<Run>& runs) override;
 
-    /// A line that says how often the shorter benchmark goes into the longer one; nothing unless both have run.
+    /// Prints the ratio of the longer benchmark to the shorter one; nothing unless both have run.
     void printRatio(const char* what, const char* longer, const char* shorter) const;
 
 private:

@@ -1,4 +1,4 @@
-// Opening a module, and reading a chapter.
+// Opening a module and reading a chapter.
 
 #include "bench_module.h"
 #include "check.h"
@@ -19,7 +19,7 @@ void open_module(benchmark::State& state)
 }
 BENCHMARK(open_module);
 
-/// The floor of the opening: the text files read whole.
+/// The lower bound for opening: reading the text files completely.
 void read_text_files_only(benchmark::State& state)
 {
     const CBenchModule& module = CBenchModule::get();
@@ -61,7 +61,7 @@ void chapter(benchmark::State& state, std::size_t (*read)(const CBible&))
 BENCHMARK_CAPTURE(chapter, whole, wholeChapter);
 BENCHMARK_CAPTURE(chapter, verse_by_verse, verseByVerse);
 
-/// The floor of a chapter: its bytes in one read.
+/// The lower bound for a chapter: its bytes in one read.
 void read_chapter_only(benchmark::State& state)
 {
     const CBenchModule& module = CBenchModule::get();

@@ -1,4 +1,4 @@
-// The same scan over a real text: the module that KEDRIN_BENCH_MODULE names. Left out without it.
+// The same scan of a real text: the module in KEDRIN_BENCH_MODULE. Not run without it.
 
 #include "check.h"
 #include "process.h"
@@ -16,7 +16,7 @@ using namespace Kedrin::Tolvo;
 
 constexpr const char* needle = "LORD";
 
-/// The module, and its verses a line each for the other program.
+/// The module, and its verses one per line for the other program.
 struct RealText
 {
     explicit RealText(const std::string& moduleFolder)

@@ -1,5 +1,5 @@
-// Searches of a whole Bible, the reading of its files included, beside the plain way, another program, and what
-// reading alone costs.
+// Searches of a complete Bible, including reading its files, compared with a simple search, another program,
+// and reading alone.
 
 #include "bench_module.h"
 #include "check.h"
@@ -36,7 +36,7 @@ BENCHMARK_CAPTURE(scan, common, "YEA", CBenchModule::commonHits, false);
 BENCHMARK_CAPTURE(scan, rare_exact, "zeboi", CBenchModule::rareHits, true);
 BENCHMARK_CAPTURE(scan, every_verse, ".", CBenchModule::verseCount, false);
 
-/// Verse by verse, record by record, each verse compared by itself.
+/// Reads each record and compares each verse separately.
 std::size_t plainHits(CBibleText& text, const CBibleStructure& structure, const std::string& part)
 {
     std::vector<CRef> hits;
@@ -59,7 +59,7 @@ void plain_scan(benchmark::State& state, const char* part, std::size_t expectedH
 }
 BENCHMARK_CAPTURE(plain_scan, rare, "ZEBOI", CBenchModule::rareHits);
 
-/// Another program over the same verses, its start included; over an empty input that is its start alone.
+/// Another program with the same verses, including its start; with an empty input, only its start.
 void ripgrep(benchmark::State& state, const char* part, const char* file, std::size_t expectedHits)
 {
     const std::vector<std::string> command = {
@@ -79,7 +79,7 @@ BENCHMARK_CAPTURE(ripgrep, rare, "ZEBOI", nullptr, CBenchModule::rareHits)->UseM
 BENCHMARK_CAPTURE(ripgrep, common, "YEA", nullptr, CBenchModule::commonHits)->UseManualTime();
 BENCHMARK_CAPTURE(ripgrep, start, "ZEBOI", "/dev/null", 0)->UseManualTime();
 
-/// The floor of every scan: the bytes of both files, read in pieces of the same size and not looked at.
+/// The lower bound for every scan: reading both files in blocks of the same size without examining them.
 void read_text_only(benchmark::State& state)
 {
     const CBenchModule& module = CBenchModule::get();
@@ -103,7 +103,7 @@ void word(benchmark::State& state, const char* text, std::size_t expectedHits)
 BENCHMARK_CAPTURE(word, hits_300, CBenchModule::rareWord, CBenchModule::rareHits);
 BENCHMARK_CAPTURE(word, hits_20000, CBenchModule::commonWord, CBenchModule::commonHits);
 
-/// The floor of a whole word: as many bytes as its entry has, read, and as many references written.
+/// The lower bound for a whole word: reading as many bytes as its entry has and writing as many references.
 void read_entry_only(benchmark::State& state, std::size_t hitCount)
 {
     ut::CInputFile conc(CBenchModule::get().file("Conc.bin").c_str());

@@ -1,6 +1,6 @@
-// start_probe window APPLICATION_FOLDER   opens the reader's window on the modules of a folder
-// start_probe bare [PAGE.html]            opens a bare window with the same widgets
-// Both write how many characters the page holds as soon as it is painted, and end at once.
+// start_probe window APPLICATION_FOLDER   opens the program's window with the modules of a folder start_probe
+// bare [PAGE.html]            opens a bare window with the same widgets Both print the number of characters
+// of the page as soon as it is painted, and exit immediately.
 
 #include "application.h"
 #include "bare_window.h"

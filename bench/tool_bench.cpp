@@ -1,5 +1,6 @@
-// The module tool on a whole Bible, beside programs that do such work: one that counts the words of a text, and those
-// that index a SWORD text and show a verse of it. Times are of processors, the programs' starts included.
+// The module tool with a complete Bible, compared with programs that do similar work: one that counts the
+// words of a text, and those that index a SWORD text and show a verse of it. Times are processor times,
+// including the start of the programs.
 
 #include "check.h"
 #include "process.h"
@@ -33,8 +34,8 @@ std::string contentOf(const fs::path& file)
     return {std::istreambuf_iterator<char>(in), {}};
 }
 
-/// One text in all its forms: a module, its verses a line each, and in a folder of the benchmark's own the SWORD text
-/// that they come from, with its markup, and one of the verses alone.
+/// One text in all its forms: a module, its verses one per line, and in a separate folder the original SWORD
+/// text with its markup, and one with only the verses.
 class Text
 {
 public:
@@ -63,7 +64,7 @@ public:
     }
     ProcessEnd run(const Command& arguments) const { return runProcess(tool(arguments)); }
 
-    /// What is built of the lines is the module that they come from.
+    /// Building the lines gives the original module.
     bool isBuiltRight() const
     {
         const auto isSame = [&](const fs::directory_entry& file) {
@@ -72,7 +73,7 @@ public:
         return std::all_of(fs::directory_iterator(m_module), fs::directory_iterator(), isSame);
     }
 
-    /// A command that finds SWORD texts in the folder of the benchmark's own.
+    /// A command that finds the SWORD texts in the separate folder.
     Command withSword(Command command) const
     {
         command.insert(command.begin(), {"env", "HOME=" + sword(), "SWORD_PATH=" + sword()});
@@ -98,7 +99,7 @@ private:
             << "Encoding=UTF-8\n";
     }
 
-    /// Each verse as "$$$Gen 1:1", and its text in the next line.
+    /// Each verse as "$$$Gen 1:1", followed by a line with its text.
     void writeForImport(const std::string& fileName) const
     {
         std::istringstream source(contentOf(lines()));
@@ -121,7 +122,7 @@ private:
     std::string m_module;
 };
 
-/// Runs a program again and again.
+/// Runs a program repeatedly.
 void run(benchmark::State& state, const Command& command)
 {
     double peakBytes = 0;

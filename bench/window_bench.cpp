@@ -1,5 +1,5 @@
-// What a reader waits for in the window, until the picture is painted, beside what the toolkit and the engine alone
-// take for it.
+// The response times of the window, until it is painted, compared with those of the toolkit and of the engine
+// alone.
 
 #include "application.h"
 #include "bench_module.h"
@@ -29,12 +29,12 @@ Watch& watch() { return *dynamic_cast<Watch*>(qApp); }
 
 std::string moduleFolder(const char* name) { return windowFolder() + "/modules/bibles/" + name; }
 
-/// One window with both translations open.
+/// A window with both translations open.
 BibleForm& form()
 {
     static BibleForm* const made = [] {
         ut::set_application_dirPath(windowFolder().c_str());
-        auto* window = new BibleForm; // ends with the program, after the application
+        auto* window = new BibleForm; // not deleted: it has to outlive the application
         window->menuTranslations_activated(1);
         watch().showPainted(*window, window->textBrowser->viewport());
         checkAnswer(window->tabsText->count() == 2, "form");
@@ -43,7 +43,7 @@ BibleForm& form()
     return *made;
 }
 
-/// Nothing where the tab is current already.
+/// Does nothing if the tab is already current.
 void switchTo(int tabIndex)
 {
     if (form().tabsText->currentIndex() == tabIndex)
@@ -69,7 +69,7 @@ BENCHMARK_CAPTURE(switch_translation, verses_26, 0, 26)->Unit(benchmark::kMillis
 BENCHMARK_CAPTURE(switch_translation, verses_176, CBenchModule::longChapterBook, 176)
     ->Unit(benchmark::kMillisecond);
 
-/// The floor of a switch: the page of either translation in a bare view of the same size.
+/// The lower bound for a switch: the page of either translation in a plain view of the same size.
 void page_only(benchmark::State& state, unsigned int book, int versesCount)
 {
     const QString pages[] = {chapterDocument(CBible(moduleFolder("a")), book, 0, 0, false),
@@ -107,7 +107,7 @@ void open_translation(benchmark::State& state)
 }
 BENCHMARK(open_translation)->Unit(benchmark::kMillisecond);
 
-/// The floor of opening: the engine's part, and the page in a bare view of the same size.
+/// The lower bound for opening: the engine's part, and the page in a plain view of the same size.
 void open_only(benchmark::State& state)
 {
     const QString page = chapterDocument(CBible(moduleFolder("b")), 0, 0, 0, false);
@@ -138,7 +138,7 @@ void list_hits(benchmark::State& state)
 }
 BENCHMARK(list_hits)->Unit(benchmark::kMillisecond);
 
-/// The floor of listing hits: the search.
+/// The lower bound for listing hits: the search.
 void search_only(benchmark::State& state)
 {
     const CBible bible(moduleFolder("a"));
@@ -158,7 +158,7 @@ std::string pageFile()
     return name;
 }
 
-/// A program from its start to its painted page, as a process.
+/// A process from its start until its page is painted.
 void start(benchmark::State& state, const std::vector<std::string>& arguments, bool hasPage)
 {
     std::vector<std::string> command = {

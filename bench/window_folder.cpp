@@ -19,7 +19,7 @@ std::string contentOf(const fs::path& file)
     return content.str();
 }
 
-/// The records of CompactText.bin with '!' for each '.' of a verse; the two bytes of its length stay.
+/// The records of CompactText.bin with '.' replaced by '!' in the verses; the two length bytes are unchanged.
 std::string withOtherSigns(std::string records)
 {
     for (std::size_t at = 0; at + 2 <= records.size();) {

@@ -1,4 +1,4 @@
-# The program lives in a directory of its own with modules/bibles beside it; a small launcher stands on PATH.
+# The program is in a separate directory together with modules/bibles; a small launcher is on PATH.
 set(CMAKE_INSTALL_LIBDIR lib CACHE PATH "Directory that holds the program's own directory")
 include(GNUInstallDirs)
 configure_file(scripts/kedrin.in ${CMAKE_BINARY_DIR}/launcher/kedrin @ONLY)

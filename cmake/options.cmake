@@ -1,8 +1,9 @@
-# One target carries what every translation unit of ours is compiled with. It is linked PRIVATE, so that a
-# program which links one of our libraries keeps its own warnings.
+# The compile options of all our sources. The target is linked PRIVATE, so that programs which link our
+# libraries keep their own warnings.
 add_library(kedrin_options INTERFACE)
 target_compile_options(kedrin_options INTERFACE -Wall -Wextra -Wshadow -Wconversion)
-# At -O3, GCC 12 takes copies inside operator+(const char*, std::string&&) for overlapping ones (its bug 105651).
+# At -O3, GCC 12 wrongly warns of overlapping copies in operator+(const char*, std::string&&) (its bug
+# 105651).
 target_compile_options(kedrin_options INTERFACE
   $<$<AND:$<CONFIG:Release>,$<CXX_COMPILER_ID:GNU>,$<VERSION_LESS:$<CXX_COMPILER_VERSION>,13>>:-Wno-restrict>)
 if(KEDRIN_WERROR)
@@ -24,8 +25,8 @@ if(KEDRIN_LIBFUZZER)
   add_compile_options(-fsanitize=fuzzer-no-link)
 endif()
 
-# kedrin_library(NAME SOURCES...): a static library of one folder of the layout, with that folder as its
-# include path. moc runs only where the folder asks for it.
+# kedrin_library(NAME SOURCES...): a static library of one folder, which is its include path. moc runs only if
+# enabled in that folder.
 function(kedrin_library name)
   add_library(${name} STATIC ${ARGN})
   target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})

@@ -4,7 +4,7 @@
 // The first of the two files is the pointer file, the second the text file.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    constexpr std::size_t maxBytes = 512; // each verse is read in runs of every kind, which costs its square
+    constexpr std::size_t maxBytes = 512; // every verse is read by every kind of cursor: quadratic time
     if (size > maxBytes)
         return 0;
     const fuzz::TwoFiles files = fuzz::splitInTwo(fuzz::textOf(data, size));

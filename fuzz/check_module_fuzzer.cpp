@@ -2,10 +2,11 @@
 #include "check_module.h"
 #include "module_input.h"
 
-// A check comes to its end whatever the ten files hold, and a module in which it finds no error can be read, all of it.
+// A check finishes whatever the ten files contain, and a module in which it finds no error can be read
+// completely.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    constexpr std::size_t maxBytes = 4096; // a module of some chapters; the numbers in it may be of any size
+    constexpr std::size_t maxBytes = 4096; // a module of a few chapters; its numbers may have any size
     if (size > maxBytes)
         return 0;
     static const fuzz::ModuleInput module;

@@ -1,8 +1,8 @@
 #include "input.h"
 #include "walkers.h"
 
-// The first of the two files is the index, the second holds the entries. An odd last byte of the entries is left
-// out: an entry that ends inside a record ends the program, as its contract says.
+// The first of the two files is the index, the second has the entries. An odd last byte of the entries is
+// removed: an entry that ends inside a record ends the program, as its contract says.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     constexpr std::size_t maxBytes = 4096; // a thousand words of up to two thousand verses

@@ -3,7 +3,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    // some two hundred records, ten times what a module has; lookups are linear in them
+    // about two hundred records, ten times as many as in a module; lookups take linear time
     constexpr std::size_t maxBytes = 2048;
     if (size > maxBytes)
         return 0;

@@ -14,7 +14,8 @@ inline std::string_view textOf(const std::uint8_t* data, std::size_t size)
     return std::string_view(reinterpret_cast<const char*>(data), size);
 }
 
-/// Two files out of one input: two bytes, low first, say how long the first file is; it follows, then the second.
+/// Splits an input into two files: two bytes, low first, are the length of the first file; it follows, then
+/// the second.
 struct TwoFiles
 {
     std::string_view first;

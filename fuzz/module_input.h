@@ -10,7 +10,7 @@
 
 namespace fuzz {
 
-/// The folder of a module whose ten files are in memory, so that it can take contents by the thousand.
+/// The folder of a module whose ten files are in memory, so that they can be replaced thousands of times.
 class ModuleInput
 {
 public:
@@ -32,8 +32,8 @@ public:
 
     std::string path() const { return m_folder.path().string(); }
 
-    /// Ten files out of one input, in the order of `moduleFileNames`: before each two bytes, low first, say how long it
-    /// is; the last one has the rest.
+    /// Splits an input into ten files in the order of `moduleFileNames`: each is preceded by two bytes, low
+    /// first, with its length; the last one is the rest.
     void take(std::string_view input) const
     {
         for (std::size_t i = 0; i + 1 < names.size(); ++i) {

@@ -10,7 +10,7 @@
 
 namespace {
 
-/// Writes a module with books of one chapter and of several, and with names that begin alike.
+/// Writes a module with books of one chapter and of several, and with names that have common prefixes.
 /// @returns its folder
 std::string writeModule(const test_support::TempFolder& folder)
 {
@@ -22,7 +22,7 @@ std::string writeModule(const test_support::TempFolder& folder)
     return folder.path().string();
 }
 
-/// Whether a range has its beginning and its end in the module, in this order.
+/// Whether a range begins and ends in the module, in this order.
 bool holds(const Kedrin::ModTool::CModuleReader& module, const Kedrin::ModTool::VerseRange& range)
 {
     const auto& structure = module.structure();
@@ -36,10 +36,10 @@ bool holds(const Kedrin::ModTool::CModuleReader& module, const Kedrin::ModTool::
 
 } // namespace
 
-// What a user types is found in the module or refused; it need be no valid UTF-8.
+// User input, which may be invalid UTF-8, is found in the module or refused.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    // ten times the longest reference; names are compared letter by letter
+    // ten times the longest reference; names are compared character by character
     constexpr std::size_t maxBytes = 256;
     if (size > maxBytes)
         return 0;

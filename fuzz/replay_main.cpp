@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Feeds one file to the harness. An exception that comes out is reported with the file's name.
+/// Passes one file to the fuzzer. An exception is reported with the name of the file.
 bool replay(const fs::path& path)
 {
     std::ifstream in(path, std::ios::binary);
@@ -34,8 +34,8 @@ bool replay(const fs::path& path)
 
 } // namespace
 
-/// Stands in for libFuzzer: replays the files named, and the files of the folders named, each once.
-/// @returns 0 when all went through; 1 when one did not, or when there was none
+/// Replaces libFuzzer: replays each of the given files, and of the files in the given folders, once.
+/// @returns 0 if all succeeded; 1 if one failed or there was none
 int main(int argc, char* argv[])
 {
     int replayed = 0;

@@ -11,10 +11,10 @@
 
 namespace fuzz {
 
-constexpr std::size_t maxSourceFuzzBytes = 16384; // holds every construct of a format many times over
+constexpr std::size_t maxSourceFuzzBytes = 16384; // enough for every construct of a format, many times
 
-/// Reads a source through `read`, which may only refuse it by CBuildError, and holds the Bible to what SourceBible
-/// promises: places in range, ascending, none twice; texts inside the text.
+/// Reads a source by `read`, which may throw only CBuildError, and checks the guarantees of SourceBible:
+/// positions in range, ascending and unique; texts inside the text.
 template <typename Read>
 void walkSource(const std::uint8_t* data, std::size_t size, Read&& read)
 {

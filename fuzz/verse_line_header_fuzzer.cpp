@@ -26,11 +26,11 @@ bool isLine(const std::string& text)
 
 } // namespace
 
-// The header's lines, valid UTF-8 or not, make titles, a copyright and differences that the files of a module can hold,
-// or are refused.
+// The header lines, whether valid UTF-8 or not, give titles, a copyright and differences that fit into the
+// files of a module, or are refused.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    constexpr std::size_t maxBytes = 2048; // some lines of the longest kind that a module keeps
+    constexpr std::size_t maxBytes = 2048; // a few lines of the maximum length in a module
     if (size > maxBytes)
         return 0;
     std::string_view rest = fuzz::textOf(data, size);

@@ -3,7 +3,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    // two hundred lines of the longest kind that is read, thousands of short ones
+    // two hundred lines of the maximum length, thousands of short ones
     constexpr std::size_t maxBytes = 8192;
     if (size > maxBytes)
         return 0;

@@ -1,7 +1,7 @@
 # Sourced by ./run and ./test, in the project's folder.
 
-# build_preset PRESET [OPTION...]: configures, with the options for cmake, where that has not been done with the presets as
-# they are, and builds.
+# build_preset PRESET [OPTION...]: configures with these options for cmake, unless already done with the
+# current presets, and builds.
 build_preset() {
     local out=build/$1
     [ "$out/build.ninja" -nt CMakePresets.json ] || cmake --preset "$@" >/dev/null ||
@@ -12,10 +12,10 @@ build_preset() {
             "Сглобяването в $out не успя (вж. по-горе). Отстранете причината, или изтрийте $out, ако е остаряла, и опитайте отново."
 }
 
-# can_write FILE: whether it is, or can become, a file that may be written.
+# can_write FILE: whether it is, or can be created as, a writable file.
 can_write() { [ ! -d "$1" ] && if [ -e "$1" ]; then [ -w "$1" ]; else [ -w "$(dirname -- "$1")" ]; fi; }
 
-# The toolkit works in UTF-8, which a locale that is not installed does not give. The language stays the user's.
+# The toolkit needs UTF-8, which a missing locale does not provide. The user's language is kept.
 use_utf8() {
     [ "$(locale charmap 2>/dev/null)" = UTF-8 ] && return
     export KEDRIN_LANGUAGE=$messages_locale LC_ALL=C.UTF-8

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# check_picture.sh FILE.png: whether it can be a picture of the window: as large, and not of one colour.
+# check_picture.sh FILE.png: whether it can be a screenshot of the window: large enough, with more than one
+# colour.
 set -euo pipefail
 source "$(dirname "$0")/say.sh"
 explain_failures

@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# enter_root.sh ROOT COMMAND: runs COMMAND in the copy of the project in ROOT, with the devices that programs count on.
-# For fresh_root.sh, which starts it in namespaces of its own; whatever is mounted here goes with them.
+# enter_root.sh ROOT COMMAND: runs COMMAND in the copy of the project in ROOT, with the devices that programs
+# need. For fresh_root.sh, which starts it in separate namespaces; the mounts disappear with them.
 set -euo pipefail
 root=$1 command=$2
-mount --bind "$root" "$root" # tests that mount something want / to be a mount point
+mount --bind "$root" "$root" # tests that mount something need / to be a mount point
 mount -t proc proc "$root/proc"
 mount -t tmpfs -o mode=0755 tmpfs "$root/dev"
 for device in full null random tty urandom zero; do
@@ -18,7 +18,7 @@ ln -s /proc/self/fd "$root/dev/fd"
 ln -s /proc/self/fd/0 "$root/dev/stdin"
 ln -s /proc/self/fd/1 "$root/dev/stdout"
 ln -s /proc/self/fd/2 "$root/dev/stderr"
-hostname fresh # sudo wants a name that it can resolve
+hostname fresh # sudo needs a name that it can resolve
 { cat /etc/hosts && echo '127.0.0.1 fresh'; } >"$root/etc/hosts"
 exec chroot "$root" env -i HOME=/root PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin TERM=dumb \
     ${http_proxy:+http_proxy="$http_proxy"} ${https_proxy:+https_proxy="$https_proxy"} \

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# fresh_root.sh COMMAND [INSTEAD]: runs COMMAND, a line for bash, as root in a copy of the project inside a Debian 12
-# that holds nothing but apt, with the network as this machine's apt has it. Where no such root can be made, it says
-# why in one line, and runs INSTEAD in the project itself or, without one, ends with status 77.
-# The root is made in $TMPDIR (about 4 GB where the project is built in it), and removed.
+# fresh_root.sh COMMAND [INSTEAD]: runs COMMAND, a line for bash, as root in a copy of the project inside a
+# minimal Debian 12 with only apt, with the network settings of this machine's apt. If no such root can be
+# created, it prints the reason in one line, and runs INSTEAD in the project itself or, without one, ends with
+# status 77. The root is created in $TMPDIR (about 4 GB if the project is built in it), and removed.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
 source scripts/packages.sh
@@ -12,8 +12,8 @@ command=$1 instead=${2-}
 scratch=
 worker=
 
-# in_own_namespaces COMMAND...: nobody else sees what it mounts, and none of it outlives it. It is not run in the
-# foreground, where a signal would have to wait for its end.
+# in_own_namespaces COMMAND...: its mounts are private and end with it. It is not run in the foreground, where
+# the shell would handle signals only after its end.
 in_own_namespaces() {
     local status=0
     unshare --mount --propagation private --pid --fork --kill-child --ipc --uts "$@" </dev/null &
@@ -37,7 +37,7 @@ clean_up() {
     rm -f "$scratch.errors"
 }
 
-# do_without ENGLISH BULGARIAN: the reason why there is no root; ends the script.
+# do_without ENGLISH BULGARIAN: prints why there is no root; ends the script.
 do_without() {
     explain "No fresh Debian is made here: $1." "Тук не се прави нова система Debian: $2."
     [ -n "$instead" ] || exit 77
@@ -67,8 +67,8 @@ debian_sources() {
 make_root() {
     local sources certificates=/etc/ssl/certs/ca-certificates.crt
     scratch=$(mktemp -d "${TMPDIR:-/tmp}/kedrin-root.XXXXXX")
-    chmod 755 "$scratch" # apt fetches as a user of its own
-    # the proxies and the like of this machine's apt, in whichever file they are
+    chmod 755 "$scratch" # apt downloads as a separate user
+    # the proxies and other settings of this machine's apt, in any of its files
     apt-config dump Acquire | grep -E '^Acquire::(https?|Check-|Force|Languages|Retries)' >"$scratch/apt.conf" || true
     sources=$(debian_sources)
     in_own_namespaces mmdebstrap --quiet --variant=apt --mode=root --aptopt="$scratch/apt.conf" bookworm \
@@ -80,7 +80,7 @@ make_root() {
     fi
     mkdir "$scratch/root/kedrin"
     tar --create --exclude=./build --exclude=./.git . | tar --extract --no-same-owner --directory "$scratch/root/kedrin"
-    if [ -d ../shared/data ]; then # texts that some tests are built for only where they are
+    if [ -d ../shared/data ]; then # texts without which some tests are not built
         mkdir "$scratch/root/shared"
         cp -R ../shared/data "$scratch/root/shared/data"
     fi

@@ -1,4 +1,4 @@
-# Sourced by ./run and ./test: which Debian packages they need, and how missing ones are installed.
+# Sourced by ./run and ./test: the Debian packages they need, and the installation of missing ones.
 source "$(dirname "${BASH_SOURCE[0]}")/say.sh"
 
 build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev libicu-dev libsword-dev libcli11-dev libxml2-dev
@@ -9,8 +9,8 @@ session_packages=(at-spi2-core dbus-daemon libatspi2.0-dev x11-utils)
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev strace mandoc bash-completion xz-utils clang-format
     clang-tidy)
 
-# need_packages NAME...: installs those that are not there, as root or through sudo.
-# Returns 1, explained, where that cannot be.
+# need_packages NAME...: installs the missing ones, as root or through sudo. If that is impossible, explains
+# why and returns 1.
 need_packages() {
     local missing=() as_root=()
     missing_packages "$@"
@@ -20,7 +20,7 @@ need_packages() {
     install_packages
 }
 
-# Sets `missing`. A package that dpkg has never heard of makes it fail, and is missing like the others.
+# Sets `missing`. dpkg fails for an unknown package, which is missing like the others.
 missing_packages() {
     local installed package
     installed=$(dpkg-query -W -f '${db:Status-Status} ${Package}\n' "$@" 2>/dev/null) || true
@@ -29,7 +29,7 @@ missing_packages() {
     done
 }
 
-# Sets `as_root`, the words before a command that root has to run.
+# Sets `as_root`, the prefix of a command that has to be run by root.
 may_install() {
     if ! command -v apt-get >/dev/null; then
         explain "There is no apt-get here to install what Kedrin needs: ${missing[*]}
@@ -56,9 +56,10 @@ Ask the administrator of this machine for: apt-get install ${missing[*]}" \
     fi
 }
 
-# Lists that cannot be fetched may still do: one source of several may be out of order, or all archives at hand.
+# A failed update of the lists may not matter: one source of several may be unavailable, or all archives
+# present.
 install_packages() {
-    local PATH=$PATH:/usr/sbin:/sbin # dpkg's own programs, which su leaves out
+    local PATH=$PATH:/usr/sbin:/sbin # needed by dpkg; su does not add them
     local are_lists_fresh=true
     if ! "${as_root[@]}" apt-get update -qq -o APT::Update::Error-Mode=any; then
         are_lists_fresh=false

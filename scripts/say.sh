@@ -1,5 +1,5 @@
-# Sourced by the scripts: they speak Bulgarian in a Bulgarian locale, installed or not, else English; and whatever ends
-# one of them, it ends with a sentence.
+# Sourced by the scripts: messages are Bulgarian in a Bulgarian locale, installed or not, else English; and a
+# script that fails always prints a message.
 
 messages_locale=${KEDRIN_LANGUAGE:-${LC_ALL:-${LC_MESSAGES:-${LANG-}}}} # the first is set by use_utf8
 case $messages_locale in
@@ -14,7 +14,7 @@ say() {
     if $is_bulgarian; then echo "$2"; else echo "$1"; fi
 }
 
-# explain ENGLISH BULGARIAN: says what failed and what to do; the script is expected to end.
+# explain ENGLISH BULGARIAN: prints what failed and what to do; the script should then end.
 explain() {
     say "$@" >&2
     is_explained=true
@@ -26,14 +26,14 @@ fail() {
     exit 1
 }
 
-# end_explained: for COMMAND || end_explained, where the command has said itself why it failed.
+# end_explained: for COMMAND || end_explained, if the command has already explained its failure.
 end_explained() {
     local status=$?
     is_explained=true
     exit $status
 }
 
-# Redefined by a script that leaves something to remove when it ends.
+# Redefined by a script that has to clean up when it ends.
 clean_up() { :; }
 
 explain_end() {
@@ -57,9 +57,9 @@ end_by_signal() {
     exit "$1"
 }
 
-# Called first by each script that is started by itself.
+# Called first by each script that is started directly.
 explain_failures() {
-    set -E # functions and subshells tell the command that failed
+    set -E # functions and subshells report the failed command
     trap 'keep_failed "$BASH_COMMAND" "${BASH_SOURCE[0]-bash}" "$LINENO"' ERR
     trap 'explain_end $?' EXIT
     trap 'end_by_signal 129' HUP

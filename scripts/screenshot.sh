@@ -1,13 +1,13 @@
 #!/usr/bin/env bash
-# screenshot.sh PROGRAM FILE.png: starts the program on a virtual display, waits until its window shows a picture that
-# no longer changes, saves it and ends the program.
+# screenshot.sh PROGRAM FILE.png: starts the program on a virtual display, waits until its window no longer
+# changes, saves a picture of it and ends the program.
 set -euo pipefail
 source "$(dirname "$0")/say.sh"
 explain_failures
 
-# The display, and the folder for sockets that the toolkit asks for, are this picture's alone.
+# The display and the runtime folder of the toolkit are private to this script.
 take_picture() {
-    runtime_dir=$(mktemp -d) # with the mode 0700, as it has to be
+    runtime_dir=$(mktemp -d) # with the required mode 0700
     clean_up() { rm -rf "$runtime_dir"; }
     XDG_RUNTIME_DIR=$runtime_dir xvfb-run -a -s '-screen 0 800x720x24' "$0" --on-display "$@" ||
         fail "No picture was saved (see above)." "Не е записана снимка (вж. по-горе)."

@@ -1,4 +1,4 @@
-// conformance RULES CTEST BUILD_FOLDER: prints which tests prove which rule, and ends with 1 where one proves nothing.
+// conformance RULES CTEST BUILD_FOLDER: prints the tests of each rule; ends with 1 if the table has errors.
 
 #include "rule_table.h"
 #include "test_listing.h"

@@ -12,7 +12,7 @@ namespace conformance {
 
 namespace {
 
-/// What a program writes to standard output; its status does not matter.
+/// The standard output of a program, whatever its exit status.
 QByteArray outputOf(const QString& program, const QStringList& arguments)
 {
     QProcess process;
@@ -43,7 +43,7 @@ QStringList stringsOf(const QJsonArray& array)
     return strings;
 }
 
-/// Whether a command runs a program that is made with Qt Test: the areas that have a window.
+/// Whether a command runs a program that uses Qt Test, as in the areas with a user interface.
 bool isQtTest(const QString& program)
 {
     return program.startsWith(QLatin1String("qt3_")) || program.startsWith(QLatin1String("window_"));

@@ -1,4 +1,4 @@
-// The hex dumps of doc/formats are read out of the pages and loaded: a page that went wrong turns a test red.
+// Reads the hex dumps from the pages of doc/formats and loads them: an error in a page makes a test fail.
 
 #include "module_files.h"
 #include "temp_folder.h"
@@ -16,7 +16,8 @@ namespace {
 
 using namespace Kedrin::Tolvo;
 
-/// The bytes of the dump lines ("    0000001f  c1 e8  ...  |text|") from the current one on; its last line is the size.
+/// The bytes of the dump lines ("    0000001f  c1 e8  ...  |text|") from the current one on; the last line is
+/// the size.
 std::string readDump(std::istream& page, std::string line)
 {
     static const std::regex dumpLine("    ([0-9a-f]{8})(?:  ([0-9a-f ]{47,48}) *\\|.*\\|)?");
@@ -31,7 +32,8 @@ std::string readDump(std::istream& page, std::string line)
     return bytes;
 }
 
-/// Every file of the worked module that a page shows, by name. A dump belongs to the file named last before it.
+/// The files of the example module that a page shows, by name. A dump belongs to the file name that precedes
+/// it.
 std::map<std::string, std::string> dumpedFiles()
 {
     static const std::regex fileName("(\\w+\\.(?:txt|csv|bin))(?: of the|:)");

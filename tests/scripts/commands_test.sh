@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# commands_test.sh SCRIPTS: what ./run and ./test say of each step that fails, in both languages.
+# commands_test.sh SCRIPTS: the messages of ./run and ./test for each failing step, in both languages.
 set -uo pipefail
 scripts=$1
 source "$(dirname "$0")/script_test.sh"
@@ -20,7 +20,7 @@ prepared() {
     : >"$project/build/dev/build.ninja"
 }
 
-# comes_to STATUS ENGLISH BULGARIAN COMMAND: what the command, typed in `there`, writes to standard error.
+# comes_to STATUS ENGLISH BULGARIAN COMMAND: the status and standard error of the command, run in `there`.
 comes_to() {
     run_script "cd there && $4" LANG=C.UTF-8
     expect "$4: status" "$1" "$status"

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# fresh_root_test.sh SCRIPTS: where no fresh Debian can be made, one line says why, and the tests run all the same.
+# fresh_root_test.sh SCRIPTS: if no fresh Debian can be created, one line says why, and the tests still run.
 set -uo pipefail
 scripts=$1
 source "$(dirname "$0")/script_test.sh"

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# The launcher starts the program by its full path, or by a link beside the reader's own modules.
+# The launcher starts the program by its full path, or by a link next to the user's own modules.
 #   launcher_test.sh LAUNCHER
 set -euo pipefail
 work=$(mktemp -d)
@@ -17,14 +17,14 @@ export XDG_DATA_HOME="$work/my data"
 own="$XDG_DATA_HOME/kedrin"
 
 fail() { echo "$*"; find "$work" -path '*kedrin*' | sort; exit 1; }
-starts() { # starts PROGRAM: what the launcher starts, with its arguments
+starts() { # starts PROGRAM: checks what the launcher starts, with its arguments
     local said
     said=$("$work/kedrin" -style x)
     [ "$said" = "$1 -style x" ] || fail "started $said, not $1"
 }
 leads() { [ "$(readlink "$own/modules/bibles/$1")" = "$system/$1" ] || fail "$1 leads to $(readlink "$own/modules/bibles/$1")"; }
 
-starts "$prefix/lib/kedrin/kedrin" # without modules of his own
+starts "$prefix/lib/kedrin/kedrin" # without the user's own modules
 [ ! -e "$own" ] || fail "made $own"
 
 mkdir -p "$own/modules/bibles/my" "$own/modules/bibles/web" "$own/modules/bibles/!kjv"

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# need_packages_test.sh SCRIPTS CASE: what need_packages installs, and what it says where it cannot.
+# need_packages_test.sh SCRIPTS CASE: what need_packages installs, and its message if it cannot.
 set -uo pipefail
 scripts=$1 case=$2
 source "$(dirname "$0")/script_test.sh"
@@ -12,7 +12,8 @@ as_in_the_scripts='set -euo pipefail; source "$SCRIPTS/packages.sh"; explain_fai
 update='apt-get update -qq -o APT::Update::Error-Mode=any'
 install='apt-get install -y -qq --no-install-recommends'
 
-# need STATUS OUT ERR CALLS [VARIABLE=VALUE...]: what comes of needing two packages; CALLS without those of id.
+# need STATUS OUT ERR CALLS [VARIABLE=VALUE...]: the result of needing two packages; CALLS without those of
+# id.
 need() {
     local language=${5-LANG=C}
     run_script "$as_in_the_scripts" SCRIPTS="$scripts" DPKG_ADMINDIR="$work/dpkg" "${@:5}"
@@ -25,7 +26,7 @@ need() {
 english='Installing Debian packages: libicu-dev libgmock-dev'
 bulgarian='Инсталират се пакети на Debian: libicu-dev libgmock-dev'
 
-# status_of NAME STATE: a package's record in the database of dpkg.
+# status_of NAME STATE: a package's record in dpkg's database.
 status_of() { printf 'Package: %s\nStatus: %s\nArchitecture: all\nVersion: 1\nMaintainer: x\nDescription: x\n\n' "$1" "$2"; }
 
 empty_database() {
@@ -79,7 +80,7 @@ apt-get не успя нито да изтегли списъците с пак�
         "$update"$'\n'"$install libicu-dev libgmock-dev" LC_ALL=bg_BG.UTF-8
 }
 
-# The real one: by itself it says nothing of lists that it could not fetch but warnings.
+# The real apt-get prints only warnings for lists that it cannot download.
 real_apt_without_network() {
     use_programs apt-get
     mkdir -p "$work/apt"/{lists/partial,cache/archives/partial,parts}
@@ -96,7 +97,7 @@ END
 Check the connection to the network and the sources in /etc/apt, and try again." "$(tail -n 2 <<<"$err")"
 }
 
-# What can be installed is not given up for a source that has nothing to do with it.
+# An unrelated unavailable source does not prevent an installation.
 one_source_fails() {
     stand_in apt-get '[ "$1" = install ] || { echo "E: update: no such source" >&2; exit 100; }'
     need 0 "$english" "E: update: no such source
@@ -148,7 +149,7 @@ These scripts are made for Debian 12. On another system, install the same things
         LANG=bg_BG.UTF-8
 }
 
-# With the PATH of a user, as su leaves it, dpkg does not find its own programs.
+# With a user's PATH, as kept by su, dpkg does not find its helper programs.
 roots_programs_are_found() {
     stand_in apt-get 'echo "$PATH" >&2'
     need 0 "$english" "$work/bin:/usr/sbin:/sbin"$'\n'"$work/bin:/usr/sbin:/sbin" \

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# say_test.sh SCRIPTS: the language of the scripts, and that none of them fails without a sentence.
+# say_test.sh SCRIPTS: the language of the scripts, and that each prints a message when it fails.
 set -uo pipefail
 scripts=$1
 source "$(dirname "$0")/script_test.sh"
@@ -20,12 +20,12 @@ says 'къщата' LC_ALL= LC_MESSAGES= LANG=bg_BG.UTF-8
 says 'къщата' LC_MESSAGES=bg_BG LANG=en_US.UTF-8
 says 'къщата' LC_ALL=bg_XX LC_MESSAGES=en_US.UTF-8 LANG=en_US.UTF-8
 
-# use_utf8 keeps the language, for the scripts and for what they start.
+# use_utf8 keeps the language, for the scripts and the programs they start.
 run_script 'source "$SCRIPTS/say.sh"; source "$SCRIPTS/build.sh"; use_utf8; locale charmap; echo "$LANGUAGE"
 bash -c "source \"$SCRIPTS/say.sh\"; say the-house къщата"' SCRIPTS="$scripts" LANG=bg_XX
 expect 'use_utf8' $'UTF-8\nbg\nкъщата' "$out$err"
 
-# ends STATUS ERRORS LINE [VARIABLE=VALUE...]: what a script of that line says.
+# ends STATUS ERRORS LINE [VARIABLE=VALUE...]: the output of a script with that line.
 ends() {
     run_script 'set -euo pipefail; source "$SCRIPTS/say.sh"; explain_failures
 '"$3" SCRIPTS="$scripts" "${@:4}"

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# screenshot_test.sh SCRIPTS KEDRIN WRITE_MODULES: the picture of the window, and what is said where there is none.
+# screenshot_test.sh SCRIPTS KEDRIN WRITE_MODULES: the picture of the window, and the message if there is
+# none.
 set -uo pipefail
 scripts=$1 kedrin=$2 write_modules=$3
 source "$(dirname "$0")/script_test.sh"

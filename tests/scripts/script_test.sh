@@ -1,23 +1,24 @@
 # shellcheck shell=bash
-# Sourced by the tests of the scripts: $scripts is their folder; commands run with no environment but what they are
-# given, and on a PATH of chosen programs and stand-ins alone.
+# Sourced by the tests of the scripts: $scripts is their folder; commands run with only the given environment
+# and a PATH of selected and substituted programs.
 
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 mkdir "$work/bin"
 failures=0
 
-# use_programs NAME...: the real ones, on PATH.
+# use_programs NAME...: puts the real programs on PATH.
 use_programs() {
     local name
     for name in "$@"; do ln -sf "$(command -v "$name")" "$work/bin/$name"; done
 }
 
-# stand_in NAME LINE...: a program of that name that keeps its command line in the file `calls` and runs the lines.
+# stand_in NAME LINE...: a substitute program that appends its command line to the file `calls` and runs the
+# lines.
 stand_in() {
     local name=$1
     shift
-    rm -f "$work/bin/$name" # may be a link to the real one
+    rm -f "$work/bin/$name" # may be a link to the real program
     {
         echo '#!/bin/bash'
         # shellcheck disable=SC2016 # expanded when it runs
@@ -35,7 +36,7 @@ run_script() {
     status=0
     (cd "$work" && exec env -i PATH="$work/bin" "${@:2}" ./script >"$work/out" 2>"$work/err" </dev/null) || status=$?
     out=$(<"$work/out")
-    err=$(grep -v 'warning: setlocale:' "$work/err") # bash's own, where the locale is not installed
+    err=$(grep -v 'warning: setlocale:' "$work/err") # from bash, if the locale is not installed
     calls=$(<"$work/calls")
 }
 

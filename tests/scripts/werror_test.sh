@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
-# werror_test.sh CMAKE SOURCES: warnings are errors in every preset, and stop nobody who builds without one.
+# werror_test.sh CMAKE SOURCES: warnings are errors in every preset, but not in a build without one.
 set -uo pipefail
 cmake=$1 sources=$2
 source "$(dirname "$0")/script_test.sh"
 unset CXXFLAGS
 cd "$sources" || exit
 
-# configured ARGUMENTS...: the warning options that the sources are compiled with after `cmake ARGUMENTS`.
+# configured ARGUMENTS...: the warning options of the sources after `cmake ARGUMENTS`.
 configured() {
     "$cmake" "$@" -B "$work/build" -DKEDRIN_TESTS=OFF >/dev/null || echo "cmake $* failed"
     grep '"command":' "$work/build/compile_commands.json" | grep -oE -e '-W(conversion|error)' | sort -u | xargs
