@@ -111,7 +111,7 @@ TEST(FileVector, AfterAShortReadTheBoundsAreStillTestedFirst)
     EXPECT_EQ(file.readError(0), ioError);
 }
 
-TEST(FileVector, AfreshReadsTheSameFileWithNoFailureBehindIt)
+TEST(FileVector, AfreshReadsTheSameFileWithoutTheFailure)
 {
     RecordFile<unsigned int> file(tenBytes);
     EXPECT_EQ(file.readError(2), ioError);
@@ -219,7 +219,7 @@ TEST(FileVector, ARunThatBeginsBeyondTheEndIsOutOfRange)
 }
 
 // The length is that at the time of opening; records removed since then are errors.
-TEST(FileVector, AFileThatShrinksUnderUsIsAnIoError)
+TEST(FileVector, AFileThatIsTruncatedWhileOpenIsAnIoError)
 {
     RecordFile<unsigned int> file(tenBytes);
     file.shrinkTo(6);

@@ -135,7 +135,7 @@ TEST(StringCompare, CyrillicComesAfterLatin)
     EXPECT_EQ(ut::cyr_stricmp("zz", "\xC0"), -1);
 }
 
-TEST(StringSearch, FindsWithoutRegardToCase)
+TEST(StringSearch, FindsIgnoringCase)
 {
     const char* haystack = "In the Beginning";
     EXPECT_EQ(ut::cyr_stristr(haystack, "BEGIN"), haystack + 7);

@@ -54,19 +54,19 @@ void checkRun(const std::string& textPath, const std::string& pointPath,
               const std::vector<std::string>& expected, std::size_t first, std::size_t pieceBytes)
 {
     CBibleText text(textPath.c_str(), pointPath.c_str());
-    CVerseCursor run(text, static_cast<unsigned int>(first),
-                     static_cast<unsigned int>(expected.size() - first), pieceBytes);
+    CVerseCursor cursor(text, static_cast<unsigned int>(first),
+                        static_cast<unsigned int>(expected.size() - first), pieceBytes);
     for (std::size_t verse = first; verse < expected.size(); ++verse) {
         const std::string answer = answerOf([&] {
-            require(run.next(), "a run gives every verse asked for");
-            return std::string(run.text());
+            require(cursor.next(), "a cursor gives every verse asked for");
+            return std::string(cursor.text());
         });
-        require(answer == expected[verse], "a run gives what single reads give");
+        require(answer == expected[verse], "a cursor gives what single reads give");
         if (!isText(answer))
             return; // the cursor and its text have failed
-        require(run.verseNum() == verse, "a run counts its verses");
+        require(cursor.verseNum() == verse, "a cursor counts its verses");
     }
-    require(!run.next(), "a run ends");
+    require(!cursor.next(), "a cursor ends");
 }
 
 } // namespace

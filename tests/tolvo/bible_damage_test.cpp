@@ -55,20 +55,20 @@ protected:
 
 using BibleDamageDeathTest = BibleDamage;
 
-TEST_F(BibleDamage, ChapterOfACutTextLetsTheFailureOut)
+TEST_F(BibleDamage, ChapterOfACutTextThrowsTheFailure)
 {
     loadCut("CompactText.bin", 12);
     EXPECT_EQ(chapterFailure(0, 0), textError);
 }
 
-TEST_F(BibleDamage, ChapterOfACutPointerFileLetsTheFailureOut)
+TEST_F(BibleDamage, ChapterOfACutPointerFileThrowsTheFailure)
 {
     loadCut("CompactPoint.bin", 6);
     EXPECT_EQ(chapterFailure(0, 0), vectorError);
     EXPECT_EQ(messageOf<std::out_of_range>([&] { bible->chapterVerses(1, 0); }), rangeError);
 }
 
-TEST_F(BibleDamage, ChapterOfAPointerBeyondTheTextLetsTheFailureOut)
+TEST_F(BibleDamage, ChapterOfAPointerBeyondTheTextThrowsTheFailure)
 {
     loadWith("CompactPoint.bin", std::string(8, '\xFF') + smallModule().bytes["CompactPoint.bin"].substr(8));
     EXPECT_EQ(chapterFailure(0, 0), textError);
@@ -100,7 +100,7 @@ TEST_F(BibleDamage, WholeWordsByLetterCaseAreRefusedBeforeTheResultIsTouched)
     EXPECT_EQ(placesOf(result), Places{"9.9.9"});
 }
 
-TEST_F(BibleDamage, SearchOfACutTextLetsTheFailureOutAndKeepsTheHitsBefore)
+TEST_F(BibleDamage, SearchOfACutTextThrowsTheFailureAndKeepsTheHitsBefore)
 {
     loadCut("CompactText.bin", 12);
     for (const bool caseSensitive : {false, true}) {
@@ -110,7 +110,7 @@ TEST_F(BibleDamage, SearchOfACutTextLetsTheFailureOutAndKeepsTheHitsBefore)
     EXPECT_EQ(versesOfWord("бог"), (Places{"0.0.0", "0.1.0"})); // without reading the text
 }
 
-TEST_F(BibleDamage, SearchOfACutPointerFileLetsTheFailureOut)
+TEST_F(BibleDamage, SearchOfACutPointerFileThrowsTheFailure)
 {
     loadCut("CompactPoint.bin", 6);
     EXPECT_EQ(searchFailure("Бог", false), vectorError);
@@ -119,7 +119,7 @@ TEST_F(BibleDamage, SearchOfACutPointerFileLetsTheFailureOut)
     EXPECT_EQ(messageOf<std::out_of_range>([&] { verses("Бог", false, false); }), rangeError);
 }
 
-TEST_F(BibleDamage, SearchOfACutConcordanceLetsTheFailureOut)
+TEST_F(BibleDamage, SearchOfACutConcordanceThrowsTheFailure)
 {
     loadCut("Conc.bin", 15);
     EXPECT_EQ(searchFailure("рече", true), vectorError);

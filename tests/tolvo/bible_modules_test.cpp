@@ -47,7 +47,7 @@ using Titles = std::vector<std::string>;
 const std::string infoOutOfRange = "CBibleModules::info(): index out of range";
 const std::string loadOutOfRange = "CBibleModules::loadBible(): index out of range";
 
-TEST_F(BibleModules, FoldersAreSortedByNameWithoutRegardToCase)
+TEST_F(BibleModules, FoldersAreSortedByNameIgnoringCase)
 {
     addUntitled("bgRev");
     addUntitled("Bg1940");
@@ -156,7 +156,7 @@ TEST_F(BibleModules, CyrillicFolderNameIsAWindows1251Title)
     EXPECT_EQ(titles(), Titles{cp1251("Ревизиран")});
 }
 
-TEST_F(BibleModules, CyrillicFoldersAreSortedWithoutRegardToCase)
+TEST_F(BibleModules, CyrillicFoldersAreSortedIgnoringCase)
 {
     addUntitled("бб");
     addUntitled("Аа");
@@ -239,7 +239,7 @@ std::string commonStructure()
     return text;
 }
 
-TEST_F(BibleModules, CommonStructureHasSeventySevenBooks)
+TEST_F(BibleModules, GlobalStructureHasSeventySevenBooks)
 {
     folder.write("BibleStructure.txt", commonStructure() + "9 9 9");
     const CBibleModules modules(folder.path().string());
@@ -247,7 +247,7 @@ TEST_F(BibleModules, CommonStructureHasSeventySevenBooks)
     EXPECT_EQ(modules.globalStructure()->totalVersesCount(), 77u * 56u);
 }
 
-TEST_F(BibleModules, CommonStructureIsReadOnceAndKept)
+TEST_F(BibleModules, GlobalStructureIsReadOnceAndKept)
 {
     const std::string path = folder.write("BibleStructure.txt", commonStructure());
     const CBibleModules modules(folder.path().string() + "/");
@@ -256,7 +256,7 @@ TEST_F(BibleModules, CommonStructureIsReadOnceAndKept)
     EXPECT_EQ(modules.globalStructure(), structure);
 }
 
-TEST_F(BibleModules, CommonStructureThatFailedIsTriedAgain)
+TEST_F(BibleModules, GlobalStructureThatFailedIsTriedAgain)
 {
     const std::string path = folder.file("BibleStructure.txt");
     const CBibleModules modules(folder.path().string());

@@ -80,7 +80,7 @@ TEST(Structure, NumbersVersesThroughAllBooks)
     EXPECT_EQ(structure.toNum(CRef(1, 1, 11)), 101u);
 }
 
-TEST(Structure, GivesThePlaceOfANumber)
+TEST(Structure, GivesTheReferenceOfANumber)
 {
     const CBibleStructure structure = made(twoBooks, 2);
     EXPECT_EQ(placeOf(structure, 0), (Place{0, 0, 0}));
@@ -90,7 +90,7 @@ TEST(Structure, GivesThePlaceOfANumber)
     EXPECT_EQ(rangeError([&] { structure.toRef(102); }), badNum);
 }
 
-TEST(Structure, ThePlaceOfANumberIsOfUnknownType)
+TEST(Structure, TheReferenceOfANumberIsOfUnknownType)
 {
     const CRef ref = made(twoBooks, 2).toRef(80);
     EXPECT_FALSE(ref.isGlobal() || ref.isLocal() || ref.isNull());

@@ -78,7 +78,7 @@ TEST(Text, OneLengthByteIsAnIoError)
     EXPECT_EQ(files.readError(0), textError);
 }
 
-TEST(Text, APlaceAtOrBeyondTheEndIsAnIoError)
+TEST(Text, AnOffsetAtOrBeyondTheEndIsAnIoError)
 {
     for (const unsigned int place : {5u, 6u, 4294967295u}) {
         VerseFiles files(abc, {place});

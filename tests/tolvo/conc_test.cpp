@@ -115,7 +115,7 @@ TEST(Conc, EntriesMayStandInAnyOrderWithGaps)
     EXPECT_EQ(conc.versesOf(1), Verses{4});
 }
 
-TEST(Conc, VersesAreNeitherSortedNorFreedOfRepetitions)
+TEST(Conc, VersesAreNeitherSortedNorDeduplicated)
 {
     Concordance conc(shorts({4, 9, 3, 9, 1}), longs({0}));
     EXPECT_EQ(conc.versesOf(0), (Verses{8, 2, 8, 0}));
@@ -146,7 +146,7 @@ TEST(Conc, AfterAnOutOfRangeItGoesOn)
 
 // Positions in Conc.bin are converted to 32-bit byte offsets, which wrap in the middle of the range of the
 // index.
-TEST(Conc, ThePlaceOfAnEntryWraps)
+TEST(Conc, ThePositionOfAnEntryWraps)
 {
     Concordance conc(shorts({1, 5}), longs({0x80000000u}));
     EXPECT_EQ(conc.versesOf(0), Verses{4});
@@ -223,7 +223,7 @@ TEST(ConcDeathTest, AnEntryThatEndsInsideARecordEndsTheProgram)
                             "CFileVector::operator [](): IO error\n"));
 }
 
-TEST(ConcDeathTest, AFileThatShrinksUnderUsEndsTheProgram)
+TEST(ConcDeathTest, AFileThatIsTruncatedWhileOpenEndsTheProgram)
 {
     Concordance conc(shorts({3, 5, 6, 7}), longs({0}));
     conc.shrinkConcTo(4);

@@ -33,7 +33,7 @@ ForkedEnd walkAfterCut(const std::string& fileName, Walk walk)
 }
 
 // Reading a file that was truncated after opening must not crash.
-TEST(CutWhileOpen, FileCutShortUnderUsEndsTheProgramAsPromised)
+TEST(CutWhileOpen, FileTruncatedWhileOpenEndsTheProgramAsPromised)
 {
     using namespace test_support;
     const std::vector<std::pair<std::string, Walk>> cases = {

@@ -26,7 +26,7 @@ std::string textOf(const CRef& ref)
            std::to_string(ref.verse());
 }
 
-TEST(Diff, ShiftsTheSecondChapterToCommonNumbers)
+TEST(Diff, ShiftsTheSecondChapterToGlobalNumbers)
 {
     const CDiff diff = made("19 2 5 1 -4");
     EXPECT_EQ(textOf(diff.toGlobal(CRef(18, 1, 7))), "global 18 2:3");
@@ -57,7 +57,7 @@ TEST(Diff, ARecordOfTheFirstChapterShiftsNothing)
 }
 
 // The reverse mapping is looked up by the global chapter, which is the third here and so is not shifted.
-TEST(Diff, TheWayBackNeedsTheCommonChapterToBeTheSecond)
+TEST(Diff, ReverseMappingNeedsTheGlobalChapterToBeTheSecond)
 {
     const CDiff diff = made("19 2 5 1 -4");
     EXPECT_EQ(textOf(diff.toLocal(CRef(18, 2, 0))), "local 18 2:0");
@@ -95,7 +95,7 @@ TEST(Diff, TheEntryWithTheLowestVerseServesItsWholeChapter)
     EXPECT_EQ(textOf(diff.toGlobal(CRef(18, 1, 20))), "global 18 1:21");
 }
 
-TEST(Diff, OnTheWayBackTheLowestCommonVerseServes)
+TEST(Diff, ReverseMappingUsesTheLowestGlobalVerse)
 {
     const CDiff diff = made("19 2 5 0 10\n19 2 9 0 -8\n"); // global verses 14 and 0, from 0
     EXPECT_EQ(textOf(diff.toLocal(CRef(18, 1, 20))), "local 18 1:28");

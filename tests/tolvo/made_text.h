@@ -74,11 +74,11 @@ inline Verses versesOf(Kedrin::Tolvo::CBibleText& text, unsigned int first, unsi
                        std::size_t pieceBytes)
 {
     Verses verses;
-    Kedrin::Tolvo::CVerseCursor run(text, first, count, pieceBytes);
+    Kedrin::Tolvo::CVerseCursor cursor(text, first, count, pieceBytes);
     try {
-        while (run.next()) {
-            EXPECT_EQ(run.verseNum(), first + verses.size());
-            verses.push_back("=" + std::string(run.text()));
+        while (cursor.next()) {
+            EXPECT_EQ(cursor.verseNum(), first + verses.size());
+            verses.push_back("=" + std::string(cursor.text()));
         }
     } catch (const std::out_of_range& ex) {
         verses.push_back(ex.what());

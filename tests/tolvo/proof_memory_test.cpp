@@ -74,7 +74,7 @@ TEST(ProofMemory, FirstChapterIsReadInPieces)
     EXPECT_LT(watch.total(), 4 * enough);
 }
 
-TEST(ProofMemory, CommonStructureTakesWhatItsFileSupports)
+TEST(ProofMemory, GlobalStructureTakesWhatItsFileSupports)
 {
     std::string structure;
     for (unsigned int book = 0; book < 77; ++book)

@@ -216,7 +216,7 @@ TEST(RefToString, AddsOneModuloTheNumbersSize)
     EXPECT_EQ(CRef(0, 4294967295u, 4294967294u).toString(&titles), "\xC1\xE8\xF2 0:4294967295");
 }
 
-TEST(RefToString, LetsTheTitlesOutOfRangeThrough)
+TEST(RefToString, PassesTheTitlesOutOfRange)
 {
     const TwoTitles titles;
     EXPECT_EQ(messageOf<std::out_of_range>([&] { CRef(2, 0, 0).toString(&titles); }), "no such book");

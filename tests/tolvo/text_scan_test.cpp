@@ -72,7 +72,7 @@ TEST(TextScan, LettersThatDoNotFoldKeepTheirCase)
 
 // Block boundaries: a needle of every size at every position of texts of every size up to a few blocks, among
 // bytes that match its ends but not its middle.
-TEST(TextScan, NeedleIsFoundAtEveryPlaceOfEverySize)
+TEST(TextScan, NeedleOfEverySizeIsFoundAtEveryPosition)
 {
     for (std::size_t textSize = 1; textSize <= 150; ++textSize) {
         for (const std::size_t needleSize :
@@ -93,7 +93,7 @@ TEST(TextScan, NeedleIsFoundAtEveryPlaceOfEverySize)
     }
 }
 
-TEST(TextScan, RandomTextsAgreeWithThePlainWay)
+TEST(TextScan, RandomTextsAgreeWithTheReferenceSearch)
 {
     std::mt19937 random(20240217);
     const std::string alphabet = "aAb\xB8\xA8\xE1\xC1-";

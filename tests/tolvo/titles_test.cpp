@@ -241,7 +241,7 @@ TEST(TitlesFile, HugeCountsTakeNoMemory)
 }
 
 // Its owners delete it as a CTitles; nothing is ever deleted through the interface.
-TEST(Titles, HasAVirtualDestructorOfItsOwn)
+TEST(Titles, HasItsOwnVirtualDestructor)
 {
     EXPECT_TRUE(std::has_virtual_destructor_v<CTitles>);
     EXPECT_FALSE(std::is_destructible_v<ITitles>);

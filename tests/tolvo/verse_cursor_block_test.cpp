@@ -29,34 +29,34 @@ protected:
 TEST_F(VerseCursorBlock, VersesReadTogetherShareOneBlock)
 {
     CBibleText verses = text(test_support::smallModule());
-    CVerseCursor run(verses, 0, 4);
-    ASSERT_TRUE(run.next());
-    const unsigned int blockNum = run.blockNum();
-    const char* const blockEnd = run.blockEnd();
-    const char* lastText = run.text().data();
-    EXPECT_EQ(blockEnd - run.text().data(), 26); // all 28 bytes of the file except the first two
-    while (run.next()) {
-        EXPECT_EQ(run.blockNum(), blockNum);
-        EXPECT_EQ(run.blockEnd(), blockEnd);
-        EXPECT_GT(run.text().data(), lastText);
-        EXPECT_LE(run.text().data() + run.text().size(), blockEnd);
-        lastText = run.text().data();
+    CVerseCursor cursor(verses, 0, 4);
+    ASSERT_TRUE(cursor.next());
+    const unsigned int blockNum = cursor.blockNum();
+    const char* const blockEnd = cursor.blockEnd();
+    const char* lastText = cursor.text().data();
+    EXPECT_EQ(blockEnd - cursor.text().data(), 26); // all 28 bytes of the file except the first two
+    while (cursor.next()) {
+        EXPECT_EQ(cursor.blockNum(), blockNum);
+        EXPECT_EQ(cursor.blockEnd(), blockEnd);
+        EXPECT_GT(cursor.text().data(), lastText);
+        EXPECT_LE(cursor.text().data() + cursor.text().size(), blockEnd);
+        lastText = cursor.text().data();
     }
 }
 
 TEST_F(VerseCursorBlock, EachReadHasItsNumber)
 {
     CBibleText verses = text(test_support::smallModule());
-    CVerseCursor run(verses, 0, 4, 1); // one record per block
-    unsigned int lastBlockNum = run.blockNum();
-    while (run.next()) {
-        EXPECT_NE(run.blockNum(), lastBlockNum);
-        EXPECT_EQ(run.blockEnd(), run.text().data() + run.text().size());
-        lastBlockNum = run.blockNum();
+    CVerseCursor cursor(verses, 0, 4, 1); // one record per block
+    unsigned int lastBlockNum = cursor.blockNum();
+    while (cursor.next()) {
+        EXPECT_NE(cursor.blockNum(), lastBlockNum);
+        EXPECT_EQ(cursor.blockEnd(), cursor.text().data() + cursor.text().size());
+        lastBlockNum = cursor.blockNum();
     }
 }
 
-TEST_F(VerseCursorBlock, RunThatHasFailedFailsAgain)
+TEST_F(VerseCursorBlock, CursorThatHasFailedFailsAgain)
 {
     CBibleText verses = text(test_support::smallModule());
     const std::string outOfRange = "CFileVector::operator [](): recordIndex out of range";

@@ -50,7 +50,7 @@ TEST_P(EveryLayout, GivesWhatSingleReadsGiveFromEveryVerseOn)
         std::mt19937 random(seed);
         const MadeText made = makeText(GetParam(), 9, random);
         for (unsigned int first = 0; first <= 10; ++first) {
-            VerseFiles run(made.bytes, made.places);
+            VerseFiles cursorFiles(made.bytes, made.places);
             Verses single;
             for (unsigned int verse = first; verse < first + 4; ++verse) {
                 VerseFiles files(made.bytes, made.places);
@@ -60,7 +60,8 @@ TEST_P(EveryLayout, GivesWhatSingleReadsGiveFromEveryVerseOn)
                     break;
                 single.pop_back();
             }
-            EXPECT_EQ(versesOf(run.text, first, 4, 20), single) << "seed " << seed << ", from " << first;
+            EXPECT_EQ(versesOf(cursorFiles.text, first, 4, 20), single)
+                << "seed " << seed << ", from " << first;
         }
     }
 }
@@ -81,7 +82,7 @@ TEST_P(EveryLayout, AFileCutShortFailsAtTheVerseThatIsCut)
 }
 
 // The same if the file is truncated after it was opened, so that its length is no longer the known one.
-TEST_P(EveryLayout, AFileThatShrinksUnderUsFailsAtTheVerseThatIsCut)
+TEST_P(EveryLayout, AFileThatIsTruncatedWhileOpenFailsAtTheVerseThatIsCut)
 {
     std::mt19937 random(8);
     MadeText made = makeText(GetParam(), 8, random);

@@ -38,7 +38,7 @@ TEST(VerseCursor, APartialRecordOfThePointFileIsAnIoErrorWhenItIsReached)
     EXPECT_EQ(files.readError(0), "CFileVector::operator [](): IO error");
 }
 
-TEST(VerseCursor, AFailureLastsForTheTextAndForOtherRuns)
+TEST(VerseCursor, AFailureLastsForTheTextAndForOtherCursors)
 {
     VerseFiles files(record("abc") + record("def"), {0, 99, 5});
     CVerseCursor other(files.text, 0, 3);
@@ -51,52 +51,52 @@ TEST(VerseCursor, AFailureLastsForTheTextAndForOtherRuns)
 }
 
 // After a failure the cursor must not return verses it has already read: single reads would not return them.
-TEST(VerseCursor, AFailureElsewhereEndsARunThatHasReadOn)
+TEST(VerseCursor, AFailureElsewhereEndsACursorThatHasReadOn)
 {
     VerseFiles files(record("abc") + record("def"), {0, 5, 99});
-    CVerseCursor run(files.text, 0, 2);
-    EXPECT_TRUE(run.next());
+    CVerseCursor cursor(files.text, 0, 2);
+    EXPECT_TRUE(cursor.next());
     EXPECT_EQ(files.readError(2), textError);
-    EXPECT_EQ(messageOf<std::ios_base::failure>([&] { run.next(); }), textError);
+    EXPECT_EQ(messageOf<std::ios_base::failure>([&] { cursor.next(); }), textError);
 }
 
 // The offsets of the verses are read in blocks; after a block that could not be read, none of it may be used.
 TEST(VerseCursor, AskedAgainAfterAFailureItFailsAgain)
 {
     VerseFiles files(record("abc"), {0});
-    CVerseCursor run(files.text, 0, 3);
-    EXPECT_TRUE(run.next());
+    CVerseCursor cursor(files.text, 0, 3);
+    EXPECT_TRUE(cursor.next());
     for (int again = 0; again < 3; ++again)
-        EXPECT_EQ(messageOf<std::out_of_range>([&] { run.next(); }),
+        EXPECT_EQ(messageOf<std::out_of_range>([&] { cursor.next(); }),
                   "CFileVector::operator [](): recordIndex out of range");
 }
 
-TEST(VerseCursor, AskedAgainAfterAFailedReadOfPlacesItFailsAgain)
+TEST(VerseCursor, AskedAgainAfterAFailedReadOfOffsetsItFailsAgain)
 {
     VerseFiles files(record("abc"), {0, 0, 0});
-    CVerseCursor run(files.text, 0, 3);
+    CVerseCursor cursor(files.text, 0, 3);
     files.shrinkPointTo(3);
     for (int again = 0; again < 3; ++again)
-        EXPECT_EQ(messageOf<std::ios_base::failure>([&] { run.next(); }),
+        EXPECT_EQ(messageOf<std::ios_base::failure>([&] { cursor.next(); }),
                   "CFileVector::operator [](): IO error");
 }
 
 TEST(VerseCursor, TellsTheBytesThatCameTogether)
 {
     VerseFiles files(record("abc") + record("de") + record("f"), {0, 5, 9});
-    CVerseCursor run(files.text, 0, 3, 9); // two verses, then the third
-    EXPECT_TRUE(run.next());
-    const unsigned int firstPiece = run.blockNum();
-    EXPECT_EQ(std::string(run.text().data(), run.blockEnd()), "abc\x02\0de"s);
-    EXPECT_TRUE(run.next());
-    EXPECT_EQ(run.blockNum(), firstPiece);
-    EXPECT_EQ(std::string(run.text().data(), run.blockEnd()), "de");
-    EXPECT_TRUE(run.next());
-    EXPECT_NE(run.blockNum(), firstPiece);
-    EXPECT_EQ(std::string(run.text().data(), run.blockEnd()), "f");
+    CVerseCursor cursor(files.text, 0, 3, 9); // two verses, then the third
+    EXPECT_TRUE(cursor.next());
+    const unsigned int firstPiece = cursor.blockNum();
+    EXPECT_EQ(std::string(cursor.text().data(), cursor.blockEnd()), "abc\x02\0de"s);
+    EXPECT_TRUE(cursor.next());
+    EXPECT_EQ(cursor.blockNum(), firstPiece);
+    EXPECT_EQ(std::string(cursor.text().data(), cursor.blockEnd()), "de");
+    EXPECT_TRUE(cursor.next());
+    EXPECT_NE(cursor.blockNum(), firstPiece);
+    EXPECT_EQ(std::string(cursor.text().data(), cursor.blockEnd()), "f");
 }
 
-TEST(VerseCursor, KeepsItsTextWhileAnotherRunReads)
+TEST(VerseCursor, KeepsItsTextWhileAnotherCursorReads)
 {
     VerseFiles files(record("abc") + record("def"), {0, 5});
     CVerseCursor one(files.text, 0, 2);
@@ -120,13 +120,13 @@ TEST(VerseCursor, ManyThousandVersesKeepTheirNumbers)
 {
     const MadeText made = countingText(10000);
     VerseFiles files(made.bytes, made.places);
-    CVerseCursor run(files.text, 0, 10000);
+    CVerseCursor cursor(files.text, 0, 10000);
     for (unsigned int verse = 0; verse < 10000; ++verse) {
-        ASSERT_TRUE(run.next());
-        ASSERT_EQ(run.verseNum(), verse);
-        ASSERT_EQ(run.text(), std::to_string(verse));
+        ASSERT_TRUE(cursor.next());
+        ASSERT_EQ(cursor.verseNum(), verse);
+        ASSERT_EQ(cursor.text(), std::to_string(verse));
     }
-    EXPECT_FALSE(run.next());
+    EXPECT_FALSE(cursor.next());
 }
 
 // Neither a verse count nor a length may cause an allocation larger than the files.
@@ -134,9 +134,9 @@ TEST(VerseCursor, HugeNumbersTakeLittleMemory)
 {
     VerseFiles files(record("abc") + "\xFF\xFF", {0, 5});
     const test_support::AllocationWatch watch;
-    CVerseCursor run(files.text, 0, 4294967295u, std::size_t(1) << 40);
-    EXPECT_TRUE(run.next());
-    EXPECT_EQ(messageOf<std::ios_base::failure>([&] { run.next(); }), textError);
+    CVerseCursor cursor(files.text, 0, 4294967295u, std::size_t(1) << 40);
+    EXPECT_TRUE(cursor.next());
+    EXPECT_EQ(messageOf<std::ios_base::failure>([&] { cursor.next(); }), textError);
     EXPECT_LT(watch.total(), 2 * CVerseCursor::defaultBlockBytes);
 }
 

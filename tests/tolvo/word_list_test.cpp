@@ -36,7 +36,7 @@ std::vector<std::string> wordsOf(const std::string& text)
 
 using Words = std::vector<std::string>;
 
-TEST(WordOrder, IsTheOneWithoutRegardToCase)
+TEST(WordOrder, IsTheOneIgnoringCase)
 {
     EXPECT_TRUE(caseInsensitiveComp("a", "B"));
     EXPECT_FALSE(caseInsensitiveComp("B", "a"));
@@ -46,7 +46,7 @@ TEST(WordOrder, IsTheOneWithoutRegardToCase)
     EXPECT_TRUE(caseInsensitiveComp("", "a"));
 }
 
-TEST(WordBeginning, IsComparedWithoutRegardToCase)
+TEST(WordBeginning, IsComparedIgnoringCase)
 {
     EXPECT_TRUE(caseInsensitiveBegins("Light", "lI"));
     EXPECT_TRUE(caseInsensitiveBegins(god, smallGod));

@@ -173,7 +173,7 @@ Found indexedWords(const Verses& verses, WordIndex& index)
     return found;
 }
 
-TEST(WordIndex, AgreesWithAPlainOneOnMadeTexts)
+TEST(WordIndex, AgreesWithASimpleOneOnGeneratedTexts)
 {
     const std::string alphabet = cp1251("абАБёЁjЈIі19'’.,:;-–—_\"«»&<>№ ") + "  ";
     std::mt19937 random(20240117);
