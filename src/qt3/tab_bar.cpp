@@ -26,12 +26,12 @@ int TabBar::addTab(const QString& label) { return insertTab(label, count()); }
 int TabBar::insertTab(const QString& label, int index)
 {
     const int id = m_nextId++;
-    const int place = index < 0 || index > count() ? count() : index;
-    m_ids.insert(place, id);
+    const int position = index < 0 || index > count() ? count() : index;
+    m_ids.insert(position, id);
     m_stacked.prepend(id);
     m_labels.insert(id, label);
     const QSignalBlocker blocker(this);
-    QTabBar::insertTab(place, label);
+    QTabBar::insertTab(position, label);
     showCurrent();
     return id;
 }

@@ -10,8 +10,8 @@ namespace Kedrin::Tolvo {
 std::string CRef::toString(const ITitles* titles) const
 {
     return ut::lets_out<std::out_of_range>("CRef::toString()", [&] {
-        const std::string place = ut::format(" %u:%u", m_chapter + 1, m_verse + 1);
-        return titles->abbreviatedTitle(m_bookID) + place;
+        const std::string position = ut::format(" %u:%u", m_chapter + 1, m_verse + 1);
+        return titles->abbreviatedTitle(m_bookID) + position;
     });
 }
 

@@ -52,8 +52,8 @@ CVerseCursor::CVerseCursor(CBibleText& text, unsigned int firstVerseNum, unsigne
 
 bool CVerseCursor::next()
 {
-    const std::size_t place = m_next - m_firstOffset;
-    if (m_left == 0 || m_text.m_failed || place >= m_offsets.size() || !holdsRecord(m_offsets[place]))
+    const std::size_t index = m_next - m_firstOffset;
+    if (m_left == 0 || m_text.m_failed || index >= m_offsets.size() || !holdsRecord(m_offsets[index]))
         return fetchNext();
     m_verseNum = m_next++;
     --m_left;
@@ -97,9 +97,9 @@ unsigned int CVerseCursor::offsetOf(unsigned int verseNum)
 /// End of a verse's record if the next verse's record follows it directly; 0 if not known.
 std::uint64_t CVerseCursor::endOf(unsigned int verseNum) const
 {
-    const std::size_t place = verseNum - m_firstOffset;
-    if (place + 1 < m_offsets.size())
-        return m_offsets[place + 1];
+    const std::size_t index = verseNum - m_firstOffset;
+    if (index + 1 < m_offsets.size())
+        return m_offsets[index + 1];
     const bool lastOfAll = std::size_t(verseNum) + 1 == m_text.m_compactPoint->size();
     return lastOfAll ? m_text.m_textStream.size() : 0;
 }

@@ -19,20 +19,20 @@ CDiff::CDiff(const char* fileName)
             const auto verseDelta = numbers.nextSigned();
             if (!verseDelta) // a reader that has failed once stays failed
                 return;
-            const CRefDelta toCommon(*chapterDelta, *verseDelta);
-            const CRefDelta toModule(static_cast<int>(0u - static_cast<unsigned int>(*chapterDelta)),
-                                     static_cast<int>(0u - static_cast<unsigned int>(*verseDelta)));
-            const CRef place(*book - 1, *chapter - 1, *verse - 1);
-            m_localToGlobal.emplace(place, toCommon); // of equal keys the first record is kept
-            m_globalToLocal.emplace(place + toCommon, toModule);
+            const CRefDelta deltaToGlobal(*chapterDelta, *verseDelta);
+            const CRefDelta deltaToLocal(static_cast<int>(0u - static_cast<unsigned int>(*chapterDelta)),
+                                         static_cast<int>(0u - static_cast<unsigned int>(*verseDelta)));
+            const CRef position(*book - 1, *chapter - 1, *verse - 1);
+            m_localToGlobal.emplace(position, deltaToGlobal); // of equal keys the first record is kept
+            m_globalToLocal.emplace(position + deltaToGlobal, deltaToLocal);
         }
     });
 }
 
 CRef CDiff::convertWithMap(const CRef& ref, const Table& table) const noexcept
 {
-    for (const auto& [place, delta] : table)
-        if (place.chaptersBeginning() == ref.chaptersBeginning())
+    for (const auto& [position, delta] : table)
+        if (position.chaptersBeginning() == ref.chaptersBeginning())
             return ref + delta;
     return ref;
 }

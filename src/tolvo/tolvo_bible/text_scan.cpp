@@ -36,9 +36,9 @@ public:
 
     Block(char caseBits, char byte) : m_caseBits(_mm_set1_epi8(caseBits)), m_bytes(_mm_set1_epi8(byte)) {}
 
-    __m128i equal(const char* place) const
+    __m128i equal(const char* position) const
     {
-        const __m128i text = _mm_loadu_si128(reinterpret_cast<const __m128i*>(place));
+        const __m128i text = _mm_loadu_si128(reinterpret_cast<const __m128i*>(position));
         return _mm_cmpeq_epi8(_mm_or_si128(text, m_caseBits), m_bytes);
     }
     static __m128i both(__m128i a, __m128i b) { return _mm_and_si128(a, b); }
@@ -62,10 +62,10 @@ public:
 
     Block(char caseBits, char byte) : m_caseBits(spread(caseBits)), m_bytes(spread(byte)) {}
 
-    Mask equal(const char* place) const
+    Mask equal(const char* position) const
     {
         Mask text;
-        std::memcpy(&text, place, sizeof text);
+        std::memcpy(&text, position, sizeof text);
         const Mask differing = (text | m_caseBits) ^ m_bytes;
         return ~(((differing & lowBits) + lowBits) | differing | lowBits); // 0x80 if a byte is zero
     }
@@ -95,18 +95,18 @@ public:
           m_distance(distance)
     {}
 
-    /// The positions of one block, starting at `place`, where both bytes match.
-    auto candidates(const char* place) const
+    /// The positions of one block, starting at `position`, where both bytes match.
+    auto candidates(const char* position) const
     {
-        return Block::both(m_first.equal(place), m_last.equal(place + m_distance));
+        return Block::both(m_first.equal(position), m_last.equal(position + m_distance));
     }
 
-    /// Whether any of the `reach` positions starting at `place` is a candidate.
-    bool hasCandidate(const char* place) const
+    /// Whether any of the `reach` positions starting at `position` is a candidate.
+    bool hasCandidate(const char* position) const
     {
         constexpr std::ptrdiff_t size = Block::byteCount;
-        const auto front = Block::either(candidates(place), candidates(place + size));
-        const auto back = Block::either(candidates(place + 2 * size), candidates(place + 3 * size));
+        const auto front = Block::either(candidates(position), candidates(position + size));
+        const auto back = Block::either(candidates(position + 2 * size), candidates(position + 3 * size));
         return Block::mask(Block::either(front, back)) != 0;
     }
 
@@ -127,10 +127,10 @@ CTextScan::CTextScan(std::string_view needle, Case letterCase)
     }
 }
 
-bool CTextScan::standsAt(const char* place) const
+bool CTextScan::matchesAt(const char* position) const
 {
     for (std::size_t i = 0; i < m_bytes.size(); ++i)
-        if (static_cast<char>(place[i] | m_caseBits[i]) != m_bytes[i])
+        if (static_cast<char>(position[i] | m_caseBits[i]) != m_bytes[i])
             return false;
     return true;
 }
@@ -142,29 +142,29 @@ const char* CTextScan::find(const char* begin, const char* end) const
     const auto needleSize = static_cast<std::ptrdiff_t>(m_bytes.size());
     const Probe probe(Block(m_caseBits.front(), m_bytes.front()), Block(m_caseBits.back(), m_bytes.back()),
                       needleSize - 1);
-    const auto findInBlocks = [&](const char* place, std::ptrdiff_t count) -> const char* {
-        for (; count > 0; --count, place += Block::byteCount)
-            for (auto mask = Block::mask(probe.candidates(place)); mask != 0; mask &= mask - 1) {
-                const char* candidate = place + std::countr_zero(mask) / Block::bitsPerByte;
-                if (standsAt(candidate))
+    const auto findInBlocks = [&](const char* position, std::ptrdiff_t count) -> const char* {
+        for (; count > 0; --count, position += Block::byteCount)
+            for (auto mask = Block::mask(probe.candidates(position)); mask != 0; mask &= mask - 1) {
+                const char* candidate = position + std::countr_zero(mask) / Block::bitsPerByte;
+                if (matchesAt(candidate))
                     return candidate;
             }
         return nullptr;
     };
 
-    const char* place = begin;
-    std::ptrdiff_t placesLeft = end - begin - needleSize + 1; // negative for a needle that is too long
-    for (; placesLeft >= Probe::reach; place += Probe::reach, placesLeft -= Probe::reach)
-        if (probe.hasCandidate(place))
-            if (const char* hit = findInBlocks(place, Probe::blockCount))
+    const char* position = begin;
+    std::ptrdiff_t positionsLeft = end - begin - needleSize + 1; // negative for a needle that is too long
+    for (; positionsLeft >= Probe::reach; position += Probe::reach, positionsLeft -= Probe::reach)
+        if (probe.hasCandidate(position))
+            if (const char* hit = findInBlocks(position, Probe::blockCount))
                 return hit;
-    if (placesLeft <= 0)
+    if (positionsLeft <= 0)
         return end;
-    if (const char* hit = findInBlocks(place, placesLeft / Block::byteCount))
+    if (const char* hit = findInBlocks(position, positionsLeft / Block::byteCount))
         return hit;
-    for (std::ptrdiff_t i = placesLeft - placesLeft % Block::byteCount; i < placesLeft; ++i)
-        if (standsAt(place + i))
-            return place + i;
+    for (std::ptrdiff_t i = positionsLeft - positionsLeft % Block::byteCount; i < positionsLeft; ++i)
+        if (matchesAt(position + i))
+            return position + i;
     return end;
 }
 

@@ -33,7 +33,7 @@ public:
     const char* find(const char* begin, const char* end) const;
 
 private:
-    bool standsAt(const char* place) const;
+    bool matchesAt(const char* position) const;
 
     std::string m_caseBits; ///< for each byte of the needle: 0x20 if its case is ignored, else 0
     std::string m_bytes;    ///< each byte of the needle with its case bit set
