@@ -159,15 +159,15 @@ void ChapterDocumentTest::emptyVerseKeepsItsLine()
 void ChapterDocumentTest::missingChapterThrows()
 {
     const Translation translation(threeChapters());
-    QVERIFY_EXCEPTION_THROWN(translation.chapter(3, 0, false), std::out_of_range);
-    QVERIFY_EXCEPTION_THROWN(translation.chapter(4294967295u, 0, false), std::out_of_range);
+    QVERIFY_THROWS_EXCEPTION(std::out_of_range, translation.chapter(3, 0, false));
+    QVERIFY_THROWS_EXCEPTION(std::out_of_range, translation.chapter(4294967295u, 0, false));
 }
 
 void ChapterDocumentTest::missingBookThrows()
 {
     const Translation translation(threeChapters());
-    QVERIFY_EXCEPTION_THROWN(chapterDocument(translation.bible(), 1, 0, 0, false), std::out_of_range);
-    QVERIFY_EXCEPTION_THROWN(chapterDocument(translation.bible(), 1, 0, 0, true), std::out_of_range);
+    QVERIFY_THROWS_EXCEPTION(std::out_of_range, chapterDocument(translation.bible(), 1, 0, 0, false));
+    QVERIFY_THROWS_EXCEPTION(std::out_of_range, chapterDocument(translation.bible(), 1, 0, 0, true));
 }
 
 QTEST_APPLESS_MAIN(ChapterDocumentTest)
