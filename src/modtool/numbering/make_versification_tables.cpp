@@ -63,7 +63,7 @@ public:
             std::cout << '{' << unsigned(run.chapter) << ", " << unsigned(run.first) << ", "
                       << unsigned(run.last) << ", " << unsigned(run.globalChapter) << ", " << run.shift
                       << "},\n";
-        std::cout << "};\nconstexpr NumberedBook books[] = {\n";
+        std::cout << "};\nconstexpr NumberedBook numberedBooks[] = {\n";
         for (const NumberedBook& book : m_books)
             std::cout << '{' << unsigned(book.globalID) << ", " << unsigned(book.chaptersCount) << ", "
                       << book.runsCount << ", " << book.firstChapter << ", " << book.firstRun << "},\n";

@@ -17,7 +17,7 @@ namespace {
 
 std::span<const NumberedBook> booksOf(const NumberedSystem& system)
 {
-    return std::span(books).subspan(system.firstBook, system.booksCount);
+    return std::span(numberedBooks).subspan(system.firstBook, system.booksCount);
 }
 
 std::span<const std::uint8_t> verseCountsOf(const NumberedBook& book)

@@ -114,7 +114,7 @@ std::string bookOf(const CJsonDocument& document, BookClues& clues)
                            byName));
     if (!byNumber.empty())
         return byNumber;
-    const std::string byPosition = clues.position == 0 ? "" : osisOfZefania(clues.position);
+    std::string byPosition = clues.position == 0 ? "" : osisOfZefania(clues.position);
     if (!byPosition.empty() && !contradict(byPosition, byName)) {
         clues.isByPosition = byName.empty() && firstKnown(clues.codes) != byPosition;
         return byPosition;

@@ -53,7 +53,7 @@ private:
     /// The number, or the last part of a reference such as GEN.1.1.
     std::string verseNumber() const
     {
-        const std::string number = m_xml.attribute("id");
+        std::string number = m_xml.attribute("id");
         if (!number.empty())
             return number;
         const std::string reference = m_xml.attribute("bcv");
@@ -63,7 +63,7 @@ private:
     /// The marker of an element: its name, or what its attributes state.
     std::string markerOf(const std::string& name) const
     {
-        const std::string marker = m_xml.attribute("sfm");
+        std::string marker = m_xml.attribute("sfm");
         if ((name == "p" || name == "cs") && !marker.empty())
             return marker;
         return name == "toc" ? name + m_xml.attribute("level") : name;
