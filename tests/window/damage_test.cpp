@@ -19,7 +19,7 @@ ModuleFiles wholeModule(const std::string& title = "А")
 {
     test_support::Book book{0, "Битие", {{}, {}}};
     for (int verse = 1; verse <= 5; ++verse)
-        for (int chapter : {1, 2})
+        for (const unsigned int chapter : {1u, 2u})
             book.chapters[chapter - 1].push_back("7 Битие " + std::to_string(chapter) + " глава");
     return makeModule(title, {book});
 }
