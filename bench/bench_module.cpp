@@ -22,8 +22,10 @@ std::vector<std::string> makeVocabulary(std::mt19937& random)
     while (words.size() + 2 < CBenchModule::wordCount) {
         std::string word;
         const std::size_t syllables = 1 + std::min<std::size_t>(words.size(), 1000) / 300 + random() % 2;
-        for (std::size_t i = 0; i < syllables; ++i)
-            word = word + consonants[random() % consonants.size()] + vowels[random() % vowels.size()];
+        for (std::size_t i = 0; i < syllables; ++i) {
+            word += consonants[random() % consonants.size()];
+            word += vowels[random() % vowels.size()];
+        }
         if (random() % 2 == 0)
             word += consonants[random() % consonants.size()];
         if (known.insert(word).second)

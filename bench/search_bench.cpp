@@ -85,11 +85,11 @@ void read_text_only(benchmark::State& state)
     const CBenchModule& module = CBenchModule::get();
     ut::CInputFile text(module.file("CompactText.bin").c_str());
     ut::CInputFile point(module.file("CompactPoint.bin").c_str());
-    std::vector<char> piece(CVerseCursor::defaultPieceBytes);
+    std::vector<char> block(CVerseCursor::defaultBlockBytes);
     for (auto _ : state)
         for (ut::CInputFile* file : {&text, &point})
-            for (std::uint64_t offset = 0; offset < file->size(); offset += piece.size())
-                benchmark::DoNotOptimize(file->readAt(offset, piece.data(), piece.size()));
+            for (std::uint64_t offset = 0; offset < file->size(); offset += block.size())
+                benchmark::DoNotOptimize(file->readAt(offset, block.data(), block.size()));
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size() + point.size()));
 }
 BENCHMARK(read_text_only);

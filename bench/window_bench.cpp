@@ -25,7 +25,7 @@ namespace {
 using namespace Kedrin::Tolvo;
 using Watch = PaintWatch<qt3::Application>;
 
-Watch& watch() { return *dynamic_cast<Watch*>(qApp); }
+Watch& watch() { return dynamic_cast<Watch&>(*qApp); }
 
 std::string moduleFolder(const char* name) { return windowFolder() + "/modules/bibles/" + name; }
 
@@ -151,7 +151,7 @@ BENCHMARK(search_only)->Unit(benchmark::kMillisecond);
 
 std::string pageFile()
 {
-    const std::string name = windowFolder() + "/page.html";
+    std::string name = windowFolder() + "/page.html";
     QFile file(QString::fromStdString(name));
     file.open(QIODevice::WriteOnly);
     file.write(chapterDocument(CBible(moduleFolder("a")), 0, 0, 0, false).toUtf8());
