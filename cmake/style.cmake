@@ -1,6 +1,6 @@
-# The tests style.format and style.tidy, and the target tidy, which does the work of the latter. Each source has a stamp,
-# made when clang-tidy finds nothing in it and older than its object file once anything that it includes has changed, so
-# that only those sources are read again.
+# The tests style.format and style.tidy, and the target tidy, which the latter builds. Each source has a stamp
+# file, created if clang-tidy finds nothing. The stamp depends on the object file, so only sources that have
+# changed, or include a changed header, are checked again.
 set(style_paths src tests fuzz bench)
 list(TRANSFORM style_paths PREPEND ${PROJECT_SOURCE_DIR}/)
 find_program(KEDRIN_CLANG_FORMAT clang-format-14 REQUIRED)
@@ -13,7 +13,7 @@ set(tidy_folder ${CMAKE_BINARY_DIR}/tidy)
 set(tidy_version ${tidy_folder}/version)
 set(tidy_rules ${tidy_version} ${PROJECT_SOURCE_DIR}/.clang-tidy ${PROJECT_SOURCE_DIR}/tests/style/tidy_file.sh)
 
-# Always run; what depends on the file is out of date only where it has changed.
+# Always runs, but changes the file only if the version has changed.
 add_custom_target(tidy_version
   COMMAND bash -c "$1 --version | cmp -s - $2 || $1 --version >$2" tidy_version ${KEDRIN_CLANG_TIDY} ${tidy_version}
   BYPRODUCTS ${tidy_version} COMMENT "" VERBATIM)
@@ -30,7 +30,7 @@ function(targets_below directory result)
   set(${result} ${found} PARENT_SCOPE)
 endfunction()
 
-# own_sources(TARGET RESULT): the .cpp files of the project that the target compiles, by their full names.
+# own_sources(TARGET RESULT): the .cpp files of the project that the target compiles, with full paths.
 function(own_sources target result)
   get_target_property(sources ${target} SOURCES)
   get_target_property(directory ${target} SOURCE_DIR)
@@ -52,8 +52,8 @@ function(tidy_source source target stamp)
   cmake_path(GET source FILENAME file)
   string(REPLACE . "\\." object "/${file}.o")
   set(rules ${tidy_rules})
-  if(source MATCHES "^${PROJECT_SOURCE_DIR}/tests/")
-    list(APPEND rules ${PROJECT_SOURCE_DIR}/tests/.clang-tidy)
+  if(source MATCHES "^${PROJECT_SOURCE_DIR}/(tests|bench)/")
+    list(APPEND rules ${PROJECT_SOURCE_DIR}/${CMAKE_MATCH_1}/.clang-tidy)
   endif()
   add_custom_command(OUTPUT ${stamp}
     COMMAND ${PROJECT_SOURCE_DIR}/tests/style/tidy_file.sh ${KEDRIN_CLANG_TIDY} ${CMAKE_BINARY_DIR} ${source} ${stamp}
@@ -61,8 +61,6 @@ function(tidy_source source target stamp)
     COMMENT "" VERBATIM)
 endfunction()
 
-# The rest has not been gone through yet.
-set(tidied "^(src/(base|tolvo|qt3|window|main)|fuzz/.*_fuzzer|tests/(base|conformance|doc|support))")
 set(tidy_stamps)
 targets_below(${PROJECT_SOURCE_DIR} style_targets)
 foreach(target IN LISTS style_targets)
@@ -70,7 +68,7 @@ foreach(target IN LISTS style_targets)
   foreach(source IN LISTS sources)
     cmake_path(RELATIVE_PATH source BASE_DIRECTORY ${PROJECT_SOURCE_DIR} OUTPUT_VARIABLE name)
     set(stamp ${tidy_folder}/${name}.stamp)
-    if(NOT stamp IN_LIST tidy_stamps AND name MATCHES "${tidied}")
+    if(NOT stamp IN_LIST tidy_stamps)
       tidy_source(${source} ${target} ${stamp})
       list(APPEND tidy_stamps ${stamp})
     endif()
