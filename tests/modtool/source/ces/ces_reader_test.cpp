@@ -30,8 +30,8 @@ std::string verse(const std::string& number, const std::string& text)
 
 std::string book(const std::string& code)
 {
-    return "<div id='b." + code + "' type='book'><div id='b." + code + ".2' type='chapter'><seg id='b." + code +
-           ".2.3' type='verse'>a</seg></div></div>";
+    return "<div id='b." + code + "' type='book'><div id='b." + code + ".2' type='chapter'><seg id='b." +
+           code + ".2.3' type='verse'>a</seg></div></div>";
 }
 
 std::string errorIn(const std::string& content)
@@ -52,8 +52,8 @@ TEST(CesReader, VersesOfBooksByCode)
 
 TEST(CesReader, VersesOnLinesOfTheirOwn)
 {
-    const SourceBible bible = chapter("\r\n" + verse("1", "\r\n\tone\r\n  two\r\n") + "\r\n" +
-                                      "<seg id='b.GEN.1.2'>three</seg>");
+    const SourceBible bible =
+        chapter("\r\n" + verse("1", "\r\n\tone\r\n  two\r\n") + "\r\n" + "<seg id='b.GEN.1.2'>three</seg>");
     EXPECT_EQ(linesOf(bible), "Gen 1:1 one two\nGen 1:2 three\n");
     EXPECT_EQ(bible.findings.text(), "");
 }
@@ -79,9 +79,10 @@ TEST(CesReader, VersesGivenTwiceAreJoinedOrTakenOnce)
 
 TEST(CesReader, OtherElementsInAVerseAreText)
 {
-    EXPECT_EQ(linesOf(chapter(verse("1", "one <seg id='b.GEN.1.9' type='verse'>two</seg> <w>th</w>ree<l>four</l>"
-                                         "<p>five</p>six<seg type='part'>seven</seg>"))),
-              "Gen 1:1 one two three four five sixseven\n");
+    EXPECT_EQ(
+        linesOf(chapter(verse("1", "one <seg id='b.GEN.1.9' type='verse'>two</seg> <w>th</w>ree<l>four</l>"
+                                   "<p>five</p>six<seg type='part'>seven</seg>"))),
+        "Gen 1:1 one two three four five sixseven\n");
 }
 
 TEST(CesReader, NotesHeadingsAndTextOutsideAreLeftOutAndCounted)
@@ -95,9 +96,9 @@ TEST(CesReader, NotesHeadingsAndTextOutsideAreLeftOutAndCounted)
 
 TEST(CesReader, TitleOfTheHeader)
 {
-    const SourceBible bible =
-        readCes("f", "<cesDoc><cesHeader><h.title> Title </h.title><h.title>no</h.title><a>b</a></cesHeader>" +
-                         book("GEN") + "</cesDoc>");
+    const SourceBible bible = readCes(
+        "f", "<cesDoc><cesHeader><h.title> Title </h.title><h.title>no</h.title><a>b</a></cesHeader>" +
+                 book("GEN") + "</cesDoc>");
     EXPECT_EQ(bible.info.fullTitle, "Title");
     EXPECT_EQ(bible.findings.text(), "");
 }

@@ -38,10 +38,9 @@ TEST(PlainDetection, FoldersOfFilesWithoutUsfm)
     folder.write(".hidden", "Gen 1:1 x\n");
     const SourceBible bible = readSourceFile(folder.path().string(), {});
     EXPECT_EQ(linesOf(bible), "Gen 1:1 a\nExod 1:1 b\n");
-    EXPECT_EQ(bible.findings.text(),
-              "read as       lines: #chapter:verse#text\n"
-              "left out      the file README, which contains no verses\n"
-              "interpreted   2 books by the names of their files, first at Gen 1:1\n");
+    EXPECT_EQ(bible.findings.text(), "read as       lines: #chapter:verse#text\n"
+                                     "left out      the file README, which contains no verses\n"
+                                     "interpreted   2 books by the names of their files, first at Gen 1:1\n");
     ReadOptions plain;
     plain.format = SourceFormat::plainLines;
     const TempFolder none;
