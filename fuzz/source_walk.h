@@ -13,17 +13,14 @@ namespace fuzz {
 
 constexpr std::size_t maxSourceFuzzBytes = 16384; // enough for every construct of a format, many times
 
-/// Reads a source by `read`, which may throw only CBuildError, and checks the guarantees of SourceBible:
+/// Reads a source by `read()`, which may throw only CBuildError, and checks the guarantees of SourceBible:
 /// positions in range, ascending and unique; texts inside the text.
 template <typename Read>
-void walkSource(const std::uint8_t* data, std::size_t size, Read&& read)
+void walkBible(Read&& read)
 {
     using namespace Kedrin::ModTool;
-    if (size > maxSourceFuzzBytes)
-        return;
     try {
-        const std::string text = decodedText(std::string(reinterpret_cast<const char*>(data), size), "f", "");
-        const SourceBible bible = read(text);
+        const SourceBible bible = read();
         auto last = std::tuple(0u, 0u, 0u);
         for (const SourceVerse& verse : bible.verses) {
             const auto position = std::tuple(verse.book + 1u, unsigned{verse.chapter}, unsigned{verse.verse});
@@ -37,6 +34,17 @@ void walkSource(const std::uint8_t* data, std::size_t size, Read&& read)
             std::abort();
     } catch (const CBuildError&) {
     }
+}
+
+/// The same for a text, which `read` gets if it is UTF-8.
+template <typename Read>
+void walkSource(const std::uint8_t* data, std::size_t size, Read&& read)
+{
+    if (size <= maxSourceFuzzBytes)
+        walkBible([&] {
+            return read(Kedrin::ModTool::decodedText(std::string(reinterpret_cast<const char*>(data), size),
+                                                     "f", ""));
+        });
 }
 
 } // namespace fuzz

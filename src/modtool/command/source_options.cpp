@@ -60,6 +60,7 @@ void CSourceOptions::addReadingOptions(CLI::App& command)
                                                       {"json", SourceFormat::json},
                                                       {"opensong", SourceFormat::opensong},
                                                       {"osis", SourceFormat::osis},
+                                                      {"sqlite", SourceFormat::sqlite},
                                                       {"usfm", SourceFormat::usfm},
                                                       {"usfx", SourceFormat::usfx},
                                                       {"usx", SourceFormat::usx},
@@ -71,7 +72,7 @@ void CSourceOptions::addReadingOptions(CLI::App& command)
                                                   {"orthodox", BookOrder::orthodox}};
     const std::map<std::string, bool> titles{{"bg", false}, {"source", true}};
     addChoice(command, "--from",
-              "beblia|ces|json|opensong|osis|usfm|usfx|usx|zefania|plain-lines|verse-lines", formats,
+              "beblia|ces|json|opensong|osis|sqlite|usfm|usfx|usx|zefania|plain-lines|verse-lines", formats,
               m_reading.format, tr("Format of the source, if it is detected wrongly"));
     command
         .add_option("--encoding", m_reading.encoding,

@@ -14,6 +14,8 @@
 #include "plain_reader.h"
 #include "root_element.h"
 #include "source_folder.h"
+#include "sqlite_database.h"
+#include "sqlite_reader.h"
 #include "text_input.h"
 #include "usfm_reader.h"
 #include "usfx_reader.h"
@@ -100,6 +102,20 @@ SourceBible readContent(const std::string& fileName, std::string content, const 
     }
 }
 
+SourceBible readFile(const std::string& path, const ReadOptions& options)
+{
+    const bool isAny = options.format == SourceFormat::detected;
+    if (options.format == SourceFormat::sqlite || (isAny && isSqliteFile(path))) {
+        if (!options.book.empty())
+            throw CBuildError(message("%s: --book is for a file of plain lines", path));
+        return readSqlite(path);
+    }
+    std::string recognised;
+    SourceBible bible = readContent(path, readText(path, options.encoding, &recognised), options);
+    sayRecognised(bible, recognised);
+    return bible;
+}
+
 /// Missing titles are taken from the file name or from a longer title.
 void nameAfterFile(SourceInfo& info, const std::string& path, bool isFolder)
 {
@@ -152,10 +168,7 @@ SourceBible readSourceFile(const std::string& path, const ReadOptions& options)
 {
     std::error_code ignored;
     const bool isFolder = fs::is_directory(path, ignored);
-    std::string recognised;
-    SourceBible bible = isFolder ? readSourceFolder(path, options)
-                                 : readContent(path, readText(path, options.encoding, &recognised), options);
-    sayRecognised(bible, recognised);
+    SourceBible bible = isFolder ? readSourceFolder(path, options) : readFile(path, options);
     nameAfterFile(bible.info, path, isFolder);
     orderBooks(bible, options.order);
     return bible;

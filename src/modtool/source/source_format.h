@@ -16,6 +16,7 @@ enum class SourceFormat
     json,
     opensong,
     osis,
+    sqlite,
     usfm,
     usfx,
     usx,

@@ -37,7 +37,7 @@ for command in add build check export list remove show search info words diff; d
     expect "$options" kedrin-module "$command" -
 done
 expect "--count " kedrin-module search m --cou
-expect "beblia ces json opensong osis plain-lines usfm usfx usx verse-lines zefania " kedrin-module build --from ""
+expect "beblia ces json opensong osis plain-lines sqlite usfm usfx usx verse-lines zefania " kedrin-module build --from ""
 expect "osis " kedrin-module export m --to o
 expect "orthodox protestant source " kedrin-module build --book-order ""
 expect "bg source " kedrin-module build --titles ""

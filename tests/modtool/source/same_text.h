@@ -2,6 +2,7 @@
 
 #include "build_fixture.h"
 #include "made_lines.h"
+#include "made_sqlite.h"
 #include "marked_files.h"
 #include "marked_maker.h"
 #include "osis_writer.h"
@@ -56,6 +57,7 @@ inline constexpr Format allFormats[] = {{"usfm", "USFM", true, true, true},
                                         {"beblia", "Beblia XML", false, false, false},
                                         {"opensong", "OpenSong XML", false, false, false},
                                         {"ces", "CES XML", false, false, false},
+                                        {"sqlite", "SQLite", false, false, false},
                                         {"usx", "USX", true, true, false},
                                         {"usfx", "USFX", true, true, false}};
 
@@ -95,8 +97,11 @@ protected:
         build(m_folder.write("made.json", build_test::jsonFile(bible)), "json");
         build(m_folder.write("ces.xml", build_test::cesFile(bible)), "ces");
         build(m_folder.write("opensong", build_test::openSongFile(bible)), "opensong");
-        if (isOf66Books(bible))
+        if (isOf66Books(bible)) {
             build(m_folder.write("beblia.xml", build_test::bebliaFile(bible)), "beblia");
+            build_test::writeSqlite(m_folder.file("made.db"), bible);
+            build(m_folder.file("made.db"), "sqlite");
+        }
         EXPECT_EQ(reportLine("usfm", "kept"), ""); // no marker is unknown
         const build_test::MarkedCounts counts = countMarks(bible);
         for (const Format& format : formats()) {

@@ -71,9 +71,9 @@ TEST(SourcesPage, NamesEveryTestOfItsSubjects)
     for (const char* subject :
          {"OsisReader.",     "OsisVariety.",       "UsfmReader.",   "UsfmVariety.", "ZefaniaReader.",
           "ZefaniaVariety.", "VerseLinesVariety.", "BebliaReader.", "CesReader.",   "JsonReader.",
-          "OpenSongReader.", "UsxReader.",         "UsfxReader.",   "OddBooks.",    "PlainBalance.",
-          "PlainDetection.", "PlainLines.",        "PlainPage.",    "PlainTables.", "Letters.",
-          "NothingLost."}) {
+          "OpenSongReader.", "SqliteReader.",      "UsxReader.",    "UsfxReader.",  "OddBooks.",
+          "PlainBalance.",   "PlainDetection.",    "PlainLines.",   "PlainPage.",   "PlainTables.",
+          "Letters.",        "NothingLost."}) {
         const std::string begin = std::string("\"name\" : \"") + subject;
         for (std::size_t i = listing.find(begin); i != std::string::npos; i = listing.find(begin, i + 1)) {
             const std::size_t name = i + begin.size() - std::string(subject).size();

@@ -1,12 +1,37 @@
 #include "letter_proof.h"
 
 #include "errors.h"
+#include "html_entities.h"
 #include "letters.h"
 #include "messages.h"
+
+#include <unicode/unistr.h>
 
 #include <algorithm>
 
 namespace Kedrin::ModTool {
+
+namespace {
+
+/// The text with its character references resolved.
+std::string resolved(std::string_view text)
+{
+    constexpr std::size_t longest = 12;
+    std::string characters;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const std::size_t end = text[i] == '&' ? text.find(';', i) : std::string_view::npos;
+        const auto character =
+            end < i + longest ? referencedCharacter(text.substr(i + 1, end - i - 1)) : std::nullopt;
+        if (character)
+            icu::UnicodeString(static_cast<UChar32>(*character)).toUTF8String(characters);
+        else
+            characters += text[i];
+        i = character ? end : i;
+    }
+    return characters;
+}
+
+} // namespace
 
 void CLetterProof::compare(std::string_view utf8, std::size_t line)
 {
@@ -15,6 +40,11 @@ void CLetterProof::compare(std::string_view utf8, std::size_t line)
     if (!m_rest.starts_with(letters))
         fail(letters, line);
     m_rest.remove_prefix(letters.size());
+}
+
+void CLetterProof::compareMarkedText(std::string_view utf8, std::size_t line)
+{
+    compare(resolved(utf8), line);
 }
 
 std::uint64_t CLetterProof::finish(std::size_t line)

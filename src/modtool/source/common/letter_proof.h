@@ -22,6 +22,10 @@ public:
     ///                      please report it", with some letters of each
     void compare(std::string_view utf8, std::size_t line);
 
+    /// The same for a text with character references, which are resolved; its tags are text.
+    /// @throws CBuildError  as compare()
+    void compareMarkedText(std::string_view utf8, std::size_t line);
+
     /// The end of the source.
     /// @throws CBuildError  the same, where the reader has more
     /// @returns the letters and digits of the source

@@ -1,34 +1,13 @@
 #include "json_letters.h"
 
-#include "html_entities.h"
 #include "json_events.h"
 #include "letter_proof.h"
-
-#include <unicode/unistr.h>
 
 #include <algorithm>
 
 namespace Kedrin::ModTool {
 
 namespace {
-
-/// The text with its character references resolved.
-std::string resolved(std::string_view text)
-{
-    constexpr std::size_t longest = 12;
-    std::string characters;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const std::size_t end = text[i] == '&' ? text.find(';', i) : std::string_view::npos;
-        const auto character =
-            end < i + longest ? referencedCharacter(text.substr(i + 1, end - i - 1)) : std::nullopt;
-        if (character)
-            icu::UnicodeString(static_cast<UChar32>(*character)).toUTF8String(characters);
-        else
-            characters += text[i];
-        i = character ? end : i;
-    }
-    return characters;
-}
 
 class CStrings : public JsonEvents
 {
@@ -37,7 +16,7 @@ public:
 
     bool string(std::string& text)
     {
-        m_proof.compare(resolved(text), m_lines.line());
+        m_proof.compareMarkedText(text, m_lines.line());
         return true;
     }
 

@@ -1,0 +1,289 @@
+#include "sqlite_reader.h"
+
+#include "ascii.h"
+#include "errors.h"
+#include "inline_markup.h"
+#include "letter_proof.h"
+#include "messages.h"
+#include "module_format.h"
+#include "sqlite_books.h"
+#include "sqlite_database.h"
+#include "verse_collector.h"
+
+#include <unicode/utf8.h>
+
+#include <algorithm>
+#include <optional>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+constexpr std::size_t maxRows = 1000000;
+constexpr std::size_t maxTextBytes = 1u << 20;
+
+using Table = CSqliteDatabase::Table;
+using Names = std::initializer_list<std::string_view>;
+
+/// The table's column with one of these names, ignoring case, or "".
+std::string columnOf(const Table& table, Names names)
+{
+    for (const std::string_view name : names)
+        for (const std::string& column : table.columns)
+            if (lower(column) == name)
+                return column;
+    return "";
+}
+
+/// The columns of a table of verses. If it has none of book, chapter and verse, `id` has all three, such as 1001001.
+struct VerseColumns
+{
+    std::string table, id, book, chapter, verse, text;
+
+    bool areComplete() const
+    {
+        return !text.empty() && (!id.empty() || (!book.empty() && !chapter.empty() && !verse.empty()));
+    }
+};
+
+VerseColumns verseColumnsOf(const Table& table)
+{
+    VerseColumns found;
+    found.table = table.name;
+    found.book = columnOf(table, {"book_number", "book", "book_id", "b"});
+    found.chapter = columnOf(table, {"chapter", "chapter_number", "c"});
+    found.verse = columnOf(table, {"verse", "verse_number", "v"});
+    found.text = columnOf(table, {"text", "scripture", "verse_text", "t", "content"});
+    if (found.book.empty() && found.chapter.empty() && found.verse.empty())
+        found.id = columnOf(table, {"id", "verse_id", "vid"});
+    return found;
+}
+
+bool isValidUtf8(std::string_view text)
+{
+    const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
+    const auto length = static_cast<std::int32_t>(text.size());
+    for (std::int32_t i = 0; i < length;) {
+        UChar32 codePoint;
+        U8_NEXT(bytes, i, length, codePoint);
+        if (codePoint < 0)
+            return false;
+    }
+    return true;
+}
+
+/// A number, which may be text or 1.0.
+std::optional<VerseNumber> numberOf(std::string_view text)
+{
+    if (text.ends_with(".0"))
+        text.remove_suffix(2);
+    return parseVerseNumber(text);
+}
+
+class CSqliteReader
+{
+public:
+    explicit CSqliteReader(const std::string& fileName) : m_fileName(fileName), m_database(fileName) {}
+
+    SourceBible read()
+    {
+        const std::vector<Table> tables = m_database.tables();
+        m_columns = chooseTable(tables);
+        CSqliteBooks books(m_database, hasSpacedNumbers());
+        std::vector<std::string> others;
+        for (const Table& table : tables)
+            if (table.name != m_columns.table && !readBooks(table, books) && !readInfo(table))
+                others.push_back(table.name);
+        readVerses(books);
+        SourceBible bible = m_verses.finish(m_fileName);
+        bible.letters = proveLetters();
+        bible.findings.say(translatable("source"),
+                           message("SQLite, verses of the table %s", inQuotes(m_columns.table)));
+        if (!others.empty())
+            bible.findings.say(translatable("left out"),
+                               message("tables without verses: %s", joined(others, ", ").substr(0, 200)));
+        return bible;
+    }
+
+private:
+    VerseColumns chooseTable(const std::vector<Table>& tables) const
+    {
+        std::vector<VerseColumns> found;
+        std::vector<std::string> names;
+        for (const Table& table : tables)
+            if (const VerseColumns columns = verseColumnsOf(table); columns.areComplete()) {
+                found.push_back(columns);
+                names.push_back(inQuotes(table.name));
+            }
+        if (found.empty())
+            throw CBuildError(
+                message("%s: contains no table of verses, with columns such as book, chapter, verse and text",
+                        m_fileName));
+        if (found.size() == 1)
+            return found.front();
+        for (const VerseColumns& columns : found)
+            if (const std::string name = lower(columns.table); name == "verses" || name == "bible")
+                return columns;
+        throw CBuildError(
+            message("%s: several tables contain verses: %s", m_fileName, joined(names, ", ").substr(0, 200)));
+    }
+
+    std::string valid(std::string_view text, std::size_t row) const
+    {
+        if (!isValidUtf8(text))
+            failAtLine(m_fileName, row, message("not valid %s", "UTF-8"));
+        if (text.size() > maxTextBytes)
+            failAtLine(m_fileName, row, tr("a string longer than 1 MiB"));
+        return std::string(text);
+    }
+
+    /// Whether books are numbered in tens: one has a number above 66.
+    bool hasSpacedNumbers() const
+    {
+        if (m_columns.book.empty())
+            return false;
+        auto rows = m_database.rows(m_columns.table, {m_columns.book});
+        for (std::size_t row = 0; row < maxRows && rows.next(); ++row)
+            if (const auto number = numberOf(rows.text(0)); number && number->first > 66)
+                return true;
+        return false;
+    }
+
+    /// @returns whether it is a table of books
+    bool readBooks(const Table& table, CSqliteBooks& books) const
+    {
+        const std::string number = columnOf(table, {"book_number", "book", "book_id", "id", "number", "b"});
+        const std::string longName = columnOf(table, {"long_name", "name", "title", "book_name", "n"});
+        const std::string shortName =
+            columnOf(table, {"short_name", "abbreviation", "abbrev", "code", "osis"});
+        if (number.empty() || (longName.empty() && shortName.empty()))
+            return false;
+        auto rows = m_database.rows(table.name, {number, longName.empty() ? shortName : longName,
+                                                 shortName.empty() ? longName : shortName});
+        for (std::size_t row = 1; row < maxSourceBooks && rows.next(); ++row)
+            books.add(valid(rows.text(0), row), {valid(rows.text(1), row), valid(rows.text(2), row)});
+        return true;
+    }
+
+    /// @returns whether the table describes the source: by names with values, or by the columns of one row
+    bool readInfo(const Table& table)
+    {
+        const std::string name = columnOf(table, {"name", "key"});
+        const std::string value = columnOf(table, {"value"});
+        constexpr std::size_t maxFacts = 100;
+        if (!name.empty() && !value.empty() && table.columns.size() == 2) {
+            auto rows = m_database.rows(table.name, {name, value});
+            for (std::size_t row = 1; row <= maxFacts && rows.next(); ++row)
+                takeFact(lower(rows.text(0)), valid(rows.text(1), row));
+            return true;
+        }
+        if (lower(table.name) != "details" && lower(table.name) != "info")
+            return false;
+        auto rows = m_database.rows(table.name, table.columns);
+        if (rows.next())
+            for (std::size_t i = 0; i < table.columns.size(); ++i)
+                takeFact(lower(table.columns[i]), valid(rows.text(static_cast<int>(i)), 1));
+        return true;
+    }
+
+    void takeFact(const std::string& name, const std::string& value)
+    {
+        SourceInfo& info = m_verses.info();
+        const std::string text(trimmed(withoutTags(value)));
+        if (text.empty())
+            return;
+        if ((name == "description" || name == "title" || name == "name") && info.fullTitle.empty())
+            info.fullTitle = text;
+        else if (name == "abbreviation" || name == "short_title" || name == "short_name")
+            info.shortTitle = info.abbreviatedTitle = text;
+        else if (name == "copyright" || name == "rights" || name == "detailed_info" || name == "comments" ||
+                 name == "publisher" || name == "license")
+            info.copyright.push_back(text);
+    }
+
+    std::vector<std::string> columns() const
+    {
+        if (!m_columns.id.empty())
+            return {m_columns.id, m_columns.text};
+        return {m_columns.book, m_columns.chapter, m_columns.verse, m_columns.text};
+    }
+
+    void readVerses(const CSqliteBooks& books)
+    {
+        auto rows = m_database.rows(m_columns.table, columns());
+        const int text = m_columns.id.empty() ? 3 : 1;
+        std::uint64_t byteCount = 0;
+        for (std::size_t row = 1; rows.next(); ++row) {
+            if (row > maxRows)
+                failAtLine(m_fileName, row, message("more than %s rows", maxRows));
+            std::string book(rows.text(0)), chapter, verse;
+            if (m_columns.id.empty()) {
+                chapter = rows.text(1);
+                verse = rows.text(2);
+            } else {
+                splitId(book, chapter, verse, row);
+            }
+            byteCount += rows.text(text).size();
+            if (byteCount > maxSourceBytes) // rows of a damaged database may share their pages
+                throw CBuildError(message("%s: contains more than 64 MiB", m_fileName));
+            beginVerse(books, book, chapter, verse, row);
+            addMarkedText(m_verses, valid(rows.text(text), row), row);
+            m_verses.endVerse();
+        }
+    }
+
+    /// 1001002 is book 1, chapter 1, verse 2.
+    void splitId(std::string& book, std::string& chapter, std::string& verse, std::size_t row) const
+    {
+        constexpr std::size_t digits = 3;
+        if (book.size() < 1 + 2 * digits || !std::all_of(book.begin(), book.end(), isAsciiDigit))
+            failAtLine(m_fileName, row, message("%s is not a verse number", inQuotes(book)));
+        verse = book.substr(book.size() - digits);
+        chapter = book.substr(book.size() - 2 * digits, digits);
+        book.resize(book.size() - 2 * digits);
+        book.erase(0, std::min(book.find_first_not_of('0'), book.size()));
+    }
+
+    void beginVerse(const CSqliteBooks& books, const std::string& book, const std::string& chapter,
+                    const std::string& verse, std::size_t row)
+    {
+        if (book != m_book || !m_verses.inBook()) {
+            m_book = valid(book, row);
+            m_verses.beginBook(books.osisOf(book, row));
+            const CSqliteBooks::Book titles = books.titlesOf(book);
+            m_verses.titles() = {titles.longName, titles.shortName, titles.shortName};
+            m_verses.beginChapter();
+        }
+        const auto number = numberOf(chapter);
+        if (!number || number->first != number->last)
+            failAtLine(m_fileName, row, message("%s is not a chapter number", inQuotes(valid(chapter, row))));
+        const auto verseNumber = numberOf(verse);
+        if (!verseNumber)
+            failAtLine(m_fileName, row, message("%s is not a verse number", inQuotes(valid(verse, row))));
+        m_verses.beginVerse(number->first, *verseNumber, row);
+    }
+
+    /// Reads the texts again, by a query of their own.
+    std::uint64_t proveLetters()
+    {
+        const std::string taken = m_verses.takeLetters();
+        CLetterProof proof(m_fileName, taken);
+        auto rows = m_database.rows(m_columns.table, {m_columns.text});
+        std::size_t row = 0;
+        while (rows.next())
+            proof.compareMarkedText(rows.text(0), ++row);
+        return proof.finish(row);
+    }
+
+    const std::string& m_fileName;
+    CSqliteDatabase m_database;
+    VerseColumns m_columns;
+    CVerseCollector m_verses;
+    std::string m_book; ///< as named in the verses
+};
+
+} // namespace
+
+SourceBible readSqlite(const std::string& fileName) { return CSqliteReader(fileName).read(); }
+
+} // namespace Kedrin::ModTool
