@@ -235,10 +235,11 @@ void addMarkedText(CVerseCollector& verses, std::string_view utf8, std::size_t l
         if (piece.partner != 0) {
             const bool isPlain = piece.partner == i + 2 && pieces[i + 1].form == Form::text;
             if (const auto rule = ruleOf(piece, isPlain ? pieces[i + 1].bytes : "")) {
-                if (*rule != ReaderRule::attribute)
-                    verses.found(*rule, line);
                 leaveOutPieces(verses, *rule, &piece, &pieces[piece.partner] + 1);
-                verses.addGap();
+                if (*rule != ReaderRule::attribute) { // lexical numbers may stand inside a word
+                    verses.found(*rule, line);
+                    verses.addGap();
+                }
                 i = piece.partner;
                 continue;
             }

@@ -163,6 +163,11 @@ TEST(JsonReader, TagsAreRemovedAndNumbersHeadingsAndNotesCounted)
                         "left out      3 chapter or verse numbers within the text, first at Gen 1:1\n");
 }
 
+TEST(JsonReader, LexicalNumbersDoNotDivideWordsAndNotesDoNotJoinThem)
+{
+    EXPECT_EQ(linesOf(verse("for<S>1063</S>give <S>2</S>one<f>n</f>two")), "Gen 1:1 forgive one two\n");
+}
+
 TEST(JsonReader, UnpairedTagLeavesNothingOut)
 {
     EXPECT_EQ(linesOf(verse("one <f>two <h1>three</f> four</h2> five<sup>")), "Gen 1:1 one four five\n");
