@@ -1,73 +1,62 @@
 #include "json_folder.h"
 
-#include "ascii.h"
 #include "book_ids.h"
 #include "errors.h"
 #include "json_books.h"
 #include "json_reader.h"
 #include "messages.h"
-#include "module_format.h"
-#include "text_input.h"
 
 #include <algorithm>
 #include <climits>
 #include <cstdlib>
-#include <filesystem>
+#include <tuple>
 
 namespace Kedrin::ModTool {
 
-namespace fs = std::filesystem;
-
 namespace {
 
-bool beginsWithDigit(const fs::path& file) { return isAsciiDigit(file.filename().string().front()); }
-
 /// Leading numbers are compared as numbers; names without one come last.
-bool isBefore(const fs::path& a, const fs::path& b)
+bool isBefore(const CSourceFile& a, const CSourceFile& b)
 {
-    const auto number = [](const fs::path& file) {
-        return beginsWithDigit(file) ? std::strtoul(file.filename().c_str(), nullptr, 10) : ULONG_MAX;
+    const auto number = [](const CSourceFile& file) {
+        return beginsWithDigit(file) ? std::strtoul(file.name().c_str(), nullptr, 10) : ULONG_MAX;
     };
-    return std::pair(number(a), a) < std::pair(number(b), b);
+    return std::tuple(number(a), a.path()) < std::tuple(number(b), b.path());
 }
 
-std::vector<fs::path> jsonFiles(const std::string& folder)
+std::vector<CSourceFile> jsonFiles(const std::vector<CSourceFile>& files)
 {
-    std::vector<fs::path> named, all;
-    std::error_code error, ignored;
-    for (fs::directory_iterator file(folder, error), end; !error && file != end; file.increment(error)) {
-        const std::string name = file->path().string();
-        const bool isHidden = file->path().filename().string().starts_with('.');
-        if (isHidden || !hasJsonExtension(name) || !file->is_regular_file(ignored))
+    std::vector<CSourceFile> named, all;
+    for (const CSourceFile& file : files) {
+        if (!hasJsonExtension(file.name()) || !file.isRegular())
             continue;
-        all.push_back(file->path());
-        if (!bookOfFile(name).empty())
-            named.push_back(file->path());
+        all.push_back(file);
+        if (!bookOfFile(file.name()).empty())
+            named.push_back(file);
     }
-    std::vector<fs::path>& files = named.empty() ? all : named;
-    std::sort(files.begin(), files.end(), isBefore);
-    return std::move(files);
+    std::vector<CSourceFile>& chosen = named.empty() ? all : named;
+    std::sort(chosen.begin(), chosen.end(), isBefore);
+    return std::move(chosen);
 }
 
 } // namespace
 
-bool hasJsonFiles(const std::string& folder) { return !jsonFiles(folder).empty(); }
+bool hasJsonFiles(const std::vector<CSourceFile>& files) { return !jsonFiles(files).empty(); }
 
-SourceBible readJsonFolder(const std::string& folder, const std::string& encoding)
+SourceBible readJsonFiles(const std::string& source, const std::vector<CSourceFile>& all,
+                          const std::string& encoding)
 {
-    const std::vector<fs::path> files = jsonFiles(folder);
+    const std::vector<CSourceFile> files = jsonFiles(all);
     if (files.empty())
-        throw CBuildError(message("%s: contains no JSON file (*.json, *.js)", folder));
+        throw CBuildError(message("%s: contains no JSON file (*.json, *.js)", source));
     CJsonReader reader;
     std::uint64_t byteCount = 0;
-    for (const fs::path& file : files) {
-        const std::string content = readText(file.string(), encoding);
-        byteCount += content.size();
-        if (byteCount > maxSourceBytes)
-            throw CBuildError(message("%s: contains more than 64 MiB", folder));
-        reader.read(file.string(), content, file.filename().string());
+    for (const CSourceFile& file : files) {
+        const std::string content = file.text(encoding);
+        addBytes(byteCount, content.size(), source);
+        reader.read(file.path(), content, file.name());
     }
-    SourceBible bible = reader.finish(folder);
+    SourceBible bible = reader.finish(source);
     if (!std::all_of(files.begin(), files.end(), beginsWithDigit))
         orderBooks(bible, BookOrder::protestant);
     return bible;

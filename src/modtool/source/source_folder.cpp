@@ -4,127 +4,108 @@
 #include "errors.h"
 #include "json_folder.h"
 #include "messages.h"
-#include "module_format.h"
 #include "plain_reader.h"
 #include "root_element.h"
-#include "text_input.h"
+#include "source_files.h"
+#include "sqlite_database.h"
 #include "usfm_reader.h"
 #include "usx_reader.h"
 
 #include <algorithm>
-#include <array>
-#include <filesystem>
-#include <fstream>
 #include <iterator>
 #include <optional>
 
 namespace Kedrin::ModTool {
 
-namespace fs = std::filesystem;
-
 namespace {
 
+using Files = std::vector<CSourceFile>;
+
 /// How the files of a format are recognised.
-struct Files
+struct BookFormat
 {
     SourceFormat format;
     std::string_view extensions; ///< with spaces around each
     bool (*begins)(std::string_view head);
 };
 
-constexpr Files formats[] = {
+constexpr BookFormat formats[] = {
     {SourceFormat::usfm, " .usfm .sfm .ptx .scp ",
      [](std::string_view head) { return head.starts_with("\\id"); }},
     {SourceFormat::usx, " .usx ", [](std::string_view head) { return rootElement(head) == "usx"; }}};
 
-/// Archives contain files whose names begin with a dot beside the visible ones.
-bool isHidden(const fs::path& file) { return file.filename().string().starts_with('.'); }
-
-bool hasExtension(const Files& format, const fs::path& file)
+bool hasExtension(const BookFormat& format, const CSourceFile& file)
 {
-    const std::string extension = lower(file.extension().string());
+    const std::string extension = lower(std::filesystem::path(file.path()).extension().string());
     return !extension.empty() && format.extensions.find(' ' + extension + ' ') != std::string_view::npos;
 }
 
-/// Whether a regular file begins as those of the format do, perhaps after a byte order mark.
-bool beginsAs(const Files& format, const fs::path& file)
+/// The beginning of a file without a byte order mark.
+std::string headOf(const CSourceFile& file)
 {
     constexpr std::string_view mark = "\uFEFF";
-    std::error_code ignored;
-    if (!fs::is_regular_file(file, ignored))
-        return false;
-    std::array<char, 1024> bytes{};
-    std::ifstream in(file, std::ios::binary);
-    in.read(bytes.data(), bytes.size());
-    std::string_view head(bytes.data(), static_cast<std::size_t>(in.gcount()));
-    head.remove_prefix(head.starts_with(mark) ? mark.size() : 0);
-    return format.begins(head);
+    const std::string head = file.head();
+    return head.substr(head.starts_with(mark) ? mark.size() : 0);
 }
 
-/// The files of a folder that are not hidden, in the order of their names.
-std::vector<fs::path> visibleFiles(const std::string& folder)
-{
-    std::vector<fs::path> files;
-    std::error_code error;
-    for (fs::directory_iterator file(folder, error), end; !error && file != end; file.increment(error))
-        if (!isHidden(file->path()))
-            files.push_back(file->path());
-    if (error)
-        throw CBuildError(message("%s: cannot be read", folder));
-    std::sort(files.begin(), files.end());
-    return files;
-}
+/// Whether a regular file begins as those of the format do.
+bool beginsAs(const BookFormat& format, const CSourceFile& file) { return format.begins(headOf(file)); }
 
 struct Found
 {
     SourceFormat format;
-    std::vector<fs::path> files;
+    Files files;
 };
 
 /// The files of the first format that has any; otherwise none.
 /// @param wanted  SourceFormat::detected: any format
-Found filesOf(const std::string& folder, SourceFormat wanted)
+Found booksIn(const Files& all, SourceFormat wanted)
 {
-    const std::vector<fs::path> all = visibleFiles(folder);
     for (const auto isOf : {&hasExtension, &beginsAs})
-        for (const Files& format : formats) {
+        for (const BookFormat& format : formats) {
             Found found{format.format, {}};
             if (wanted == SourceFormat::detected || wanted == format.format)
                 std::copy_if(all.begin(), all.end(), std::back_inserter(found.files),
-                             [&](const fs::path& file) { return isOf(format, file); });
+                             [&](const CSourceFile& file) { return isOf(format, file); });
             if (!found.files.empty())
                 return found;
         }
     return {wanted, {}};
 }
 
-bool beginsWithDigit(const fs::path& file) { return isAsciiDigit(file.filename().string().front()); }
-
 template <typename Reader>
-SourceBible readFiles(const std::string& folder, const std::vector<fs::path>& files,
-                      const std::string& encoding)
+SourceBible readWith(const std::string& source, const Files& files, const std::string& encoding)
 {
     Reader reader;
     std::uint64_t byteCount = 0;
-    for (const fs::path& file : files) {
-        const std::string content = readText(file.string(), encoding);
-        byteCount += content.size();
-        if (byteCount > maxSourceBytes)
-            throw CBuildError(message("%s: contains more than 64 MiB", folder));
-        reader.read(file.string(), content, file.filename().string());
+    for (const CSourceFile& file : files) {
+        const std::string content = file.text(encoding);
+        addBytes(byteCount, content.size(), source);
+        reader.read(file.path(), content, file.name());
     }
-    return reader.finish(folder);
+    return reader.finish(source);
 }
 
-/// Whether a file of a folder is to be read as plain lines; --from takes them all.
-bool isPlainFile(const fs::path& file, const std::string& content)
+/// Reads the files of USFM or USX, in Protestant order unless all their names begin with a number.
+SourceBible readBooks(const std::string& source, const Found& found, const std::string& encoding)
+{
+    SourceBible bible = found.format == SourceFormat::usfm
+                            ? readWith<CUsfmReader>(source, found.files, encoding)
+                            : readWith<CUsxReader>(source, found.files, encoding);
+    if (!std::all_of(found.files.begin(), found.files.end(), beginsWithDigit))
+        orderBooks(bible, BookOrder::protestant);
+    return bible;
+}
+
+/// Whether a file is to be read as plain lines; --from takes them all.
+bool isPlainFile(const CSourceFile& file, const std::string& content)
 {
     const std::size_t begin = std::min(content.find_first_not_of(whiteSpace), content.size());
     const bool isMarkedUp = std::string_view("<\\{").find(content[begin]) != std::string_view::npos;
-    return begin != content.size() && !isMarkedUp && isPlainLines(content, file.string());
+    return begin != content.size() && !isMarkedUp && isPlainLines(content, file.path());
 }
 
-/// Names files of a folder that were not read, the first of them each on a line.
+/// Names files that were not read, the first of them each on a line.
 void sayOthers(SourceBible& bible, const std::vector<std::string>& names)
 {
     constexpr std::size_t shown = 20;
@@ -136,49 +117,65 @@ void sayOthers(SourceBible& bible, const std::vector<std::string>& names)
                                                              "more files without verses"));
 }
 
-/// Reads the files of a folder that are plain lines; the others are named in the report.
-/// @returns nothing where there is none
-std::optional<SourceBible> readPlainFolder(const std::string& folder, const std::string& encoding)
+/// Reads the files that are plain lines; the others are named in the report.
+/// @returns nullopt if there are none
+std::optional<SourceBible> readPlainFiles(const std::string& source, const Files& files,
+                                          const std::string& encoding)
 {
     CPlainReader reader;
     std::uint64_t byteCount = 0;
     std::string recognised;
     std::vector<std::string> others;
     bool hasOne = false;
-    std::error_code ignored;
-    for (const fs::path& file : visibleFiles(folder)) {
-        if (!fs::is_regular_file(file, ignored))
+    for (const CSourceFile& file : files) {
+        if (!file.isRegular())
             continue;
         std::string ofFile;
-        const std::string content = readText(file.string(), encoding, &ofFile);
-        byteCount += content.size();
-        if (byteCount > maxSourceBytes)
-            throw CBuildError(message("%s: contains more than 64 MiB", folder));
+        const std::string content = file.text(encoding, &ofFile);
+        addBytes(byteCount, content.size(), source);
         if (!isPlainFile(file, content)) {
-            others.push_back(file.filename().string());
+            others.push_back(file.name());
             continue;
         }
         hasOne = true;
-        reader.read(file.string(), content, {"", file.filename().string()});
+        reader.read(file.path(), content, {"", file.name()});
         recognised = recognised.empty() ? ofFile : recognised;
     }
     if (!hasOne)
         return std::nullopt;
-    SourceBible bible = reader.finish(folder);
+    SourceBible bible = reader.finish(source);
     sayRecognised(bible, recognised);
     sayOthers(bible, others);
     return bible;
 }
 
-/// Reads the files of USFM or USX, in Protestant order unless all their names begin with a number.
-SourceBible readBooks(const std::string& folder, const Found& found, const std::string& encoding)
+/// Reads USFM, USX or JSON, whichever is found first.
+/// @returns nullopt if there are no such files
+std::optional<SourceBible> readBookFiles(const std::string& source, const Files& files,
+                                         const ReadOptions& options)
 {
-    SourceBible bible = found.format == SourceFormat::usfm
-                            ? readFiles<CUsfmReader>(folder, found.files, encoding)
-                            : readFiles<CUsxReader>(folder, found.files, encoding);
-    if (!std::all_of(found.files.begin(), found.files.end(), beginsWithDigit))
-        orderBooks(bible, BookOrder::protestant);
-    return bible;
+    const bool isAny = options.format == SourceFormat::detected;
+    if (options.format == SourceFormat::json || options.format == SourceFormat::plainLines)
+        return options.format == SourceFormat::json
+                   ? std::optional(readJsonFiles(source, files, options.encoding))
+                   : std::nullopt;
+    if (const Found found = booksIn(files, options.format); !found.files.empty())
+        return readBooks(source, found, options.encoding);
+    if (isAny && hasJsonFiles(files))
+        return readJsonFiles(source, files, options.encoding);
+    return std::nullopt;
+}
+
+/// Reads plain lines, the last of the formats that are looked for.
+SourceBible readPlainOrFail(const std::string& source, const Files& files, const ReadOptions& options)
+{
+    const bool isPlain = options.format == SourceFormat::plainLines;
+    if (isPlain || options.format == SourceFormat::detected)
+        if (auto bible = readPlainFiles(source, files, options.encoding))
+            return std::move(*bible);
+    throw CBuildError(
+        isPlain ? message("%s: contains no file of plain lines", source)
+                : message("%s: contains no USFM or USX file (*.usfm, *.sfm, *.ptx, *.scp, *.usx)", source));
 }
 
 bool isReadFromFolders(SourceFormat format)
@@ -187,30 +184,51 @@ bool isReadFromFolders(SourceFormat format)
            format == SourceFormat::json || format == SourceFormat::plainLines;
 }
 
+void refuseBook(const std::string& source, const ReadOptions& options)
+{
+    if (!options.book.empty())
+        throw CBuildError(message("%s: --book is for a file of plain lines", source));
+}
+
 } // namespace
 
 SourceBible readSourceFolder(const std::string& folder, const ReadOptions& options)
 {
-    const bool isAny = options.format == SourceFormat::detected;
-    const bool isPlain = options.format == SourceFormat::plainLines;
     if (!isReadFromFolders(options.format))
         throw CBuildError(
             message("%s: is a folder; only USFM, USX, JSON and plain lines are read from folders", folder));
-    if (!options.book.empty())
-        throw CBuildError(message("%s: --book is for a file of plain lines", folder));
-    if (options.format == SourceFormat::json)
-        return readJsonFolder(folder, options.encoding);
-    if (!isPlain)
-        if (const Found found = filesOf(folder, options.format); !found.files.empty())
-            return readBooks(folder, found, options.encoding);
-    if (isAny && hasJsonFiles(folder))
-        return readJsonFolder(folder, options.encoding);
-    if (isAny || isPlain)
-        if (auto bible = readPlainFolder(folder, options.encoding))
+    refuseBook(folder, options);
+    const Files files = filesOfFolder(folder);
+    if (auto bible = readBookFiles(folder, files, options))
+        return std::move(*bible);
+    return readPlainOrFail(folder, files, options);
+}
+
+SourceBible readSourceArchive(const std::string& fileName, const ReadOptions& options)
+{
+    const Files files = filesOfArchive(fileName);
+    if (files.empty())
+        throw CBuildError(message("%s: contains no files", fileName));
+    if (files.size() == 1)
+        return readSourceContent(files.front().path(), *files.front().content(), options);
+    if (isReadFromFolders(options.format)) {
+        refuseBook(fileName, options);
+        if (auto bible = readBookFiles(fileName, files, options))
             return std::move(*bible);
-    throw CBuildError(
-        isPlain ? message("%s: contains no file of plain lines", folder)
-                : message("%s: contains no USFM or USX file (*.usfm, *.sfm, *.ptx, *.scp, *.usx)", folder));
+    }
+    Files whole;
+    std::copy_if(files.begin(), files.end(), std::back_inserter(whole), [](const CSourceFile& file) {
+        const std::string head = headOf(file);
+        return trimmedStart(head).starts_with('<') || isSqliteContent(head);
+    });
+    const bool isOfFolders = isReadFromFolders(options.format) && options.format != SourceFormat::detected;
+    if (whole.size() == 1 && !isOfFolders)
+        return readSourceContent(whole.front().path(), *whole.front().content(), options);
+    if (whole.size() > 1 || !isReadFromFolders(options.format))
+        throw CBuildError(message(
+            "%s: contains several files; only USFM, USX, JSON and plain lines are read from more than one",
+            fileName));
+    return readPlainOrFail(fileName, files, options);
 }
 
 } // namespace Kedrin::ModTool

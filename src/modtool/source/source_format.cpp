@@ -22,6 +22,7 @@
 #include "usx_reader.h"
 #include "verse_line_reader.h"
 #include "zefania_reader.h"
+#include "zip_archive.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -102,12 +103,23 @@ SourceBible readContent(const std::string& fileName, std::string content, const 
     }
 }
 
+void refuseBook(const std::string& fileName, const ReadOptions& options)
+{
+    if (!options.book.empty())
+        throw CBuildError(message("%s: --book is for a file of plain lines", fileName));
+}
+
+bool mayBeSqlite(const ReadOptions& options)
+{
+    return options.format == SourceFormat::detected || options.format == SourceFormat::sqlite;
+}
+
 SourceBible readFile(const std::string& path, const ReadOptions& options)
 {
-    const bool isAny = options.format == SourceFormat::detected;
-    if (options.format == SourceFormat::sqlite || (isAny && isSqliteFile(path))) {
-        if (!options.book.empty())
-            throw CBuildError(message("%s: --book is for a file of plain lines", path));
+    if (isZipFile(path))
+        return readSourceArchive(path, options);
+    if (options.format == SourceFormat::sqlite || (mayBeSqlite(options) && isSqliteFile(path))) {
+        refuseBook(path, options);
         return readSqlite(path);
     }
     std::string recognised;
@@ -162,6 +174,20 @@ SourceFormat detectFormat(std::string_view utf8, const std::string& fileName)
                                                                           : SourceFormat::beblia;
     throw CBuildError(
         message("%s: is XML of an unknown format (its root element is %s)", fileName, inQuotes(root)));
+}
+
+SourceBible readSourceContent(const std::string& fileName, const std::string& bytes,
+                              const ReadOptions& options)
+{
+    if (options.format == SourceFormat::sqlite || (mayBeSqlite(options) && isSqliteContent(bytes))) {
+        refuseBook(fileName, options);
+        return readSqlite(fileName, bytes);
+    }
+    std::string recognised;
+    SourceBible bible =
+        readContent(fileName, decodedText(bytes, fileName, options.encoding, &recognised), options);
+    sayRecognised(bible, recognised);
+    return bible;
 }
 
 SourceBible readSourceFile(const std::string& path, const ReadOptions& options)

@@ -45,10 +45,15 @@ SourceFormat detectFormat(std::string_view utf8, const std::string& fileName);
 /// Adds to the report that this encoding was recognised; "" adds nothing.
 void sayRecognised(SourceBible& bible, const std::string& encoding);
 
-/// Reads a file of any format, or a folder (readSourceFolder()). Titles missing from the source are taken from the file
+/// Reads a file's content of any format, without titles for a source that has none.
+/// @throws CBuildError  what readSourceFile() throws of a file
+SourceBible readSourceContent(const std::string& fileName, const std::string& bytes,
+                              const ReadOptions& options);
+
+/// Reads a file of any format, a folder (readSourceFolder()) or a zip archive (readSourceArchive()). Titles missing from the source are taken from the file
 /// name.
 /// @throws CBuildError
-///     what readText(), detectFormat(), readSourceFolder() and the formats' readers throw
+///     what readText(), detectFormat(), readSourceFolder(), readSourceArchive() and the formats' readers throw
 ///     "%s: --book is for a file of plain lines"
 SourceBible readSourceFile(const std::string& path, const ReadOptions& options);
 

@@ -71,7 +71,7 @@ TEST(SourcesPage, NamesEveryTestOfItsSubjects)
     for (const char* subject :
          {"OsisReader.",     "OsisVariety.",       "UsfmReader.",   "UsfmVariety.", "ZefaniaReader.",
           "ZefaniaVariety.", "VerseLinesVariety.", "BebliaReader.", "CesReader.",   "JsonReader.",
-          "OpenSongReader.", "SqliteReader.",      "UsxReader.",    "UsfxReader.",  "OddBooks.",
+          "OpenSongReader.", "SqliteReader.", "ZipArchive.",      "UsxReader.",    "UsfxReader.",  "OddBooks.",
           "PlainBalance.",   "PlainDetection.",    "PlainLines.",   "PlainPage.",   "PlainTables.",
           "Letters.",        "NothingLost."}) {
         const std::string begin = std::string("\"name\" : \"") + subject;

@@ -15,6 +15,7 @@ namespace Kedrin::ModTool {
 
 namespace {
 
+constexpr std::string_view header("SQLite format 3\0", 16);
 constexpr int maxValueBytes = 4 << 20;
 constexpr int stepsPerCall = 1000;
 constexpr std::uint64_t maxCalls = 200000; // a Bible of 64 MiB needs a few thousand
@@ -106,13 +107,33 @@ CSqliteDatabase::CSqliteDatabase(const std::string& fileName)
         throw CBuildError(message("%s: cannot be opened", fileName));
     if (file.size() > maxSourceBytes)
         throw CBuildError(message("%s: is larger than 64 MiB", fileName));
+    open(uriOf(fileName), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
+    restrict(m_database.get(), m_work);
+}
+
+CSqliteDatabase::CSqliteDatabase(const std::string& fileName, std::string bytes)
+    : m_fileName(fileName),
+      m_bytes(std::move(bytes)),
+      m_database(nullptr, &sqlite3_close)
+{
+    constexpr std::size_t writeVersion = 18, readVersion = 19; // in the header
+    if (m_bytes.size() > readVersion)
+        m_bytes[writeVersion] = m_bytes[readVersion] = 1; // no write-ahead log, which memory cannot have
+    open(":memory:", SQLITE_OPEN_READWRITE);
+    const auto byteCount = static_cast<sqlite3_int64>(m_bytes.size());
+    if (sqlite3_deserialize(m_database.get(), "main", reinterpret_cast<unsigned char*>(m_bytes.data()),
+                            byteCount, byteCount, SQLITE_DESERIALIZE_READONLY) != SQLITE_OK)
+        fail();
+    restrict(m_database.get(), m_work);
+}
+
+void CSqliteDatabase::open(const std::string& uri, int flags)
+{
     sqlite3* database = nullptr;
-    const int result = sqlite3_open_v2(uriOf(fileName).c_str(), &database,
-                                       SQLITE_OPEN_READONLY | SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX, nullptr);
+    const int result = sqlite3_open_v2(uri.c_str(), &database, flags | SQLITE_OPEN_NOMUTEX, nullptr);
     m_database.reset(database);
     if (result != SQLITE_OK)
-        throw CBuildError(message("%s: cannot be opened", fileName));
-    restrict(database, m_work);
+        throw CBuildError(message("%s: cannot be opened", m_fileName));
 }
 
 void CSqliteDatabase::fail() const
@@ -153,13 +174,14 @@ CSqliteDatabase::CRows CSqliteDatabase::rows(const std::string& table,
     return query("SELECT " + list + " FROM " + quoted(table));
 }
 
+bool isSqliteContent(std::string_view bytes) { return bytes.starts_with(header); }
+
 bool isSqliteFile(const std::string& fileName)
 {
-    constexpr std::string_view header("SQLite format 3\0", 16);
-    ut::CInputFile file(fileName.c_str());
+    const ut::CInputFile file(fileName.c_str());
     std::array<char, header.size()> bytes{};
     return file.isOpen() && file.readAt(0, bytes.data(), bytes.size()) == bytes.size() &&
-           std::string_view(bytes.data(), bytes.size()) == header;
+           isSqliteContent({bytes.data(), bytes.size()});
 }
 
 } // namespace Kedrin::ModTool

@@ -44,6 +44,11 @@ public:
     ///     "%s: cannot be opened", "%s: is larger than 64 MiB"
     ///     "%s: not a valid SQLite database: %s", with the library's message
     explicit CSqliteDatabase(const std::string& fileName);
+
+    /// A database in memory.
+    /// @param fileName  for errors
+    /// @throws CBuildError  the same
+    CSqliteDatabase(const std::string& fileName, std::string bytes);
     CSqliteDatabase(const CSqliteDatabase&) = delete;
     CSqliteDatabase& operator=(const CSqliteDatabase&) = delete;
 
@@ -59,12 +64,18 @@ private:
     CRows query(const std::string& sql) const;
     [[noreturn]] void fail() const;
 
+    void open(const std::string& uri, int flags);
+
     const std::string& m_fileName;
+    std::string m_bytes; ///< of a database in memory; outlives the connection
     std::unique_ptr<sqlite3, int (*)(sqlite3*)> m_database;
     mutable std::uint64_t m_work = 0; ///< steps of the library's virtual machine so far, in thousands
 };
 
-/// Whether a regular file has the header of a SQLite database.
+/// Whether a content has the header of a SQLite database.
+bool isSqliteContent(std::string_view bytes);
+
+/// The same for a regular file.
 bool isSqliteFile(const std::string& fileName);
 
 } // namespace Kedrin::ModTool

@@ -85,6 +85,12 @@ class CSqliteReader
 public:
     explicit CSqliteReader(const std::string& fileName) : m_fileName(fileName), m_database(fileName) {}
 
+    /// Of a database in memory.
+    CSqliteReader(const std::string& fileName, const std::string& bytes)
+        : m_fileName(fileName),
+          m_database(fileName, bytes)
+    {}
+
     SourceBible read()
     {
         const std::vector<Table> tables = m_database.tables();
@@ -285,5 +291,10 @@ private:
 } // namespace
 
 SourceBible readSqlite(const std::string& fileName) { return CSqliteReader(fileName).read(); }
+
+SourceBible readSqlite(const std::string& fileName, const std::string& bytes)
+{
+    return CSqliteReader(fileName, bytes).read();
+}
 
 } // namespace Kedrin::ModTool

@@ -16,4 +16,8 @@ namespace Kedrin::ModTool {
 ///     "%s:%u: a string longer than 1 MiB", "%s:%u: more than 1000000 rows", "%s: contains more than 64 MiB", "%s: contains no verses"
 SourceBible readSqlite(const std::string& fileName);
 
+/// The same for a database in memory.
+/// @param fileName  for errors
+SourceBible readSqlite(const std::string& fileName, const std::string& bytes);
+
 } // namespace Kedrin::ModTool
