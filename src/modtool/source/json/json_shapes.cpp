@@ -4,6 +4,7 @@
 #include "errors.h"
 #include "inline_markup.h"
 #include "messages.h"
+#include "module_format.h"
 
 #include <algorithm>
 
@@ -167,7 +168,7 @@ void CJsonShapes::readChapters(const JsonValue& chapters)
 /// @param number  nullopt if the stated one is not a number
 void CJsonShapes::readChapter(const JsonValue& chapter, const std::optional<unsigned int>& number)
 {
-    m_chapter = number.value_or(m_chapter + 1);
+    m_chapter = number.value_or(std::min(m_chapter + 1, maxSourceNumber));
     m_verses.beginChapter(m_chapter);
     if (!number)
         m_verses.found(ReaderRule::chapterWithoutNumber, chapter.line);

@@ -1,6 +1,7 @@
 #include "osis_reader.h"
 
 #include "messages.h"
+#include "module_format.h"
 #include "osis_elements.h"
 #include "osis_header.h"
 #include "osis_reference.h"
@@ -115,7 +116,7 @@ private:
     void startChapter()
     {
         const auto number = chapterOf(m_xml.attribute("osisID"));
-        m_chapter = number.value_or(m_chapter + 1);
+        m_chapter = number.value_or(std::min(m_chapter + 1, maxSourceNumber));
         m_verses.beginChapter(m_chapter);
     }
 

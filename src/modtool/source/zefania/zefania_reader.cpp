@@ -5,6 +5,7 @@
 #include "book_names.h"
 #include "errors.h"
 #include "messages.h"
+#include "module_format.h"
 #include "verse_collector.h"
 #include "xml_letters.h"
 #include "xml_reader.h"
@@ -119,7 +120,7 @@ private:
     void startChapter()
     {
         const auto number = parseVerseNumber(attribute("cnumber"));
-        m_chapter = number ? number->first : m_chapter.value_or(0) + 1;
+        m_chapter = number ? number->first : std::min(m_chapter.value_or(0) + 1, maxSourceNumber);
         m_verses.beginChapter(*m_chapter);
         if (!number)
             m_verses.found(ReaderRule::chapterWithoutNumber, m_xml.line());

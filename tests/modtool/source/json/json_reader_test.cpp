@@ -213,6 +213,13 @@ TEST(JsonReader, VerseZeroPartsAndInvalidNumbers)
                       "interpreted   1 chapter without a number as the next one, first at line 2\n");
 }
 
+TEST(JsonReader, ChapterAfterTheLastNumberStaysInRange)
+{
+    EXPECT_EQ(linesIn(R"([{"name":"Gen","chapters":[{"chapter":65534,"verses":[]},{"chapter":"x","verses":[]},
+                          {"chapter":"x","verses":["a"]}]}])"),
+              "Gen 65534:1 a\n");
+}
+
 TEST(JsonReader, BookIsIdentifiedByNumberNameCodeOrFile)
 {
     const auto book = [](const std::string& fields) { return "[{" + fields + R"(,"chapters":[["a"]]}])"; };

@@ -216,6 +216,13 @@ TEST(OsisReader, BookOfOneChapterMayOmitIt)
               "Jude 1:5 a\nObad 1:6 b\n");
 }
 
+TEST(OsisReader, ChapterAfterTheLastNumberStaysInRange)
+{
+    EXPECT_EQ(linesOf(read("<div type='book' osisID='Gen'><chapter osisID='Gen.65534'/><chapter/><chapter/>"
+                           "<verse>a</verse></div>")),
+              "Gen 65534:1 a\n");
+}
+
 TEST(OsisReader, ChapterZeroStandsBeforeTheFirstVerse)
 {
     EXPECT_EQ(linesOf(read("<verse osisID='Gen.0.1'>a</verse><verse osisID='Gen.1.1'>b</verse>")),

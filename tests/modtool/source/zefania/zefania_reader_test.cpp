@@ -123,6 +123,13 @@ TEST(ZefaniaReader, InvalidNumbersAreTolerated)
               "interpreted   2 chapters without a number as the next ones, first at line 1\n");
 }
 
+TEST(ZefaniaReader, ChapterAfterTheLastNumberStaysInRange)
+{
+    EXPECT_EQ(linesOf(read("<BIBLEBOOK bnumber='1'><CHAPTER cnumber='65534'/><CHAPTER/><CHAPTER>"
+                           "<VERS vnumber='1'>a</VERS></CHAPTER></BIBLEBOOK>")),
+              "Gen 65534:1 a\n");
+}
+
 TEST(ZefaniaReader, ChapterZeroOrNoneIsOfTheFirst)
 {
     EXPECT_EQ(linesOf(read("<BIBLEBOOK bnumber='1'><CHAPTER cnumber='0'><VERS vnumber='1'>a</VERS></CHAPTER>"
