@@ -8,7 +8,6 @@
 #include "messages.h"
 #include "progress.h"
 #include "source_options.h"
-#include "text_columns.h"
 
 #include <CLI/CLI.hpp>
 
@@ -48,7 +47,6 @@ public:
 
 private:
     AddedModule add(IProgress& progress) const;
-    void report(const AddedModule& added, std::ostream& out) const;
 
     CLI::App* m_command;
     const ISword& m_sword;
@@ -82,7 +80,7 @@ int CAddCommand::run(const CommandStreams& streams) const
         const AddedModule added = add(progress);
         progress.clear();
         if (!m_quiet)
-            report(added, streams.out);
+            streams.out << added.text();
         return exitDone;
     } catch (const std::exception& ex) {
         progress.clear();
@@ -101,17 +99,6 @@ AddedModule CAddCommand::add(IProgress& progress) const
     const SourceBible bible = readSource(m_source, m_options.reading(), m_sword, progress);
     options.name = m_command->count("--as") != 0 ? m_name : defaultModuleName(m_source, bible.info);
     return addModule(bible, options, progress);
-}
-
-void CAddCommand::report(const AddedModule& added, std::ostream& out) const
-{
-    constexpr const char* menu = "Преводи"; // the reader's, which is Bulgarian in every language
-    const std::string next =
-        m_isFirst ? message("%s; the next time Kedrin is started, it opens this translation", added.name)
-                  : message("%s; the next time Kedrin is started, its menu \"%s\" lists this translation",
-                            added.name, menu);
-    const char* label = added.hasReplaced ? translatable("replaced") : translatable("added");
-    out << added.report.text() << padded(tr(label), labelColumns) << next << '\n';
 }
 
 std::unique_ptr<ICommand> makeAddCommand(CLI::App& program, const ISword& sword)

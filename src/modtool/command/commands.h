@@ -16,6 +16,7 @@ namespace Kedrin::ModTool {
 
 std::unique_ptr<ICommand> makeBuildCommand(CLI::App& program, const ISword& sword);
 std::unique_ptr<ICommand> makeAddCommand(CLI::App& program, const ISword& sword);
+std::unique_ptr<ICommand> makeGetCommand(CLI::App& program, const ISword& sword);
 std::unique_ptr<ICommand> makeCheckCommand(CLI::App& program);
 std::unique_ptr<ICommand> makeExportCommand(CLI::App& program);
 

@@ -16,6 +16,7 @@ public:
     /// @throws CPartMissing  the part that is missing and the command that installs it, or "%s: %s": why the file cannot
     ///                       be executed; otherwise does not return
     std::unique_ptr<ISwordTexts> installedTexts() const override { execute(); }
+    std::unique_ptr<ISwordRepositories> repositories() const override { execute(); }
 
 private:
     [[noreturn]] void execute() const;

@@ -15,15 +15,15 @@ _kedrin_module() {
         --book-order) COMPREPLY=($(compgen -W "source protestant orthodox" -- "$cur")); return ;;
         --titles) COMPREPLY=($(compgen -W "bg source" -- "$cur")); return ;;
         --encoding) COMPREPLY=($(compgen -W "UTF-8 UTF-16 windows-1251" -- "$cur")); return ;;
-        --all-sword | --with) _filedir -d; return ;;
+        --all-sword | --with | --repository) _filedir -d; return ;;
         --copyright) _filedir; return ;;
-        --as | --book | --title | --short | --abbr | --versification | --places | --width) return ;;
+        --as | --book | --language | --title | --short | --abbr | --versification | --places | --width) return ;;
     esac
     if [[ $cur == -* ]]; then
         COMPREPLY=($(compgen -W "$(_kedrin_module_words "$program" "$command" --help)" -- "$cur"))
     elif [[ $command == build || $command == add || $command == export ]]; then
         _filedir
-    elif [[ $cword -eq 2 || $command == diff ]]; then
+    elif [[ $command != get ]] && [[ $cword -eq 2 || $command == diff ]]; then
         _filedir -d
     fi
 }

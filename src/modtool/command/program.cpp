@@ -16,7 +16,7 @@ int runProgram(int argc, const char* const* argv, const ISword& sword, std::ostr
 {
     CProgramParser parser;
     std::vector<std::unique_ptr<ICommand>> commands;
-    for (const auto make : {makeBuildCommand, makeAddCommand})
+    for (const auto make : {makeBuildCommand, makeAddCommand, makeGetCommand})
         commands.push_back(make(parser, sword));
     for (const auto make : {makeCheckCommand, makeExportCommand})
         commands.push_back(make(parser));

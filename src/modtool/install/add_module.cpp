@@ -5,6 +5,7 @@
 #include "installed_modules.h"
 #include "messages.h"
 #include "module_format.h"
+#include "text_columns.h"
 
 #include <unicode/unistr.h>
 
@@ -91,16 +92,32 @@ std::string defaultModuleName(const std::string& source, const SourceInfo& info)
     return name.empty() ? "module" : name;
 }
 
+void checkNewName(const std::string& name, bool mayReplace)
+{
+    checkName(name);
+    if (!mayReplace && installedAs(name))
+        throw CBuildError(
+            message("a module named \"%s\" is already installed; choose another name, or replace it", name));
+}
+
+std::string AddedModule::text() const
+{
+    constexpr const char* menu = "Преводи"; // the reader's, which is Bulgarian in every language
+    const std::string next =
+        isFirst ? message("%s; the next time Kedrin is started, it opens this translation", name)
+                : message("%s; the next time Kedrin is started, its menu \"%s\" lists this translation", name,
+                          menu);
+    const char* label = hasReplaced ? translatable("replaced") : translatable("added");
+    return report.text() + padded(tr(label), labelColumns) + next + '\n';
+}
+
 AddedModule addModule(const SourceBible& bible, const AddOptions& options, IProgress& progress)
 {
-    checkName(options.name);
+    checkNewName(options.name, options.mayReplace);
     const std::optional<InstalledModule> known = installedAs(options.name);
-    if (known && !options.mayReplace)
-        throw CBuildError(message(
-            "a module named \"%s\" is already installed; choose another name, or replace it", options.name));
     const std::string parent = ownModulesFolder();
     makeFolder(parent);
-    AddedModule added{options.name, known && known->isOwn, {}};
+    AddedModule added{options.name, known && known->isOwn, options.isFirst, {}};
     const std::string folder = added.hasReplaced ? known->folder : parent + '/' + options.name;
     added.report = fs::is_symlink(folder)
                        ? buildInPlaceOfLink(bible, folder, parent + "/." + options.name + ".added",

@@ -23,7 +23,11 @@ struct AddedModule
 {
     std::string name;
     bool hasReplaced; ///< one of the user's own
+    bool isFirst;
     BuildReport report;
+
+    /// The report of the build and a line on what the reader will show.
+    std::string text() const;
 };
 
 /// The name that a module from this source has where the user chooses none: that of the file or folder without its
@@ -31,6 +35,9 @@ struct AddedModule
 /// title where nothing is left of it ("-"), "module" where it has none.
 /// @param source  as readSource() takes it
 std::string defaultModuleName(const std::string& source, const SourceInfo& info);
+
+/// @throws CBuildError  where addModule() would refuse the name, so that no work is done in vain
+void checkNewName(const std::string& name, bool mayReplace);
 
 /// Builds a module in the user's own folder, which is created if missing. Until it is complete, nothing changes for
 /// whoever reads the modules there. A link that the launcher has made to the system's module of this name makes way for

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "source_bible.h"
+#include "sword_repositories.h"
 
 #include <functional>
 #include <memory>
@@ -46,6 +47,9 @@ public:
     /// The Bibles installed for the user and the system.
     /// @throws CPartMissing
     virtual std::unique_ptr<ISwordTexts> installedTexts() const = 0;
+
+    /// @throws CPartMissing
+    virtual std::unique_ptr<ISwordRepositories> repositories() const = 0;
 };
 
 } // namespace Kedrin::ModTool

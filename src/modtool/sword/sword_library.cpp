@@ -76,12 +76,15 @@ SourceInfo infoOf(const sword::SWModule& module)
 class CSwordLibrary::Impl
 {
 public:
-    Impl()
+    /// @param folder  "": where the library looks by itself
+    explicit Impl(const std::string& folder = {})
     {
         sword::SWLog::getSystemLog()->setLogLevel(0);
         sword::LocaleMgr::getSystemLocaleMgr()->setDefaultLocaleName("en");
-        m_manager = std::make_unique<sword::SWMgr>(nullptr, nullptr, false,
-                                                   new sword::EncodingFilterMgr(sword::ENC_UTF8));
+        auto* filters = new sword::EncodingFilterMgr(sword::ENC_UTF8); // the manager owns it
+        m_manager = folder.empty()
+                        ? std::make_unique<sword::SWMgr>(nullptr, nullptr, false, filters)
+                        : std::make_unique<sword::SWMgr>(folder.c_str(), false, filters, false, false);
         m_manager->load();
     }
 
@@ -97,6 +100,7 @@ public:
 };
 
 CSwordLibrary::CSwordLibrary() : m_impl(std::make_unique<Impl>()) {}
+CSwordLibrary::CSwordLibrary(const std::string& folder) : m_impl(std::make_unique<Impl>(folder)) {}
 CSwordLibrary::~CSwordLibrary() = default;
 
 std::vector<std::string> CSwordLibrary::bibles() const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "sword_repository.h"
 #include "sword_texts.h"
 
 #include <memory>
@@ -12,6 +13,8 @@ class CSwordLibrary final : public ISwordTexts
 {
 public:
     CSwordLibrary();
+    /// Those of one folder only, which holds mods.d.
+    explicit CSwordLibrary(const std::string& folder);
     ~CSwordLibrary() override;
     CSwordLibrary(const CSwordLibrary&) = delete;
     CSwordLibrary& operator=(const CSwordLibrary&) = delete;
@@ -32,6 +35,10 @@ class CSword final : public ISword
 {
 public:
     std::unique_ptr<ISwordTexts> installedTexts() const override { return std::make_unique<CSwordLibrary>(); }
+    std::unique_ptr<ISwordRepositories> repositories() const override
+    {
+        return std::make_unique<CSwordRepositories>();
+    }
 };
 
 } // namespace Kedrin::ModTool

@@ -29,9 +29,9 @@ expect() {
     failures=$((failures + 1))
 }
 
-expect "--help add build check diff export info list remove search show words " kedrin-module ""
+expect "--help add build check diff export get info list remove search show words " kedrin-module ""
 expect "search show " kedrin-module s
-for command in add build check export list remove show search info words diff; do
+for command in add build check export get list remove show search info words diff; do
     options=$(LC_ALL=C kedrin-module "$command" --help | grep -oE '^  (-[a-z],)?--[a-z-]+' | sed 's/.*\(--\)/\1/' | LC_ALL=C sort | tr '\n' ' ')
     [[ $options == *--help* ]] || { echo "FAILED: the help of $command has no options"; failures=1; }
     expect "$options" kedrin-module "$command" -
@@ -41,6 +41,8 @@ expect "beblia ces json opensong osis plain-lines sqlite usfm usfx usx verse-lin
 expect "osis " kedrin-module export m --to o
 expect "orthodox protestant source " kedrin-module build --book-order ""
 expect "bg source " kedrin-module build --titles ""
+expect "a module " kedrin-module get x --repository ""
+expect " " kedrin-module get x --language b
 expect "a module " kedrin-module show ""
 expect "a module " kedrin-module show m Jn --with a
 expect "a module a text.txt " kedrin-module build a

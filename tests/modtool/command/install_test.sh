@@ -41,9 +41,10 @@ english="the part of the program with SWORD support is not installed; apt instal
 refused "$english" add sword:KJV
 refused "$english" build sword:KJV "$work/c"
 refused "$english" build --all-sword "$work/c"
+refused "$english" get --list --repository "$work"
 LC_ALL=bg_BG.UTF-8 refused "частта от програмата, която работи със SWORD, не е инсталирана; apt install kedrin-module-sword я инсталира" \
     add sword:KJV
 [ ! -e "$work/c" ]
-"$tool" add --help | grep -q SOURCE
+"$tool" get --help | grep NAME >/dev/null
 echo "not a program" >"$private/kedrin-module-sword"
 refused "$private/kedrin-module-sword: Permission denied" add sword:KJV

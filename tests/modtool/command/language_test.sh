@@ -76,6 +76,23 @@ usage 'за build са нужни ИЗТОЧНИК и ПАПКА-НА-МОДУЛ
 usage '--all-sword може да се използва само с -q' build a --all-sword b
 usage 'за check е нужен или МОДУЛ, или --list, но не и двете' check m --list
 usage 'непозната команда „намери“' намери m
+usage 'за get може да се даде ИМЕ или --list, но не и двете' get a --list
+usage 'за get е нужна мрежата (http://127.0.0.1:1); разрешете я с --yes' get a --repository http://127.0.0.1:1
+usage 'http://127.0.0.1:1: оттам никой не отговаря или това не е хранилище с текстове за SWORD' \
+    get --list --repository http://127.0.0.1:1 --yes
+
+# On a terminal get asks before it uses the network, and takes no answer for a no.
+# asked ANSWER LAST-LINE
+asked() {
+    local said
+    said=$(printf '%s\n' "$1" | script -qec "'$tool' get a --repository http://127.0.0.1:1" /dev/null | tr -d '\r')
+    [[ $said == *"$question"* ]] || expect "the question" "$question" "$said"
+    expect "the answer $1" "kedrin-module: $2" "$(tail -1 <<<"$said" | sed 's/.*kedrin-module: /kedrin-module: /')"
+}
+question="Ще се използва мрежата: http://127.0.0.1:1. Да продължи ли? [д/н] "
+asked н "мрежата не е използвана"
+asked "" "мрежата не е използвана"
+asked да "http://127.0.0.1:1: оттам никой не отговаря или това не е хранилище с текстове за SWORD"
 
 # The same in English.
 LANG=C.UTF-8
@@ -83,11 +100,14 @@ usage '--width requires a value' show m Jn --width
 usage '--places may be given only once' check --places 5 --places 6 m
 usage 'unknown command "find"' find m
 usage 'a command is required'
+question="This uses the network: http://127.0.0.1:1. Continue? [y/n] "
+asked n "the network was not used"
+asked y "http://127.0.0.1:1: nothing answers there, or it is not a repository of SWORD texts"
 LANG=bg_BG.UTF-8
 
 expect "what the system says" "kedrin-module: /proc/nowhere: не може да се запише" \
     "$("$tool" build "$work/a.txt" /proc/nowhere/a 2>&1 | sed 's/ (.*//')"
-for command in build check export show search info words diff; do
+for command in build get check export show search info words diff; do
     expect "the page of $command" "Употреба: kedrin-module $command" \
         "$("$tool" $command --help | sed -n '2s/ \[.*\| МОДУЛ.*//p')"
 done

@@ -16,7 +16,7 @@ for page in "$manual/man1/kedrin-module.1" "$manual/bg/man1/kedrin-module.1"; do
     [ -z "$complaints" ] || fail "$complaints"
 done
 commands=$("$tool" --help | sed -n '/^Subcommands:/,$ s/^  \([a-z]*\) .*/\1/p')
-[ "$(wc -w <<<"$commands")" -eq 11 ] || fail "the help lists: $commands"
+[ "$(wc -w <<<"$commands")" -eq 12 ] || fail "the help lists: $commands"
 for command in $commands; do
     options=$("$tool" "$command" --help | grep -oE '^  (-q,)?--[a-z-]+')
     for word in "kedrin-module $command" ${options//-h,--help/}; do

@@ -1,0 +1,193 @@
+#include "repository_transfer.h"
+
+#include "errors.h"
+#include "messages.h"
+
+#include <installmgr.h>
+#include <remotetrans.h>
+#include <swlog.h>
+
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cctype>
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <filesystem>
+#include <memory>
+#include <thread>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+namespace fs = std::filesystem;
+using Clock = std::chrono::steady_clock;
+
+constexpr auto pollingInterval = std::chrono::milliseconds(20);
+
+[[noreturn]] void fail(const std::string& place, const std::string& what)
+{
+    throw CBuildError(place + ": " + what);
+}
+
+/// What the library has for the network.
+class CTransports : public sword::InstallMgr
+{
+public:
+    using sword::InstallMgr::InstallMgr;
+
+    std::unique_ptr<sword::RemoteTransport> transportFor(const std::string& url)
+    {
+        const std::size_t host = url.find("://") + 3;
+        const std::string hostName = url.substr(host, url.find('/', host) - host);
+        return std::unique_ptr<sword::RemoteTransport>(url.starts_with("ftp:")
+                                                           ? createFTPTransport(hostName.c_str(), nullptr)
+                                                           : createHTTPTransport(hostName.c_str(), nullptr));
+    }
+};
+
+/// The body of the process that transfers. Never returns.
+[[noreturn]] void transferAndExit(const std::string& url, const std::string& fileName,
+                                  const TransferLimits& limits, pid_t parent)
+{
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (::getppid() != parent)
+        ::_exit(1);
+    ::rlimit size = {};
+    size.rlim_cur = size.rlim_max = static_cast<rlim_t>(limits.byteCount + 1);
+    ::setrlimit(RLIMIT_FSIZE, &size);
+    sword::SWLog::getSystemLog()->setLogLevel(0);
+    CTransports transports(fs::path(fileName).parent_path().c_str());
+    const auto transport = transports.transportFor(url);
+    transport->setTimeoutMillis(limits.total.count());
+    transport->setUnverifiedPeerAllowed(false);
+    transport->setPassive(true);
+    transport->setUser("ftp");
+    transport->setPasswd("ftp@");
+    ::_exit(transport->getURL(fileName.c_str(), url.c_str()) == 0 ? 0 : 1);
+}
+
+/// A process that is stopped with this object.
+class CTransferProcess
+{
+public:
+    CTransferProcess(const std::string& url, const std::string& fileName, const TransferLimits& limits)
+    {
+        const pid_t parent = ::getpid();
+        m_pid = ::fork();
+        if (m_pid == 0)
+            transferAndExit(url, fileName, limits, parent);
+        if (m_pid < 0)
+            fail(url, std::strerror(errno));
+    }
+    ~CTransferProcess()
+    {
+        if (m_hasEnded)
+            return;
+        ::kill(m_pid, SIGKILL);
+        ::waitpid(m_pid, nullptr, 0);
+    }
+    CTransferProcess(const CTransferProcess&) = delete;
+    CTransferProcess& operator=(const CTransferProcess&) = delete;
+
+    bool hasEnded()
+    {
+        if (!m_hasEnded)
+            m_hasEnded = ::waitpid(m_pid, &m_status, WNOHANG) != 0;
+        return m_hasEnded;
+    }
+    bool hasSucceeded() const { return WIFEXITED(m_status) && WEXITSTATUS(m_status) == 0; }
+
+private:
+    pid_t m_pid;
+    int m_status = -1;
+    bool m_hasEnded = false;
+};
+
+std::uint64_t sizeOf(const std::string& fileName)
+{
+    std::error_code error;
+    const std::uintmax_t size = fs::file_size(fileName, error);
+    return error ? 0 : size;
+}
+
+void failTooLong(const std::string& place, const TransferLimits& limits)
+{
+    fail(place, message("is longer than %s MiB", limits.byteCount >> 20));
+}
+
+bool download(const std::string& url, const std::string& fileName, const TransferLimits& limits,
+              IProgress& progress)
+{
+    CTransferProcess process(url, fileName, limits);
+    std::uint64_t size = 0;
+    Clock::time_point lastGrowth = Clock::now();
+    while (!process.hasEnded()) {
+        std::this_thread::sleep_for(pollingInterval);
+        progress.show(tr("downloading"), 0, 1);
+        const std::uint64_t now = sizeOf(fileName);
+        if (now != size)
+            lastGrowth = Clock::now();
+        size = now;
+        if (Clock::now() - lastGrowth > limits.stall)
+            fail(url, message("the server sent nothing for %s seconds",
+                              std::chrono::ceil<std::chrono::seconds>(limits.stall).count()));
+    }
+    size = sizeOf(fileName);
+    if (size > limits.byteCount)
+        failTooLong(url, limits);
+    if (!process.hasSucceeded() && size != 0)
+        fail(url, tr("the transfer broke off"));
+    return process.hasSucceeded() && fs::exists(fileName);
+}
+
+bool copyFile(const std::string& folder, const std::string& name, const std::string& fileName,
+              const TransferLimits& limits)
+{
+    std::error_code error;
+    const fs::path file = fs::path(folder) / name;
+    if (!fs::exists(file, error))
+        return false;
+    const fs::path root = fs::canonical(folder, error);
+    const fs::path target = fs::canonical(file, error);
+    if (error || !fs::is_regular_file(target, error) || !target.string().starts_with(root.string() + '/'))
+        fail(file, tr("is not a file of the repository"));
+    if (sizeOf(target) > limits.byteCount)
+        failTooLong(file, limits);
+    fs::copy_file(target, fileName, error);
+    if (error)
+        fail(file, error.message());
+    return true;
+}
+
+/// With '%' for what a URL cannot hold.
+std::string escapedForUrl(const std::string& path)
+{
+    constexpr std::string_view safe = "-._~/";
+    constexpr const char* digits = "0123456789ABCDEF";
+    std::string escaped;
+    for (const char c : path) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (std::isalnum(byte) || safe.find(c) != std::string_view::npos)
+            escaped += c;
+        else
+            escaped += {'%', digits[byte >> 4], digits[byte & 15]};
+    }
+    return escaped;
+}
+
+} // namespace
+
+bool transferFile(const std::string& address, const std::string& name, const std::string& fileName,
+                  const TransferLimits& limits, IProgress& progress)
+{
+    if (address.find("://") != std::string::npos)
+        return download(address + '/' + escapedForUrl(name), fileName, limits, progress);
+    return copyFile(address, name, fileName, limits);
+}
+
+} // namespace Kedrin::ModTool
