@@ -1,7 +1,7 @@
 // Run while building: asks the SWORD library for its versification systems and prints them as tables of C++
 // (versification_tables.h), so that a text is numbered the same where that library is not installed. A position is
-// asked for up to one chapter behind the end of a book and to the verse `lastAsked` of each chapter; the library
-// translates those behind them like the last one, or not at all.
+// asked for up to one chapter behind the end of a book and to the verse `lastAsked` of each chapter: behind them none has
+// a position in the global numbering.
 
 #include "global_books.h"
 #include "versification_tables.h"
@@ -19,7 +19,7 @@ namespace {
 using namespace Kedrin::ModTool;
 using System = sword::VersificationMgr::System;
 
-constexpr int lastAsked = openEnd;
+constexpr int lastAsked = 255;
 
 /// KJV first, the others sorted.
 std::vector<const System*> systems()

@@ -28,7 +28,7 @@ std::span<const std::uint8_t> verseCountsOf(const NumberedBook& book)
 bool isIn(const NumberingRun& run, ChapterVerse position)
 {
     return run.chapter == position.chapter + 1 && run.first <= position.verse + 1 &&
-           (run.last == openEnd || run.last >= position.verse + 1);
+           run.last >= position.verse + 1;
 }
 
 } // namespace

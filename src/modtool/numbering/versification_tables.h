@@ -10,14 +10,12 @@ namespace Kedrin::ModTool {
 /// Verses `first` to `last` of a chapter whose positions in the global numbering are others.
 struct NumberingRun
 {
-    std::uint8_t chapter;       ///< from 1
-    std::uint8_t first;         ///< from 1
-    std::uint8_t last;          ///< openEnd: all that follow, too
+    std::uint8_t chapter; ///< from 1
+    std::uint8_t first;   ///< from 1
+    std::uint8_t last;
     std::uint8_t globalChapter; ///< from 1; 0: in another book
     std::int16_t shift;         ///< to be added to the verse
 };
-
-inline constexpr std::uint8_t openEnd = 255;
 
 /// A book of a versification system.
 struct NumberedBook
