@@ -3,6 +3,8 @@
 #include "errors.h"
 #include "messages.h"
 
+#include <unistd.h>
+
 #include <cerrno>
 #include <chrono>
 #include <cstdlib>
@@ -64,6 +66,7 @@ CTextFolder::~CTextFolder()
 {
     std::error_code ignored;
     fs::remove_all(m_path, ignored);
+    ::rmdir(m_parent.c_str()); // only where it is empty
 }
 
 void CTextFolder::moveTo(const std::string& name) const

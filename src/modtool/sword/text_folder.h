@@ -5,8 +5,8 @@
 namespace Kedrin::ModTool {
 
 /// A folder for a text while it is downloaded, hidden in the folder of downloaded texts
-/// (${XDG_DATA_HOME:-~/.local/share}/kedrin/sword). It goes with this object; those of programs that were killed go a day
-/// later.
+/// (${XDG_DATA_HOME:-~/.local/share}/kedrin/sword). It goes with this object, and the folder around it where it is
+/// empty; those of programs that were killed go a day later.
 class CTextFolder
 {
 public:

@@ -7,6 +7,7 @@ tool=$1
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 unset LC_ALL LC_MESSAGES LANG LANGUAGE
+export XDG_DATA_HOME=$work/data
 failures=0
 
 # expect WHAT WANTED GOT
