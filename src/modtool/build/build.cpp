@@ -45,6 +45,7 @@ SourceBible readSource(const std::string& source, const ReadOptions& options, co
     SourceBible bible = texts->read(
         name, [&](std::size_t done, std::size_t total) { progress.show(tr("reading"), done, total); });
     orderBooks(bible, options.order);
+    bible.format = "SWORD";
     return bible;
 }
 

@@ -35,9 +35,7 @@ bool isControl(char character) { return static_cast<unsigned char>(character) < 
 
 void checkName(const std::string& name)
 {
-    if (name.empty() || name.size() > maxNameBytes || name.starts_with('.') || name.starts_with('!') ||
-        name.find('/') != std::string::npos || std::any_of(name.begin(), name.end(), isControl) ||
-        name == globalStructureFileName || !isUtf8(name))
+    if (!isModuleName(name))
         throw CBuildError(message("%s cannot be the name of a module", inQuotes(name)));
 }
 
@@ -75,6 +73,13 @@ BuildReport buildInPlaceOfLink(const SourceBible& bible, const std::string& fold
 }
 
 } // namespace
+
+bool isModuleName(const std::string& name)
+{
+    return !name.empty() && name.size() <= maxNameBytes && !name.starts_with('.') && !name.starts_with('!') &&
+           name.find('/') == std::string::npos && std::none_of(name.begin(), name.end(), isControl) &&
+           name != globalStructureFileName && isUtf8(name);
+}
 
 std::string defaultModuleName(const std::string& source, const SourceInfo& info)
 {

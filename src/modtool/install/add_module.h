@@ -30,6 +30,10 @@ struct AddedModule
     std::string text() const;
 };
 
+/// Whether a module can have this name: not empty, not longer than 200 bytes, UTF-8, does not begin with '.' or '!',
+/// without '/' and control characters, and not that of a file that stands beside the modules.
+bool isModuleName(const std::string& name);
+
 /// The name that a module from this source has where the user chooses none: that of the file or folder without its
 /// extension, or of the SWORD Bible, with small letters and '-' in place of all but letters and digits; the source's
 /// title where nothing is left of it ("-"), "module" where it has none.
@@ -43,8 +47,7 @@ void checkNewName(const std::string& name, bool mayReplace);
 /// whoever reads the modules there. A link that the launcher has made to the system's module of this name makes way for
 /// it.
 /// @throws CBuildError
-///     "\"%s\" cannot be the name of a module": empty, longer than 200 bytes, not UTF-8, begins with '.' or '!', holds
-///     '/' or a control character, or is the name of a file that stands beside the modules
+///     "\"%s\" cannot be the name of a module": see isModuleName()
 ///     "a module named \"%s\" is already installed; choose another name, or replace it": only if !mayReplace
 ///     "%s: cannot be created (%s); set XDG_DATA_HOME to a folder that you can write to"
 ///     what buildModule() throws

@@ -48,6 +48,7 @@ struct BookTitles
 struct SourceBible
 {
     SourceInfo info;
+    std::string format;                 ///< "OSIS", in the user's language; "": not stated
     std::string versification;          ///< name of one of the SWORD library's systems; "": not stated
     std::vector<std::string> books;     ///< OSIS ids, in the order of the source
     std::vector<BookTitles> bookTitles; ///< [book], or empty

@@ -132,6 +132,15 @@ std::string SourceFindings::text() const
     return lines;
 }
 
+std::vector<std::string> SourceFindings::counts(std::string_view label) const
+{
+    std::vector<std::string> found;
+    for (std::size_t i = 0; i < wordings.size(); ++i)
+        if (wordings[i].label == label && m_found[i].count != 0)
+            found.push_back(counted(m_found[i].count, wordings[i].singular, wordings[i].plural));
+    return found;
+}
+
 std::uint64_t SourceFindings::letters() const
 {
     return std::accumulate(m_letters.begin(), m_letters.end(), std::uint64_t{0});

@@ -88,6 +88,10 @@ public:
     /// The lines of the report, each ended by LF: one for each kind found and each text listed; "" for none.
     std::string text() const;
 
+    /// What was found under a label of the report: "12 notes", "1 title".
+    /// @param label  English
+    std::vector<std::string> counts(std::string_view label) const;
+
     /// For the account of letters, where those left out of the verses were: "12 in 3 notes".
     std::vector<std::string> letterParts() const;
 

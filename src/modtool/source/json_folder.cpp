@@ -5,6 +5,7 @@
 #include "json_books.h"
 #include "json_reader.h"
 #include "messages.h"
+#include "source_format.h"
 
 #include <algorithm>
 #include <climits>
@@ -59,6 +60,7 @@ SourceBible readJsonFiles(const std::string& source, const std::vector<CSourceFi
     SourceBible bible = reader.finish(source);
     if (!std::all_of(files.begin(), files.end(), beginsWithDigit))
         orderBooks(bible, BookOrder::protestant);
+    bible.format = formatName(SourceFormat::json);
     return bible;
 }
 

@@ -94,6 +94,7 @@ SourceBible readBooks(const std::string& source, const Found& found, const std::
                             : readWith<CUsxReader>(source, found.files, encoding);
     if (!std::all_of(found.files.begin(), found.files.end(), beginsWithDigit))
         orderBooks(bible, BookOrder::protestant);
+    bible.format = formatName(found.format);
     return bible;
 }
 
@@ -146,6 +147,7 @@ std::optional<SourceBible> readPlainFiles(const std::string& source, const Files
     SourceBible bible = reader.finish(source);
     sayRecognised(bible, recognised);
     sayOthers(bible, others);
+    bible.format = formatName(SourceFormat::plainLines);
     return bible;
 }
 

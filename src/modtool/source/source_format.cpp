@@ -75,9 +75,10 @@ SourceFormat formatOf(const std::string& content, const std::string& fileName, c
     return format;
 }
 
-SourceBible readContent(const std::string& fileName, std::string content, const ReadOptions& options)
+SourceBible readAs(SourceFormat format, const std::string& fileName, std::string content,
+                   const ReadOptions& options)
 {
-    switch (formatOf(content, fileName, options)) {
+    switch (format) {
     case SourceFormat::beblia:
         return readBeblia(fileName, content);
     case SourceFormat::ces:
@@ -103,6 +104,18 @@ SourceBible readContent(const std::string& fileName, std::string content, const 
     }
 }
 
+SourceBible named(SourceBible bible, SourceFormat format)
+{
+    bible.format = formatName(format);
+    return bible;
+}
+
+SourceBible readContent(const std::string& fileName, std::string content, const ReadOptions& options)
+{
+    const SourceFormat format = formatOf(content, fileName, options);
+    return named(readAs(format, fileName, std::move(content), options), format);
+}
+
 void refuseBook(const std::string& fileName, const ReadOptions& options)
 {
     if (!options.book.empty())
@@ -120,7 +133,7 @@ SourceBible readFile(const std::string& path, const ReadOptions& options)
         return readSourceArchive(path, options);
     if (options.format == SourceFormat::sqlite || (mayBeSqlite(options) && isSqliteFile(path))) {
         refuseBook(path, options);
-        return readSqlite(path);
+        return named(readSqlite(path), SourceFormat::sqlite);
     }
     std::string recognised;
     SourceBible bible = readContent(path, readText(path, options.encoding, &recognised), options);
@@ -141,6 +154,39 @@ void nameAfterFile(SourceInfo& info, const std::string& path, bool isFolder)
 }
 
 } // namespace
+
+const char* formatName(SourceFormat format)
+{
+    switch (format) {
+    case SourceFormat::detected:
+        return "";
+    case SourceFormat::beblia:
+        return "Beblia XML";
+    case SourceFormat::ces:
+        return "CES XML";
+    case SourceFormat::json:
+        return "JSON";
+    case SourceFormat::opensong:
+        return "OpenSong";
+    case SourceFormat::osis:
+        return "OSIS";
+    case SourceFormat::sqlite:
+        return "SQLite";
+    case SourceFormat::usfm:
+        return "USFM";
+    case SourceFormat::usfx:
+        return "USFX";
+    case SourceFormat::usx:
+        return "USX";
+    case SourceFormat::zefania:
+        return "Zefania XML";
+    case SourceFormat::plainLines:
+        return tr("plain text");
+    case SourceFormat::verseLines:
+        return tr("lines of verses");
+    }
+    return "";
+}
 
 void sayRecognised(SourceBible& bible, const std::string& encoding)
 {
@@ -181,7 +227,7 @@ SourceBible readSourceContent(const std::string& fileName, const std::string& by
 {
     if (options.format == SourceFormat::sqlite || (mayBeSqlite(options) && isSqliteContent(bytes))) {
         refuseBook(fileName, options);
-        return readSqlite(fileName, bytes);
+        return named(readSqlite(fileName, bytes), SourceFormat::sqlite);
     }
     std::string recognised;
     SourceBible bible =

@@ -42,6 +42,9 @@ struct ReadOptions
 /// @throws CBuildError  "%s: is XML of an unknown format (its root element is %s)"
 SourceFormat detectFormat(std::string_view utf8, const std::string& fileName);
 
+/// What the user calls a format: "OSIS", "plain text"; "" for SourceFormat::detected.
+const char* formatName(SourceFormat format);
+
 /// Adds to the report that this encoding was recognised; "" adds nothing.
 void sayRecognised(SourceBible& bible, const std::string& encoding);
 

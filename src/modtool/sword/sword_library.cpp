@@ -113,6 +113,11 @@ std::vector<std::string> CSwordLibrary::bibles() const
     return names;
 }
 
+std::string CSwordLibrary::title(const std::string& name) const
+{
+    return infoOf(m_impl->module(name)).fullTitle;
+}
+
 std::string CSwordLibrary::resolve(const std::string& name) const
 {
     const std::string wanted = folded(name);

@@ -19,6 +19,10 @@ public:
     CSwordLibrary(const CSwordLibrary&) = delete;
     CSwordLibrary& operator=(const CSwordLibrary&) = delete;
 
+    /// The title of a Bible, in UTF-8; its name where it has none.
+    /// @param name  a full name
+    std::string title(const std::string& name) const;
+
     std::vector<std::string> bibles() const override;
     std::string resolve(const std::string& name) const override;
     SourceBible read(const std::string& name,
