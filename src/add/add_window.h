@@ -1,0 +1,44 @@
+#pragma once
+
+#include "background.h"
+
+#include <QTabWidget>
+
+#include <string>
+
+namespace Kedrin::Add {
+
+class CAddPage;
+class CInstalledPage;
+
+/// The window of kedrin-add. A file or folder can be dropped anywhere on it.
+class CAddWindow final : public QTabWidget
+{
+    Q_OBJECT
+
+public:
+    CAddWindow();
+
+    /// Ends what is being read or added, and waits for it.
+    ~CAddWindow() override;
+
+    /// Shows a text on the first page.
+    /// @param source  a path, or "sword:NAME"
+    void open(const std::string& source);
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void addPage(QWidget* page, const char* english);
+    void chooseSize();
+
+    CBackground m_checking;
+    CBackground m_building; ///< and all else that uses the SWORD library
+    CAddPage* m_add;
+    CInstalledPage* m_installed;
+};
+
+} // namespace Kedrin::Add

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "build_report.h"
+#include "progress.h"
+#include "source_bible.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <string>
+
+namespace Kedrin::Add {
+
+/// What is known of a text before it is added.
+struct TextPreview
+{
+    ModTool::SourceBible bible;
+    std::string name; ///< of the module, where the user does not choose another
+    QString title;    ///< one line that fits into a module
+    QString contents; ///< "66 books, 1189 chapters, 31102 verses"
+    QStringList
+        samples; ///< verses with their positions, one line each: the first, one in the middle, the last
+    QStringList changes; ///< sentences on what is left out, replaced or joined; never empty
+    QString report;      ///< the same in full, lines in columns
+};
+
+/// Reads a text and prepares its module without writing anything.
+/// @param source  a path, or "sword:NAME"
+/// @throws CBuildError  what readSource() and prepareModule() throw
+TextPreview readPreview(const std::string& source, ModTool::IProgress& progress);
+
+/// What becomes of a text, in sentences; one that says so where all of it is kept.
+QStringList changesOf(const ModTool::BuildReport& report);
+
+} // namespace Kedrin::Add
