@@ -46,8 +46,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const test_support::TempFolder folder;
     static const Kedrin::ModTool::CModuleReader module(writeModule(folder));
     try {
-        if (!holds(module, Kedrin::ModTool::parseReference(std::string(fuzz::textOf(data, size)), module)))
+        const auto ranges = Kedrin::ModTool::parseReferences(std::string(fuzz::textOf(data, size)), module);
+        if (ranges.empty())
             std::abort();
+        for (const auto& range : ranges)
+            if (!holds(module, range))
+                std::abort();
     } catch (const Kedrin::ModTool::CNotFound&) {
     }
     return 0;

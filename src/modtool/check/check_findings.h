@@ -47,6 +47,13 @@ public:
     /// In the order of the checks.
     const std::map<CheckID, Finding>& all() const { return m_findings; }
 
+    /// Forgets what other checks have found than those for which `isWanted(check)` is true.
+    template <typename IsWanted>
+    void keepOnly(IsWanted&& isWanted)
+    {
+        std::erase_if(m_findings, [&](const auto& finding) { return !isWanted(finding.first); });
+    }
+
     /// How many defects of this severity there are.
     std::uint64_t count(Severity severity) const;
 

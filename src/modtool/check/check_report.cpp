@@ -101,6 +101,14 @@ std::uint64_t CheckReport::count(Severity severity) const
     return sum;
 }
 
+void CheckReport::keepOnly(const std::function<bool(CheckID)>& isWanted)
+{
+    if (directory)
+        directory->findings.keepOnly(isWanted);
+    for (ModuleReport& module : modules)
+        module.findings.keepOnly(isWanted);
+}
+
 std::string CheckReport::text() const
 {
     std::string text;

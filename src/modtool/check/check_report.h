@@ -2,6 +2,7 @@
 
 #include "check_module.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,9 @@ struct CheckReport
     std::vector<std::string> unchecked; ///< messages of CCheckError
 
     std::uint64_t count(Severity severity) const;
+
+    /// Forgets what other checks have found than those that are wanted.
+    void keepOnly(const std::function<bool(CheckID)>& isWanted);
 
     /// UTF-8, for the user: one line per module, below it one line per check with findings, below that their
     /// positions.

@@ -113,6 +113,14 @@ static_assert(isInOrder());
 
 std::span<const Check> checkTable() { return table; }
 
+std::optional<CheckID> checkNamed(std::string_view id)
+{
+    for (const Check& check : checkTable())
+        if (check.id == id)
+            return check.check;
+    return std::nullopt;
+}
+
 const char* severityName(Severity severity)
 {
     return severity == error     ? translatable("error")

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -105,6 +106,9 @@ struct Check
 std::span<const Check> checkTable();
 
 inline const Check& checkOf(CheckID check) { return checkTable()[static_cast<std::size_t>(check)]; }
+
+/// The check of that name; nothing for an unknown one.
+std::optional<CheckID> checkNamed(std::string_view id);
 
 /// "error", "warning", "note": the same in every language
 const char* severityName(Severity severity);

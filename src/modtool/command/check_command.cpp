@@ -11,11 +11,13 @@
 #include "program.h"
 #include "progress.h"
 #include "tolvo_bible/folder_name.h"
+#include "usage_message.h"
 
 #include <CLI/CLI.hpp>
 
-#include <filesystem>
+#include <algorithm>
 #include <string>
+#include <vector>
 
 namespace Kedrin::ModTool {
 
@@ -29,6 +31,7 @@ constexpr const char* helpText =
                  "Examples:\n"
                  "  kedrin-module check modules/bibles/my\n"
                  "  kedrin-module check --strict --places 20 modules/bibles\n"
+                 "  kedrin-module check --ignore text-blanks --ignore markup-style modules/bibles/my\n"
                  "  kedrin-module check --list\n"
                  "\n"
                  "Exit codes:\n"
@@ -59,10 +62,13 @@ private:
     int runChecks(const CommandStreams& streams, IProgress& progress) const;
     CheckReport check(IProgress& progress) const;
     void checkModuleInto(const std::string& folder, CheckReport& report) const;
+    bool isWanted(CheckID check) const;
 
     CLI::App* m_command;
     std::string m_path;
     std::size_t m_maxPositions;
+    std::vector<std::string> m_only;
+    std::vector<std::string> m_ignored;
     bool m_list = false;
     bool m_json = false;
     bool m_strict = false;
@@ -85,13 +91,40 @@ CCheckCommand::CCheckCommand(CLI::App& program)
                         "(default: 5)"))
         ->check(CLI::Range(std::size_t(0), mostMaxPositions))
         ->option_text("N");
+    m_command
+        ->add_option("--only", m_only, tr("Report only what this check finds; may be given several times"))
+        ->type_name("NAME")
+        ->allow_extra_args(false);
+    m_command
+        ->add_option("--ignore", m_ignored,
+                     tr("Do not report what this check finds; may be given several times"))
+        ->type_name("NAME")
+        ->allow_extra_args(false);
     m_command->add_flag("-q,--quiet", m_quiet, tr("No progress bar and no report, only the exit code"));
 }
+
+namespace {
+
+std::string unknownCheck(const std::string& name)
+{
+    std::vector<std::string> ids;
+    for (const Check& check : checkTable())
+        ids.emplace_back(check.id);
+    const std::string like = namesLike(name, ids);
+    return like.empty() ? message("no check is named \"%s\" (check --list lists them)", name)
+                        : message("no check is named \"%s\" (did you mean %s?)", name, like);
+}
+
+} // namespace
 
 bool CCheckCommand::isChosen() const { return m_command->parsed(); }
 
 std::string CCheckCommand::usageError() const
 {
+    for (const auto* names : {&m_only, &m_ignored})
+        for (const std::string& name : *names)
+            if (!checkNamed(name))
+                return unknownCheck(name);
     return m_list == m_path.empty() ? "" : tr("check requires MODULE or --list, but not both");
 }
 
@@ -115,7 +148,8 @@ int CCheckCommand::runChecks(const CommandStreams& streams, IProgress& progress)
         streams.out << listOfChecks();
         return exitDone;
     }
-    const CheckReport report = check(progress);
+    CheckReport report = check(progress);
+    report.keepOnly([&](CheckID check) { return isWanted(check); });
     progress.clear();
     if (!m_quiet)
         streams.out << (m_json ? report.json() : report.text());
@@ -158,6 +192,14 @@ CheckReport CCheckCommand::check(IProgress& progress) const
         checkModuleInto(folders[i], report);
     }
     return report;
+}
+
+bool CCheckCommand::isWanted(CheckID check) const
+{
+    const auto isIn = [&](const std::vector<std::string>& names) {
+        return std::find(names.begin(), names.end(), checkOf(check).id) != names.end();
+    };
+    return (m_only.empty() || isIn(m_only)) && !isIn(m_ignored);
 }
 
 void CCheckCommand::checkModuleInto(const std::string& folder, CheckReport& report) const

@@ -8,6 +8,9 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
+#include <vector>
+
 namespace Kedrin::ModTool {
 
 namespace {
@@ -19,10 +22,35 @@ int refuseUsage(std::ostream& err, const std::string& what)
     return exitUsage;
 }
 
-bool hasCommand(const CLI::App& parser, const std::string& name)
+/// The names of all commands.
+std::vector<std::string> commandNames(const CLI::App& parser)
 {
-    return !parser.get_subcommands([&](const CLI::App* command) { return command->check_name(name); })
-                .empty();
+    std::vector<std::string> names;
+    for (const CLI::App* command : parser.get_subcommands([](const CLI::App*) { return true; }))
+        names.push_back(command->get_name());
+    return names;
+}
+
+/// "" or what is wrong with the name of the command.
+std::string unknownCommand(const CLI::App& parser, const std::string& word)
+{
+    const std::vector<std::string> names = commandNames(parser);
+    if (word.empty() || word[0] == '-' || std::find(names.begin(), names.end(), word) != names.end())
+        return "";
+    const std::string like = namesLike(word, names);
+    return like.empty() ? message("unknown command \"%s\"", word)
+                        : message("unknown command \"%s\" (did you mean %s?)", word, like);
+}
+
+/// `help` is `--help`, `help COMMAND` is `COMMAND --help`.
+std::vector<std::string> withoutHelpCommand(int argc, const char* const* argv)
+{
+    std::vector<std::string> arguments(argv + std::min(argc, 1), argv + argc);
+    if (arguments.empty() || arguments.front() != "help")
+        return arguments;
+    arguments.erase(arguments.begin());
+    arguments.emplace_back("--help");
+    return arguments;
 }
 
 } // namespace
@@ -32,6 +60,8 @@ CProgramParser::CProgramParser()
 {
     formatter(std::make_shared<CHelpFormatter>());
     set_help_flag("-h,--help", tr("Print this help message and exit"));
+    set_version_flag("--version", "kedrin-module " KEDRIN_VERSION, tr("Print the version and exit"));
+    footer(tr("kedrin-module help COMMAND explains a command."));
     require_subcommand(1);
 }
 
@@ -40,16 +70,18 @@ namespace {
 int parseAndRun(CLI::App& parser, std::span<const std::unique_ptr<ICommand>> commands, int argc,
                 const char* const* argv, const CommandStreams& streams)
 {
+    std::vector<std::string> arguments = withoutHelpCommand(argc, argv);
+    const std::string word = arguments.empty() ? "" : arguments.front();
+    if (const std::string unknown = unknownCommand(parser, word); !unknown.empty())
+        return refuseUsage(streams.err, unknown);
+    std::reverse(arguments.begin(), arguments.end()); // the parser takes them from the end
     try {
-        parser.parse(argc, argv);
+        parser.parse(arguments);
     } catch (const CLI::Success& success) {
         parser.exit(success, streams.out, streams.err);
         return exitDone;
     } catch (const CLI::ParseError& error) {
-        const std::string word = argc > 1 ? argv[1] : "";
-        const bool isUnknown = !word.empty() && word[0] != '-' && !hasCommand(parser, word);
-        return refuseUsage(streams.err,
-                           isUnknown ? message("unknown command \"%s\"", word) : usageMessage(error));
+        return refuseUsage(streams.err, usageMessage(error, parser));
     }
     for (const auto& command : commands)
         if (command->isChosen()) {

@@ -2,6 +2,7 @@
 
 #include "command.h"
 #include "sword_texts.h"
+#include "text_matcher.h"
 
 #include <memory>
 
@@ -23,7 +24,8 @@ std::unique_ptr<ICommand> makeExportCommand(CLI::App& program);
 // These only read modules, or are as short. The program that users call is linked with them alone.
 
 std::unique_ptr<ICommand> makeShowCommand(CLI::App& program);
-std::unique_ptr<ICommand> makeSearchCommand(CLI::App& program);
+/// @param makeRegex  null in a program that is never asked for expressions
+std::unique_ptr<ICommand> makeSearchCommand(CLI::App& program, RegexMaker makeRegex);
 std::unique_ptr<ICommand> makeInfoCommand(CLI::App& program);
 std::unique_ptr<ICommand> makeWordsCommand(CLI::App& program);
 std::unique_ptr<ICommand> makeDiffCommand(CLI::App& program);

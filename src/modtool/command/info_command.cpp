@@ -18,8 +18,9 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-constexpr const char* helpText = translatable("Example:\n"
+constexpr const char* helpText = translatable("Examples:\n"
                                               "  kedrin-module info modules/bibles/my\n"
+                                              "  kedrin-module info --empty-verses modules/bibles/my\n"
                                               "\n"
                                               "Exit codes:\n"
                                               "  0  done\n"
@@ -77,7 +78,17 @@ void writeJson(const ModuleFacts& facts, std::ostream& out)
     writeJsonText(json, out);
 }
 
-/// `kedrin-module info MODULE [--json]`: a module's metadata and contents.
+void writeEmptyVerses(const CModuleReader& module, std::ostream& out)
+{
+    const std::vector<Tolvo::CRef> references = module.references();
+    module.forEachVerse(0, module.structure().totalVersesCount(),
+                        [&](unsigned int verseNum, std::string_view stored) {
+                            if (stored.empty())
+                                out << module.label(references[verseNum]) << '\n';
+                        });
+}
+
+/// `kedrin-module info MODULE [--json | --empty-verses]`: a module's metadata and contents.
 class CInfoCommand final : public CQueryCommand
 {
 public:
@@ -88,6 +99,7 @@ private:
 
     std::string m_module;
     bool m_json = false;
+    bool m_emptyVerses = false;
 };
 
 } // namespace
@@ -97,13 +109,19 @@ CInfoCommand::CInfoCommand(CLI::App& program)
 {
     m_command->add_option("MODULE", m_module, tr("The module's folder, or its name as list shows it"))
         ->required();
-    m_command->add_flag("--json", m_json, tr("Print the answer as JSON"));
+    auto* json = m_command->add_flag("--json", m_json, tr("Print the answer as JSON"));
+    m_command->add_flag("--empty-verses", m_emptyVerses, tr("List only the verses without text"))
+        ->excludes(json);
 }
 
 int CInfoCommand::answer(std::ostream& out) const
 {
     if (m_json)
         forceEnglish();
+    if (m_emptyVerses) {
+        writeEmptyVerses(CModuleReader(moduleFolder(m_module)), out);
+        return exitDone;
+    }
     const ModuleFacts facts = moduleFacts(moduleFolder(m_module));
     if (m_json)
         writeJson(facts, out);

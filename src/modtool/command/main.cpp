@@ -9,7 +9,7 @@ int main(int argc, char* argv[])
 {
     using namespace Kedrin::ModTool;
     setUpProcess();
-    if (argc < 2 || !isQueryCommand(argv[1]))
+    if (!isQuery(argc, argv))
         return execFullProgram(argv);
     chooseLanguage();
     std::ios::sync_with_stdio(false);

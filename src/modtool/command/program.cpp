@@ -3,6 +3,7 @@
 #include "command_line.h"
 #include "manual_page.h"
 #include "query_program.h"
+#include "regex_matcher.h"
 
 #include <unistd.h>
 
@@ -20,7 +21,7 @@ int runProgram(int argc, const char* const* argv, const ISword& sword, std::ostr
         commands.push_back(make(parser, sword));
     for (const auto make : {makeCheckCommand, makeExportCommand})
         commands.push_back(make(parser));
-    for (auto& command : makeQueryCommands(parser))
+    for (auto& command : makeQueryCommands(parser, makeRegexMatcher))
         commands.push_back(std::move(command));
     const auto printManualPage = [&] {
         out << manualPage(parser);

@@ -15,6 +15,10 @@ using Json = nlohmann::ordered_json;
 /// may hold, are replaced by U+FFFD.
 void writeJsonText(const Json& document, std::ostream& out);
 
+/// A verse: "reference" as shown, its numbers from 1 in the module ("local") and in the global numbering ("common"),
+/// "text".
+Json verseJson(const CModuleReader& module, const Tolvo::CRef& local);
+
 /// "Jonah 2:1", numbers from 1, for a position in the global numbering.
 std::string osisLabel(const GlobalPosition& position);
 

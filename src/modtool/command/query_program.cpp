@@ -7,18 +7,21 @@
 
 namespace Kedrin::ModTool {
 
-bool isQueryCommand(std::string_view word)
+bool isQuery(int argc, const char* const* argv)
 {
     constexpr std::array<std::string_view, 7> names = {"show", "search", "info",  "words",
                                                        "diff", "list",   "remove"};
-    return std::find(names.begin(), names.end(), word) != names.end();
+    return argc > 1 && std::find(names.begin(), names.end(), argv[1]) != names.end() &&
+           std::none_of(argv + 1, argv + argc, [](std::string_view word) { return word == "--regex"; });
 }
 
-std::vector<std::unique_ptr<ICommand>> makeQueryCommands(CLI::App& program)
+std::vector<std::unique_ptr<ICommand>> makeQueryCommands(CLI::App& program, RegexMaker makeRegex)
 {
     std::vector<std::unique_ptr<ICommand>> commands;
-    for (const auto make : {makeShowCommand, makeSearchCommand, makeInfoCommand, makeWordsCommand,
-                            makeDiffCommand, makeListCommand, makeRemoveCommand})
+    commands.push_back(makeShowCommand(program));
+    commands.push_back(makeSearchCommand(program, makeRegex));
+    for (const auto make :
+         {makeInfoCommand, makeWordsCommand, makeDiffCommand, makeListCommand, makeRemoveCommand})
         commands.push_back(make(program));
     return commands;
 }
@@ -26,7 +29,7 @@ std::vector<std::unique_ptr<ICommand>> makeQueryCommands(CLI::App& program)
 int runQueryProgram(int argc, const char* const* argv, std::ostream& out, std::ostream& err)
 {
     CProgramParser parser;
-    const auto commands = makeQueryCommands(parser);
+    const auto commands = makeQueryCommands(parser, nullptr);
     return runCommandLine(parser, commands, argc, argv, {out, err, nullptr});
 }
 

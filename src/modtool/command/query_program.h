@@ -9,12 +9,13 @@
 
 namespace Kedrin::ModTool {
 
-/// Whether a word of the command line names a command that does not need the SWORD library: show, search, info, words,
-/// diff, list or remove.
-bool isQueryCommand(std::string_view word);
+/// Whether a command line is for the program that needs no library but the reader's own engine: it begins with show,
+/// search, info, words, diff, list or remove, and asks for no expression to be searched for.
+bool isQuery(int argc, const char* const* argv);
 
 /// Makes these commands.
-std::vector<std::unique_ptr<ICommand>> makeQueryCommands(CLI::App& program);
+/// @param makeRegex  null where isQuery() has said so
+std::vector<std::unique_ptr<ICommand>> makeQueryCommands(CLI::App& program, RegexMaker makeRegex);
 
 /// The program for one of these commands: reads the arguments, runs the command.
 /// @returns the exit code

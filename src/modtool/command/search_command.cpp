@@ -4,16 +4,22 @@
 #include "command.h"
 #include "command_line.h"
 #include "exit_codes.h"
-#include "global_books.h"
+#include "help_formatter.h"
 #include "installed_modules.h"
 #include "language.h"
 #include "messages.h"
+#include "misplaced_module.h"
 #include "module_search.h"
 #include "query_json.h"
+#include "reference_parser.h"
 #include "search_text.h"
+#include "text_columns.h"
+#include "verse_output.h"
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -21,18 +27,22 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-constexpr const char* helpText =
-    translatable("Finds the same verses as the search in the window, in the same order.\n"
-                 "\n"
-                 "Examples:\n"
-                 "  kedrin-module search modules/bibles/my light\n"
-                 "  kedrin-module search modules/bibles/my --whole-word --count God\n"
-                 "\n"
-                 "Exit codes:\n"
-                 "  0  found\n"
-                 "  1  nothing found\n"
-                 "  2  invalid arguments\n"
-                 "  3  the module cannot be read");
+constexpr const char* helpText = translatable(
+    "Finds the same verses as the search in the window, in the same order. Expressions are those of the "
+    "ICU library,\n"
+    "and match the text without markup.\n"
+    "\n"
+    "Examples:\n"
+    "  kedrin-module search modules/bibles/my light\n"
+    "  kedrin-module search modules/bibles/my --whole-word --count God\n"
+    "  kedrin-module search modules/bibles/my --all-words --range 'Mat-Jn; Ps 119' light darkness\n"
+    "  kedrin-module search modules/bibles/my --regex '\\bin the beginning\\b'\n"
+    "\n"
+    "Exit codes:\n"
+    "  0  found\n"
+    "  1  nothing found\n"
+    "  2  invalid arguments\n"
+    "  3  the module cannot be read");
 
 using Tolvo::CRef;
 
@@ -42,28 +52,39 @@ bool isNumberedAlike(const GlobalPosition& position, const CRef& local)
            position.verse == static_cast<int>(local.verse());
 }
 
-/// `kedrin-module search MODULE TEXT [--whole-word | --part] [--case] [--count] [--json]`: the verses that
-/// contain a text.
+/// `kedrin-module search MODULE TEXT`: the verses that contain a text, all of several words, or what an expression
+/// matches.
 class CSearchCommand final : public CQueryCommand
 {
 public:
-    explicit CSearchCommand(CLI::App& program);
+    CSearchCommand(CLI::App& program, RegexMaker makeRegex);
 
     std::string usageError() const override;
 
 private:
     int answer(std::ostream& out) const override;
+    void addMatchingOptions();
+    void addOutputOptions();
 
     SearchMode mode() const;
-    void writeLines(const CModuleReader& module, const std::vector<Tolvo::CRef>& hits,
-                    std::ostream& out) const;
-    void writeJson(const CModuleReader& module, const std::vector<Tolvo::CRef>& hits,
-                   std::ostream& out) const;
+    std::vector<CRef> find(const CModuleReader& module, const ITextMatcher* regex) const;
+    std::unique_ptr<ITextMatcher> highlight() const;
+    void write(const CModuleReader& module, const std::vector<CRef>& hits, std::ostream& out) const;
+    void writeLines(const CModuleReader& module, const std::vector<CRef>& hits, std::ostream& out) const;
+    void writeJson(const CModuleReader& module, const std::vector<CRef>& hits, std::ostream& out) const;
+    std::size_t shownCount(const std::vector<CRef>& hits) const { return std::min(hits.size(), m_limit); }
 
+    RegexMaker
+        m_makeRegex; ///< null in the program that only reads modules, which is not asked for expressions
     std::string m_module;
     std::vector<std::string> m_text; ///< as typed, word by word
+    std::string m_range;
+    std::string m_colour = "auto";
+    std::size_t m_limit = std::numeric_limits<std::size_t>::max();
     bool m_wholeWord = false;
     bool m_part = false;
+    bool m_allWords = false;
+    bool m_regex = false;
     bool m_case = false;
     bool m_count = false;
     bool m_json = false;
@@ -71,27 +92,59 @@ private:
 
 } // namespace
 
-CSearchCommand::CSearchCommand(CLI::App& program)
-    : CQueryCommand(addCommand(program, "search", "Search a module for text", helpText))
+CSearchCommand::CSearchCommand(CLI::App& program, RegexMaker makeRegex)
+    : CQueryCommand(addCommand(program, "search", "Search a module for text", helpText)),
+      m_makeRegex(makeRegex)
 {
     m_command->add_option("MODULE", m_module, tr("The module's folder, or its name as list shows it"))
         ->required();
     m_command->add_option("TEXT", m_text, tr("Text to search for; several words are one text"))
-        ->type_name("")
-        ->required();
+        ->type_name("");
+    addMatchingOptions();
+    addOutputOptions();
+}
+
+void CSearchCommand::addMatchingOptions()
+{
     auto* wholeWord =
         m_command->add_flag("--whole-word", m_wholeWord, tr("Match whole words only, in any case"));
     m_command->add_flag("--part", m_part, tr("Match inside words too (default)"))->excludes(wholeWord);
+    auto* allWords = m_command->add_flag("--all-words", m_allWords,
+                                         tr("Find verses with all the words, in any order, not one text"));
+    m_command->add_flag("--regex", m_regex, tr("TEXT is a regular expression"))
+        ->excludes(wholeWord)
+        ->excludes(allWords);
     m_command->add_flag("--case", m_case, tr("Match case"));
+    m_command->add_option("--range", m_range, tr("Search only these passages, given as for show"))
+        ->type_name("REFERENCE");
+}
+
+void CSearchCommand::addOutputOptions()
+{
+    m_command->add_option("--limit", m_limit, tr("Show at most this many verses"))
+        ->check(CLI::Range(std::size_t(1), std::size_t(1000000)))
+        ->option_text("N");
     m_command->add_flag("--count", m_count, tr("Show only the number of verses found"));
     m_command->add_flag("--json", m_json, tr("Print the answer as JSON"));
+    m_command
+        ->add_option("--color", m_colour,
+                     tr("Highlight what is found (auto: on a terminal, unless NO_COLOR is set)"))
+        ->check(CLI::IsMember({"auto", "always", "never"}))
+        ->option_text("auto|always|never");
 }
 
 std::string CSearchCommand::usageError() const
 {
     if (m_wholeWord && m_case)
         return tr("--whole-word ignores case, so it cannot be combined with --case");
-    return joined(m_text, " ").empty() ? tr("the text to search for is empty") : "";
+    std::vector<std::string> arguments = m_text;
+    arguments.insert(arguments.begin(), m_module);
+    if (const std::string misplaced = misplacedModule("search", arguments); !misplaced.empty())
+        return misplaced;
+    if (m_text.empty())
+        return message("%s is required", argumentName("TEXT"));
+    const std::string text = joined(m_text, " ");
+    return text.empty() || (m_allWords && isBlank(text)) ? tr("the text to search for is empty") : "";
 }
 
 SearchMode CSearchCommand::mode() const
@@ -105,60 +158,84 @@ int CSearchCommand::answer(std::ostream& out) const
 {
     if (m_json)
         forceEnglish();
+    const std::unique_ptr<ITextMatcher> regex = m_regex ? m_makeRegex(joined(m_text, " "), m_case) : nullptr;
     const CModuleReader module(moduleFolder(m_module));
-    const std::string text = searchText(joined(m_text, " "));
-    const std::vector<CRef> hits = searchModule(module, text, mode());
+    std::vector<CRef> hits = find(module, regex.get());
+    if (!m_range.empty()) {
+        const std::vector<VerseRange> ranges = parseReferences(m_range, module);
+        std::erase_if(hits, [&](const CRef& hit) { return !holds(ranges, hit); });
+    }
+    write(module, hits, out);
+    return hits.empty() ? exitFailed : exitDone;
+}
+
+std::vector<CRef> CSearchCommand::find(const CModuleReader& module, const ITextMatcher* regex) const
+{
+    if (regex)
+        return searchMatches(module, *regex);
+    if (!m_allWords)
+        return searchModule(module, searchText(joined(m_text, " ")), mode());
+    std::vector<std::string> words;
+    for (const std::string& word : wordsOf(joined(m_text, " ")))
+        words.push_back(searchText(word));
+    return searchAll(module, words, mode());
+}
+
+std::unique_ptr<ITextMatcher> CSearchCommand::highlight() const
+{
+    const std::string text = joined(m_text, " ");
+    if (m_regex)
+        return m_makeRegex(text, m_case);
+    return makeWordMatcher(m_allWords ? wordsOf(text) : std::vector{text}, m_case, m_wholeWord);
+}
+
+void CSearchCommand::write(const CModuleReader& module, const std::vector<CRef>& hits,
+                           std::ostream& out) const
+{
     if (m_json)
         writeJson(module, hits, out);
     else if (m_count)
         out << hits.size() << '\n';
     else
         writeLines(module, hits, out);
-    return hits.empty() ? exitFailed : exitDone;
 }
 
 void CSearchCommand::writeLines(const CModuleReader& module, const std::vector<CRef>& hits,
                                 std::ostream& out) const
 {
-    for (const CRef& local : hits) {
+    const bool hasColours = m_colour == "always" || (m_colour == "auto" && wantsColours(out));
+    const std::unique_ptr<ITextMatcher> found = hasColours ? highlight() : nullptr;
+    const VerseLayout layout{terminalWidth(out, 0), found.get()};
+    for (std::size_t i = 0; i < shownCount(hits); ++i) {
+        const CRef& local = hits[i];
         const GlobalPosition position = module.globalPosition(local);
-        out << module.label(local);
+        std::string label = module.label(local);
         if (!isNumberedAlike(position, local))
-            out << " [" << osisLabel(position) << ']';
-        out << "  " << module.text(local) << '\n';
+            label += " [" + osisLabel(position) + ']';
+        writeVerse(label, module.text(local), layout, out);
     }
-    out << counted(hits.size(), "verse", "verses") << '\n';
+    const std::string all = counted(hits.size(), "verse", "verses");
+    out << (shownCount(hits) == hits.size() ? all : message("%s; %s shown", all, m_limit)) << '\n';
 }
 
 void CSearchCommand::writeJson(const CModuleReader& module, const std::vector<CRef>& hits,
                                std::ostream& out) const
 {
-    Json list = Json::array();
-    for (const CRef& local : hits) {
-        const GlobalPosition position = module.globalPosition(local);
-        Json hit;
-        hit["reference"] = module.label(local);
-        hit["local"] = {
-            {"book", local.bookID() + 1}, {"chapter", local.chapter() + 1}, {"verse", local.verse() + 1}};
-        hit["common"] = {{"book", position.book + 1},
-                         {"osis", globalBooks()[position.book].osis},
-                         {"chapter", position.chapter + 1},
-                         {"verse", position.verse + 1}};
-        hit["text"] = module.text(local);
-        list.push_back(std::move(hit));
-    }
     Json answer;
     answer["module"] = module.folder();
     answer["text"] = joined(m_text, " ");
     answer["count"] = hits.size();
-    if (!m_count)
-        answer["hits"] = std::move(list);
+    if (!m_count) {
+        answer["hits"] = Json::array();
+        for (std::size_t i = 0; i < shownCount(hits); ++i)
+            answer["hits"].push_back(verseJson(module, hits[i]));
+    }
     writeJsonText(answer, out);
 }
 
-std::unique_ptr<ICommand> makeSearchCommand(CLI::App& program)
+std::unique_ptr<ICommand> makeSearchCommand(CLI::App& program, RegexMaker makeRegex)
 {
-    return std::make_unique<CSearchCommand>(program);
+    return std::make_unique<CSearchCommand>(program, makeRegex);
 }
 
 } // namespace Kedrin::ModTool

@@ -1,9 +1,13 @@
 #include "usage_message.h"
 
+#include "ascii.h"
 #include "help_formatter.h"
 #include "messages.h"
+#include "spelling.h"
 
+#include <algorithm>
 #include <array>
+#include <limits>
 #include <optional>
 #include <string_view>
 
@@ -57,16 +61,48 @@ std::optional<std::vector<std::string>> partsOf(std::string_view said, std::stri
     return said.empty() ? std::optional(parts) : std::nullopt;
 }
 
+/// " (did you mean --count?)" for the first unknown option; "" where none is like it.
+std::string optionsLike(const CLI::ParseError& error, const CLI::App& parser)
+{
+    const std::string said = error.what();
+    const std::size_t begin = said.find(" --");
+    if (!dynamic_cast<const CLI::ExtrasError*>(&error) || begin == std::string::npos)
+        return "";
+    const std::string typed = said.substr(begin + 1, said.find_first_of(" =", begin + 1) - begin - 1);
+    std::vector<std::string> names;
+    for (const CLI::App* command : parser.get_subcommands())
+        for (const CLI::Option* option : command->get_options())
+            for (const std::string& name : option->get_lnames())
+                names.push_back("--" + name);
+    const std::string like = namesLike(typed, names);
+    return like.empty() ? "" : message(" (did you mean %s?)", like);
+}
+
 } // namespace
 
-std::string usageMessage(const CLI::ParseError& error)
+std::string namesLike(const std::string& typed, const std::vector<std::string>& names)
+{
+    std::vector<std::string> nearest;
+    std::size_t least = std::numeric_limits<std::size_t>::max();
+    for (const std::string& name : names) {
+        const std::size_t misspelt = lettersMisspelt(typed, name).value_or(least);
+        if (misspelt < least)
+            nearest.clear();
+        least = std::min(least, misspelt);
+        if (lettersMisspelt(typed, name) == least)
+            nearest.push_back(name);
+    }
+    return joined(nearest, ", ");
+}
+
+std::string usageMessage(const CLI::ParseError& error, const CLI::App& parser)
 {
     std::string said = error.what();
     for (const Sentence& sentence : sentences)
         if (auto parts = partsOf(said, sentence.parsers)) {
             for (std::string& part : *parts)
                 part = argumentName(part);
-            return expanded(tr(sentence.english), *parts);
+            return expanded(tr(sentence.english), *parts) + optionsLike(error, parser);
         }
     return said; // the tool's own message, already translated
 }

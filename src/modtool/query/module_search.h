@@ -1,6 +1,7 @@
 #pragma once
 
 #include "module_reader.h"
+#include "text_matcher.h"
 
 #include <string>
 #include <vector>
@@ -20,5 +21,14 @@ enum class SearchMode
 /// @param text  Windows-1251
 /// @throws CModuleError  "%s: the concordance puts the word \"%s\" in verse %u of %u" and what the readers throw
 std::vector<Tolvo::CRef> searchModule(const CModuleReader& module, const std::string& text, SearchMode mode);
+
+/// The verses that hold each of several texts, in any order: those that searchModule() finds for the first and for all
+/// others.
+/// @param texts  at least one, Windows-1251
+std::vector<Tolvo::CRef> searchAll(const CModuleReader& module, const std::vector<std::string>& texts,
+                                   SearchMode mode);
+
+/// The verses in whose plain text the matcher finds something, in their order.
+std::vector<Tolvo::CRef> searchMatches(const CModuleReader& module, const ITextMatcher& matcher);
 
 } // namespace Kedrin::ModTool

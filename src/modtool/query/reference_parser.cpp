@@ -6,17 +6,19 @@
 #include <unicode/uchar.h>
 #include <unicode/unistr.h>
 
+#include <algorithm>
 #include <charconv>
 #include <optional>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 namespace Kedrin::ModTool {
 
 namespace {
 
-/// A split reference: the book's name, and the numbers after it, without spaces and with ":" and "-" as the
-/// only separators.
+/// A split reference: the book's name, and the numbers after it, without spaces and with ":", ","
+/// and "-" as the only separators.
 struct Parts
 {
     std::string name;
@@ -27,7 +29,7 @@ char16_t simplified(char16_t unit)
 {
     if (u_isUWhiteSpace(unit))
         return u' ';
-    if (unit == u'.' || unit == u',')
+    if (unit == u'.')
         return u':';
     if (unit >= u'\u2010' && unit <= u'\u2015')
         return u'-';
@@ -36,15 +38,14 @@ char16_t simplified(char16_t unit)
 
 bool isDigit(char16_t unit) { return unit >= u'0' && unit <= u'9'; }
 
-Parts partsOf(const std::string& reference)
+Parts partsOf(const icu::UnicodeString& text)
 {
-    const icu::UnicodeString text = icu::UnicodeString::fromUTF8(reference);
     int32_t end = text.length(); // of the name
     for (int32_t i = end; i > 0;) {
         const char16_t unit = simplified(text.charAt(--i));
         if (isDigit(unit))
             end = i;
-        else if (unit != u' ' && unit != u':' && unit != u'-')
+        else if (unit != u' ' && unit != u':' && unit != u',' && unit != u'-')
             break;
     }
     Parts parts;
@@ -63,26 +64,72 @@ struct Point
     std::optional<unsigned int> verse;
 };
 
+/// From a point to another or, with one point, just that.
+struct Span
+{
+    Point first;
+    Point last;
+};
+
+/// The numbers after a book's name.
 class CNumbers
 {
 public:
-    explicit CNumbers(const std::string& numbers) : m_at(numbers.data()), m_end(m_at + numbers.size()) {}
+    explicit CNumbers(const std::string& numbers)
+        : m_at(numbers.data()),
+          m_end(m_at + numbers.size()),
+          m_verseSign(numbers.find(':') == std::string::npos ? ',' : ':')
+    {}
 
     /// False if the text is malformed.
-    bool read(std::vector<Point>& points)
+    bool read(std::vector<Span>& spans)
     {
         do {
-            Point point;
-            if (!number(point.chapter))
+            Span span;
+            if (!point(span.first, spans.empty() ? std::nullopt : chapterBefore(spans.back())))
                 return false;
-            if (accept(':') && !number(point.verse.emplace()))
+            span.last = span.first;
+            if (accept('-') && !lastPoint(span))
                 return false;
-            points.push_back(point);
-        } while (accept('-'));
-        return m_at == m_end && points.size() <= 2;
+            spans.push_back(span);
+        } while (accept(','));
+        return m_at == m_end;
     }
 
 private:
+    /// The chapter that goes on after a span that ends with a verse.
+    static std::optional<unsigned int> chapterBefore(const Span& span)
+    {
+        return span.last.verse ? std::optional(span.last.chapter) : std::nullopt;
+    }
+
+    /// @param chapter  of which a number alone is a verse
+    bool point(Point& point, std::optional<unsigned int> chapter)
+    {
+        if (!number(point.chapter))
+            return false;
+        if ((m_verseSign == ':' || !chapter) && accept(m_verseSign))
+            return number(point.verse.emplace());
+        if (chapter) {
+            point.verse = point.chapter;
+            point.chapter = *chapter;
+        }
+        return true;
+    }
+
+    bool lastPoint(Span& span)
+    {
+        const std::optional<unsigned int> chapter = chapterBefore(span);
+        if (!number(span.last.chapter))
+            return false;
+        span.last.verse.reset();
+        if (accept(m_verseSign))
+            return number(span.last.verse.emplace());
+        if (chapter)
+            span.last = {*chapter, span.last.chapter};
+        return true;
+    }
+
     bool number(unsigned int& value)
     {
         const auto [stop, error] = std::from_chars(m_at, m_end, value);
@@ -98,6 +145,7 @@ private:
 
     const char* m_at;
     const char* m_end;
+    char m_verseSign; ///< between a chapter and a verse
 };
 
 class CResolver
@@ -105,14 +153,13 @@ class CResolver
 public:
     CResolver(const CModuleReader& module, unsigned int book) : m_module(module), m_book(book) {}
 
-    VerseRange resolve(Point first, Point last)
+    VerseRange resolve(Span span)
     {
+        auto& [first, last] = span;
         if (chaptersCount() == 1 && !first.verse && !last.verse && last.chapter > 1) {
             first = {1, first.chapter};
             last = {1, last.chapter};
         }
-        if (first.verse && !last.verse)
-            last = {first.chapter, last.chapter};
         const bool whole = !first.verse && !last.verse;
         const auto [firstChapter, firstVerse] = validated({first.chapter, first.verse.value_or(1)});
         const auto [lastChapter, lastVerse] =
@@ -120,7 +167,7 @@ public:
         return {m_book, firstChapter, firstVerse, lastChapter, lastVerse, whole};
     }
 
-    VerseRange wholeBook() { return resolve({1, {}}, {chaptersCount(), {}}); }
+    VerseRange wholeBook() { return resolve({{1, {}}, {chaptersCount(), {}}}); }
 
 private:
     unsigned int chaptersCount() const { return m_module.structure().chaptersCount(m_book); }
@@ -148,6 +195,80 @@ private:
     unsigned int m_book;
 };
 
+/// Reads references that ";" divides, one after another.
+class CReferenceReader
+{
+public:
+    explicit CReferenceReader(const CModuleReader& module) : m_module(module), m_books(module) {}
+
+    /// Adds the ranges of one reference.
+    void read(const icu::UnicodeString& text)
+    {
+        text.toUTF8String(m_reference = "");
+        const Parts parts = partsOf(text);
+        std::vector<Span> spans;
+        if ((parts.name.empty() && parts.numbers.empty()) ||
+            (!parts.numbers.empty() && !CNumbers(parts.numbers).read(spans)))
+            throw CNotFound(message("\"%s\" is not a reference", m_reference));
+        if (spans.empty())
+            return readBooks(parts.name);
+        if (!parts.name.empty())
+            m_book = m_books.find(parts.name);
+        if (!m_book)
+            throw CNotFound(message("\"%s\" does not name a book (for example: %s)", m_reference,
+                                    m_module.bookLabel(0) + ' ' + m_reference));
+        for (const Span& span : spans)
+            add(CResolver(m_module, *m_book).resolve(span));
+    }
+
+    std::vector<VerseRange> ranges() && { return std::move(m_ranges); }
+
+private:
+    void add(const VerseRange& range)
+    {
+        if (std::tuple(range.firstChapter, range.firstVerse) > std::tuple(range.lastChapter, range.lastVerse))
+            throw CNotFound(message("\"%s\" ends before it begins", m_reference));
+        m_ranges.push_back(range);
+    }
+
+    /// A book, or two with a dash between; a dash may also be part of a name.
+    void readBooks(const std::string& name)
+    {
+        try {
+            m_book = m_books.find(name);
+            m_ranges.push_back(CResolver(m_module, *m_book).wholeBook());
+        } catch (const CNotFound&) {
+            if (!readBooksBetween(icu::UnicodeString::fromUTF8(name)))
+                throw;
+        }
+    }
+
+    bool readBooksBetween(const icu::UnicodeString& names)
+    {
+        int32_t dash = 0;
+        while (dash < names.length() && simplified(names.charAt(dash)) != u'-')
+            ++dash;
+        if (dash == 0 || dash + 1 >= names.length())
+            return false;
+        std::string first, last;
+        names.tempSubStringBetween(0, dash).toUTF8String(first);
+        names.tempSubStringBetween(dash + 1).toUTF8String(last);
+        const unsigned int firstBook = m_books.find(first), lastBook = m_books.find(last);
+        if (firstBook > lastBook)
+            throw CNotFound(message("\"%s\" ends before it begins", m_reference));
+        for (unsigned int book = firstBook; book <= lastBook; ++book)
+            m_ranges.push_back(CResolver(m_module, book).wholeBook());
+        m_book = lastBook;
+        return true;
+    }
+
+    const CModuleReader& m_module;
+    CBookLookup m_books;
+    std::string m_reference;            ///< being read
+    std::optional<unsigned int> m_book; ///< of the reference before
+    std::vector<VerseRange> m_ranges;
+};
+
 } // namespace
 
 bool VerseRange::holds(const Tolvo::CRef& local) const
@@ -157,19 +278,26 @@ bool VerseRange::holds(const Tolvo::CRef& local) const
            position <= std::tuple(lastChapter, lastVerse);
 }
 
-VerseRange parseReference(const std::string& reference, const CModuleReader& module)
+bool holds(const std::vector<VerseRange>& ranges, const Tolvo::CRef& local)
 {
-    const Parts parts = partsOf(reference);
-    std::vector<Point> points;
-    if (parts.name.empty() || (!parts.numbers.empty() && !CNumbers(parts.numbers).read(points)))
-        throw CNotFound(message("\"%s\" is not a reference", reference));
-    CResolver resolver(module, CBookLookup(module).find(parts.name));
-    if (points.empty())
-        return resolver.wholeBook();
-    const VerseRange range = resolver.resolve(points.front(), points.back());
-    if (std::tuple(range.firstChapter, range.firstVerse) > std::tuple(range.lastChapter, range.lastVerse))
-        throw CNotFound(message("\"%s\" ends before it begins", reference));
-    return range;
+    return std::any_of(ranges.begin(), ranges.end(),
+                       [&](const VerseRange& range) { return range.holds(local); });
+}
+
+std::vector<VerseRange> parseReferences(const std::string& references, const CModuleReader& module)
+{
+    CReferenceReader reader(module);
+    const icu::UnicodeString text = icu::UnicodeString::fromUTF8(references);
+    for (int32_t begin = 0; begin <= text.length();) {
+        int32_t end = text.indexOf(u';', begin);
+        end = end < 0 ? text.length() : end;
+        icu::UnicodeString reference = text.tempSubStringBetween(begin, end);
+        const bool isBlankEnd = begin != 0 && end == text.length() && reference.trim().isEmpty();
+        if (!isBlankEnd) // "Йоан 3:16;"
+            reader.read(begin == 0 && end == text.length() ? text : reference.trim());
+        begin = end + 1;
+    }
+    return std::move(reader).ranges();
 }
 
 } // namespace Kedrin::ModTool

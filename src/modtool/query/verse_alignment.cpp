@@ -38,9 +38,7 @@ private:
     std::map<std::pair<std::size_t, GlobalPosition>, unsigned int> m_seen;
 };
 
-} // namespace
-
-std::vector<AlignedRow> alignRange(const std::vector<const CModuleReader*>& modules, const VerseRange& range)
+std::vector<AlignedRow> alignOne(const std::vector<const CModuleReader*>& modules, const VerseRange& range)
 {
     CRows rows(modules.size());
     std::set<GlobalPosition> positions;
@@ -65,6 +63,18 @@ std::vector<AlignedRow> alignRange(const std::vector<const CModuleReader*>& modu
         }
     }
     return rows.take();
+}
+
+} // namespace
+
+std::vector<AlignedRow> alignRanges(const std::vector<const CModuleReader*>& modules,
+                                    const std::vector<VerseRange>& ranges)
+{
+    std::vector<AlignedRow> rows;
+    for (const VerseRange& range : ranges)
+        for (AlignedRow& row : alignOne(modules, range))
+            rows.push_back(std::move(row));
+    return rows;
 }
 
 std::vector<AlignedRow> alignAll(const CModuleReader& first, const CModuleReader& second)

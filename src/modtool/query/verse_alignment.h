@@ -16,11 +16,12 @@ struct AlignedRow
     std::vector<std::optional<Tolvo::CRef>> verses;
 };
 
-/// Verses of several modules by their position in the global numbering, in its order. A position that a
+/// Verses of several modules by their position in the global numbering, range by range in its order. A position that a
 /// module has more than once gives as many rows.
-/// @param range  of the first module. For whole chapters, all verses of the other modules in those chapters
+/// @param ranges  of the first module. For whole chapters, all verses of the other modules in those chapters
 ///               of the global numbering are included, even if the first module lacks them.
-std::vector<AlignedRow> alignRange(const std::vector<const CModuleReader*>& modules, const VerseRange& range);
+std::vector<AlignedRow> alignRanges(const std::vector<const CModuleReader*>& modules,
+                                    const std::vector<VerseRange>& ranges);
 
 /// All verses of two modules.
 std::vector<AlignedRow> alignAll(const CModuleReader& first, const CModuleReader& second);

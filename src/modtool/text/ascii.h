@@ -55,6 +55,18 @@ constexpr std::string_view trimmed(std::string_view text, std::string_view blank
     return trimmedStart(trimmedEnd(text, blanks), blanks);
 }
 
+/// The parts of a text that white space divides; none is empty.
+inline std::vector<std::string> wordsOf(std::string_view text)
+{
+    std::vector<std::string> words;
+    for (text = trimmedStart(text); !text.empty(); text = trimmedStart(text)) {
+        const std::size_t end = std::min(text.find_first_of(whiteSpace), text.size());
+        words.emplace_back(text.substr(0, end));
+        text.remove_prefix(end);
+    }
+    return words;
+}
+
 /// The texts with `separator` between each two.
 inline std::string joined(const std::vector<std::string>& texts, std::string_view separator)
 {

@@ -23,19 +23,21 @@ CodePoints codePointsOf(std::string_view utf8)
     return codePoints;
 }
 
-/// How many letters must be put in, taken out or exchanged to make one text of the other.
+/// How many letters must be put in, taken out or exchanged, or swapped with the next, to make one text of the other.
 std::size_t editDistance(const CodePoints& a, const CodePoints& b)
 {
-    std::vector<std::size_t> row(b.size() + 1);
+    // [number of letters of b]: for the last letter of a but one, the last, and the one being added
+    std::vector<std::size_t> before, row(b.size() + 1), next(b.size() + 1);
     std::iota(row.begin(), row.end(), std::size_t(0));
     for (std::size_t i = 0; i < a.size(); ++i) {
-        std::size_t diagonal = row[0];
-        row[0] = i + 1;
+        next[0] = i + 1;
         for (std::size_t j = 0; j < b.size(); ++j) {
-            const std::size_t exchanged = diagonal + (a[i] != b[j]);
-            diagonal = row[j + 1];
-            row[j + 1] = std::min({row[j] + 1, row[j + 1] + 1, exchanged});
+            next[j + 1] = std::min({next[j] + 1, row[j + 1] + 1, row[j] + (a[i] != b[j])});
+            if (i > 0 && j > 0 && a[i] == b[j - 1] && a[i - 1] == b[j])
+                next[j + 1] = std::min(next[j + 1], before[j - 1] + 1);
         }
+        before = row;
+        row.swap(next);
     }
     return row[b.size()];
 }

@@ -62,6 +62,31 @@ TEST_F(BuildCommand, HelpIsNotAnError)
     EXPECT_EQ(command.err, "");
 }
 
+TEST_F(BuildCommand, MisspeltCommandsAndOptionsAreAnsweredWithThoseLikeThem)
+{
+    EXPECT_EQ(run({"bild"}), usage("unknown command \"bild\" (did you mean build?)"));
+    EXPECT_EQ(run({"shwo", "m"}), usage("unknown command \"shwo\" (did you mean show?)"));
+    EXPECT_EQ(run({"xyzzy"}), usage("unknown command \"xyzzy\""));
+    EXPECT_EQ(run({"search", "m", "a", "--cuont"}),
+              usage("unexpected argument: --cuont (did you mean --count?)"));
+    EXPECT_EQ(run({"build", "a", "b", "--titel=x"}),
+              usage("unexpected argument: --titel=x (did you mean --title?)"));
+}
+
+TEST_F(BuildCommand, HelpAsACommandIsTheSame)
+{
+    EXPECT_EQ(run({"help"}), run({"--help"}));
+    EXPECT_EQ(run({"help", "show"}), run({"show", "--help"}));
+    EXPECT_EQ(run({"help", "shwo"}), usage("unknown command \"shwo\" (did you mean show?)"));
+    EXPECT_NE(run({"help"}).out.find("\nkedrin-module help COMMAND explains a command.\n"),
+              std::string::npos);
+}
+
+TEST_F(BuildCommand, VersionIsOneLine)
+{
+    EXPECT_EQ(run({"--version"}), (Result{0, "kedrin-module 0.3-betha\n", ""}));
+}
+
 TEST_F(BuildCommand, PrintsItsReportOnStandardOutput)
 {
     const Result result = build(verses);

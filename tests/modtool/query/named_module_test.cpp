@@ -85,6 +85,26 @@ TEST_F(NamedModule, UnknownNameIsAnsweredWithNamesLikeIt)
               (Result{3, "", "kedrin-module: ./absent: is not a module folder\n"}));
 }
 
+TEST_F(NamedModule, ModuleThatDoesNotComeFirstIsFound)
+{
+    const auto usage = [](const std::string& what) {
+        return Result{2, "", "kedrin-module: " + what + "\nkedrin-module: try kedrin-module --help\n"};
+    };
+    EXPECT_EQ(run({"show", "Йоан 3:16", "my"}),
+              usage("the module comes first: kedrin-module show my 'Йоан 3:16'"));
+    EXPECT_EQ(run({"show", "Йоан", "3:16", "my"}),
+              usage("the module comes first: kedrin-module show my Йоан 3:16"));
+    EXPECT_EQ(run({"show", "Йоан", "3:16"}),
+              usage("the module comes first: kedrin-module show en Йоан 3:16"));
+    EXPECT_EQ(run({"show", "Йоан 3:16"}), usage("the module comes first: kedrin-module show en 'Йоан 3:16'"));
+    EXPECT_EQ(run({"search", "Бог"}), usage("the module comes first: kedrin-module search en Бог"));
+    EXPECT_EQ(run({"search", "Бог", "my"}), usage("the module comes first: kedrin-module search my Бог"));
+    EXPECT_EQ(run({"search", "my"}), usage("TEXT is required"));
+    EXPECT_EQ(run({"show", "my"}), usage("REFERENCE is required"));
+    EXPECT_EQ(run({"show", "mi", "1:1"}).err,
+              "kedrin-module: no module is named \"mi\" (did you mean my?)\n");
+}
+
 TEST_F(NamedModule, IsRemoved)
 {
     EXPECT_EQ(run({"remove", "my"}), (Result{0, "my is removed\n", ""}));

@@ -227,3 +227,11 @@ TEST_F(Commands, DiffByTheGlobalNumbering)
     EXPECT_EQ(run({"diff", other, m_bulgarian, "--count"}).out,
               "1 verse differs, 1 only in the first, 7 only in the second, 2 the same\n");
 }
+
+TEST_F(Commands, InfoListsVersesWithoutText)
+{
+    const std::string module =
+        m_modules.add("gaps", test_support::makeModule("m", {{0, "Битие", {{"", "Бог"}, {"ден", ""}}}}));
+    EXPECT_EQ(run({"info", "--empty-verses", module}), (Result{0, "Бит 1:1\nБит 2:2\n", ""}));
+    EXPECT_EQ(run({"info", "--empty-verses", m_english}), (Result{0, "", ""}));
+}

@@ -16,17 +16,20 @@ namespace {
 class References : public testing::Test
 {
 protected:
-    /// "book chapter:verse-chapter:verse", all from 0, and " whole" after chapters.
+    /// "book chapter:verse-chapter:verse", all from 0, and " whole" after chapters; several with ", " between.
     std::string range(const std::string& reference) const
     {
-        const VerseRange r = parseReference(reference, m_module);
-        return std::to_string(r.book) + ' ' + std::to_string(r.firstChapter) + ':' +
-               std::to_string(r.firstVerse) + '-' + std::to_string(r.lastChapter) + ':' +
-               std::to_string(r.lastVerse) + (r.wholeChapters ? " whole" : "");
+        std::string text;
+        for (const VerseRange& r : parseReferences(reference, m_module))
+            text += (text.empty() ? "" : ", ") + std::to_string(r.book) + ' ' +
+                    std::to_string(r.firstChapter) + ':' + std::to_string(r.firstVerse) + '-' +
+                    std::to_string(r.lastChapter) + ':' + std::to_string(r.lastVerse) +
+                    (r.wholeChapters ? " whole" : "");
+        return text;
     }
     std::string refusal(const std::string& reference) const
     {
-        return messageOf<CNotFound>([&] { parseReference(reference, m_module); });
+        return messageOf<CNotFound>([&] { parseReferences(reference, m_module); });
     }
 
 private:
@@ -125,9 +128,50 @@ TEST_F(References, NumbersOutsideTheBook)
 
 TEST_F(References, InvalidReferences)
 {
-    for (const char* text : {"", " ", "3:16", "1", "Йоан 3:", "Йоан 3:16:2", "Йоан 1-2-3", "Йоан 3:-5",
-                             "Йоан 99999999999", "Йоан 1-", "Йоан 3::16"})
+    for (const char* text : {"", " ", "Йоан 3:16,", "Йоан 1,2,", "Йоан 3:", "Йоан 3:16:2", "Йоан 1-2-3",
+                             "Йоан 3:-5", "Йоан 99999999999", "Йоан 1-", "Йоан 3::16"})
         EXPECT_EQ(refusal(text), '"' + std::string(text) + "\" is not a reference") << text;
+}
+
+TEST_F(References, ReferenceWithoutABookIsAnsweredWithAnExample)
+{
+    EXPECT_EQ(refusal("3:16"), "\"3:16\" does not name a book (for example: Бит 3:16)");
+    EXPECT_EQ(refusal("1"), "\"1\" does not name a book (for example: Бит 1)");
+    EXPECT_EQ(refusal("3:16; Йоан 1"), "\"3:16\" does not name a book (for example: Бит 3:16)");
+}
+
+TEST_F(References, CommaAfterAVerseAddsVerses)
+{
+    EXPECT_EQ(range("Йоан 3:16,18"), "3 2:15-2:15, 3 2:17-2:17");
+    EXPECT_EQ(range("Йоан 3:16-18, 20, 2:4-5, 7"), "3 2:15-2:17, 3 2:19-2:19, 3 1:3-1:4, 3 1:6-1:6");
+    EXPECT_EQ(range("Gen 1.3,5"), "0 0:2-0:2, 0 0:4-0:4");
+    EXPECT_EQ(range("Бит 1:30-2:3,5"), "0 0:29-1:2, 0 1:4-1:4");
+    EXPECT_EQ(refusal("Йоан 3:16,99"), "Йоа 3 has 36 verses; there is no verse 99");
+}
+
+TEST_F(References, CommaMayStandBetweenChapterAndVerse)
+{
+    EXPECT_EQ(range("Мт 2,3,5"), "9 1:2-1:2, 9 1:4-1:4");
+    EXPECT_EQ(range("Мт 1,24-2,3"), "9 0:23-1:2");
+    EXPECT_EQ(range("Мт 1,3-2,8"), "9 0:2-1:7");
+}
+
+TEST_F(References, SemicolonAddsReferences)
+{
+    EXPECT_EQ(range("Йоан 3:16; Бит 1"), "3 2:15-2:15, 0 0:0-0:30 whole");
+    EXPECT_EQ(range("Йоан 3:16;2:4 ; 1"), "3 2:15-2:15, 3 1:3-1:3, 3 0:0-0:50 whole");
+    EXPECT_EQ(range("Йоан 3:16;"), "3 2:15-2:15");
+    EXPECT_EQ(range("1 Царе 1:1; 2 Царе 1:2"), "5 0:0-0:0, 6 0:1-0:1");
+    EXPECT_EQ(refusal("Йоан 3:16;;Бит 1"), "\"\" is not a reference");
+    EXPECT_EQ(refusal("Йоан 3:16; Йуан 1"), "\"Йуан\" is not a book of the module (did you mean Йоан?)");
+}
+
+TEST_F(References, DashBetweenBooksTakesThoseBetweenThem)
+{
+    EXPECT_EQ(range("Йоан-1 Царе"), "3 0:0-2:35 whole, 4 0:0-1:9 whole, 5 0:0-1:35 whole");
+    EXPECT_EQ(range("Gen \u2013 Isa"), "0 0:0-2:23 whole, 1 0:0-0:30 whole");
+    EXPECT_EQ(refusal("Йоан-Битие"), "\"Йоан-Битие\" ends before it begins");
+    EXPECT_EQ(refusal("Йоан-Йуан"), "\"Йуан\" is not a book of the module (did you mean Йоан?)");
 }
 
 TEST_F(References, InvalidUtf8IsRefused)

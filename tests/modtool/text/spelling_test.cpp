@@ -24,6 +24,14 @@ TEST(Spelling, TwoLettersMayDifferInALongOne)
     EXPECT_FALSE(isLikeSpelling("gnsi", "genesis"));
 }
 
+TEST(Spelling, SwappedLettersCountOnce)
+{
+    EXPECT_TRUE(isLikeSpelling("shwo", "show"));
+    EXPECT_TRUE(isLikeSpelling("Мтай", "Матй"));
+    EXPECT_EQ(Kedrin::ModTool::lettersMisspelt("serahc", "search"), std::optional<std::size_t>(2));
+    EXPECT_FALSE(isLikeSpelling("ohsw", "show"));
+}
+
 TEST(Spelling, EmptyAndEndlessTextsAreLikeNone)
 {
     EXPECT_FALSE(isLikeSpelling("", "a"));
