@@ -1,5 +1,6 @@
 #include "prepare.h"
 
+#include "book_finder.h"
 #include "cp1251.h"
 #include "diff_effect.h"
 #include "diff_records.h"
@@ -100,6 +101,24 @@ std::vector<std::optional<unsigned int>> globalIDsOfBooks(const SourceBible& sou
     return globals;
 }
 
+/// Rejects books that are neither in the global numbering nor known beside it: their names may be misspelt.
+void checkBooksAreKnown(const std::vector<OmittedBook>& omitted)
+{
+    std::string unknown;
+    for (const OmittedBook& book : omitted) {
+        if (book.versesCount == 0 || !bookFinder().find(book.osis).empty())
+            continue;
+        const std::string nearest = bookFinder().nearest(book.osis);
+        const std::string verses = counted(book.versesCount, "verse", "verses");
+        unknown +=
+            '\n' + (nearest.empty() ? message("  %s, %s", book.osis, verses)
+                                    : message("  %s, %s (did you mean %s?)", book.osis, verses, nearest));
+    }
+    if (!unknown.empty())
+        throw CBuildError(tr("the text has books that are not known (--skip-unknown leaves them out):") +
+                          unknown);
+}
+
 std::string titleLine(const std::string& wanted, const std::string& offered, const char* name)
 {
     std::string title = encodedTitle(wanted.empty() ? offered : wanted);
@@ -113,9 +132,15 @@ std::string titleLine(const std::string& wanted, const std::string& offered, con
 
 ModuleInfo moduleInfo(const SourceInfo& source, const BuildOptions& options)
 {
+    const auto orElse = [](const std::string& title, const std::string& longer) {
+        return title.empty() ? longer : title;
+    };
+    const std::string full = orElse(options.fullTitle, source.fullTitle);
+    const std::string brief = orElse(options.shortTitle, orElse(source.shortTitle, full));
     return {titleLine(options.fullTitle, source.fullTitle, translatable("full title")),
-            titleLine(options.shortTitle, source.shortTitle, translatable("short title")),
-            titleLine(options.abbreviatedTitle, source.abbreviatedTitle, translatable("abbreviated title")),
+            titleLine(options.shortTitle, orElse(source.shortTitle, full), translatable("short title")),
+            titleLine(options.abbreviatedTitle, orElse(source.abbreviatedTitle, brief),
+                      translatable("abbreviated title")),
             wrappedLines(options.copyright.value_or(source.copyright))};
 }
 
@@ -204,6 +229,8 @@ ModuleData prepareModule(const SourceBible& source, const BuildOptions& options,
     ModuleData module;
     module.info = moduleInfo(source.info, options);
     const auto globals = globalIDsOfBooks(source, report);
+    if (!options.skipUnknownBooks)
+        checkBooksAreKnown(report.omittedBooks);
 
     CTextEncoder encoder;
     module.text.reserve(source.text.size());

@@ -50,6 +50,8 @@ void CSourceOptions::addTo(CLI::App& command)
         .add_option("--versification", m_building.versification,
                     tr("Versification of the source, by its SWORD name"))
         ->type_name("NAME");
+    command.add_flag("--skip-unknown", m_building.skipUnknownBooks,
+                     tr("Leave out books that are not known, instead of rejecting the text"));
     addReadingOptions(command);
 }
 
@@ -94,7 +96,7 @@ void CSourceOptions::addReadingOptions(CLI::App& command)
 
 bool CSourceOptions::areGiven() const
 {
-    return !m_building.fullTitle.empty() || !m_building.shortTitle.empty() ||
+    return m_building.skipUnknownBooks || !m_building.fullTitle.empty() || !m_building.shortTitle.empty() ||
            !m_building.abbreviatedTitle.empty() || !m_building.versification.empty() ||
            m_building.sourceTitles || !m_copyrightFile.empty() || !m_reading.encoding.empty() ||
            !m_reading.book.empty() || m_reading.format != SourceFormat::detected ||

@@ -86,7 +86,11 @@ std::string numberingLines(const BuildReport& report)
 
 std::string BuildReport::text() const
 {
-    std::string report =
+    std::string report;
+    for (const OmittedBook& book : omittedBooks)
+        if (book.versesCount != 0)
+            report += omittedLine(book);
+    report +=
         line(translatable("module"), folder) + line(translatable("title"), title) +
         line(translatable("contains"), counted(booksCount, "book", "books") + ", " +
                                            counted(chaptersCount, "chapter", "chapters") + ", " +
@@ -94,7 +98,8 @@ std::string BuildReport::text() const
         line(translatable("words"), message("%s distinct, %s in total", wordsCount, occurrences)) +
         numberingLines(*this);
     for (const OmittedBook& book : omittedBooks)
-        report += omittedLine(book);
+        if (book.versesCount == 0)
+            report += omittedLine(book);
     report += findings.text();
     report += trimmedLine(*this);
     report += occasions(translatable("without text"), emptyVerses, "verse inside a chapter",

@@ -145,7 +145,7 @@ SourceBible readFile(const std::string& path, const ReadOptions& options)
 void nameAfterFile(SourceInfo& info, const std::string& path, bool isFolder)
 {
     const fs::path file = fs::path(path).has_filename() ? fs::path(path) : fs::path(path).parent_path();
-    if (isBlank(info.fullTitle))
+    if (isBlank(info.fullTitle) && path != standardInput)
         info.fullTitle = (isFolder ? file.filename() : file.stem()).string();
     if (isBlank(info.shortTitle))
         info.shortTitle = info.fullTitle;

@@ -85,13 +85,14 @@ TEST_F(BuiltFiles, AreReportedInFull)
     EXPECT_EQ(
         result,
         (Result{0,
-                "module        " + made() + "\n" +
+                "left out      PrMan: 1 verse, not in the global numbering\n"
+                "module        " +
+                    made() + "\n" +
                     "title         Пробен\n"
                     "contains      2 books, 4 chapters, 6 verses\n"
                     "words         6 distinct, 7 in total\n"
                     "numbering     KJV (best match)\n"
                     "              6 of 6 verses map correctly both ways (6 without any record)\n"
-                    "left out      PrMan: 1 verse, not in the global numbering\n"
                     "left out      without text at the end: 1 verse, 1 chapter, 1 book\n"
                     "without text  1 verse inside a chapter, first at Gen 1:2\n"
                     "without text  1 chapter inside a book, kept as one verse, first at Gen 2\n"

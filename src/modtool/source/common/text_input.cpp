@@ -10,8 +10,11 @@
 #include <unicode/unistr.h>
 #include <unicode/utf8.h>
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <memory>
 
 namespace Kedrin::ModTool {
@@ -21,8 +24,30 @@ namespace {
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 constexpr const char* utf8Name = "UTF-8";
 
+std::string wholeStandardInput()
+{
+    constexpr std::size_t blockBytes = 1 << 16;
+    std::string content;
+    for (std::size_t end = 0;;) {
+        content.resize(end + blockBytes);
+        const ssize_t count = ::read(STDIN_FILENO, content.data() + end, blockBytes);
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            throw CBuildError(message("%s: cannot be read", standardInput));
+        end += static_cast<std::size_t>(count);
+        content.resize(end);
+        if (end > maxSourceBytes)
+            throw CBuildError(message("%s: is larger than 64 MiB", standardInput));
+        if (count == 0)
+            return content;
+    }
+}
+
 std::string wholeFile(const std::string& fileName)
 {
+    if (fileName == standardInput)
+        return wholeStandardInput();
     ut::CInputFile file(fileName.c_str());
     if (!file.isOpen())
         throw CBuildError(message("%s: cannot be opened", fileName));

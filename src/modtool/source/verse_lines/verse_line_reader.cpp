@@ -1,7 +1,9 @@
 #include "verse_line_reader.h"
 
 #include "ascii.h"
+#include "book_finder.h"
 #include "errors.h"
+#include "global_books.h"
 #include "letters.h"
 #include "messages.h"
 #include "module_format.h"
@@ -86,8 +88,6 @@ private:
         const std::string_view book = field(line);
         const std::string_view chapter = field(line);
         const std::string_view verse = field(line);
-        if (!isBookId(book))
-            fail(message("%s is not an OSIS book id", inQuotes(book)));
         m_bible.verses.push_back({bookIndex(book),
                                   number(chapter, translatable("%s is not a chapter number from 1 to %s")),
                                   number(verse, translatable("%s is not a verse number from 1 to %s")),
@@ -130,13 +130,36 @@ private:
     {
         if (!m_bible.verses.empty() && m_bible.books[m_bible.verses.back().book] == osis)
             return m_bible.verses.back().book;
-        const auto index = static_cast<std::uint32_t>(m_bible.books.size());
-        const auto [entry, isNew] = m_bookIndices.emplace(osis, index);
-        if (isNew && index >= maxSourceBooks)
+        const auto [known, isNewName] = m_bookIndices.emplace(osis, 0);
+        if (isNewName)
+            known->second = indexOfId(bookId(osis));
+        return known->second;
+    }
+
+    /// The id of a book that may be named otherwise; an unknown id stays as it is.
+    std::string bookId(std::string_view name) const
+    {
+        if (isBookId(name) && globalIDOf(name))
+            return std::string(name);
+        const std::string osis = bookFinder().find(name);
+        if (!osis.empty() || isBookId(name))
+            return osis.empty() ? std::string(name) : osis;
+        const std::string nearest = bookFinder().nearest(name);
+        fail(nearest.empty()
+                 ? message("%s is not an OSIS book id", inQuotes(name))
+                 : message("%s is not an OSIS book id (did you mean %s?)", inQuotes(name), nearest));
+    }
+
+    std::uint32_t indexOfId(const std::string& osis)
+    {
+        auto& books = m_bible.books;
+        const auto found = std::find(books.begin(), books.end(), osis);
+        if (found == books.end() && books.size() >= maxSourceBooks)
             fail(message("more than %s books", maxSourceBooks));
-        if (isNew)
-            m_bible.books.emplace_back(osis);
-        return entry->second;
+        const auto index = static_cast<std::uint32_t>(found - books.begin());
+        if (found == books.end())
+            books.push_back(osis);
+        return index;
     }
 
     void sortVerses()
@@ -161,7 +184,7 @@ private:
     const std::string& m_fileName;
     SourceBible m_bible;
     CVerseLineHeader m_header;
-    std::unordered_map<std::string, std::uint32_t> m_bookIndices;
+    std::unordered_map<std::string, std::uint32_t> m_bookIndices; ///< by the name in the file
     std::uint32_t m_line = 0;
 };
 

@@ -29,6 +29,16 @@ TEST_F(VerseLines, WithByteOrderMarkAndCarriageReturnsAreRead)
     EXPECT_EQ(made("BibleStructure.csv"), "1 2\n");
 }
 
+TEST_F(VerseLines, BooksMayBeNamedInAnyWayThatShowTakes)
+{
+    ASSERT_EQ(build("Genesis\t1\t1\tБог\nБит\t1\t2\tрече\nGen\t1\t3\tда\n1 Царе\t1\t1\tслово\n",
+                    {"--from", "verse-lines"})
+                  .code,
+              0);
+    EXPECT_EQ(made("BibleStructure.csv"), "1 3\n2 1\n");
+    EXPECT_EQ(verse(0, 0, 1), "рече");
+}
+
 TEST_F(VerseLines, NeedNoEndOfTheLastLine)
 {
     ASSERT_EQ(build("Gen\t1\t1\tБог").code, 0);
@@ -101,7 +111,7 @@ TEST_F(BadVerseLines, InvalidBookId)
 {
     EXPECT_EQ(said("\t1\t1\tа\n"), ":1: \"\" is not an OSIS book id\n");
     EXPECT_EQ(said("Gen.1\t1\t1\tа\n"), ":1: \"Gen.1\" is not an OSIS book id\n");
-    EXPECT_EQ(said("Битник\t1\t1\tа\n"), ":1: \"Битник\" is not an OSIS book id\n");
+    EXPECT_EQ(said("Битник\t1\t1\tа\n"), ":1: \"Битник\" is not an OSIS book id (did you mean Gen?)\n");
     EXPECT_EQ(said("Abcdefghijklmnopq\t1\t1\tа\n"), ":1: \"Abcdefghijklmnopq\" is not an OSIS book id\n");
 }
 
