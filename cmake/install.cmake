@@ -1,7 +1,12 @@
 # The program is in a separate directory together with modules/bibles; a small launcher is on PATH.
 set(CMAKE_INSTALL_LIBDIR lib CACHE PATH "Directory that holds the program's own directory")
 include(GNUInstallDirs)
+set(launched_program "$(dirname \"$(dirname \"$(readlink -f \"$0\")\")\")/${CMAKE_INSTALL_LIBDIR}/kedrin/kedrin")
 configure_file(scripts/kedrin.in ${CMAKE_BINARY_DIR}/launcher/kedrin @ONLY)
+# The same for the program as it is built, which ./run starts.
+set(launched_program "$(dirname \"$(readlink -f \"$0\")\")/kedrin")
+configure_file(scripts/kedrin.in ${CMAKE_BINARY_DIR}/kedrin-launcher @ONLY FILE_PERMISSIONS
+  OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 install(TARGETS kedrin DESTINATION ${CMAKE_INSTALL_LIBDIR}/kedrin)
 install(DIRECTORY DESTINATION ${CMAKE_INSTALL_LIBDIR}/kedrin/modules/bibles)
 install(PROGRAMS ${CMAKE_BINARY_DIR}/launcher/kedrin DESTINATION ${CMAKE_INSTALL_BINDIR})
@@ -16,4 +21,8 @@ if(TARGET kedrin-module)
   install(DIRECTORY ${CMAKE_BINARY_DIR}/man/ DESTINATION ${CMAKE_INSTALL_MANDIR})
   install(FILES src/modtool/command/kedrin-module.bash RENAME kedrin-module
     DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+  install(FILES src/modtool/command/kedrin-module.fish
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
+  install(FILES src/modtool/command/kedrin-module.zsh RENAME _kedrin-module
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
 endif()

@@ -18,7 +18,7 @@ _kedrin_module() {
         --versification) COMPREPLY=($(compgen -W "$_kedrin_module_versifications" -- "$cur")); return ;;
         --format) COMPREPLY=($(compgen -W "text markdown html json" -- "$cur")); return ;;
         --color) COMPREPLY=($(compgen -W "auto always never" -- "$cur")); return ;;
-        --only | --ignore) COMPREPLY=($(compgen -W "$("$program" check --list 2>/dev/null | sed -n 's/^\([a-z0-9-]*\)  .*/\1/p')" -- "$cur")); return ;;
+        --only | --ignore) COMPREPLY=($(compgen -W "$("$program" check --list 2>/dev/null | cut -d ' ' -f 1)" -- "$cur")); return ;;
         --with) _kedrin_module_modules "$program"; return ;;
         --range) _kedrin_module_books "$program" "${words[2]}"; return ;;
         --all-sword | --repository) _filedir -d; return ;;

@@ -14,6 +14,7 @@ report=$(LANG=bg_BG.UTF-8 "$work/usr/bin/kedrin-module" build "$work/a.txt" "$wo
 said=$(LANG=bg_BG.UTF-8 "$work/usr/bin/kedrin-module" show "$work/b" Бит 2>&1 || true)
 [ "$said" = "kedrin-module: $work/b: не е папка на модул" ] || { echo "$said"; exit 1; }
 for file in share/man/man1/kedrin-module.1 share/man/bg/man1/kedrin-module.1 share/bash-completion/completions/kedrin-module \
+    share/fish/vendor_completions.d/kedrin-module.fish share/zsh/site-functions/_kedrin-module \
     bin/kedrin bin/kedrin-add lib/kedrin/kedrin; do
     [ -s "$work/usr/$file" ] || { echo "$file is not installed"; exit 1; }
 done
