@@ -50,7 +50,7 @@ void CSourceOptions::addTo(CLI::App& command)
         .add_option("--versification", m_building.versification,
                     tr("Versification of the source, by its SWORD name"))
         ->type_name("NAME");
-    command.add_flag("--skip-unknown", m_building.skipUnknownBooks,
+    command.add_flag("--skip-unknown", m_reading.skipUnknownBooks,
                      tr("Leave out books that are not known, instead of rejecting the text"));
     addReadingOptions(command);
 }
@@ -96,7 +96,7 @@ void CSourceOptions::addReadingOptions(CLI::App& command)
 
 bool CSourceOptions::areGiven() const
 {
-    return m_building.skipUnknownBooks || !m_building.fullTitle.empty() || !m_building.shortTitle.empty() ||
+    return m_reading.skipUnknownBooks || !m_building.fullTitle.empty() || !m_building.shortTitle.empty() ||
            !m_building.abbreviatedTitle.empty() || !m_building.versification.empty() ||
            m_building.sourceTitles || !m_copyrightFile.empty() || !m_reading.encoding.empty() ||
            !m_reading.book.empty() || m_reading.format != SourceFormat::detected ||
@@ -106,6 +106,7 @@ bool CSourceOptions::areGiven() const
 BuildOptions CSourceOptions::building() const
 {
     BuildOptions options = m_building;
+    options.skipUnknownBooks = m_reading.skipUnknownBooks;
     if (!m_copyrightFile.empty())
         options.copyright = paragraphsOf(m_copyrightFile);
     return options;

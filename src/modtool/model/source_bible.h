@@ -44,6 +44,13 @@ struct BookTitles
     std::string abbreviatedTitle;
 };
 
+/// A book whose name or number the reader does not know.
+struct UnknownBook
+{
+    std::uint32_t book;    ///< index into SourceBible::books, where it has the name that the source gives it
+    std::string complaint; ///< for the user, with the file and the line
+};
+
 /// A Bible as read from a source: valid UTF-8, otherwise unchanged.
 struct SourceBible
 {
@@ -52,9 +59,10 @@ struct SourceBible
     std::string versification;          ///< name of one of the SWORD library's systems; "": not stated
     std::vector<std::string> books;     ///< OSIS ids, in the order of the source
     std::vector<BookTitles> bookTitles; ///< [book], or empty
-    std::string text;                   ///< the texts of all verses, one after another
-    std::vector<SourceVerse> verses;    ///< ascending by book, chapter and verse, without repetitions
-    SourceFindings findings;            ///< what the reader counted
+    std::vector<UnknownBook> unknownBooks;
+    std::string text;                ///< the texts of all verses, one after another
+    std::vector<SourceVerse> verses; ///< ascending by book, chapter and verse, without repetitions
+    SourceFindings findings;         ///< what the reader counted
 
     /// Letters and digits of the source's text, counted independently of the reader; nothing: not counted.
     std::optional<std::uint64_t> letters;

@@ -121,7 +121,7 @@ void sayOthers(SourceBible& bible, const std::vector<std::string>& names)
 /// Reads the files that are plain lines; the others are named in the report.
 /// @returns nullopt if there are none
 std::optional<SourceBible> readPlainFiles(const std::string& source, const Files& files,
-                                          const std::string& encoding)
+                                          const ReadOptions& options)
 {
     CPlainReader reader;
     std::uint64_t byteCount = 0;
@@ -132,14 +132,14 @@ std::optional<SourceBible> readPlainFiles(const std::string& source, const Files
         if (!file.isRegular())
             continue;
         std::string ofFile;
-        const std::string content = file.text(encoding, &ofFile);
+        const std::string content = file.text(options.encoding, &ofFile);
         addBytes(byteCount, content.size(), source);
         if (!isPlainFile(file, content)) {
             others.push_back(file.name());
             continue;
         }
         hasOne = true;
-        reader.read(file.path(), content, {"", file.name()});
+        reader.read(file.path(), content, {"", file.name(), options.skipUnknownBooks});
         recognised = recognised.empty() ? ofFile : recognised;
     }
     if (!hasOne)
@@ -173,7 +173,7 @@ SourceBible readPlainOrFail(const std::string& source, const Files& files, const
 {
     const bool isPlain = options.format == SourceFormat::plainLines;
     if (isPlain || options.format == SourceFormat::detected)
-        if (auto bible = readPlainFiles(source, files, options.encoding))
+        if (auto bible = readPlainFiles(source, files, options))
             return std::move(*bible);
     throw CBuildError(
         isPlain ? message("%s: contains no file of plain lines", source)

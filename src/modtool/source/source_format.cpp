@@ -17,6 +17,7 @@
 #include "sqlite_database.h"
 #include "sqlite_reader.h"
 #include "text_input.h"
+#include "unknown_books.h"
 #include "usfm_reader.h"
 #include "usfx_reader.h"
 #include "usx_reader.h"
@@ -54,10 +55,10 @@ SourceBible readJsonFile(const std::string& fileName, const std::string& content
     return reader.finish(fileName);
 }
 
-SourceBible readPlainFile(const std::string& fileName, const std::string& content, const std::string& book)
+SourceBible readPlainFile(const std::string& fileName, const std::string& content, const ReadOptions& options)
 {
     CPlainReader reader;
-    reader.read(fileName, content, {book, ""});
+    reader.read(fileName, content, {options.book, "", options.skipUnknownBooks});
     return reader.finish(fileName);
 }
 
@@ -86,7 +87,7 @@ SourceBible readAs(SourceFormat format, const std::string& fileName, std::string
     case SourceFormat::opensong:
         return readOpenSong(fileName, content);
     case SourceFormat::plainLines:
-        return readPlainFile(fileName, content, options.book);
+        return readPlainFile(fileName, content, options);
     case SourceFormat::osis:
         return readOsis(fileName, content);
     case SourceFormat::zefania:
@@ -241,6 +242,8 @@ SourceBible readSourceFile(const std::string& path, const ReadOptions& options)
     std::error_code ignored;
     const bool isFolder = fs::is_directory(path, ignored);
     SourceBible bible = isFolder ? readSourceFolder(path, options) : readFile(path, options);
+    if (!options.skipUnknownBooks)
+        refuseUnknownBooks(bible);
     nameAfterFile(bible.info, path, isFolder);
     orderBooks(bible, options.order);
     return bible;

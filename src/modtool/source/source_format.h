@@ -32,6 +32,7 @@ struct ReadOptions
     std::string encoding; ///< "": as the source says; see readText()
     std::string book;     ///< of a plain text that does not say it; "": see PlainInput
     BookOrder order = BookOrder::source;
+    bool skipUnknownBooks = false; ///< leave out books that nobody knows instead of rejecting the text
 };
 
 /// What a content is: XML by its root element, USFM by a marker at its beginning, JSON by its brackets, plain lines by the
@@ -53,10 +54,11 @@ void sayRecognised(SourceBible& bible, const std::string& encoding);
 SourceBible readSourceContent(const std::string& fileName, const std::string& bytes,
                               const ReadOptions& options);
 
-/// Reads a file of any format, a folder (readSourceFolder()) or a zip archive (readSourceArchive()). Titles missing from the source are taken from the file
-/// name.
+/// Reads a file of any format, a folder (readSourceFolder()) or a zip archive (readSourceArchive()). Titles missing from
+/// the source are taken from the file name.
 /// @throws CBuildError
 ///     what readText(), detectFormat(), readSourceFolder(), readSourceArchive() and the formats' readers throw
+///     the complaints of UnknownBook, a line each, for books with verses; unless skipUnknownBooks
 ///     "%s: --book is for a file of plain lines"
 SourceBible readSourceFile(const std::string& path, const ReadOptions& options);
 

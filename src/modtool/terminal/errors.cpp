@@ -6,9 +6,14 @@
 
 namespace Kedrin::ModTool {
 
+std::string atLine(const std::string& fileName, std::size_t line, const std::string& what)
+{
+    return fileName + ':' + std::to_string(line) + ": " + what;
+}
+
 void failAtLine(const std::string& fileName, std::size_t line, const std::string& what)
 {
-    throw CBuildError(fileName + ':' + std::to_string(line) + ": " + what);
+    throw CBuildError(atLine(fileName, line, what));
 }
 
 std::string systemReason(int error)

@@ -64,8 +64,11 @@ public:
     using CToolError::CToolError;
 };
 
+/// "%s:%u: %s"
 /// @param line  from 1
-/// @throws CBuildError  "%s:%u: %s"
+std::string atLine(const std::string& fileName, std::size_t line, const std::string& what);
+
+/// @throws CBuildError  atLine()
 [[noreturn]] void failAtLine(const std::string& fileName, std::size_t line, const std::string& what);
 
 /// " (Too many open files)": why the system refused an existing file; "" where the file is missing or no reason is

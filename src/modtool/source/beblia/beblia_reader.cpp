@@ -65,8 +65,10 @@ private:
         } else if (isNumbered) {
             beginBook(osisOfProtestant(value->first));
         } else {
-            beginUnknownBook(message("%s is no book number: write one into number, such as 1 for Genesis",
-                                     inQuotes(number)));
+            beginUnknownBook(name.empty() ? number : name,
+                             message("%s is no book number: write one into number, such as 1 for Genesis",
+                                     inQuotes(number)),
+                             m_xml.line());
         }
         m_verses.titles() = {name, name, ""};
     }

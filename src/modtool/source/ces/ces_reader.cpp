@@ -82,7 +82,8 @@ private:
             beginBook(osis);
         else
             beginUnknownBook(
-                message("%s is not a book code: write one in %s, such as GEN", inQuotes(part), "id"));
+                part, message("%s is not a book code: write one in %s, such as GEN", inQuotes(part), "id"),
+                m_xml.line());
     }
 
     /// A segment of a verse in another one is text of that verse.

@@ -6,6 +6,7 @@
 #include "messages.h"
 #include "module_format.h"
 #include "stray_markers.h"
+#include "unknown_books.h"
 
 #include <algorithm>
 #include <utility>
@@ -241,6 +242,15 @@ std::string CVerseCollector::position(std::size_t line) const
     if (!m_pieces.empty() && (m_inVerse || line == 0))
         return m_bible.positionOf(m_pieces.back().verse);
     return m_file.empty() ? message("line %s", line) : message("line %s of %s", line, m_file);
+}
+
+void CVerseCollector::beginUnknownBook(std::string_view name, const std::string& complaint)
+{
+    beginBook(idOfUnknownBook(name));
+    const auto isThis = [&](const UnknownBook& unknown) { return unknown.book == m_book; };
+    if (std::any_of(m_bible.unknownBooks.begin(), m_bible.unknownBooks.end(), isThis))
+        return;
+    m_bible.unknownBooks.push_back({m_book, complaint + nearestBook(name)});
 }
 
 SourceBible CVerseCollector::finish(const std::string& source)

@@ -22,6 +22,13 @@ public:
     /// @throws CBuildError  "the source has more than 1000 books"
     void beginBook(std::string_view osis);
 
+    /// Continues a book that nobody knows. Its verses are collected like others; whoever gets the Bible decides what
+    /// becomes of them.
+    /// @param name       as the source gives it
+    /// @param complaint  for the user, with the file and the line; a name like it is added
+    /// @throws CBuildError  as beginBook()
+    void beginUnknownBook(std::string_view name, const std::string& complaint);
+
     bool inBook() const { return !m_bible.books.empty(); } ///< whether a book was begun
 
     /// Whether the current book has verses.

@@ -61,21 +61,18 @@ bool contradict(const std::string& a, const std::string& b)
     return !a.empty() && !b.empty() && a != b && !(isOfKings(a) && isOfKings(b));
 }
 
-[[noreturn]] void failUnknown(const CJsonDocument& document, const BookClues& clues)
+/// The name of a book that nobody knows.
+std::string unknownBook(const CJsonDocument& document, BookClues& clues)
 {
     const std::string_view name = !clues.names.empty()   ? clues.names.front()
                                   : !clues.codes.empty() ? clues.codes.front()
                                                          : clues.number;
-    const std::string near = bookFinder().nearest(name);
-    failAtLine(
-        document.fileName(), clues.line,
-        near.empty() || countLetters(name) < 3
-            ? message("%s is not a known book: write its number from 1 to 66, its English name or its "
-                      "OSIS id, such as Gen",
-                      inQuotes(name))
-            : message("%s is not a known book (did you mean %s?): write its number from 1 to 66, its English "
-                      "name or its OSIS id, such as Gen",
-                      inQuotes(name), near));
+    clues.unknown =
+        atLine(document.fileName(), clues.line,
+               message("%s is not a known book: write its number from 1 to 66, its English name or its "
+                       "OSIS id, such as Gen",
+                       inQuotes(name)));
+    return std::string(name);
 }
 
 } // namespace
@@ -128,7 +125,7 @@ std::string bookOf(const CJsonDocument& document, BookClues& clues)
             if (std::string osis = bookFinder().findShort(name); !osis.empty())
                 return osis;
     if (!clues.names.empty() || !clues.codes.empty() || !clues.number.empty())
-        failUnknown(document, clues);
+        return unknownBook(document, clues);
     return "";
 }
 

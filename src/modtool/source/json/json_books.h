@@ -16,7 +16,8 @@ struct BookClues
     std::vector<std::string_view> codes; ///< abbreviations and ids
     unsigned int position = 0;           ///< in a list of 66 books, from 1; 0: not in such a list
     std::string file;                    ///< OSIS id found by bookOfFile(), or ""
-    bool isByPosition = false;           ///< set by bookOf(): nothing but the position identified the book
+    std::string unknown; ///< set by bookOf(): what to say where nobody knows the book; "" where it is known
+    bool isByPosition = false; ///< set by bookOf(): nothing but the position identified the book
     std::uint32_t line = 0;
 };
 
@@ -28,10 +29,9 @@ BookClues cluesOfPart(const CJsonDocument& document, const JsonValue& object);
 
 /// The OSIS id: by a number from 1 to 66 (Protestant order), or else by a name, the position, the file's name,
 /// an abbreviation, or a truncated name.
-/// @returns "" if there is no clue at all
-/// @throws CBuildError
+/// @returns "" if there is no clue at all; the name as given for a book that nobody knows, of which `clues.unknown` says
 ///     "%s:%u: %s is not a known book: write its number from 1 to 66, its English name or its OSIS id, such as Gen"
-///     "%s:%u: %s is not a known book (did you mean %s?): write its number ..."
+/// @throws CBuildError
 ///     "%s:%u: the book is %s by its number, but %s by its name: correct one of them"
 std::string bookOf(const CJsonDocument& document, BookClues& clues);
 

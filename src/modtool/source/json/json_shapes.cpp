@@ -134,7 +134,7 @@ void CJsonShapes::readBook(const JsonValue& book, BookClues clues)
         fail(book, tr("a book without a name or number"));
     m_source.shapes.insert(booksShape);
     m_source.hasBooksByPosition = m_source.hasBooksByPosition || clues.isByPosition;
-    beginBook(osis, book, true);
+    beginBook(osis, clues, book, true);
     const auto first = [](const auto& texts) { return texts.empty() ? "" : std::string(texts.front()); };
     m_verses.titles() = {first(clues.names), first(clues.codes), first(clues.codes)};
     const JsonValue* chapters = container(book, Field::chapters);
@@ -189,7 +189,7 @@ void CJsonShapes::readPart(const JsonValue& chapter)
     if (osis.empty())
         fail(chapter, tr("a chapter without a book"));
     m_source.shapes.insert(partShape);
-    beginBook(osis, chapter, false);
+    beginBook(osis, clues, chapter, false);
     const JsonValue* number = m_document.find(chapter, Field::chapter);
     number = number ? number : m_document.find(chapter, Field::number);
     readChapter(chapter, number ? parseJsonNumber(number->text) : std::nullopt);

@@ -60,7 +60,7 @@ private:
     template <typename Read>
     void readInside(const JsonValue& object, const JsonValue* inner, bool isRoot, Read&& read);
 
-    void beginBook(const std::string& osis, const JsonValue& value, bool isWhole);
+    void beginBook(const std::string& osis, const BookClues& clues, const JsonValue& value, bool isWhole);
     void beginReferencedVerse(const JsonReference& reference, BookClues clues, const JsonValue& value);
     void giveParts(const JsonValue& verse);
     void giveText(const JsonValue& text);

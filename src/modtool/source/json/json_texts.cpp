@@ -33,7 +33,8 @@ ReaderRule CJsonShapes::ruleOf(Field field)
 }
 
 /// @param isWhole  the whole book is here, so it may not be given again
-void CJsonShapes::beginBook(const std::string& osis, const JsonValue& value, bool isWhole)
+void CJsonShapes::beginBook(const std::string& osis, const BookClues& clues, const JsonValue& value,
+                            bool isWhole)
 {
     if (isWhole) {
         const std::string here = m_document.fileName() + ':' + std::to_string(value.line);
@@ -45,7 +46,10 @@ void CJsonShapes::beginBook(const std::string& osis, const JsonValue& value, boo
         return;
     m_book = osis;
     m_chapter = 0;
-    m_verses.beginBook(osis);
+    if (clues.unknown.empty())
+        m_verses.beginBook(osis);
+    else
+        m_verses.beginUnknownBook(osis, clues.unknown);
     m_verses.beginChapter();
 }
 
@@ -57,7 +61,7 @@ void CJsonShapes::beginReferencedVerse(const JsonReference& reference, BookClues
     const std::string osis = bookOf(m_document, clues);
     if (osis.empty())
         fail(value, tr("a verse without a book"));
-    beginBook(osis, value, false);
+    beginBook(osis, clues, value, false);
     if (reference.chapter != m_chapter)
         m_verses.beginChapter(m_chapter = reference.chapter);
     m_verses.beginVerse(reference.chapter, reference.verse, value.line);

@@ -61,9 +61,11 @@ private:
         const std::string osis = osisOf(name);
         if (osis.empty())
             beginUnknownBook(
+                name,
                 message("%s is not a known book name: write an English or Bulgarian one in n, such as "
                         "Genesis",
-                        inQuotes(name)));
+                        inQuotes(name)),
+                m_xml.line());
         else
             beginBook(osis);
         m_verses.titles() = {name, name, ""};

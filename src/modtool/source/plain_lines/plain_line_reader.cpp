@@ -113,10 +113,9 @@ private:
             m_lastOsis = bookFinder().findShort(name);
         }
         if (m_lastOsis.empty())
-            m_verses.badLines().add(m_line, [&] { return unknownBook(name); });
-        else
-            m_verses.beginBook(m_lastOsis, name, m_line);
-        return !m_lastOsis.empty();
+            return m_verses.beginUnknownBook(name, m_line, [&] { return unknownBook(name); });
+        m_verses.beginBook(m_lastOsis, name, m_line);
+        return true;
     }
 
     /// A book of one chapter needs no heading of it.

@@ -60,7 +60,8 @@ void CPlainReader::read(const std::string& fileName, std::string_view utf8, cons
         throw CBuildError(message("%s: names its own books, so --book cannot be used", fileName));
     CBadLines badLines;
     m_impl->verses.setFile(input.shownName);
-    CPlainVerses verses(m_impl->verses, badLines, shape->namesBooks() ? "" : book, !input.book.empty());
+    CPlainVerses verses(m_impl->verses, badLines, shape->namesBooks() ? "" : book, !input.book.empty(),
+                        input.takesUnknownBooks);
     if (shape->isTable())
         readPlainTable(utf8, *shape, verses);
     else

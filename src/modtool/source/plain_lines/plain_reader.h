@@ -15,6 +15,8 @@ struct PlainInput
     std::string book;
     /// Name of the file in the positions of the report; "": positions without a file name.
     std::string shownName;
+    /// Books that nobody knows are collected like others (see CVerseCollector) instead of making bad lines.
+    bool takesUnknownBooks = false;
 };
 
 /// Reads plain text and tables of verses (doc/formats/plain-lines.md): CSV and the like, a verse a line, or lines under

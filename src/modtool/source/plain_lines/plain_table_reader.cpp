@@ -121,12 +121,11 @@ private:
         }
         if (m_lastOsis.empty()) {
             const std::string name(trimmed(field.text()));
-            bad([&] {
+            return m_verses.beginUnknownBook(name, m_records.line(), [&] {
                 return plainNumber(name) ? message("%s is not a book number from 1 to %s", inQuotes(name),
                                                    protestantBooksCount)
                                          : unknownBook(name);
             });
-            return false;
         }
         m_verses.beginBook(m_lastOsis, field.raw, m_records.line());
         return true;

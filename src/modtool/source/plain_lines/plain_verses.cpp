@@ -18,6 +18,19 @@ void CPlainVerses::beginBook(const std::string& osis, std::string_view name, std
     m_inChapter = false;
 }
 
+bool CPlainVerses::beginUnknownBook(std::string_view name, std::size_t line,
+                                    const std::function<std::string()>& reason)
+{
+    if (!m_takesUnknown || m_isForced) {
+        m_badLines.add(line, reason);
+        return false;
+    }
+    m_verses.beginUnknownBook(name, reason());
+    m_book = std::string(name) + '?'; // no id of a book
+    m_inChapter = false;
+    return true;
+}
+
 bool CPlainVerses::beginVerse(unsigned int chapter, const VerseNumber& number, std::size_t line)
 {
     const bool isByFileName = m_book.empty() && !m_isForced;

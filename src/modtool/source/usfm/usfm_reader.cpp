@@ -185,14 +185,17 @@ private:
         const std::string_view code = m_tokens.word();
         const std::string_view rest = m_tokens.restOfLine();
         const std::string osis = osisOfUsfmLine(code, rest);
-        if (osis.empty())
-            failAtLine(m_fileName, m_line,
-                       message("%s is not a book code: write one after \\id, such as GEN", inQuotes(code)));
         m_verses.leaveOut(ReaderRule::metadata, rest);
         m_mainTitle = false;
-        m_verses.beginBook(osis);
+        if (osis.empty())
+            m_verses.beginUnknownBook(
+                code,
+                atLine(m_fileName, m_line,
+                       message("%s is not a book code: write one after \\id, such as GEN", inQuotes(code))));
+        else
+            m_verses.beginBook(osis);
         m_verses.beginChapter();
-        if (osis != osisOfUsfm(code))
+        if (!osis.empty() && osis != osisOfUsfm(code))
             m_verses.found(ReaderRule::bookByName, m_line);
         m_hasChapter = false;
         m_chapter = 1; // the marker may be missing in a book of one chapter

@@ -11,10 +11,11 @@ void CUsfmElements::beginBookOf(const std::string& code, const std::string& rest
                                 std::size_t line)
 {
     const std::string osis = osisOfUsfmLine(code, rest);
-    if (osis.empty())
-        failAtLine(m_xml.fileName(), line,
-                   message("%s is not a book code: write one in %s, such as GEN", inQuotes(code), attribute));
     m_mainTitle = false;
+    if (osis.empty())
+        return beginUnknownBook(
+            code, message("%s is not a book code: write one in %s, such as GEN", inQuotes(code), attribute),
+            line);
     beginBook(osis);
     if (osis != osisOfUsfm(code))
         m_verses.found(ReaderRule::bookByName, line);

@@ -25,7 +25,7 @@ protected:
     /// @param rest       the text after the code
     /// @param attribute  that contains the code, for the error
     /// @param line       for the error
-    /// @throws CBuildError  "%s:%u: %s is not a book code: write one in %s, such as GEN"
+    /// An unknown one is "%s:%u: %s is not a book code: write one in %s, such as GEN".
     void beginBookOf(const std::string& code, const std::string& rest, const char* attribute,
                      std::size_t line);
 

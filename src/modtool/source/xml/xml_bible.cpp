@@ -38,17 +38,17 @@ std::uint64_t CXmlBible::read()
 void CXmlBible::beginBook(std::string_view osis)
 {
     m_hasBook = true;
-    m_unknownBook.clear();
     m_verses.beginBook(osis);
     m_verses.beginChapter();
     m_chapter.reset();
 }
 
-void CXmlBible::beginUnknownBook(const std::string& complaint)
+void CXmlBible::beginUnknownBook(const std::string& name, const std::string& complaint, std::size_t line)
 {
-    beginBook("Book0");
-    m_unknownBook = complaint;
-    m_unknownLine = m_xml.line();
+    m_hasBook = true;
+    m_verses.beginUnknownBook(name, atLine(m_xml.fileName(), line, complaint));
+    m_verses.beginChapter();
+    m_chapter.reset();
 }
 
 void CXmlBible::beginChapter(const std::string& number)
@@ -78,8 +78,6 @@ void CXmlBible::requireBook() const
 {
     if (!m_hasBook)
         m_xml.fail(message("a verse before any %s", m_names.book));
-    if (!m_unknownBook.empty())
-        failAtLine(m_xml.fileName(), m_unknownLine, m_unknownBook);
 }
 
 void CXmlBible::leaveOut(ReaderRule reason)

@@ -54,16 +54,16 @@ protected:
 
     void beginBook(std::string_view osis);
 
-    /// Begins a book that has no place: it may hold text, but no verse.
-    /// @param complaint  what beginVerse() throws, with the file and this line in front
-    void beginUnknownBook(const std::string& complaint);
+    /// Begins a book that nobody knows (see CVerseCollector).
+    /// @param complaint  for the user; the file and the line are put in front
+    void beginUnknownBook(const std::string& name, const std::string& complaint, std::size_t line);
 
     /// @param number  as the source writes it; one that is none is the next
     void beginChapter(const std::string& number);
 
     /// @param number  as the source writes it; without one, the verse goes on with that before it
     /// @param last    the last verse of a range, where the source writes it apart; "" for none
-    /// @throws CBuildError  "%s:%u: a verse before any %s"; the complaint of an unknown book
+    /// @throws CBuildError  "%s:%u: a verse before any %s"
     void beginVerse(const std::string& number, const std::string& last = "");
 
     /// Reads to the end of the element that was begun; its text does not come into the verses, and is counted.
@@ -78,8 +78,6 @@ private:
     std::string_view m_utf8;
     Names m_names;
     bool m_hasBook = false;
-    std::string m_unknownBook;             ///< complaint of the book that was begun; "" where it is known
-    std::size_t m_unknownLine = 0;         ///< where it begins
     std::optional<unsigned int> m_chapter; ///< of the book; nothing before its first one
 };
 

@@ -89,32 +89,32 @@ private:
     {
         const std::string name = attribute("bname");
         const std::string brief = attribute("bsname");
-        m_unknownBook.clear();
-        m_verses.beginBook(bookOf(name, brief));
+        beginBook(name, brief);
         m_verses.beginChapter();
         m_chapter.reset();
         m_verses.titles() = {name, brief, brief};
     }
 
-    /// The OSIS id by the book's number or, if that is not a number, by one of its names.
-    std::string bookOf(const std::string& name, const std::string& brief)
+    /// By the book's number or, if that is not a number, by one of its names.
+    void beginBook(const std::string& name, const std::string& brief)
     {
         const std::string number = attribute("bnumber");
         if (const auto value = parseVerseNumber(number); value && value->first != 0)
-            return osisOfZefania(value->first);
+            return m_verses.beginBook(osisOfZefania(value->first));
         std::string osis;
         for (const std::string& text : {name, brief, number})
             if (osis.empty())
                 osis = osisOfShortName(text);
-        if (!osis.empty()) {
-            m_verses.found(ReaderRule::bookByName, m_xml.line());
-            return osis;
+        if (osis.empty()) {
+            const std::string complaint =
+                message("%s is not a book number, and %s is not a known book name: write the "
+                        "number in bnumber, such as 1 for Genesis",
+                        inQuotes(number), inQuotes(name));
+            return m_verses.beginUnknownBook(name.empty() ? number : name,
+                                             atLine(m_xml.fileName(), m_xml.line(), complaint));
         }
-        m_unknownBook = message("%s is not a book number, and %s is not a known book name: write the "
-                                "number in bnumber, such as 1 for Genesis",
-                                inQuotes(number), inQuotes(name));
-        m_unknownLine = m_xml.line();
-        return osisOfZefania(0);
+        m_verses.found(ReaderRule::bookByName, m_xml.line());
+        m_verses.beginBook(osis);
     }
 
     void startChapter()
@@ -130,8 +130,6 @@ private:
     {
         if (!m_verses.inBook())
             m_xml.fail(tr("a verse before any BIBLEBOOK"));
-        if (!m_unknownBook.empty())
-            failAtLine(m_xml.fileName(), m_unknownLine, m_unknownBook);
         // the element may be missing in a book of one chapter
         const unsigned int chapter = m_chapter.value_or(1);
         auto verse = parseVerseNumber(attribute("vnumber"));
@@ -187,8 +185,6 @@ private:
     std::string_view m_utf8;
     CXmlReader m_xml;
     CVerseCollector m_verses;
-    std::string m_unknownBook;             ///< error for the current book; "" if it is known
-    std::size_t m_unknownLine = 0;         ///< where it begins
     std::optional<unsigned int> m_chapter; ///< current chapter of the book; nothing before the first
 };
 

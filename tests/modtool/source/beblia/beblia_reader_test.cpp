@@ -5,6 +5,7 @@
 #include "source_format.h"
 #include "source_text.h"
 #include "temp_folder.h"
+#include "unknown_books.h"
 
 #include <gtest/gtest.h>
 
@@ -27,7 +28,7 @@ SourceBible chapter(const std::string& verses)
 
 std::string errorIn(const std::string& content)
 {
-    return messageOf<CBuildError>([&] { read(content); });
+    return messageOf<CBuildError>([&] { refuseUnknownBooks(read(content)); });
 }
 
 const std::string verse = "<chapter number=\"1\"><verse number=\"1\">a</verse></chapter></book>";

@@ -4,6 +4,7 @@
 #include "format_page.h"
 #include "source_format.h"
 #include "source_text.h"
+#include "unknown_books.h"
 
 #include <gtest/gtest.h>
 
@@ -36,7 +37,7 @@ std::string book(const std::string& code)
 
 std::string errorIn(const std::string& content)
 {
-    return messageOf<CBuildError>([&] { read(content); });
+    return messageOf<CBuildError>([&] { refuseUnknownBooks(read(content)); });
 }
 
 } // namespace

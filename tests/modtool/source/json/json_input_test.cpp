@@ -16,7 +16,7 @@ using test_support::TempFolder;
 TEST(JsonReader, UnknownBooksAreRefused)
 {
     EXPECT_EQ(errorIn("[\n{\"name\":\"Genezis\",\"chapters\":[[\"a\"]]}]"),
-              "f.json:2: \"Genezis\" is not a known book (did you mean Gen?): " + whatToWrite);
+              "f.json:2: \"Genezis\" is not a known book: " + whatToWrite + " (did you mean Gen?)");
     EXPECT_EQ(errorIn(R"([{"book":67,"chapter":1,"verse":1,"text":"a"}])"),
               "f.json:1: \"67\" is not a known book: " + whatToWrite);
     EXPECT_EQ(errorIn(R"({"Qwertyuiop":{"1":{"1":"a"}}})"),

@@ -21,7 +21,8 @@ inline std::string linesIn(const std::string& json, const std::string& fileName 
 
 inline std::string errorIn(const std::string& json, const std::string& fileName = "f.json")
 {
-    return test_support::messageOf<Kedrin::ModTool::CBuildError>([&] { read(json, fileName); });
+    return test_support::messageOf<Kedrin::ModTool::CBuildError>(
+        [&] { Kedrin::ModTool::refuseUnknownBooks(read(json, fileName)); });
 }
 
 inline const std::string source = "source        ";

@@ -5,6 +5,7 @@
 #include "source_format.h"
 #include "source_text.h"
 #include "temp_folder.h"
+#include "unknown_books.h"
 
 #include <gtest/gtest.h>
 
@@ -23,7 +24,7 @@ SourceBible chapter(const std::string& verses)
 
 std::string errorIn(const std::string& content)
 {
-    return messageOf<CBuildError>([&] { read(content); });
+    return messageOf<CBuildError>([&] { refuseUnknownBooks(read(content)); });
 }
 
 const std::string verse = "<c n=\"1\"><v n=\"1\">a</v></c></b>";

@@ -2,6 +2,7 @@
 
 #include "errors.h"
 #include "source_text.h"
+#include "unknown_books.h"
 
 #include <gtest/gtest.h>
 
@@ -20,7 +21,7 @@ SourceBible read(const std::string& text)
 
 std::string errorIn(const std::string& text)
 {
-    return messageOf<CBuildError>([&] { read(text); });
+    return messageOf<CBuildError>([&] { refuseUnknownBooks(read(text)); });
 }
 
 /// The lines of a text that begins at Gen 1:1.

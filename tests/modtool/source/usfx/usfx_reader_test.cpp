@@ -4,6 +4,7 @@
 #include "format_page.h"
 #include "source_format.h"
 #include "source_text.h"
+#include "unknown_books.h"
 
 #include <gtest/gtest.h>
 
@@ -22,7 +23,7 @@ SourceBible chapter(const std::string& content)
 
 std::string errorIn(const std::string& content)
 {
-    return messageOf<CBuildError>([&] { read(content); });
+    return messageOf<CBuildError>([&] { refuseUnknownBooks(read(content)); });
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "source_format.h"
 #include "source_text.h"
 #include "temp_folder.h"
+#include "unknown_books.h"
 
 #include <gtest/gtest.h>
 
@@ -47,7 +48,7 @@ std::string lineOf(const std::string& content) { return linesOf(chapter(para("p"
 
 std::string errorIn(const std::string& content)
 {
-    return messageOf<CBuildError>([&] { read(content); });
+    return messageOf<CBuildError>([&] { refuseUnknownBooks(read(content)); });
 }
 
 } // namespace

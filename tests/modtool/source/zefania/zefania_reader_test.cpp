@@ -2,6 +2,7 @@
 
 #include "errors.h"
 #include "source_text.h"
+#include "unknown_books.h"
 
 #include <gtest/gtest.h>
 
@@ -24,7 +25,7 @@ SourceBible chapter(const std::string& verses)
 
 std::string errorIn(const std::string& content)
 {
-    return messageOf<CBuildError>([&] { read(content); });
+    return messageOf<CBuildError>([&] { refuseUnknownBooks(read(content)); });
 }
 
 } // namespace
