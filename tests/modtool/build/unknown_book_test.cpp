@@ -76,7 +76,7 @@ INSTANTIATE_TEST_SUITE_P(
             "Beblia",
             "<bible><book number='2'><chapter number='1'><verse number='1'>Бог</verse></chapter></book>\n"
             "<book name='Genezis'><chapter number='1'><verse number='1'>а</verse></chapter></book></bible>",
-            ":2: \"\" is no book number: write one into number, such as 1 for Genesis (did you mean Gen?)"},
+            ":2: \"\" is not a book number: write one in number, such as 1 for Genesis (did you mean Gen?)"},
         Format{
             "Zefania",
             "<XMLBIBLE><BIBLEBOOK bnumber='2'><CHAPTER cnumber='1'><VERS "

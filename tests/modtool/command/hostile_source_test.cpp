@@ -171,7 +171,7 @@ const std::vector<Hostile> paths{
              "<book number=\"../../x\"><chapter number=\"1\"><verse number=\"1\">a</verse></chapter>"
              "</book>");
      },
-     "@:1: \"../../x\" is no book number: write one into number, such as 1 for Genesis"},
+     "@:1: \"../../x\" is not a book number: write one in number, such as 1 for Genesis"},
     {"PathAsBookInOpenSong",
      [] { return "<bible><b n=\"../../x\"><c n=\"1\"><v n=\"1\">a</v></c></b></bible>"; },
      "@:1: \"../../x\" is not a known book name: write an English or Bulgarian one in n, such "

@@ -66,7 +66,7 @@ private:
             beginBook(osisOfProtestant(value->first));
         } else {
             beginUnknownBook(name.empty() ? number : name,
-                             message("%s is no book number: write one into number, such as 1 for Genesis",
+                             message("%s is not a book number: write one in number, such as 1 for Genesis",
                                      inQuotes(number)),
                              m_xml.line());
         }

@@ -12,8 +12,8 @@ namespace Kedrin::ModTool {
 /// @throws CBuildError
 ///     what CXmlBible::read() throws
 ///     "%s:%u: a verse before any <book>"
-///     "%s:%u: %s is no book number: write one into number, such as 1 for Genesis", for a book with verses
 ///     "%s: contains no verses"
+/// Its unknown books say "%s:%u: %s is not a book number: write one in number, such as 1 for Genesis".
 SourceBible readBeblia(const std::string& fileName, std::string_view utf8);
 
 } // namespace Kedrin::ModTool

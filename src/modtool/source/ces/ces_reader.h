@@ -12,8 +12,8 @@ namespace Kedrin::ModTool {
 /// @throws CBuildError
 ///     what CXmlBible::read() throws
 ///     "%s:%u: a verse before any <div type="book">"
-///     "%s:%u: %s is not a book code: write one in %s, such as GEN", for a book with verses
 ///     "%s: contains no verses"
+/// Its unknown books say "%s:%u: %s is not a book code: write one in id, such as GEN".
 SourceBible readCes(const std::string& fileName, std::string_view utf8);
 
 } // namespace Kedrin::ModTool

@@ -12,9 +12,8 @@ namespace Kedrin::ModTool {
 /// @throws CBuildError
 ///     what CXmlBible::read() throws
 ///     "%s:%u: a verse before any <b>"
-///     "%s:%u: %s is not a known book name: write an English or Bulgarian one in n, such as Genesis", for a book
-///     with verses
 ///     "%s: contains no verses"
+/// Its unknown books say "%s:%u: %s is not a known book name: write an English or Bulgarian one in n, such as Genesis".
 SourceBible readOpenSong(const std::string& fileName, std::string_view utf8);
 
 } // namespace Kedrin::ModTool

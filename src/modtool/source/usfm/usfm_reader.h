@@ -25,7 +25,7 @@ public:
     /// @throws CBuildError
     ///     what CLetterProof throws
     ///     "%s:%u: a verse before any \\id: write an \\id with the book's code, such as \\id GEN", the same with "chapter"
-    ///     "%s:%u: %s is not a book code: write one after \\id, such as GEN"
+    /// An unknown book says "%s:%u: %s is not a book code: write one after \\id, such as GEN".
     void read(const std::string& fileName, std::string_view utf8, const std::string& shownName = "");
 
     /// Everything read. Call once.

@@ -11,8 +11,9 @@ namespace Kedrin::ModTool {
 /// @param utf8  the file's content, without byte order mark
 /// @throws CBuildError
 ///     what CXmlBible::read() throws
-///     "%s:%u: %s is not a book code: write one in id, such as GEN"; "%s:%u: a verse before any <book>"
+///     "%s:%u: a verse before any <book>"
 ///     "%s: contains no verses"
+/// Its unknown books say "%s:%u: %s is not a book code: write one in id, such as GEN".
 SourceBible readUsfx(const std::string& fileName, std::string_view utf8);
 
 } // namespace Kedrin::ModTool

@@ -23,7 +23,8 @@ public:
     /// @param shownName  the name in the report's positions; "" for none
     /// @throws CBuildError
     ///     what CXmlBible::read() throws
-    ///     "%s:%u: %s is not a book code: write one in code, such as GEN"; "%s:%u: a verse before any <book>"
+    ///     "%s:%u: a verse before any <book>"
+    /// An unknown book says "%s:%u: %s is not a book code: write one in code, such as GEN".
     void read(const std::string& fileName, std::string_view utf8, const std::string& shownName = "");
 
     /// The collected Bible. Call once.

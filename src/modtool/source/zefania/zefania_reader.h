@@ -13,10 +13,10 @@ namespace Kedrin::ModTool {
 /// @throws CBuildError
 ///     what CXmlReader throws
 ///     "%s:%u: the root element is %s, not XMLBIBLE"
-///     "%s:%u: %s is not a book number, and %s is not a known book name: write the number in bnumber, such as
-///     1 for
-///     Genesis", for a book with verses; "%s:%u: a verse before any BIBLEBOOK"
+///     "%s:%u: a verse before any BIBLEBOOK"
 ///     "%s: contains no verses"
+/// Its unknown books say "%s:%u: %s is not a book number, and %s is not a known book name: write the number in bnumber,
+/// such as 1 for Genesis".
 SourceBible readZefania(const std::string& fileName, std::string_view utf8);
 
 } // namespace Kedrin::ModTool

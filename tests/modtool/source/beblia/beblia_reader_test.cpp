@@ -156,7 +156,7 @@ TEST(BebliaReader, BookWithoutANumberIsTakenByItsName)
                   "Gen 1:1 a\n")
             << number;
     EXPECT_EQ(errorIn("<book number=\"x\">\n" + verse),
-              "f.xml:1: \"x\" is no book number: write one into number, such as 1 for Genesis");
+              "f.xml:1: \"x\" is not a book number: write one in number, such as 1 for Genesis");
     EXPECT_EQ(linesOf(read("<book>Words</book><book number=\"1\">" + verse)), "Gen 1:1 a\n");
 }
 
