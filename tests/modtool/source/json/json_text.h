@@ -3,6 +3,7 @@
 #include "errors.h"
 #include "json_reader.h"
 #include "source_text.h"
+#include "unknown_books.h"
 
 /// JSON texts as they are read, and words of the reports and errors.
 namespace json_test {
