@@ -72,12 +72,13 @@ std::string CSqliteBooks::osisOf(std::string_view number, std::size_t row) const
         failAtLine(m_fileName, row,
                    message("the book is %s by its number, but %s by its name: correct one of them", byNumber,
                            byName));
-    if (!byNumber.empty() || !byName.empty())
-        return byNumber.empty() ? byName : byNumber;
-    failAtLine(
-        m_fileName, row,
-        message("%s is not a known book: write its number, its English name or its OSIS id, such as Gen",
-                inQuotes(titles.longName.empty() ? number : std::string_view(titles.longName))));
+    return byNumber.empty() ? byName : byNumber;
+}
+
+std::string CSqliteBooks::nameOf(std::string_view number) const
+{
+    const std::string name = titlesOf(number).longName;
+    return name.empty() ? std::string(number) : name;
 }
 
 } // namespace Kedrin::ModTool

@@ -26,12 +26,14 @@ public:
 
     void add(const std::string& number, const Book& book) { m_books[number] = book; }
 
-    /// The OSIS id of a book, by number or name.
+    /// The OSIS id of a book, by number or name; "" for one that nobody knows.
     /// @param row  for the error
     /// @throws CBuildError
-    ///     "%s:%u: %s is not a known book: write its number, its English name or its OSIS id, such as Gen"
     ///     "%s:%u: the book is %s by its number, but %s by its name: correct one of them"
     std::string osisOf(std::string_view number, std::size_t row) const;
+
+    /// What the database calls a book.
+    std::string nameOf(std::string_view number) const;
 
     /// Its titles in the table of books, or empty ones.
     Book titlesOf(std::string_view number) const;

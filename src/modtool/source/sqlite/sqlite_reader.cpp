@@ -250,12 +250,29 @@ private:
         book.erase(0, std::min(book.find_first_not_of('0'), book.size()));
     }
 
+    void beginBook(const CSqliteBooks& books, const std::string& number, std::size_t row)
+    {
+        const std::string osis = books.osisOf(number, row);
+        const std::string name = books.nameOf(number);
+        if (osis.empty())
+            m_verses.beginUnknownBook(
+                name,
+                atLine(
+                    m_fileName, row,
+                    message(
+                        "%s is not a known book: write its number, its English name or its OSIS id, such as "
+                        "Gen",
+                        inQuotes(name))));
+        else
+            m_verses.beginBook(osis);
+    }
+
     void beginVerse(const CSqliteBooks& books, const std::string& book, const std::string& chapter,
                     const std::string& verse, std::size_t row)
     {
         if (book != m_book || !m_verses.inBook()) {
             m_book = valid(book, row);
-            m_verses.beginBook(books.osisOf(book, row));
+            beginBook(books, book, row);
             const CSqliteBooks::Book titles = books.titlesOf(book);
             m_verses.titles() = {titles.longName, titles.shortName, titles.shortName};
             m_verses.beginChapter();
