@@ -1,6 +1,5 @@
 #include "prepare.h"
 
-#include "book_finder.h"
 #include "cp1251.h"
 #include "diff_effect.h"
 #include "diff_records.h"
@@ -99,24 +98,6 @@ std::vector<std::optional<unsigned int>> globalIDsOfBooks(const SourceBible& sou
     if (!source.books.empty() && report.omittedBooks.size() == source.books.size())
         throw CBuildError(tr("none of the source's books is in the global numbering"));
     return globals;
-}
-
-/// Rejects books that are neither in the global numbering nor known beside it: their names may be misspelt.
-void checkBooksAreKnown(const std::vector<OmittedBook>& omitted)
-{
-    std::string unknown;
-    for (const OmittedBook& book : omitted) {
-        if (book.versesCount == 0 || !bookFinder().find(book.osis).empty())
-            continue;
-        const std::string nearest = bookFinder().nearest(book.osis);
-        const std::string verses = counted(book.versesCount, "verse", "verses");
-        unknown +=
-            '\n' + (nearest.empty() ? message("  %s, %s", book.osis, verses)
-                                    : message("  %s, %s (did you mean %s?)", book.osis, verses, nearest));
-    }
-    if (!unknown.empty())
-        throw CBuildError(tr("the text has books that are not known (--skip-unknown leaves them out):") +
-                          unknown);
 }
 
 std::string titleLine(const std::string& wanted, const std::string& offered, const char* name)
@@ -229,8 +210,6 @@ ModuleData prepareModule(const SourceBible& source, const BuildOptions& options,
     ModuleData module;
     module.info = moduleInfo(source.info, options);
     const auto globals = globalIDsOfBooks(source, report);
-    if (!options.skipUnknownBooks)
-        checkBooksAreKnown(report.omittedBooks);
 
     CTextEncoder encoder;
     module.text.reserve(source.text.size());

@@ -14,8 +14,6 @@ namespace Kedrin::ModTool {
 /// @throws CBuildError
 ///     "the text contains characters that Windows-1251 lacks (--substitute replaces them):" and one line per
 ///     kind
-///     "the text has books that are not known (--skip-unknown leaves them out):" and a line for each, unless
-///     skipUnknownBooks: its OSIS id is neither in the global numbering nor of a book known beside it
 ///     "none of the source's books is in the global numbering", "the source contains no text"
 ///     "%s: the module would have more than 65534 verses"
 ///     "%s: the verse has %u bytes; the limit is 65535"

@@ -106,7 +106,6 @@ bool CSourceOptions::areGiven() const
 BuildOptions CSourceOptions::building() const
 {
     BuildOptions options = m_building;
-    options.skipUnknownBooks = m_reading.skipUnknownBooks;
     if (!m_copyrightFile.empty())
         options.copyright = paragraphsOf(m_copyrightFile);
     return options;

@@ -11,7 +11,6 @@ struct BuildOptions
 {
     bool substitute = false; ///< replace characters that Windows-1251 lacks instead of rejecting the text
     bool refuseUnfitText = false; ///< reject a text that would lose more than one letter in a hundred
-    bool skipUnknownBooks = false; ///< leave books out whose names nobody knows instead of rejecting the text
     std::string fullTitle;
     std::string shortTitle;
     std::string abbreviatedTitle;

@@ -185,4 +185,19 @@ void orderBooks(SourceBible& bible, BookOrder order)
                      [](const SourceVerse& a, const SourceVerse& b) { return a.book < b.book; });
 }
 
+bool isKnownOsisId(std::string_view osis)
+{
+    return globalIDOf(osis) ||
+           std::any_of(std::begin(usfmBooks), std::end(usfmBooks),
+                       [&](const UsfmBook& book) { return book.osis == osis; }) ||
+           std::find(std::begin(zefaniaBooks), std::end(zefaniaBooks), osis) != std::end(zefaniaBooks);
+}
+
+bool isUsfmSideMatter(std::string_view code)
+{
+    constexpr std::string_view codes[] = {"FRT", "INT", "BAK", "CNC", "GLO", "TDX", "NDX", "OTH"};
+    const bool isExtra = code.size() == 3 && code.starts_with("XX") && code[2] >= 'A' && code[2] <= 'G';
+    return isExtra || std::find(std::begin(codes), std::end(codes), code) != std::end(codes);
+}
+
 } // namespace Kedrin::ModTool

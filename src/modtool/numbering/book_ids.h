@@ -48,4 +48,10 @@ enum class BookOrder
 /// Sorts the books; those that the global numbering lacks come last, in source order.
 void orderBooks(SourceBible& bible, BookOrder order);
 
+/// Whether an OSIS id is of a book of the global numbering or of one that is known beside it.
+bool isKnownOsisId(std::string_view osis);
+
+/// Whether a USFM code that has no OSIS id is known: front matter, glossary and the like, XXA to XXG.
+bool isUsfmSideMatter(std::string_view code);
+
 } // namespace Kedrin::ModTool

@@ -78,7 +78,7 @@ private:
             return beginChapter(part);
         if (type != "book")
             return;
-        if (const std::string osis = osisOfCes(part); !osis.empty())
+        if (const std::string osis = osisOfCes(part); isKnownOsisId(osis) || isUsfmSideMatter(osis))
             beginBook(osis);
         else
             beginUnknownBook(

@@ -1,5 +1,7 @@
 #include "osis_reader.h"
 
+#include "book_ids.h"
+#include "errors.h"
 #include "messages.h"
 #include "module_format.h"
 #include "osis_elements.h"
@@ -123,7 +125,7 @@ private:
     void beginVerse(const std::string& id)
     {
         if (const auto reference = parseOsisReferences(id)) {
-            m_verses.beginBook(reference->book);
+            beginKnownBook(reference->book);
             m_verses.beginVerse(reference->chapter, reference->verse, m_xml.line());
             m_chapter = reference->chapter;
         } else if (m_verses.inBook()) {
@@ -145,10 +147,22 @@ private:
             skip(ReaderRule::outside);
     }
 
+    void beginKnownBook(const std::string& osis)
+    {
+        if (osis == m_book)
+            return;
+        m_book = osis;
+        if (isKnownOsisId(osis))
+            m_verses.beginBook(osis);
+        else
+            m_verses.beginUnknownBook(osis, atLine(m_xml.fileName(), m_xml.line(),
+                                                   message("%s is not an OSIS book id", inQuotes(osis))));
+    }
+
     void beginBook(const std::string& id)
     {
         const std::size_t colon = id.find(':');
-        m_verses.beginBook(colon == std::string::npos ? id : id.substr(colon + 1));
+        beginKnownBook(colon == std::string::npos ? id : id.substr(colon + 1));
         m_verses.beginChapter();
         m_chapter = 0;
     }
@@ -255,6 +269,7 @@ private:
     std::string m_workId;
     std::string m_openId;                  ///< sID of the open verse between milestones
     std::vector<std::string> m_quoteSigns; ///< closing marks of the open quotations
+    std::string m_book;                    ///< id of the one that was begun last
     unsigned int m_chapter = 0;            ///< current chapter, for a verse without a reference
     int m_verseDepth = noDepth;            ///< of the open verse element
     int m_titleDepth = noDepth;            ///< of the open canonical title

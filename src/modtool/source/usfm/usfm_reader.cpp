@@ -187,7 +187,8 @@ private:
         const std::string osis = osisOfUsfmLine(code, rest);
         m_verses.leaveOut(ReaderRule::metadata, rest);
         m_mainTitle = false;
-        if (osis.empty())
+        const bool isKnown = isKnownOsisId(osis) || isUsfmSideMatter(osis);
+        if (!isKnown)
             m_verses.beginUnknownBook(
                 code,
                 atLine(m_fileName, m_line,
@@ -195,7 +196,7 @@ private:
         else
             m_verses.beginBook(osis);
         m_verses.beginChapter();
-        if (!osis.empty() && osis != osisOfUsfm(code))
+        if (isKnown && osis != osisOfUsfm(code))
             m_verses.found(ReaderRule::bookByName, m_line);
         m_hasChapter = false;
         m_chapter = 1; // the marker may be missing in a book of one chapter

@@ -12,7 +12,7 @@ void CUsfmElements::beginBookOf(const std::string& code, const std::string& rest
 {
     const std::string osis = osisOfUsfmLine(code, rest);
     m_mainTitle = false;
-    if (osis.empty())
+    if (!isKnownOsisId(osis) && !isUsfmSideMatter(osis))
         return beginUnknownBook(
             code, message("%s is not a book code: write one in %s, such as GEN", inQuotes(code), attribute),
             line);

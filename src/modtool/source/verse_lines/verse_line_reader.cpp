@@ -2,11 +2,12 @@
 
 #include "ascii.h"
 #include "book_finder.h"
+#include "book_ids.h"
 #include "errors.h"
-#include "global_books.h"
 #include "letters.h"
 #include "messages.h"
 #include "module_format.h"
+#include "unknown_books.h"
 #include "verse_line_header.h"
 
 #include <algorithm>
@@ -136,18 +137,20 @@ private:
         return known->second;
     }
 
-    /// The id of a book that may be named otherwise; an unknown id stays as it is.
-    std::string bookId(std::string_view name) const
+    /// The id of a book that may be named otherwise.
+    std::string bookId(std::string_view name)
     {
-        if (isBookId(name) && globalIDOf(name))
+        if (isBookId(name) && isKnownOsisId(name))
             return std::string(name);
-        const std::string osis = bookFinder().find(name);
-        if (!osis.empty() || isBookId(name))
-            return osis.empty() ? std::string(name) : osis;
-        const std::string nearest = bookFinder().nearest(name);
-        fail(nearest.empty()
-                 ? message("%s is not an OSIS book id", inQuotes(name))
-                 : message("%s is not an OSIS book id (did you mean %s?)", inQuotes(name), nearest));
+        if (std::string osis = bookFinder().find(name); !osis.empty())
+            return osis;
+        const std::string complaint =
+            message("%s is not an OSIS book id", inQuotes(name)) + nearestBook(name);
+        if (!isBookId(name))
+            fail(complaint);
+        const auto index = static_cast<std::uint32_t>(m_bible.books.size()); // which it will have
+        m_bible.unknownBooks.push_back({index, atLine(m_fileName, m_line, complaint)});
+        return std::string(name);
     }
 
     std::uint32_t indexOfId(const std::string& osis)

@@ -8,7 +8,8 @@ namespace Kedrin::ModTool {
 
 /// Reads a text with a verse a line: `BOOK<TAB>CHAPTER<TAB>VERSE<TAB>text`, valid UTF-8 without a byte order mark, lines
 /// ended by LF or CR LF. BOOK is an OSIS id or another name of a book (see
-/// CBookFinder); an id that is not known stays as it is. Books stand in the order of their first appearance, chapters and verses are
+/// CBookFinder); an id that is not known is that of an unknown
+/// book. Books stand in the order of their first appearance, chapters and verses are
 /// sorted. Empty lines are passed over. Lines before the first verse that begin with "#" are the header (see
 /// CVerseLineHeader).
 /// @throws CBuildError, naming file and line; before it, readText() refuses the file itself:

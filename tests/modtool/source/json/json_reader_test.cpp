@@ -45,8 +45,8 @@ TEST(JsonReader, SixtySixUnnamedBooksAreIdentifiedByPosition)
     EXPECT_EQ(bible.books[65], "Rev");
     EXPECT_EQ(bible.findings.text(),
               books + source + "66 books; those without a known name identified by position\n");
-    EXPECT_EQ(errorIn(sixtySixBooks(R"({"name":"Revelation","chapters":[["a"]]})")),
-              "f.json:1: \"x2\" is not a known book: " + whatToWrite);
+    EXPECT_TRUE(errorIn(sixtySixBooks(R"({"name":"Revelation","chapters":[["a"]]})"))
+                    .starts_with("f.json:1: \"x2\" is not a known book: " + whatToWrite + '\n'));
 }
 
 TEST(JsonReader, BookWithObjectsOfChaptersAndVerses)

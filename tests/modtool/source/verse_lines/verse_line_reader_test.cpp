@@ -110,7 +110,7 @@ TEST_F(BadVerseLines, FewerThanThreeTabs)
 TEST_F(BadVerseLines, InvalidBookId)
 {
     EXPECT_EQ(said("\t1\t1\tа\n"), ":1: \"\" is not an OSIS book id\n");
-    EXPECT_EQ(said("Gen.1\t1\t1\tа\n"), ":1: \"Gen.1\" is not an OSIS book id\n");
+    EXPECT_EQ(said("Gen.1\t1\t1\tа\n"), ":1: \"Gen.1\" is not an OSIS book id (did you mean Gen?)\n");
     EXPECT_EQ(said("Битник\t1\t1\tа\n"), ":1: \"Битник\" is not an OSIS book id (did you mean Gen?)\n");
     EXPECT_EQ(said("Abcdefghijklmnopq\t1\t1\tа\n"), ":1: \"Abcdefghijklmnopq\" is not an OSIS book id\n");
 }
