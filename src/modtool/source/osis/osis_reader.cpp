@@ -147,7 +147,7 @@ private:
             skip(ReaderRule::outside);
     }
 
-    void beginKnownBook(const std::string& osis)
+    void beginKnownBook(std::string_view osis)
     {
         if (osis == m_book)
             return;
