@@ -2,7 +2,7 @@
 
 namespace Kedrin::Add {
 
-/// Starts Kedrin: the program "kedrin" beside this one or, where there is none, on PATH.
+/// Starts Kedrin: "kedrin-launcher" or "kedrin" beside this program or, where there is neither, "kedrin" on PATH.
 /// @returns whether it was found and started
 bool startKedrin();
 
