@@ -69,10 +69,11 @@ CBuildCommand::CBuildCommand(CLI::App& program, const ISword& sword)
                            helpText)),
       m_sword(sword)
 {
-    m_command->add_option("SOURCE", m_source,
-                          tr("sword:NAME for an installed SWORD Bible; a file in any format of --from, - for standard "
-                             "input; a zip archive of one; or a "
-                             "folder of USFM, USX or JSON files or of plain lines"));
+    m_command->add_option(
+        "SOURCE", m_source,
+        tr("sword:NAME for an installed SWORD Bible; a file in any format of --from, - for standard "
+           "input; a zip archive of one; or a "
+           "folder of USFM, USX or JSON files or of plain lines"));
     m_command->add_option("MODULE-FOLDER", m_folder,
                           tr("The module's folder, created or replaced as a "
                              "whole"));

@@ -34,10 +34,10 @@ CHelpFormatter::CHelpFormatter()
 
 std::string argumentName(const std::string& name)
 {
-    for (const char* known : {translatable("SOURCE"), translatable("MODULE-FOLDER"), translatable("MODULE"),
-                              translatable("OTHER"), translatable("REFERENCE"), translatable("TEXT"),
-                              translatable("PREFIX"), translatable("FILE"), translatable("NAME"),
-                              translatable("CODE"), translatable("REPOSITORY")})
+    for (const char* known :
+         {translatable("SOURCE"), translatable("MODULE-FOLDER"), translatable("MODULE"),
+          translatable("OTHER"), translatable("REFERENCE"), translatable("TEXT"), translatable("PREFIX"),
+          translatable("FILE"), translatable("NAME"), translatable("CODE"), translatable("REPOSITORY")})
         if (name == known)
             return tr(known);
     return name;

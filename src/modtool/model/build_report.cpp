@@ -90,13 +90,12 @@ std::string BuildReport::text() const
     for (const OmittedBook& book : omittedBooks)
         if (book.versesCount != 0)
             report += omittedLine(book);
-    report +=
-        line(translatable("module"), folder) + line(translatable("title"), title) +
-        line(translatable("contains"), counted(booksCount, "book", "books") + ", " +
-                                           counted(chaptersCount, "chapter", "chapters") + ", " +
-                                           counted(versesCount, "verse", "verses")) +
-        line(translatable("words"), message("%s distinct, %s in total", wordsCount, occurrences)) +
-        numberingLines(*this);
+    report += line(translatable("module"), folder) + line(translatable("title"), title) +
+              line(translatable("contains"), counted(booksCount, "book", "books") + ", " +
+                                                 counted(chaptersCount, "chapter", "chapters") + ", " +
+                                                 counted(versesCount, "verse", "verses")) +
+              line(translatable("words"), message("%s distinct, %s in total", wordsCount, occurrences)) +
+              numberingLines(*this);
     for (const OmittedBook& book : omittedBooks)
         if (book.versesCount == 0)
             report += omittedLine(book);

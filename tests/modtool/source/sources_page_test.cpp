@@ -69,11 +69,11 @@ TEST(SourcesPage, NamesEveryTestOfItsSubjects)
     const std::string page = build_test::bytesOf(KEDRIN_FORMATS_FOLDER "/source-tests.md");
     const std::string listing = listedTests();
     for (const char* subject :
-         {"OsisReader.",     "OsisVariety.",       "UsfmReader.",   "UsfmVariety.", "ZefaniaReader.",
-          "ZefaniaVariety.", "VerseLinesVariety.", "BebliaReader.", "CesReader.",   "JsonReader.",
-          "OpenSongReader.", "SqliteReader.", "ZipArchive.",      "UsxReader.",    "UsfxReader.",  "OddBooks.",
-          "PlainBalance.",   "PlainDetection.",    "PlainLines.",   "PlainPage.",   "PlainTables.",
-          "Letters.",        "NothingLost."}) {
+         {"OsisReader.",     "OsisVariety.",       "UsfmReader.",     "UsfmVariety.", "ZefaniaReader.",
+          "ZefaniaVariety.", "VerseLinesVariety.", "BebliaReader.",   "CesReader.",   "JsonReader.",
+          "OpenSongReader.", "SqliteReader.",      "ZipArchive.",     "UsxReader.",   "UsfxReader.",
+          "OddBooks.",       "PlainBalance.",      "PlainDetection.", "PlainLines.",  "PlainPage.",
+          "PlainTables.",    "Letters.",           "NothingLost."}) {
         const std::string begin = std::string("\"name\" : \"") + subject;
         for (std::size_t i = listing.find(begin); i != std::string::npos; i = listing.find(begin, i + 1)) {
             const std::size_t name = i + begin.size() - std::string(subject).size();
