@@ -110,12 +110,12 @@ TEST(SourceFormat, FilesOfAFolderMayHaveOtherExtensions)
 TEST(SourceFormat, BooksInProtestantAndOrthodoxOrder)
 {
     const std::string lines =
-        "Rom\t1\t1\ta\nXxx\t1\t1\tx\nJas\t1\t1\ta\nTob\t1\t1\ta\nPs\t1\t1\ta\nNeh\t1\t1\ta\n";
+        "Rom\t1\t1\ta\n1En\t1\t1\tx\nJas\t1\t1\ta\nTob\t1\t1\ta\nPs\t1\t1\ta\nNeh\t1\t1\ta\n";
     ReadOptions options;
     options.order = BookOrder::protestant;
-    EXPECT_EQ(linesIn(lines, options), "Neh 1:1 a\nPs 1:1 a\nTob 1:1 a\nRom 1:1 a\nJas 1:1 a\nXxx 1:1 x\n");
+    EXPECT_EQ(linesIn(lines, options), "Neh 1:1 a\nPs 1:1 a\nTob 1:1 a\nRom 1:1 a\nJas 1:1 a\n1En 1:1 x\n");
     options.order = BookOrder::orthodox;
-    EXPECT_EQ(linesIn(lines, options), "Neh 1:1 a\nTob 1:1 a\nPs 1:1 a\nJas 1:1 a\nRom 1:1 a\nXxx 1:1 x\n");
+    EXPECT_EQ(linesIn(lines, options), "Neh 1:1 a\nTob 1:1 a\nPs 1:1 a\nJas 1:1 a\nRom 1:1 a\n1En 1:1 x\n");
 }
 
 TEST(SourceFormat, MissingTitlesAreTheFilesName)

@@ -18,8 +18,8 @@ TEST_F(SqliteReader, RefusesUnknownTablesBooksAndNumbers)
     EXPECT_EQ(errorIn("CREATE TABLE a(b)"),
               ": contains no table of verses, with columns such as book, chapter, verse and text");
     EXPECT_EQ(errorIn(versesTable), ": contains no verses");
-    EXPECT_EQ(errorIn(versesTable + "INSERT INTO verses VALUES(1, 1, 1, 'a'), (67, 1, 1, 'b')"),
-              ":1: \"1\" is not a known book" + what);
+    EXPECT_EQ(errorIn(versesTable + "INSERT INTO verses VALUES(10, 1, 1, 'a'), (67, 1, 1, 'b')"),
+              ":2: \"67\" is not a known book" + what);
     EXPECT_EQ(errorIn(versesTable + booksTable +
                       "INSERT INTO books VALUES(67, 'Qwe', 'Qwerty');"
                       "INSERT INTO verses VALUES(67, 1, 1, 'a')"),

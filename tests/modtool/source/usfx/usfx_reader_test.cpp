@@ -141,7 +141,7 @@ TEST(UsfxReader, RefusesVersesOutsideABook)
     EXPECT_EQ(messageOf<CBuildError>([] { readUsfx("f.xml", "<a/>"); }),
               "f.xml:1: the root element is \"a\", not usfx");
     EXPECT_EQ(errorIn("<v id=\"1\"/>a"), "f.xml:1: a verse before any <book>");
-    EXPECT_EQ(errorIn("\n<book id=\"?\"/>"),
+    EXPECT_EQ(errorIn("\n<book id=\"?\"/><c id=\"1\"/><v id=\"1\"/>a"),
               "f.xml:2: \"?\" is not a book code: write one in id, such as GEN");
     EXPECT_EQ(errorIn("<book id=\"GEN\"/>"), "f.xml: contains no verses");
 }

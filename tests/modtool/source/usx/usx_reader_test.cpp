@@ -208,8 +208,10 @@ TEST(UsxReader, BookWithoutACodeIsTakenByItsName)
     EXPECT_EQ(linesOf(bible), "Gen 1:1 a\nExod 1:1 a\n");
     EXPECT_EQ(bible.findings.text(),
               "interpreted   2 books without a number or code by their names, first at line 1\n");
-    EXPECT_EQ(errorIn("\n<book code=\"?\" style=\"id\">\nNothing</book>"),
-              "f.usx:2: \"?\" is not a book code: write one in code, such as GEN");
+    EXPECT_EQ(
+        errorIn(
+            "\n<book code=\"?\" style=\"id\">\nNothing</book><chapter number=\"1\"/><verse number=\"1\"/>a"),
+        "f.usx:2: \"?\" is not a book code: write one in code, such as GEN");
 }
 
 TEST(UsxReader, RefusesVersesOutsideABook)
