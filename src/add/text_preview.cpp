@@ -83,13 +83,6 @@ QString replacements(const BuildReport& report)
                             "characters that Kedrin cannot store are replaced or removed"));
 }
 
-/// The report on what is prepared, without the folder that there is not yet.
-QString reportOf(const BuildReport& report)
-{
-    const std::string text = report.text();
-    return fromUtf8(text).mid(fromUtf8(text.substr(0, text.find('\n') + 1)).size());
-}
-
 } // namespace
 
 QStringList changesOf(const BuildReport& report)
@@ -134,7 +127,7 @@ TextPreview readPreview(const std::string& source, IProgress& progress)
                                 counted(report.versesCount, "verse", "verses"));
     preview.samples = samplesOf(preview.bible);
     preview.changes = changesOf(report);
-    preview.report = reportOf(report);
+    preview.report = fromUtf8(report.text());
     return preview;
 }
 

@@ -50,6 +50,7 @@ complete -c kedrin-module -n '__kedrin_module_is diff; and __kedrin_module_after
 complete -c kedrin-module -n '__kedrin_module_is show; and __kedrin_module_after 3' -a '(__kedrin_module_books)'
 complete -c kedrin-module -n '__kedrin_module_is show' -l with -x -a '(__kedrin_module_names)'
 complete -c kedrin-module -n '__kedrin_module_is search' -l range -x -a '(__kedrin_module_books)'
+complete -c kedrin-module -n '__kedrin_module_is get' -l repository -x -a '(__fish_complete_directories)'
 complete -c kedrin-module -n '__kedrin_module_is check' -l only -x -a '(__kedrin_module_checks)'
 complete -c kedrin-module -n '__kedrin_module_is check' -l ignore -x -a '(__kedrin_module_checks)'
 for option in from to book-order titles format color

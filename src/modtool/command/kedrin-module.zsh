@@ -46,16 +46,16 @@ _kedrin-module() {
             compadd -a offered
             return
             ;;
-        --all-sword) _files -/; return ;;
+        --all-sword | --repository) _files -/; return ;;
         --copyright) _files; return ;;
-        --as | --book | --title | --short | --abbr | --versification | --places | --width | --limit | --encoding) return ;;
+        --as | --book | --language | --title | --short | --abbr | --versification | --places | --width | --limit | --encoding) return ;;
     esac
     if [[ $PREFIX == -* ]]; then
         offered=(${(f)"$(_kedrin_module_words $command --help)"})
         _describe option offered
     elif [[ $command == (build|add|export) ]]; then
         _files
-    elif ((CURRENT == 3)) || [[ $command == diff ]]; then
+    elif [[ $command != get ]] && { ((CURRENT == 3)) || [[ $command == diff ]] }; then
         _kedrin_module_names
     elif ((CURRENT == 4)) && [[ $command == show ]]; then
         _kedrin_module_books "$words[3]"

@@ -90,7 +90,9 @@ std::string BuildReport::text() const
     for (const OmittedBook& book : omittedBooks)
         if (book.versesCount != 0)
             report += omittedLine(book);
-    report += line(translatable("module"), folder) + line(translatable("title"), title) +
+    if (!folder.empty())
+        report += line(translatable("module"), folder);
+    report += line(translatable("title"), title) +
               line(translatable("contains"), counted(booksCount, "book", "books") + ", " +
                                                  counted(chaptersCount, "chapter", "chapters") + ", " +
                                                  counted(versesCount, "verse", "verses")) +

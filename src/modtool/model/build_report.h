@@ -46,7 +46,7 @@ struct DiffFigures
 struct BuildReport
 {
     std::string title;  ///< UTF-8
-    std::string folder; ///< native bytes
+    std::string folder; ///< native bytes; "": there is none yet
     std::size_t booksCount = 0;
     std::size_t chaptersCount = 0;
     std::size_t versesCount = 0;

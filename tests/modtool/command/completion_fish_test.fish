@@ -21,7 +21,7 @@ end
 printf 'Gen\t1\t1\ta\n1Sam\t1\t1\ta\n' >text.txt
 kedrin-module add text.txt --as "my text" -q; and kedrin-module add text.txt --as mine -q; or set failures 1
 
-expect "--help --version add build check diff export info list remove search show words" "kedrin-module "
+expect "--help --version add build check diff export get info list remove search show words" "kedrin-module "
 expect "search show" "kedrin-module s"
 expect "mine my text" "kedrin-module show m"
 expect "mine my text" "kedrin-module show mine Gen --with "

@@ -29,7 +29,7 @@ export XDG_DATA_HOME=$work/data
 printf 'Gen\t1\t1\ta\n1Sam\t1\t1\ta\n' >text.txt
 kedrin-module add text.txt --as "my text" -q && kedrin-module add text.txt --as mine -q || failures=1
 
-expect "--help --version add build check diff export info list remove search show words " kedrin-module ""
+expect "--help --version add build check diff export get info list remove search show words " kedrin-module ""
 expect "files -/ mine my text " kedrin-module show ""
 expect "files -/ mine my text " kedrin-module show mine Gen --with ""
 expect "1 Цар Бит " kedrin-module show "my\\ text" ""
