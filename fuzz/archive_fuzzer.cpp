@@ -1,4 +1,4 @@
-#include "source_format.h"
+#include "read_source.h"
 #include "source_walk.h"
 #include "temp_folder.h"
 

@@ -6,7 +6,7 @@
 #include "module_format.h"
 #include "prepare.h"
 #include "shown_text.h"
-#include "sword_library.h"
+#include "sword_access.h"
 #include "text_encoder.h"
 
 #include <algorithm>

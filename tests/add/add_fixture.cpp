@@ -5,7 +5,7 @@
 #include "global_books.h"
 #include "installed_modules.h"
 #include "shown_text.h"
-#include "sword_library.h"
+#include "sword_access.h"
 
 #include <QDropEvent>
 #include <QLineEdit>

@@ -7,6 +7,7 @@
 #include "module_folder.h"
 #include "module_format.h"
 #include "prepare.h"
+#include "read_source.h"
 #include "verify_written.h"
 
 namespace Kedrin::ModTool {

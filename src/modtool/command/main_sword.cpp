@@ -1,7 +1,7 @@
 #include "language.h"
 #include "process_setup.h"
 #include "program.h"
-#include "sword_library.h"
+#include "sword_access.h"
 
 int main(int argc, char* argv[])
 {

@@ -139,7 +139,7 @@ std::string CSearchCommand::usageError() const
         return tr("--whole-word ignores case, so it cannot be combined with --case");
     std::vector<std::string> arguments = m_text;
     arguments.insert(arguments.begin(), m_module);
-    if (const std::string misplaced = misplacedModule("search", arguments); !misplaced.empty())
+    if (std::string misplaced = misplacedModule("search", arguments); !misplaced.empty())
         return misplaced;
     if (m_text.empty())
         return message("%s is required", argumentName("TEXT"));

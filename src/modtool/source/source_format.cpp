@@ -6,31 +6,24 @@
 #include "element_search.h"
 #include "errors.h"
 #include "json_document.h"
-#include "json_folder.h"
 #include "json_reader.h"
 #include "messages.h"
 #include "opensong_reader.h"
 #include "osis_reader.h"
 #include "plain_reader.h"
 #include "root_element.h"
-#include "source_folder.h"
 #include "sqlite_database.h"
 #include "sqlite_reader.h"
 #include "text_input.h"
-#include "unknown_books.h"
 #include "usfm_reader.h"
 #include "usfx_reader.h"
 #include "usx_reader.h"
 #include "verse_line_reader.h"
 #include "zefania_reader.h"
-#include "zip_archive.h"
 
 #include <algorithm>
-#include <filesystem>
 
 namespace Kedrin::ModTool {
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -128,32 +121,6 @@ bool mayBeSqlite(const ReadOptions& options)
     return options.format == SourceFormat::detected || options.format == SourceFormat::sqlite;
 }
 
-SourceBible readFile(const std::string& path, const ReadOptions& options)
-{
-    if (isZipFile(path))
-        return readSourceArchive(path, options);
-    if (options.format == SourceFormat::sqlite || (mayBeSqlite(options) && isSqliteFile(path))) {
-        refuseBook(path, options);
-        return named(readSqlite(path), SourceFormat::sqlite);
-    }
-    std::string recognised;
-    SourceBible bible = readContent(path, readText(path, options.encoding, &recognised), options);
-    sayRecognised(bible, recognised);
-    return bible;
-}
-
-/// Missing titles are taken from the file name or from a longer title.
-void nameAfterFile(SourceInfo& info, const std::string& path, bool isFolder)
-{
-    const fs::path file = fs::path(path).has_filename() ? fs::path(path) : fs::path(path).parent_path();
-    if (isBlank(info.fullTitle) && path != standardInput)
-        info.fullTitle = (isFolder ? file.filename() : file.stem()).string();
-    if (isBlank(info.shortTitle))
-        info.shortTitle = info.fullTitle;
-    if (isBlank(info.abbreviatedTitle))
-        info.abbreviatedTitle = info.shortTitle;
-}
-
 } // namespace
 
 const char* formatName(SourceFormat format)
@@ -237,15 +204,15 @@ SourceBible readSourceContent(const std::string& fileName, const std::string& by
     return bible;
 }
 
-SourceBible readSourceFile(const std::string& path, const ReadOptions& options)
+SourceBible readSingleFile(const std::string& path, const ReadOptions& options)
 {
-    std::error_code ignored;
-    const bool isFolder = fs::is_directory(path, ignored);
-    SourceBible bible = isFolder ? readSourceFolder(path, options) : readFile(path, options);
-    if (!options.skipUnknownBooks)
-        refuseUnknownBooks(bible);
-    nameAfterFile(bible.info, path, isFolder);
-    orderBooks(bible, options.order);
+    if (options.format == SourceFormat::sqlite || (mayBeSqlite(options) && isSqliteFile(path))) {
+        refuseBook(path, options);
+        return named(readSqlite(path), SourceFormat::sqlite);
+    }
+    std::string recognised;
+    SourceBible bible = readContent(path, readText(path, options.encoding, &recognised), options);
+    sayRecognised(bible, recognised);
     return bible;
 }
 

@@ -54,12 +54,10 @@ void sayRecognised(SourceBible& bible, const std::string& encoding);
 SourceBible readSourceContent(const std::string& fileName, const std::string& bytes,
                               const ReadOptions& options);
 
-/// Reads a file of any format, a folder (readSourceFolder()) or a zip archive (readSourceArchive()). Titles missing from
-/// the source are taken from the file name.
+/// Reads a file of any format but a zip archive, without titles for a source that has none.
 /// @throws CBuildError
-///     what readText(), detectFormat(), readSourceFolder(), readSourceArchive() and the formats' readers throw
-///     the complaints of UnknownBook, a line each, for books with verses; unless skipUnknownBooks
+///     what readText(), detectFormat() and the formats' readers throw
 ///     "%s: --book is for a file of plain lines"
-SourceBible readSourceFile(const std::string& path, const ReadOptions& options);
+SourceBible readSingleFile(const std::string& path, const ReadOptions& options);
 
 } // namespace Kedrin::ModTool

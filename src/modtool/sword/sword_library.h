@@ -1,6 +1,5 @@
 #pragma once
 
-#include "sword_repository.h"
 #include "sword_texts.h"
 
 #include <memory>
@@ -32,17 +31,6 @@ public:
 private:
     class Impl;
     std::unique_ptr<Impl> m_impl;
-};
-
-/// For programs that are linked with the SWORD library.
-class CSword final : public ISword
-{
-public:
-    std::unique_ptr<ISwordTexts> installedTexts() const override { return std::make_unique<CSwordLibrary>(); }
-    std::unique_ptr<ISwordRepositories> repositories() const override
-    {
-        return std::make_unique<CSwordRepositories>();
-    }
 };
 
 } // namespace Kedrin::ModTool

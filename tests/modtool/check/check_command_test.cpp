@@ -2,7 +2,7 @@
 #include "exit_codes.h"
 #include "global_books.h"
 #include "program.h"
-#include "sword_library.h"
+#include "sword_access.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 #include "build_fixture.h"
 #include "errors.h"
 #include "prepare.h"
-#include "source_format.h"
+#include "read_source.h"
 #include "spoiled.h"
 #include "thrown.h"
 #include "verify_written.h"

@@ -4,7 +4,7 @@
 #include "build.h"
 #include "build_fixture.h"
 #include "installed_modules.h"
-#include "sword_library.h"
+#include "sword_access.h"
 
 #include <cstdlib>
 #include <filesystem>

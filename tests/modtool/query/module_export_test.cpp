@@ -4,7 +4,7 @@
 #include "module_export.h"
 #include "osis_writer.h"
 #include "query_fixture.h"
-#include "source_format.h"
+#include "read_source.h"
 #include "sword_library.h"
 #include "thrown.h"
 #include "verse_lines_writer.h"

@@ -4,7 +4,7 @@
 #include "build.h"
 #include "cp1251.h"
 #include "made_lines.h"
-#include "sword_library.h"
+#include "sword_access.h"
 #include "temp_folder.h"
 #include "tolvo_bible.h"
 

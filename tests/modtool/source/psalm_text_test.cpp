@@ -3,7 +3,7 @@
 #include "beblia_reader.h"
 #include "opensong_reader.h"
 #include "osis_reader.h"
-#include "source_format.h"
+#include "read_source.h"
 #include "temp_folder.h"
 #include "usfm_reader.h"
 #include "usfx_reader.h"

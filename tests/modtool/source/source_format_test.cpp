@@ -1,3 +1,4 @@
+#include "read_source.h"
 #include "source_format.h"
 
 #include "errors.h"

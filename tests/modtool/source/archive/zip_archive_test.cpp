@@ -1,3 +1,4 @@
+#include "read_source.h"
 #include "zip_archive.h"
 
 #include "build_fixture.h"

@@ -2,7 +2,7 @@
 
 #include "errors.h"
 #include "format_page.h"
-#include "source_format.h"
+#include "read_source.h"
 #include "source_text.h"
 #include "temp_folder.h"
 #include "unknown_books.h"

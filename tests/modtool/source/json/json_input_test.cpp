@@ -2,6 +2,7 @@
 
 #include "format_page.h"
 #include "json_text.h"
+#include "read_source.h"
 #include "source_format.h"
 #include "temp_folder.h"
 

@@ -2,6 +2,7 @@
 
 #include "errors.h"
 #include "format_page.h"
+#include "read_source.h"
 #include "source_format.h"
 #include "source_text.h"
 #include "temp_folder.h"

@@ -2,6 +2,7 @@
 
 #include "build_fixture.h"
 #include "plain_text.h"
+#include "read_source.h"
 #include "source_format.h"
 #include "temp_folder.h"
 #include "text_input.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "errors.h"
-#include "source_format.h"
+#include "read_source.h"
 #include "source_text.h"
 #include "temp_folder.h"
 

@@ -1,6 +1,7 @@
 // Structures of databases, and what is read of them.
 
 #include "format_page.h"
+#include "read_source.h"
 #include "sqlite_file.h"
 
 #include <fstream>

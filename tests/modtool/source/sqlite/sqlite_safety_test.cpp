@@ -1,5 +1,6 @@
 // Databases that are damaged, hostile or of an unknown kind.
 
+#include "read_source.h"
 #include "sqlite_file.h"
 #include "sqlite_reader.h"
 

@@ -1,7 +1,7 @@
 // USFM as written by different programs and projects (doc/formats/usfm.md).
 
 #include "errors.h"
-#include "source_format.h"
+#include "read_source.h"
 #include "source_text.h"
 #include "temp_folder.h"
 #include "usfm_reader.h"

@@ -1,3 +1,4 @@
+#include "read_source.h"
 #include "usx_reader.h"
 
 #include "errors.h"

@@ -1,6 +1,6 @@
 // Zefania XML as written by different programs (doc/formats/zefania.md).
 
-#include "source_format.h"
+#include "read_source.h"
 #include "source_text.h"
 #include "temp_folder.h"
 #include "zefania_reader.h"
