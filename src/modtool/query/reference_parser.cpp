@@ -2,12 +2,12 @@
 
 #include "errors.h"
 #include "messages.h"
+#include "reference_numbers.h"
 
 #include <unicode/uchar.h>
 #include <unicode/unistr.h>
 
 #include <algorithm>
-#include <charconv>
 #include <optional>
 #include <tuple>
 #include <utility>
@@ -57,103 +57,12 @@ Parts partsOf(const icu::UnicodeString& text)
     return parts;
 }
 
-/// Chapter and optional verse; from 1.
-struct Point
-{
-    unsigned int chapter = 0;
-    std::optional<unsigned int> verse;
-};
-
-/// From a point to another or, with one point, just that.
-struct Span
-{
-    Point first;
-    Point last;
-};
-
-/// The numbers after a book's name.
-class CNumbers
-{
-public:
-    explicit CNumbers(const std::string& numbers)
-        : m_at(numbers.data()),
-          m_end(m_at + numbers.size()),
-          m_verseSign(numbers.find(':') == std::string::npos ? ',' : ':')
-    {}
-
-    /// False if the text is malformed.
-    bool read(std::vector<Span>& spans)
-    {
-        do {
-            Span span;
-            if (!point(span.first, spans.empty() ? std::nullopt : chapterBefore(spans.back())))
-                return false;
-            span.last = span.first;
-            if (accept('-') && !lastPoint(span))
-                return false;
-            spans.push_back(span);
-        } while (accept(','));
-        return m_at == m_end;
-    }
-
-private:
-    /// The chapter that goes on after a span that ends with a verse.
-    static std::optional<unsigned int> chapterBefore(const Span& span)
-    {
-        return span.last.verse ? std::optional(span.last.chapter) : std::nullopt;
-    }
-
-    /// @param chapter  of which a number alone is a verse
-    bool point(Point& point, std::optional<unsigned int> chapter)
-    {
-        if (!number(point.chapter))
-            return false;
-        if ((m_verseSign == ':' || !chapter) && accept(m_verseSign))
-            return number(point.verse.emplace());
-        if (chapter) {
-            point.verse = point.chapter;
-            point.chapter = *chapter;
-        }
-        return true;
-    }
-
-    bool lastPoint(Span& span)
-    {
-        const std::optional<unsigned int> chapter = chapterBefore(span);
-        if (!number(span.last.chapter))
-            return false;
-        span.last.verse.reset();
-        if (accept(m_verseSign))
-            return number(span.last.verse.emplace());
-        if (chapter)
-            span.last = {*chapter, span.last.chapter};
-        return true;
-    }
-
-    bool number(unsigned int& value)
-    {
-        const auto [stop, error] = std::from_chars(m_at, m_end, value);
-        m_at = stop;
-        return error == std::errc();
-    }
-    bool accept(char sign)
-    {
-        const bool stands = m_at != m_end && *m_at == sign;
-        m_at += stands;
-        return stands;
-    }
-
-    const char* m_at;
-    const char* m_end;
-    char m_verseSign; ///< between a chapter and a verse
-};
-
 class CResolver
 {
 public:
     CResolver(const CModuleReader& module, unsigned int book) : m_module(module), m_book(book) {}
 
-    VerseRange resolve(Span span)
+    VerseRange resolve(ReferenceSpan span)
     {
         auto& [first, last] = span;
         if (chaptersCount() == 1 && !first.verse && !last.verse && last.chapter > 1) {
@@ -181,7 +90,7 @@ private:
     }
 
     /// Indices from 0.
-    std::pair<unsigned int, unsigned int> validated(Point point) const
+    std::pair<unsigned int, unsigned int> validated(ReferencePoint point) const
     {
         const unsigned int count = versesIn(point.chapter);
         if (*point.verse < 1 || *point.verse > count)
@@ -206,18 +115,17 @@ public:
     {
         text.toUTF8String(m_reference = "");
         const Parts parts = partsOf(text);
-        std::vector<Span> spans;
-        if ((parts.name.empty() && parts.numbers.empty()) ||
-            (!parts.numbers.empty() && !CNumbers(parts.numbers).read(spans)))
+        const auto spans = parseReferenceNumbers(parts.numbers);
+        if (parts.numbers.empty() ? parts.name.empty() : !spans)
             throw CNotFound(message("\"%s\" is not a reference", m_reference));
-        if (spans.empty())
+        if (parts.numbers.empty())
             return readBooks(parts.name);
         if (!parts.name.empty())
             m_book = m_books.find(parts.name);
         if (!m_book)
             throw CNotFound(message("\"%s\" does not name a book (for example: %s)", m_reference,
                                     m_module.bookLabel(0) + ' ' + m_reference));
-        for (const Span& span : spans)
+        for (const ReferenceSpan& span : *spans)
             add(CResolver(m_module, *m_book).resolve(span));
     }
 

@@ -111,33 +111,6 @@ TEST(CheckCommand, StrictTakesWarningsForDefects)
               folder.path().string() + ": sound, 1 warning; " + figures + warningText);
 }
 
-TEST(CheckCommand, OnlySomeChecksAreReportedWhereAsked)
-{
-    const TempFolder folder;
-    ModuleFiles files = smallModule();
-    files.bytes.erase("WordPoint.bin");
-    files.write(folder.path());
-    const std::string path = folder.path().string();
-    const std::string sound = path + ": sound; " + figures;
-    EXPECT_EQ(run({"check", "--strict", "--ignore", "word-points-missing", path}).out, sound);
-    EXPECT_EQ(run({"check", "--strict", "--ignore", "word-points-missing", path}).exitCode, 0);
-    EXPECT_EQ(run({"check", "--only", "word-empty", "--only", "word-bytes", path}).out, sound);
-    EXPECT_EQ(run({"check", "--only", "word-points-missing", path}).out,
-              path + ": sound, 1 warning; " + figures + warningText);
-    EXPECT_EQ(run({"check", "--only", "word-points-missing", "--ignore", "word-points-missing", path}).out,
-              sound);
-}
-
-TEST(CheckCommand, UnknownCheckIsAUsageError)
-{
-    const std::string again = "\nkedrin-module: try kedrin-module --help\n";
-    EXPECT_EQ(run({"check", "--only", "file-misisng", "m"}).err,
-              "kedrin-module: no check is named \"file-misisng\" (did you mean file-missing?)" + again);
-    EXPECT_EQ(run({"check", "--ignore", "x", "m"}).err,
-              "kedrin-module: no check is named \"x\" (check --list lists them)" + again);
-    EXPECT_EQ(run({"check", "--ignore", "x", "m"}).exitCode, static_cast<int>(exitUsage));
-}
-
 TEST(CheckCommand, Json)
 {
     const TempFolder folder;

@@ -7,6 +7,7 @@
 #include "messages.h"
 #include "module_format.h"
 #include "sqlite_books.h"
+#include "sqlite_columns.h"
 #include "sqlite_database.h"
 #include "verse_collector.h"
 
@@ -23,41 +24,6 @@ constexpr std::size_t maxRows = 1000000;
 constexpr std::size_t maxTextBytes = 1u << 20;
 
 using Table = CSqliteDatabase::Table;
-using Names = std::initializer_list<std::string_view>;
-
-/// The table's column with one of these names, ignoring case, or "".
-std::string columnOf(const Table& table, Names names)
-{
-    for (const std::string_view name : names)
-        for (const std::string& column : table.columns)
-            if (lower(column) == name)
-                return column;
-    return "";
-}
-
-/// The columns of a table of verses. If it has none of book, chapter and verse, `id` has all three, such as 1001001.
-struct VerseColumns
-{
-    std::string table, id, book, chapter, verse, text;
-
-    bool areComplete() const
-    {
-        return !text.empty() && (!id.empty() || (!book.empty() && !chapter.empty() && !verse.empty()));
-    }
-};
-
-VerseColumns verseColumnsOf(const Table& table)
-{
-    VerseColumns found;
-    found.table = table.name;
-    found.book = columnOf(table, {"book_number", "book", "book_id", "b"});
-    found.chapter = columnOf(table, {"chapter", "chapter_number", "c"});
-    found.verse = columnOf(table, {"verse", "verse_number", "v"});
-    found.text = columnOf(table, {"text", "scripture", "verse_text", "t", "content"});
-    if (found.book.empty() && found.chapter.empty() && found.verse.empty())
-        found.id = columnOf(table, {"id", "verse_id", "vid"});
-    return found;
-}
 
 bool isValidUtf8(std::string_view text)
 {
