@@ -1,4 +1,4 @@
-# The tests style.format and style.tidy, and the target tidy, which the latter builds. Each source has a stamp
+# The tests style.format, style.tidy and style.tidy_tests, and the targets tidy and tidy_tests, which the latter build. Each source has a stamp
 # file, created if clang-tidy finds nothing. The stamp depends on the object file, so only sources that have
 # changed, or include a changed header, are checked again.
 set(style_paths src tests fuzz bench)
@@ -62,21 +62,33 @@ function(tidy_source source target stamp)
 endfunction()
 
 set(tidy_stamps)
+set(tidy_test_stamps)
 targets_below(${PROJECT_SOURCE_DIR} style_targets)
 foreach(target IN LISTS style_targets)
   own_sources(${target} sources)
   foreach(source IN LISTS sources)
     cmake_path(RELATIVE_PATH source BASE_DIRECTORY ${PROJECT_SOURCE_DIR} OUTPUT_VARIABLE name)
     set(stamp ${tidy_folder}/${name}.stamp)
-    if(NOT stamp IN_LIST tidy_stamps)
+    if(name MATCHES "^tests/")
+      set(stamps tidy_test_stamps)
+    else()
+      set(stamps tidy_stamps)
+    endif()
+    if(NOT stamp IN_LIST ${stamps})
       tidy_source(${source} ${target} ${stamp})
-      list(APPEND tidy_stamps ${stamp})
+      list(APPEND ${stamps} ${stamp})
     endif()
   endforeach()
 endforeach()
 add_custom_target(tidy DEPENDS ${tidy_stamps})
-add_dependencies(tidy tidy_version)
+add_custom_target(tidy_tests DEPENDS ${tidy_test_stamps})
 
+# The sources of the tests take as long as all others, and least can be found in them: .ci/run leaves them out by the
+# label.
 cmake_host_system_information(RESULT cores QUERY NUMBER_OF_LOGICAL_CORES)
-add_test(NAME style.tidy COMMAND ${CMAKE_COMMAND} --build ${CMAKE_BINARY_DIR} --target tidy -- -k 0)
-set_tests_properties(style.tidy PROPERTIES TIMEOUT 3600 PROCESSORS ${cores})
+foreach(target tidy tidy_tests)
+  add_dependencies(${target} tidy_version)
+  add_test(NAME style.${target} COMMAND ${CMAKE_COMMAND} --build ${CMAKE_BINARY_DIR} --target ${target} -- -k 0)
+  set_tests_properties(style.${target} PROPERTIES TIMEOUT 3600 PROCESSORS ${cores} RESOURCE_LOCK build_tree)
+endforeach()
+set_tests_properties(style.tidy_tests PROPERTIES LABELS slow)
