@@ -6,6 +6,7 @@
 #include "language.h"
 #include "messages.h"
 #include "module_format.h"
+#include "module_reader.h"
 #include "query_json.h"
 #include "stored_markup.h"
 #include "text_columns.h"
@@ -35,7 +36,8 @@ constexpr const char* helpText =
 /// UTF-8
 std::string titleOf(const InstalledModule& module)
 {
-    const Tolvo::CBibleInfo info((module.folder + '/' + infoFileName).c_str(), module.name.c_str());
+    const Tolvo::CBibleInfo info((module.folder + '/' + infoFileName).c_str(),
+                                 folderTitle(module.folder).c_str());
     return plainLine(info.fullTitle());
 }
 

@@ -27,7 +27,10 @@ std::string withoutSlashes(std::string folder)
     return folder;
 }
 
-/// The folder's own name in Windows-1251: the title of a module without _Info_.txt.
+int asSigned(unsigned int number) { return static_cast<int>(number); }
+
+} // namespace
+
 std::string folderTitle(const std::string& folder)
 {
     std::error_code ignored;
@@ -37,10 +40,6 @@ std::string folderTitle(const std::string& folder)
     const icu::UnicodeString text = icu::UnicodeString::fromUTF8(name);
     return ut::to_cp1251({text.getBuffer(), static_cast<std::size_t>(text.length())});
 }
-
-int asSigned(unsigned int number) { return static_cast<int>(number); }
-
-} // namespace
 
 CModuleReader::CModuleReader(const std::string& folder) : m_folder(withoutSlashes(folder))
 {

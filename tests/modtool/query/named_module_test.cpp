@@ -41,6 +41,13 @@ TEST_F(NamedModule, IsListedWithItsTitleInTheReadersOrder)
                                      ""}));
 }
 
+TEST_F(NamedModule, WithoutATitleIsListedByItsFolder)
+{
+    std::filesystem::copy(m_modules.path("first"), bibles() + "/моят");
+    std::filesystem::remove(bibles() + "/моят/_Info_.txt");
+    EXPECT_NE(run({"list"}).out.find("\nмоят  моят\n"), std::string::npos);
+}
+
 TEST_F(NamedModule, IsListedAsJson)
 {
     std::filesystem::remove_all(bibles() + "/link");
