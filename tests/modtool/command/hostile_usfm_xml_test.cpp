@@ -33,9 +33,10 @@ const std::vector<Hostile> usfmInXml{
     {"EmptyVersesInUsx", [] { return usx(repeated("<verse number=\"1\"/>")); },
      "the source contains no text"},
     {"EmptyVersesInUsfx", [] { return usfx(repeated("<v id=\"1\"/>")); }, "the source contains no text"},
-    {"PathAsBookInUsx", [] { return "<usx><book code=\"../../x\"/></usx>"; },
+    {"PathAsBookInUsx",
+     [] { return "<usx><book code=\"../../x\"/><chapter number=\"1\"/><verse number=\"1\"/>a</usx>"; },
      "@:1: \"../../x\" is not a book code: write one in code, such as GEN"},
-    {"PathAsBookInUsfx", [] { return "<usfx><book id=\"../../x\"/></usfx>"; },
+    {"PathAsBookInUsfx", [] { return "<usfx><book id=\"../../x\"/><c id=\"1\"/><v id=\"1\"/>a</usfx>"; },
      "@:1: \"../../x\" is not a book code: write one in id, such as GEN"},
 };
 
