@@ -1,28 +1,48 @@
-# The program is in a separate directory together with modules/bibles; a small launcher is on PATH.
-set(CMAKE_INSTALL_LIBDIR lib CACHE PATH "Directory that holds the program's own directory")
+# What `cmake --install` puts in place. The components are the packages of a distribution, and `cmake --install BUILD
+# --component NAME` installs one of them. kedrin-doc is the guide, which doc/guide installs.
 include(GNUInstallDirs)
-set(launched_program "$(dirname \"$(dirname \"$(readlink -f \"$0\")\")\")/${CMAKE_INSTALL_LIBDIR}/kedrin/kedrin")
+
+# The program is in a directory of its own together with modules/bibles; it and the tool's parts are found from bin.
+set(KEDRIN_PROGRAM_DIR lib/kedrin CACHE STRING "Directory of the program and its modules, relative to the prefix")
+set(launched_program "$(dirname \"$(dirname \"$(readlink -f \"$0\")\")\")/${KEDRIN_PROGRAM_DIR}/kedrin")
 configure_file(scripts/kedrin.in ${CMAKE_BINARY_DIR}/launcher/kedrin @ONLY)
 # The same for the program as it is built, which ./run starts.
 set(launched_program "$(dirname \"$(readlink -f \"$0\")\")/kedrin")
 configure_file(scripts/kedrin.in ${CMAKE_BINARY_DIR}/kedrin-launcher @ONLY FILE_PERMISSIONS
   OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
-install(TARGETS kedrin DESTINATION ${CMAKE_INSTALL_LIBDIR}/kedrin)
-install(DIRECTORY DESTINATION ${CMAKE_INSTALL_LIBDIR}/kedrin/modules/bibles)
-install(PROGRAMS ${CMAKE_BINARY_DIR}/launcher/kedrin DESTINATION ${CMAKE_INSTALL_BINDIR})
-install(TARGETS kedrin-add DESTINATION ${CMAKE_INSTALL_BINDIR})
-if(TARGET kedrin-module)
-  install(TARGETS kedrin-module DESTINATION ${CMAKE_INSTALL_BINDIR})
-  install(TARGETS kedrin-module-all kedrin-module-sword DESTINATION ${CMAKE_INSTALL_LIBDIR}/kedrin)
-  file(RELATIVE_PATH private_dir ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR}/kedrin)
-  target_compile_definitions(kedrin-module PRIVATE KEDRIN_PRIVATE_DIR="${private_dir}")
-  target_compile_definitions(modtool_install PRIVATE KEDRIN_PRIVATE_DIR="${private_dir}")
-  install(DIRECTORY ${CMAKE_BINARY_DIR}/locale DESTINATION ${CMAKE_INSTALL_DATADIR})
-  install(DIRECTORY ${CMAKE_BINARY_DIR}/man/ DESTINATION ${CMAKE_INSTALL_MANDIR})
-  install(FILES src/modtool/command/kedrin-module.bash RENAME kedrin-module
-    DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
-  install(FILES src/modtool/command/kedrin-module.fish
-    DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
-  install(FILES src/modtool/command/kedrin-module.zsh RENAME _kedrin-module
-    DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
+
+file(RELATIVE_PATH private_dir ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_PREFIX}/${KEDRIN_PROGRAM_DIR})
+target_compile_definitions(kedrin-module PRIVATE KEDRIN_PRIVATE_DIR="${private_dir}")
+target_compile_definitions(modtool_install PRIVATE KEDRIN_PRIVATE_DIR="${private_dir}")
+
+install(TARGETS kedrin DESTINATION ${KEDRIN_PROGRAM_DIR} COMPONENT kedrin)
+install(DIRECTORY DESTINATION ${KEDRIN_PROGRAM_DIR}/modules/bibles COMPONENT kedrin)
+install(PROGRAMS ${CMAKE_BINARY_DIR}/launcher/kedrin DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT kedrin)
+install(TARGETS kedrin-add DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT kedrin)
+install(DIRECTORY ${CMAKE_BINARY_DIR}/man/ DESTINATION ${CMAKE_INSTALL_MANDIR} COMPONENT kedrin
+  FILES_MATCHING PATTERN kedrin.* PATTERN kedrin-add.*)
+
+install(TARGETS kedrin-module DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT kedrin-module)
+install(TARGETS kedrin-module-all DESTINATION ${KEDRIN_PROGRAM_DIR} COMPONENT kedrin-module)
+install(DIRECTORY ${CMAKE_BINARY_DIR}/locale DESTINATION ${CMAKE_INSTALL_DATADIR} COMPONENT kedrin-module)
+install(DIRECTORY ${CMAKE_BINARY_DIR}/man/ DESTINATION ${CMAKE_INSTALL_MANDIR} COMPONENT kedrin-module
+  FILES_MATCHING PATTERN kedrin-module*)
+install(FILES src/modtool/command/kedrin-module.bash RENAME kedrin-module
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT kedrin-module)
+install(FILES src/modtool/command/kedrin-module.fish
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d COMPONENT kedrin-module)
+install(FILES src/modtool/command/kedrin-module.zsh RENAME _kedrin-module
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions COMPONENT kedrin-module)
+
+install(TARGETS kedrin-module-sword DESTINATION ${KEDRIN_PROGRAM_DIR} COMPONENT kedrin-module-sword)
+
+include(cmake/install_tolvo.cmake)
+
+# For the target uninstall: where the last installation went, and its directories that have no file.
+if(PROJECT_IS_TOP_LEVEL)
+  install(CODE "file(WRITE \"${CMAKE_BINARY_DIR}/install_prefix.txt\" \"\${CMAKE_INSTALL_PREFIX}\\n\")
+    list(APPEND CMAKE_INSTALL_MANIFEST_FILES \"\${CMAKE_INSTALL_PREFIX}/${KEDRIN_PROGRAM_DIR}/modules/bibles\")"
+    ALL_COMPONENTS)
+  add_custom_target(uninstall COMMAND ${PROJECT_SOURCE_DIR}/scripts/uninstall.sh ${CMAKE_BINARY_DIR}
+    COMMENT "" VERBATIM USES_TERMINAL)
 endif()

@@ -29,6 +29,6 @@ endif()
 # enabled in that folder.
 function(kedrin_library name)
   add_library(${name} STATIC ${ARGN})
-  target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
-  target_link_libraries(${name} PRIVATE kedrin_options)
+  target_include_directories(${name} PUBLIC $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}>)
+  target_link_libraries(${name} PRIVATE $<BUILD_INTERFACE:kedrin_options>)
 endfunction()

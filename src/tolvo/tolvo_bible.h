@@ -1,7 +1,7 @@
 #pragma once
 
 /// The engine: everything a program needs to read installed translations. Link the static library `tolvo` and
-/// Qt Core.
+/// Qt Core; where it is installed, find_package(tolvo) gives tolvo::tolvo, and pkg-config knows it as tolvo.
 ///
 ///     Kedrin::Tolvo::CBibleModules modules("/usr/lib/kedrin/modules/bibles");
 ///     std::unique_ptr<const Kedrin::Tolvo::CBible> bible(modules.loadBible(0));
