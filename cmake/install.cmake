@@ -12,8 +12,11 @@ configure_file(scripts/kedrin.in ${CMAKE_BINARY_DIR}/kedrin-launcher @ONLY FILE_
   OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 
 file(RELATIVE_PATH private_dir ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_PREFIX}/${KEDRIN_PROGRAM_DIR})
-target_compile_definitions(kedrin-module PRIVATE KEDRIN_PRIVATE_DIR="${private_dir}")
-target_compile_definitions(modtool_install PRIVATE KEDRIN_PRIVATE_DIR="${private_dir}")
+foreach(target kedrin-module kedrin-add modtool_install)
+  target_compile_definitions(${target} PRIVATE KEDRIN_PRIVATE_DIR="${private_dir}")
+endforeach()
+file(RELATIVE_PATH public_dir ${CMAKE_INSTALL_PREFIX}/${KEDRIN_PROGRAM_DIR} ${CMAKE_INSTALL_FULL_BINDIR})
+target_compile_definitions(add PRIVATE KEDRIN_PUBLIC_DIR="${public_dir}")
 
 install(TARGETS kedrin DESTINATION ${KEDRIN_PROGRAM_DIR} COMPONENT kedrin)
 install(DIRECTORY DESTINATION ${KEDRIN_PROGRAM_DIR}/modules/bibles COMPONENT kedrin)
@@ -34,7 +37,7 @@ install(FILES src/modtool/command/kedrin-module.fish
 install(FILES src/modtool/command/kedrin-module.zsh RENAME _kedrin-module
   DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions COMPONENT kedrin-module)
 
-install(TARGETS kedrin-module-sword DESTINATION ${KEDRIN_PROGRAM_DIR} COMPONENT kedrin-module-sword)
+install(TARGETS kedrin-module-sword kedrin-add-sword DESTINATION ${KEDRIN_PROGRAM_DIR} COMPONENT kedrin-module-sword)
 
 include(cmake/install_tolvo.cmake)
 

@@ -43,8 +43,9 @@ QString failure(const char* heading, const QString& reason, const char* cancelle
 
 } // namespace
 
-CAddPage::CAddPage(CBackground& background)
+CAddPage::CAddPage(CBackground& background, const ISword& sword)
     : m_background(background),
+      m_sword(sword),
       m_area(scrollArea(new QWidget)),
       m_choice(new CSourceChoice),
       m_message(plainLabel(true)),
@@ -149,7 +150,7 @@ void CAddPage::open(const std::string& source)
     };
     m_background.run(
         [this, source, job, number]() -> CBackground::Use {
-            const auto text = std::make_shared<const TextPreview>(readPreview(source, *job));
+            const auto text = std::make_shared<const TextPreview>(readPreview(source, m_sword, *job));
             return [this, text, number] {
                 if (number == m_jobNumber)
                     showPreview(text);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "sword_texts.h"
 #include "text_preview.h"
 
 #include <QWidget>
@@ -29,7 +30,8 @@ class CAddPage final : public QWidget
 
 public:
     /// @param background  reads and builds; it ends before this object does
-    explicit CAddPage(CBackground& background);
+    /// @param sword       for "sword:NAME"; outlives this object
+    CAddPage(CBackground& background, const ModTool::ISword& sword);
 
     /// Reads a text and shows what it is. Does nothing while another is being added.
     /// @param source  a path, or "sword:NAME"
@@ -64,6 +66,7 @@ private:
     void openKedrin();
 
     CBackground& m_background;
+    const ModTool::ISword& m_sword;
     QScrollArea* m_area;
     CSourceChoice* m_choice;
     QLabel* m_message;

@@ -29,16 +29,18 @@ QString droppedPath(const QMimeData& dropped)
 
 } // namespace
 
-CAddWindow::CAddWindow() : m_add(new CAddPage(m_building)), m_installed(new CInstalledPage(m_checking))
+CAddWindow::CAddWindow(const ModTool::ISword& sword)
+    : m_add(new CAddPage(m_building, sword)),
+      m_installed(new CInstalledPage(m_checking))
 {
     setObjectName(QStringLiteral("addWindow"));
     setWindowTitle(translated("Texts for Kedrin"));
     setAcceptDrops(true);
-    auto* sword = new CSwordPage(m_building);
+    auto* swordPage = new CSwordPage(m_building, sword);
     addTab(m_add, translated("Add a &text"));
-    addPage(sword, translatable("S&WORD texts"));
+    addPage(swordPage, translatable("S&WORD texts"));
     addPage(m_installed, translatable("&Installed translations"));
-    connect(sword, &CSwordPage::chosen, this, [this](const std::string& name) { open("sword:" + name); });
+    connect(swordPage, &CSwordPage::chosen, this, [this](const std::string& name) { open("sword:" + name); });
     connect(m_add, &CAddPage::added, m_installed, [this] { m_installed->refresh(); });
     for (const auto key : {QKeySequence::Close, QKeySequence::Quit})
         connect(new QShortcut(key, this), &QShortcut::activated, this, &QWidget::close);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "background.h"
+#include "sword_texts.h"
 
 #include <QTabWidget>
 
@@ -17,7 +18,8 @@ class CAddWindow final : public QTabWidget
     Q_OBJECT
 
 public:
-    CAddWindow();
+    /// @param sword  outlives the window
+    explicit CAddWindow(const ModTool::ISword& sword);
 
     /// Ends what is being read or added, and waits for it.
     ~CAddWindow() override;

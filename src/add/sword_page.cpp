@@ -3,7 +3,6 @@
 #include "background.h"
 #include "messages.h"
 #include "shown_text.h"
-#include "sword_library.h"
 
 #include <QLabel>
 #include <QListWidget>
@@ -17,19 +16,21 @@ using namespace ModTool;
 namespace {
 
 /// Names and titles.
-std::vector<std::pair<std::string, std::string>> installedBibles()
+std::vector<std::pair<std::string, std::string>> installedBibles(const ISword& sword)
 {
-    const CSwordLibrary library;
+    const std::unique_ptr<ISwordTexts> library = sword.installedTexts();
     std::vector<std::pair<std::string, std::string>> bibles;
-    for (const std::string& name : library.bibles())
-        bibles.emplace_back(name, library.title(name));
+    for (const std::string& name : library->bibles())
+        bibles.emplace_back(name, library->title(name));
     return bibles;
 }
 
 } // namespace
 
-CSwordPage::CSwordPage(CBackground& background)
-    : m_note(plainLabel()),
+CSwordPage::CSwordPage(CBackground& background, const ISword& sword)
+    : m_background(background),
+      m_sword(sword),
+      m_note(plainLabel()),
       m_list(new QListWidget),
       m_add(button("addSword", translatable("&Add...")))
 {
@@ -48,8 +49,15 @@ CSwordPage::CSwordPage(CBackground& background)
             [this] { m_add->setEnabled(!m_list->selectedItems().isEmpty()); });
     connect(m_list, &QListWidget::itemActivated, this, &CSwordPage::choose);
     connect(m_add, &QPushButton::clicked, this, &CSwordPage::choose);
-    background.run(
-        [this]() -> CBackground::Use { return [this, bibles = installedBibles()] { fill(bibles); }; },
+}
+
+void CSwordPage::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    if (std::exchange(m_isAsked, true))
+        return;
+    m_background.run(
+        [this]() -> CBackground::Use { return [this, bibles = installedBibles(m_sword)] { fill(bibles); }; },
         [this](const QString& reason) { m_note->setText(reason); });
 }
 

@@ -6,7 +6,6 @@
 #include "module_format.h"
 #include "prepare.h"
 #include "shown_text.h"
-#include "sword_access.h"
 #include "text_encoder.h"
 
 #include <algorithm>
@@ -105,11 +104,11 @@ QStringList changesOf(const BuildReport& report)
     return changes;
 }
 
-TextPreview readPreview(const std::string& source, IProgress& progress)
+TextPreview readPreview(const std::string& source, const ISword& sword, IProgress& progress)
 {
     TextPreview preview;
     progress.show(tr("reading"), 0, 1);
-    preview.bible = readSource(source, {}, CSword(), progress);
+    preview.bible = readSource(source, {}, sword, progress);
     progress.show(tr("preparing"), 0, 1);
     SourceInfo& info = preview.bible.info;
     for (std::string* title : {&info.fullTitle, &info.shortTitle, &info.abbreviatedTitle})

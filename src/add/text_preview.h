@@ -3,6 +3,7 @@
 #include "build_report.h"
 #include "progress.h"
 #include "source_bible.h"
+#include "sword_texts.h"
 
 #include <QString>
 #include <QStringList>
@@ -26,8 +27,9 @@ struct TextPreview
 
 /// Reads a text and prepares its module without writing anything.
 /// @param source  a path, or "sword:NAME"
-/// @throws CBuildError  what readSource() and prepareModule() throw
-TextPreview readPreview(const std::string& source, ModTool::IProgress& progress);
+/// @throws CBuildError, CPartMissing  what readSource() and prepareModule() throw
+TextPreview readPreview(const std::string& source, const ModTool::ISword& sword,
+                        ModTool::IProgress& progress);
 
 /// What becomes of a text, in sentences; one that says so where all of it is kept.
 QStringList changesOf(const ModTool::BuildReport& report);

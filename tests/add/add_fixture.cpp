@@ -5,7 +5,6 @@
 #include "global_books.h"
 #include "installed_modules.h"
 #include "shown_text.h"
-#include "sword_access.h"
 
 #include <QDropEvent>
 #include <QLineEdit>
@@ -36,9 +35,9 @@ AddFixture::~AddFixture()
     ::unsetenv("XDG_DATA_HOME");
 }
 
-Add::CAddWindow& AddFixture::open()
+Add::CAddWindow& AddFixture::openWith(const ModTool::ISword& sword)
 {
-    m_window = std::make_unique<Add::CAddWindow>();
+    m_window = std::make_unique<Add::CAddWindow>(sword);
     m_window->show();
     m_window->activateWindow();
     if (!QTest::qWaitForWindowActive(m_window.get()))

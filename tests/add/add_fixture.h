@@ -2,6 +2,7 @@
 
 #include "add_window.h"
 #include "made_sword.h"
+#include "sword_access.h"
 #include "temp_folder.h"
 
 #include <QLabel>
@@ -25,7 +26,8 @@ public:
     AddFixture& operator=(const AddFixture&) = delete;
 
     /// Makes the window, shows it and waits until it is active.
-    Kedrin::Add::CAddWindow& open();
+    Kedrin::Add::CAddWindow& open() { return openWith(m_library); }
+    Kedrin::Add::CAddWindow& openWith(const Kedrin::ModTool::ISword& sword);
     void closeWindow() { m_window.reset(); }
     Kedrin::Add::CAddWindow& window() const { return *m_window; }
 
@@ -67,6 +69,7 @@ public:
 private:
     build_test::MadeSword m_sword;
     test_support::TempFolder m_home;
+    const Kedrin::ModTool::CSword m_library;
     std::unique_ptr<Kedrin::Add::CAddWindow> m_window;
 };
 

@@ -1,4 +1,5 @@
 #include "add_fixture.h"
+#include "missing_sword.h"
 #include "module_state.h"
 
 #include <QLineEdit>
@@ -74,6 +75,7 @@ private slots:
     void addedModuleIsListed();
     void failureIsTold();
     void noBibleForSword();
+    void missingSwordPartIsNamed();
     void addsABibleOfSword();
 };
 
@@ -214,6 +216,21 @@ void InstalledTest::noBibleForSword()
     QTRY_COMPARE(fixture.textOf("swordNote"),
                  QStringLiteral("No Bible for SWORD programs is installed on this computer."));
     QVERIFY(!fixture.part("addSword")->isEnabled());
+}
+
+void InstalledTest::missingSwordPartIsNamed()
+{
+    AddFixture fixture;
+    const Kedrin::Add::CMissingSword none;
+    fixture.openWith(none);
+    QTest::keyClick(&fixture.window(), Qt::Key_W, Qt::AltModifier);
+    const QString said = QStringLiteral(
+        "The part of the program that reads SWORD texts is not installed. It is in the package "
+        "kedrin-module-sword: install that, then start this program again.");
+    QTRY_COMPARE(fixture.textOf("swordNote"), said);
+    QVERIFY(!fixture.part("addSword")->isEnabled());
+    fixture.window().open("sword:KJV");
+    QTRY_COMPARE(fixture.textOf("message"), QStringLiteral("This text cannot be added: ") + said);
 }
 
 void InstalledTest::addsABibleOfSword()

@@ -19,6 +19,10 @@ public:
     /// The names of all Bibles, sorted.
     virtual std::vector<std::string> bibles() const = 0;
 
+    /// The title of a Bible, in UTF-8; its name where it has none.
+    /// @param name  a full name
+    virtual std::string title(const std::string& name) const = 0;
+
     /// The full name of a Bible, given its name, its abbreviation or a former name, in this order; case does
     /// not matter.
     /// @throws CBuildError

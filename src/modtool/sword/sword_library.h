@@ -18,11 +18,8 @@ public:
     CSwordLibrary(const CSwordLibrary&) = delete;
     CSwordLibrary& operator=(const CSwordLibrary&) = delete;
 
-    /// The title of a Bible, in UTF-8; its name where it has none.
-    /// @param name  a full name
-    std::string title(const std::string& name) const;
-
     std::vector<std::string> bibles() const override;
+    std::string title(const std::string& name) const override;
     std::string resolve(const std::string& name) const override;
     SourceBible read(const std::string& name,
                      const std::function<void(std::size_t, std::size_t)>& progress) const override;

@@ -15,13 +15,13 @@ said=$(LANG=bg_BG.UTF-8 "$work/usr/bin/kedrin-module" show "$work/b" Бит 2>&1
 [ "$said" = "kedrin-module: $work/b: не е папка на модул" ] || { echo "$said"; exit 1; }
 for file in share/man/man1/kedrin-module.1 share/man/bg/man1/kedrin-module.1 share/bash-completion/completions/kedrin-module \
     share/fish/vendor_completions.d/kedrin-module.fish share/zsh/site-functions/_kedrin-module \
-    bin/kedrin bin/kedrin-add lib/kedrin/kedrin; do
+    bin/kedrin bin/kedrin-add lib/kedrin/kedrin lib/kedrin/kedrin-add-sword; do
     [ -s "$work/usr/$file" ] || { echo "$file is not installed"; exit 1; }
 done
 
 # Without the SWORD library, and the part of the tool that is linked with it.
 tool=$work/usr/bin/kedrin-module private=$work/usr/lib/kedrin
-for program in "$tool" "$private/kedrin-module-all"; do
+for program in "$tool" "$private/kedrin-module-all" "$work/usr/bin/kedrin-add"; do
     if readelf -d "$program" | grep NEEDED.*sword; then echo "$program needs SWORD"; exit 1; fi
 done
 rm "$private/kedrin-module-sword"

@@ -1,0 +1,57 @@
+#include "add_program.h"
+
+#include "add_window.h"
+#include "application.h"
+#include "language.h"
+#include "no_display.h"
+#include "shown_text.h"
+
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
+
+#include <clocale>
+#include <iostream>
+#include <memory>
+
+namespace Kedrin::Add {
+
+namespace {
+
+/// The toolkit's own texts, such as those of its file dialog, in the language of the window.
+void translateToolkit(QTranslator& translator)
+{
+    const QLocale language(translated("en")); // the language's code
+    if (translator.load(language, QStringLiteral("qtbase"), QStringLiteral("_"),
+                        QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(&translator);
+}
+
+} // namespace
+
+int runAddProgram(int argc, char** argv, const ModTool::ISword& sword)
+{
+    try {
+        auto noDisplay = std::make_unique<qt3::NoDisplay>(argc, argv);
+        qt3::Application application(argc, argv);
+        noDisplay->checkScreen();
+        noDisplay.reset();
+        ModTool::chooseLanguage();
+        std::setlocale(LC_NUMERIC, "C"); // the toolkit has chosen the user's
+        QTranslator translator;
+        translateToolkit(translator);
+        QGuiApplication::setDesktopFileName(QStringLiteral("kedrin-add"));
+        CAddWindow window(sword);
+        window.show();
+        if (argc > 1)
+            window.open(argv[1]);
+        const int result = qt3::Application::exec();
+        application.rethrow();
+        return result;
+    } catch (const std::exception& exception) {
+        std::cerr << "kedrin-add: " << exception.what() << '\n';
+    }
+    return 1;
+}
+
+} // namespace Kedrin::Add
