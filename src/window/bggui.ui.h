@@ -168,19 +168,19 @@ void BibleForm::helpAbout_activated()
 {
     qt3::MessageBox::about(
         this, QStringLiteral("За програмата"),
-        QStringLiteral("Kedrin за Linux, 0.3 betha\n"
-                       "Автор: %1, 2005\n"
-                       "Email: %2\n"
+        QStringLiteral("Kedrin за Linux, %1\n"
+                       "Автор: %2, 2005\n"
+                       "Email: %3\n"
                        "(Пишете за открити бъгове, препоръки и други въпроси свързани с продукта)\n"
                        "\n"
-                       "Със съдействието на %3")
-            .arg(QString::fromUtf8(aboutAuthor), QString::fromUtf8(aboutContact),
-                 QString::fromUtf8(aboutPartner)));
+                       "Със съдействието на %4")
+            .arg(QString::fromUtf8(aboutVersion), QString::fromUtf8(aboutAuthor),
+                 QString::fromUtf8(aboutContact), QString::fromUtf8(aboutPartner)));
 }
 
 void BibleForm::helpAboutQt_activated()
 {
-    QMessageBox::aboutQt(this, QStringLiteral("Kedrin за Linux 0.3 betha"));
+    QMessageBox::aboutQt(this, QStringLiteral("Kedrin за Linux ") + QString::fromUtf8(aboutVersion));
 }
 
 void BibleForm::helpWhatsThis_activated() { QWhatsThis::enterWhatsThisMode(); }
