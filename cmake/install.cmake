@@ -1,6 +1,5 @@
 # What `cmake --install` puts in place. The components are the packages of a distribution, and `cmake --install BUILD
-# --component NAME` installs one of them. kedrin-doc is the guide, which doc/guide installs.
-include(GNUInstallDirs)
+# --component NAME` installs one of them. kedrin-doc is the guide, which doc/guide installs; data/ installs what desktops read.
 
 # The program is in a directory of its own together with modules/bibles; it and the tool's parts are found from bin.
 set(KEDRIN_PROGRAM_DIR lib/kedrin CACHE STRING "Directory of the program and its modules, relative to the prefix")

@@ -2,12 +2,12 @@
 source "$(dirname "${BASH_SOURCE[0]}")/say.sh"
 
 build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev libicu-dev libsword-dev libcli11-dev libxml2-dev
-    libexpat1-dev nlohmann-json3-dev libfmt-dev libsqlite3-dev libzip-dev zlib1g-dev gettext)
+    libexpat1-dev nlohmann-json3-dev libfmt-dev libsqlite3-dev libzip-dev zlib1g-dev gettext librsvg2-bin)
 text_packages=(sword-text-kjv sword-text-web fonts-dejavu-core)
 screen_packages=(xvfb xauth xdotool x11-xkb-utils imagemagick)
 session_packages=(at-spi2-core dbus-daemon libatspi2.0-dev x11-utils)
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev strace mandoc bash-completion fish zsh xz-utils
-    clang-format clang-tidy)
+    clang-format clang-tidy desktop-file-utils appstream)
 
 # need_packages NAME...: installs the missing ones, as root or through sudo. If that is impossible, explains
 # why and returns 1.

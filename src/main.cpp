@@ -1,6 +1,7 @@
 #include "application.h"
 #include "bggui.h"
 #include "no_display.h"
+#include "program_icon.h"
 #include "ut_utils.h"
 
 #include <iostream>
@@ -18,6 +19,7 @@ int main(int argc, char** argv)
         qt3::Application a(argc, argv);
         noDisplay->checkScreen();
         noDisplay.reset();
+        Kedrin::setProgramIcon(QStringLiteral("kedrin"));
         BibleForm w;
         w.show();
         QObject::connect(&a, &QGuiApplication::lastWindowClosed, &a, &QCoreApplication::quit);

@@ -4,6 +4,7 @@
 #include "application.h"
 #include "language.h"
 #include "no_display.h"
+#include "program_icon.h"
 #include "shown_text.h"
 
 #include <QLibraryInfo>
@@ -40,7 +41,7 @@ int runAddProgram(int argc, char** argv, const ModTool::ISword& sword)
         std::setlocale(LC_NUMERIC, "C"); // the toolkit has chosen the user's
         QTranslator translator;
         translateToolkit(translator);
-        QGuiApplication::setDesktopFileName(QStringLiteral("kedrin-add"));
+        setProgramIcon(QStringLiteral("kedrin-add"));
         CAddWindow window(sword);
         window.show();
         if (argc > 1)
