@@ -1,5 +1,6 @@
 # What `cmake --install` puts in place. The components are the packages of a distribution, and `cmake --install BUILD
-# --component NAME` installs one of them. kedrin-doc is the guide, which doc/guide installs; data/ installs what desktops read.
+# --component NAME` installs one of them. doc/man installs the manual pages; doc/guide installs kedrin-doc, the guide; data/
+# installs what desktops read.
 
 # The program is in a directory of its own together with modules/bibles; it and the tool's parts are found from bin.
 set(KEDRIN_PROGRAM_DIR lib/kedrin CACHE STRING "Directory of the program and its modules, relative to the prefix")
@@ -21,14 +22,10 @@ install(TARGETS kedrin DESTINATION ${KEDRIN_PROGRAM_DIR} COMPONENT kedrin)
 install(DIRECTORY DESTINATION ${KEDRIN_PROGRAM_DIR}/modules/bibles COMPONENT kedrin)
 install(PROGRAMS ${CMAKE_BINARY_DIR}/launcher/kedrin DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT kedrin)
 install(TARGETS kedrin-add DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT kedrin)
-install(DIRECTORY ${CMAKE_BINARY_DIR}/man/ DESTINATION ${CMAKE_INSTALL_MANDIR} COMPONENT kedrin
-  FILES_MATCHING PATTERN kedrin.* PATTERN kedrin-add.*)
 
 install(TARGETS kedrin-module DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT kedrin-module)
 install(TARGETS kedrin-module-all DESTINATION ${KEDRIN_PROGRAM_DIR} COMPONENT kedrin-module)
 install(DIRECTORY ${CMAKE_BINARY_DIR}/locale DESTINATION ${CMAKE_INSTALL_DATADIR} COMPONENT kedrin-module)
-install(DIRECTORY ${CMAKE_BINARY_DIR}/man/ DESTINATION ${CMAKE_INSTALL_MANDIR} COMPONENT kedrin-module
-  FILES_MATCHING PATTERN kedrin-module*)
 install(FILES src/modtool/command/kedrin-module.bash RENAME kedrin-module
   DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT kedrin-module)
 install(FILES src/modtool/command/kedrin-module.fish

@@ -1,7 +1,6 @@
 #include "program.h"
 
 #include "command_line.h"
-#include "manual_page.h"
 #include "query_program.h"
 #include "regex_matcher.h"
 
@@ -23,11 +22,6 @@ int runProgram(int argc, const char* const* argv, const ISword& sword, std::ostr
         commands.push_back(make(parser));
     for (auto& command : makeQueryCommands(parser, makeRegexMatcher))
         commands.push_back(std::move(command));
-    const auto printManualPage = [&] {
-        out << manualPage(parser);
-        throw CLI::Success();
-    };
-    parser.add_flag_callback("--manual-page", printManualPage)->group(""); // for packagers; not in the help
     return runCommandLine(parser, commands, argc, argv, {out, err, terminal});
 }
 

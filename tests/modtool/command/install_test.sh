@@ -13,7 +13,8 @@ report=$(LANG=bg_BG.UTF-8 "$work/usr/bin/kedrin-module" build "$work/a.txt" "$wo
 [[ $report == *"съдържа       1 книга, 1 глава, 1 стих"* ]] || { echo "$report"; exit 1; }
 said=$(LANG=bg_BG.UTF-8 "$work/usr/bin/kedrin-module" show "$work/b" Бит 2>&1 || true)
 [ "$said" = "kedrin-module: $work/b: не е папка на модул" ] || { echo "$said"; exit 1; }
-for file in share/man/man1/kedrin-module.1 share/man/bg/man1/kedrin-module.1 share/bash-completion/completions/kedrin-module \
+for file in share/man/{,bg/}man1/{kedrin,kedrin-add,kedrin-module,kedrin-module-get}.1 \
+    share/man/{,bg/}man5/kedrin-module.5 share/bash-completion/completions/kedrin-module \
     share/fish/vendor_completions.d/kedrin-module.fish share/zsh/site-functions/_kedrin-module \
     bin/kedrin bin/kedrin-add lib/kedrin/kedrin lib/kedrin/kedrin-add-sword; do
     [ -s "$work/usr/$file" ] || { echo "$file is not installed"; exit 1; }

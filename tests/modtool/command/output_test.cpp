@@ -196,8 +196,8 @@ TEST_F(Output, ThatCannotBeWrittenIsSaid)
     Command build = buildOf(newSource());
     build.erase(std::remove(build.begin(), build.end(), "-q"), build.end());
     for (const Command& command :
-         {tool({"--help"}), tool({"build", "--help"}), tool({"show", "--help"}), tool({"--manual-page"}),
-          tool({"check", made()}), tool({"check", "--json", made()}), tool({"check", "--list"}), build,
+         {tool({"--help"}), tool({"build", "--help"}), tool({"show", "--help"}), tool({"check", made()}),
+          tool({"check", "--json", made()}), tool({"check", "--list"}), build,
           tool({"export", made(), "--to", "osis"}), tool({"info", made()}), tool({"words", made()})}) {
         SCOPED_TRACE(command.at(1));
         for (const auto& prepare : {toFullDevice, toNothing}) {
