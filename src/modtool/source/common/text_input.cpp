@@ -163,6 +163,17 @@ std::string converted(const std::string& content, const std::string& fileName, c
     return text;
 }
 
+/// Whether the content may be recognised: XML says its encoding, and so does a byte order mark.
+bool saysNoEncoding(std::string_view content)
+{
+    const std::size_t begin = std::min(content.find_first_not_of(" \t\r\n"), content.size());
+    return encodingOf(content) == utf8Name && !content.starts_with(byteOrderMark) &&
+           !content.substr(begin).starts_with('<') &&
+           content.substr(0, 1024).find("\\ide") == std::string_view::npos;
+}
+
+} // namespace
+
 bool isUtf8(std::string_view text)
 {
     const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
@@ -175,17 +186,6 @@ bool isUtf8(std::string_view text)
     }
     return true;
 }
-
-/// Whether the content may be recognised: XML says its encoding, and so does a byte order mark.
-bool saysNoEncoding(std::string_view content)
-{
-    const std::size_t begin = std::min(content.find_first_not_of(" \t\r\n"), content.size());
-    return encodingOf(content) == utf8Name && !content.starts_with(byteOrderMark) &&
-           !content.substr(begin).starts_with('<') &&
-           content.substr(0, 1024).find("\\ide") == std::string_view::npos;
-}
-
-} // namespace
 
 bool isWindows1251(std::string_view content)
 {

@@ -26,6 +26,8 @@ std::string readText(const std::string& fileName, const std::string& encoding,
 std::string decodedText(std::string content, const std::string& fileName, const std::string& encoding,
                         std::string* recognised = nullptr);
 
+bool isUtf8(std::string_view text);
+
 /// Whether bytes that are not UTF-8 are Cyrillic text in Windows-1251: at least twenty of its letters; of the bytes above
 /// 127 nine in ten are letters from А to я; more of these are small than capital, and half of them follow another one.
 /// Bytes that other Cyrillic encodings use for capitals, and Windows-1251 for hardly any text, are fewer than one in two

@@ -1,6 +1,8 @@
 #include "sqlite_columns.h"
 
 #include "ascii.h"
+#include "errors.h"
+#include "messages.h"
 
 namespace Kedrin::ModTool {
 
@@ -24,6 +26,27 @@ VerseColumns verseColumnsOf(const CSqliteDatabase::Table& table)
     if (found.book.empty() && found.chapter.empty() && found.verse.empty())
         found.id = columnOf(table, {"id", "verse_id", "vid"});
     return found;
+}
+
+VerseColumns verseColumnsOf(const std::vector<CSqliteDatabase::Table>& tables, const std::string& fileName)
+{
+    std::vector<VerseColumns> found;
+    std::vector<std::string> names;
+    for (const CSqliteDatabase::Table& table : tables)
+        if (const VerseColumns columns = verseColumnsOf(table); columns.areComplete()) {
+            found.push_back(columns);
+            names.push_back(inQuotes(table.name));
+        }
+    if (found.empty())
+        throw CBuildError(message(
+            "%s: contains no table of verses, with columns such as book, chapter, verse and text", fileName));
+    if (found.size() == 1)
+        return found.front();
+    for (const VerseColumns& columns : found)
+        if (const std::string name = lower(columns.table); name == "verses" || name == "bible")
+            return columns;
+    throw CBuildError(
+        message("%s: several tables contain verses: %s", fileName, joined(names, ", ").substr(0, 200)));
 }
 
 } // namespace Kedrin::ModTool

@@ -5,6 +5,7 @@
 #include <initializer_list>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Kedrin::ModTool {
 
@@ -24,5 +25,11 @@ struct VerseColumns
 
 /// Those that a table has, by the names that databases give them.
 VerseColumns verseColumnsOf(const CSqliteDatabase::Table& table);
+
+/// Those of the only table of verses, or of that among several which is named "verses" or "Bible".
+/// @throws CBuildError
+///     "%s: contains no table of verses, with columns such as book, chapter, verse and text"
+///     "%s: several tables contain verses: %s"
+VerseColumns verseColumnsOf(const std::vector<CSqliteDatabase::Table>& tables, const std::string& fileName);
 
 } // namespace Kedrin::ModTool

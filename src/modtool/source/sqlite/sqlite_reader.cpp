@@ -6,12 +6,12 @@
 #include "letter_proof.h"
 #include "messages.h"
 #include "module_format.h"
+#include "rtf_text.h"
 #include "sqlite_books.h"
 #include "sqlite_columns.h"
 #include "sqlite_database.h"
+#include "text_input.h"
 #include "verse_collector.h"
-
-#include <unicode/utf8.h>
 
 #include <algorithm>
 #include <optional>
@@ -24,19 +24,6 @@ constexpr std::size_t maxRows = 1000000;
 constexpr std::size_t maxTextBytes = 1u << 20;
 
 using Table = CSqliteDatabase::Table;
-
-bool isValidUtf8(std::string_view text)
-{
-    const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
-    const auto length = static_cast<std::int32_t>(text.size());
-    for (std::int32_t i = 0; i < length;) {
-        UChar32 codePoint;
-        U8_NEXT(bytes, i, length, codePoint);
-        if (codePoint < 0)
-            return false;
-    }
-    return true;
-}
 
 /// A number, which may be text or 1.0.
 std::optional<VerseNumber> numberOf(std::string_view text)
@@ -60,7 +47,8 @@ public:
     SourceBible read()
     {
         const std::vector<Table> tables = m_database.tables();
-        m_columns = chooseTable(tables);
+        m_columns = verseColumnsOf(tables, m_fileName);
+        findRtf();
         CSqliteBooks books(m_database, hasSpacedNumbers());
         std::vector<std::string> others;
         for (const Table& table : tables)
@@ -71,6 +59,8 @@ public:
         bible.letters = proveLetters();
         bible.findings.say(translatable("source"),
                            message("SQLite, verses of the table %s", inQuotes(m_columns.table)));
+        if (m_rtf)
+            bible.findings.say(translatable("texts"), message("in RTF, %s", m_rtf->codePage()));
         if (!others.empty())
             bible.findings.say(translatable("left out"),
                                message("tables without verses: %s", joined(others, ", ").substr(0, 200)));
@@ -78,35 +68,32 @@ public:
     }
 
 private:
-    VerseColumns chooseTable(const std::vector<Table>& tables) const
-    {
-        std::vector<VerseColumns> found;
-        std::vector<std::string> names;
-        for (const Table& table : tables)
-            if (const VerseColumns columns = verseColumnsOf(table); columns.areComplete()) {
-                found.push_back(columns);
-                names.push_back(inQuotes(table.name));
-            }
-        if (found.empty())
-            throw CBuildError(
-                message("%s: contains no table of verses, with columns such as book, chapter, verse and text",
-                        m_fileName));
-        if (found.size() == 1)
-            return found.front();
-        for (const VerseColumns& columns : found)
-            if (const std::string name = lower(columns.table); name == "verses" || name == "bible")
-                return columns;
-        throw CBuildError(
-            message("%s: several tables contain verses: %s", m_fileName, joined(names, ", ").substr(0, 200)));
-    }
-
     std::string valid(std::string_view text, std::size_t row) const
     {
-        if (!isValidUtf8(text))
+        if (!isUtf8(text))
             failAtLine(m_fileName, row, message("not valid %s", "UTF-8"));
         if (text.size() > maxTextBytes)
             failAtLine(m_fileName, row, tr("a string longer than 1 MiB"));
         return std::string(text);
+    }
+
+    /// Sets m_rtf if a text is in RTF.
+    void findRtf()
+    {
+        constexpr std::size_t enoughBytes = 1u << 20;
+        bool isFound = false;
+        std::string escaped;
+        std::uint64_t byteCount = 0;
+        auto rows = m_database.rows(m_columns.table, {m_columns.text});
+        for (std::size_t row = 0; row < maxRows && byteCount <= maxSourceBytes && rows.next(); ++row) {
+            const std::string_view text = rows.text(0);
+            byteCount += text.size();
+            isFound = isFound || isRtf(text);
+            if (escaped.size() < enoughBytes && text.find('\\') != std::string_view::npos)
+                CRtfText::appendEscapedBytes(text, escaped);
+        }
+        if (isFound)
+            m_rtf.emplace(escaped);
     }
 
     /// Whether books are numbered in tens: one has a number above 66.
@@ -161,7 +148,7 @@ private:
     void takeFact(const std::string& name, const std::string& value)
     {
         SourceInfo& info = m_verses.info();
-        const std::string text(trimmed(withoutTags(value)));
+        const std::string text(trimmed(isRtf(value) ? CRtfText::plainOf(value) : withoutTags(value)));
         if (text.empty())
             return;
         if ((name == "description" || name == "title" || name == "name") && info.fullTitle.empty())
@@ -199,9 +186,17 @@ private:
             if (byteCount > maxSourceBytes) // rows of a damaged database may share their pages
                 throw CBuildError(message("%s: contains more than 64 MiB", m_fileName));
             beginVerse(books, book, chapter, verse, row);
-            addMarkedText(m_verses, valid(rows.text(text), row), row);
+            addText(valid(rows.text(text), row), row);
             m_verses.endVerse();
         }
+    }
+
+    void addText(const std::string& text, std::size_t row)
+    {
+        if (m_rtf)
+            m_rtf->addTo(m_verses, text, row);
+        else
+            addMarkedText(m_verses, text, row);
     }
 
     /// 1001002 is book 1, chapter 1, verse 2.
@@ -260,13 +255,17 @@ private:
         auto rows = m_database.rows(m_columns.table, {m_columns.text});
         std::size_t row = 0;
         while (rows.next())
-            proof.compareMarkedText(rows.text(0), ++row);
+            if (++row; m_rtf)
+                proof.compare(m_rtf->withCharacters(rows.text(0)), row);
+            else
+                proof.compareMarkedText(rows.text(0), row);
         return proof.finish(row);
     }
 
     const std::string& m_fileName;
     CSqliteDatabase m_database;
     VerseColumns m_columns;
+    std::optional<CRtfText> m_rtf; ///< of texts in RTF
     CVerseCollector m_verses;
     std::string m_book; ///< as named in the verses
 };

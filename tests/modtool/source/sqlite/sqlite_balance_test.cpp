@@ -9,6 +9,8 @@ using balance_test::CMaker;
 
 class SqliteBalance : public balance_test::LetterBalance
 {
+protected:
+    void expectBalanceOf(void (*makeText)(CMaker&)) const;
 };
 
 /// A text of a verse with tags.
@@ -26,14 +28,27 @@ void makeVerse(CMaker& maker)
     }
 }
 
-TEST_F(SqliteBalance, OfRandomTexts)
+/// A text of a verse in RTF.
+void makeRtf(CMaker& maker)
+{
+    static constexpr const char* controls[] = {"\\cf6 ",    "{\\b ", "\\b0 ",        "}",        "\\super ",
+                                               "\\super0 ", "\\v ",  "\\v0 ",        "{\\*\\x ", "\\par ",
+                                               "\\par\\9",  "\\",    "{\\footnote ", "\\~"};
+    maker.text("\\par ");
+    for (unsigned int parts = maker.number(8); parts != ~0u; --parts) {
+        maker.text(maker.oneOf(controls));
+        maker.words();
+    }
+}
+
+void SqliteBalance::expectBalanceOf(void (*makeText)(CMaker&)) const
 {
     for (unsigned int seed = 0; seed < 20; ++seed) {
         std::vector<build_test::SqliteVerse> verses;
         std::uint64_t count = 0;
         for (unsigned int verse = 0; verse < 60; ++verse) {
             CMaker maker(100 * seed + verse);
-            makeVerse(maker);
+            makeText(maker);
             count += maker.count();
             verses.push_back({verse % 7 == 0 ? 790u : 10u, 1, verse / 2, maker.document()});
         }
@@ -47,5 +62,8 @@ TEST_F(SqliteBalance, OfRandomTexts)
             << result.out;
     }
 }
+
+TEST_F(SqliteBalance, OfRandomTextsWithTags) { expectBalanceOf(makeVerse); }
+TEST_F(SqliteBalance, OfRandomTextsInRtf) { expectBalanceOf(makeRtf); }
 
 } // namespace
