@@ -4,10 +4,12 @@
 
 # The program is in a directory of its own together with modules/bibles; it and the tool's parts are found from bin.
 set(KEDRIN_PROGRAM_DIR lib/kedrin CACHE STRING "Directory of the program and its modules, relative to the prefix")
-set(launched_program "$(dirname \"$(dirname \"$(readlink -f \"$0\")\")\")/${KEDRIN_PROGRAM_DIR}/kedrin")
+set(launched_program "\"\${here%/*}\"/${KEDRIN_PROGRAM_DIR}/kedrin")
+set(launched_guide "\"\${here%/*}\"/${CMAKE_INSTALL_DATADIR}/doc/kedrin/guide")
 configure_file(scripts/kedrin.in ${CMAKE_BINARY_DIR}/launcher/kedrin @ONLY)
 # The same for the program as it is built, which ./run starts.
-set(launched_program "$(dirname \"$(readlink -f \"$0\")\")/kedrin")
+set(launched_program "\"$here\"/kedrin")
+set(launched_guide "\"$here\"/doc/guide")
 configure_file(scripts/kedrin.in ${CMAKE_BINARY_DIR}/kedrin-launcher @ONLY FILE_PERMISSIONS
   OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 

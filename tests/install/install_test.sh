@@ -17,6 +17,8 @@ expect_files() { # expect_files DIRECTORY NAME...: they are there
 }
 
 "$cmake" --install "$build" --prefix "$prefix" >"$work/log"
+version=$("$prefix/bin/kedrin-module" --version)
+[ "$(LC_ALL=C "$prefix/bin/kedrin" --version)" = "Kedrin ${version#kedrin-module }" ] || fail "the launcher's version"
 expect_files "$prefix" bin/kedrin bin/kedrin-add bin/kedrin-module lib/kedrin/kedrin lib/kedrin/modules/bibles \
     lib/kedrin/kedrin-module-all lib/kedrin/kedrin-module-sword share/locale/bg/LC_MESSAGES/kedrin-module.mo \
     share/applications/kedrin.desktop share/icons/hicolor/48x48/apps/kedrin.png share/icons/hicolor/scalable/apps/kedrin.svg \
@@ -44,7 +46,8 @@ export XDG_DATA_HOME="$work/data" LC_ALL=C.UTF-8
 LC_ALL=bg_BG.UTF-8 "$tool" help | grep -q 'Команди' || fail "the tool does not find its catalogue"
 
 # The library in other programs, which only know where it is installed.
-. "$here/use_library.sh"
+# shellcheck source=SCRIPTDIR/use_library.sh
+source "$here/use_library.sh"
 
 # Removal leaves what others put there.
 touch "$prefix/bin/foreign"

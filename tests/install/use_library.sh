@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Sourced by install_test.sh: builds programs against the library installed in $prefix, by its CMake package and by
 # pkg-config, and runs them on the module мой.
 headers="$prefix/include/tolvo"
