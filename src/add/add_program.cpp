@@ -4,6 +4,7 @@
 #include "application.h"
 #include "language.h"
 #include "no_display.h"
+#include "no_texts_box.h"
 #include "program_icon.h"
 #include "shown_text.h"
 
@@ -14,10 +15,14 @@
 #include <clocale>
 #include <iostream>
 #include <memory>
+#include <string_view>
 
 namespace Kedrin::Add {
 
 namespace {
+
+/// That of Kedrin itself where no translation is installed.
+constexpr int statusWithoutTexts = 255;
 
 /// The toolkit's own texts, such as those of its file dialog, in the language of the window.
 void translateToolkit(QTranslator& translator)
@@ -42,9 +47,12 @@ int runAddProgram(int argc, char** argv, const ModTool::ISword& sword)
         QTranslator translator;
         translateToolkit(translator);
         setProgramIcon(QStringLiteral("kedrin-add"));
+        const bool asksFirst = argc > 1 && argv[1] == std::string_view("--no-texts");
+        if (asksFirst && !wantsToAddText())
+            return statusWithoutTexts;
         CAddWindow window(sword);
         window.show();
-        if (argc > 1)
+        if (argc > 1 && !asksFirst)
             window.open(argv[1]);
         const int result = qt3::Application::exec();
         application.rethrow();

@@ -50,7 +50,7 @@ english='Kedrin has no Bible text yet. Add one with kedrin-add, in a window, or 
 gives 0 "$prefix/lib/kedrin/kedrin -style x" "$english" './kedrin -style x'
 mv "$work/bin/kedrin-add" "$prefix/bin/kedrin-add"
 gives 0 "$prefix/bin/kedrin-add --no-texts -style x" "$english" './kedrin -style x'
-gives 0 "$prefix/bin/kedrin-add --no-texts" 'В Kedrin още няма текст на Библията. Добавете текст с kedrin-add, в прозорец, или тук:
+gives 0 "$prefix/bin/kedrin-add --no-texts" 'Kedrin още няма текст на Библията. Добавете текст с kedrin-add, в прозорец, или тук:
   kedrin-module add ФАЙЛ   от файл или папка
   kedrin-module get        от хранилище в мрежата' './kedrin' LANG=bg_BG.UTF-8
 mkdir -p "$work/home/.local/share/kedrin/modules/bibles/.unfinished"
