@@ -97,10 +97,9 @@ open_add() {
     [ -n "$window" ] || fail "no window"
 }
 
-# picture_add SUFFIX LANGUAGE TITLE GROUP PAGE
+# picture_add SUFFIX LOCALE TITLE GROUP PAGE
 picture_add() {
-    export LC_ALL=C.UTF-8 LANGUAGE=
-    [ "$2" = en ] || unset LC_ALL
+    unset LC_ALL
     LANG=$2 open_add "$3" "$scratch/Примерен превод.usfm"
     export LC_ALL=C.UTF-8
     expect panel "$4" showing
@@ -108,6 +107,17 @@ picture_add() {
     press 'page tab' "$5"
     press 'table cell' 'Примерен превод'
     take_add "installed$1" 260
+    end_program
+}
+
+# picture_no_texts SUFFIX LOCALE: the box of the launcher, where there is no module
+picture_no_texts() {
+    unset LC_ALL
+    LANG=$2 open_add Kedrin --no-texts
+    export LC_ALL=C.UTF-8
+    expect 'push button'
+    eval "$(xdotool getwindowgeometry --shell "$window")"
+    take "no-texts$1" "${WIDTH}x$HEIGHT+$X+$Y"
     end_program
 }
 
@@ -129,8 +139,9 @@ compare_picture() {
 prepare
 picture_kedrin
 picture_add '' bg_BG.UTF-8 'Текстове за Kedrin' 'Какво е разпознато' 'Инсталирани преводи'
-picture_add -en en 'Texts for Kedrin' 'What was understood' 'Installed translations'
-rm -f "$pictures/kept.png"
+picture_add -en C.UTF-8 'Texts for Kedrin' 'What was understood' 'Installed translations'
+picture_no_texts '' bg_BG.UTF-8
+picture_no_texts -en C.UTF-8
 [ -n "$expected" ] || exit 0
 for picture in "$pictures"/*.png; do compare_picture "$picture"; done
 [ "$(cd "$expected" && ls)" = "$(cd "$pictures" && ls --ignore=differences.png)" ] ||

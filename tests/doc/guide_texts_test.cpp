@@ -29,6 +29,7 @@ std::vector<std::string> textsOfThePrograms()
                 kind == ".cpp" || kind == ".h" || kind == ".po")
                 add(entry.path());
     add(sources / "main.cpp");
+    add(fs::path(KEDRIN_PROJECT_FOLDER) / "scripts/kedrin.in");
     return texts;
 }
 
