@@ -10,7 +10,7 @@ source "$here/../window/smoke/session_lib.sh"
 source "$here/../window/smoke/session_desktop.sh"
 
 bold=/usr/share/fonts/truetype/dejavu/DejaVuSans-Bold.ttf
-tolerated=250 # pixels of a picture that may differ: less than a changed word
+tolerated=60 # pixels of a picture that may differ: less than two changed letters
 
 use_desktop 96 light "$scratch"
 sed "/<dir>/a <cachedir>$scratch/fonts</cachedir>" "$here/fonts.conf" >"$scratch/fonts.conf"
