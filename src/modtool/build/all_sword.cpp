@@ -59,7 +59,7 @@ private:
     void say(const std::string& line)
     {
         m_progress.clear();
-        m_out << line << '\n';
+        m_out << printable(line) << '\n';
     }
 
     /// Whether the Bible did not fail.

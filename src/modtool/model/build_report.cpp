@@ -113,7 +113,7 @@ std::string BuildReport::text() const
                         "words of more than 39 bytes from the word list; their verses are kept");
     for (const ReplacedKind& kind : replaced)
         report += replacedLine(kind);
-    return report;
+    return printable(report);
 }
 
 std::int64_t BuildReport::lettersLeftOut() const

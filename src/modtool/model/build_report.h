@@ -68,7 +68,7 @@ struct BuildReport
     bool versificationGuessed = false; ///< chosen by its verse counts
     DiffFigures diff;
 
-    /// The full report, lines ended by LF; first the books with verses that are left out.
+    /// The full report, printable(), lines ended by LF; first the books with verses that are left out.
     std::string text() const;
 
     /// What became of the source's letters and digits, lines ended by LF; "" if they were not counted.

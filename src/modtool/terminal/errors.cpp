@@ -1,5 +1,7 @@
 #include "errors.h"
 
+#include "messages.h"
+
 #include <cerrno>
 #include <cstring>
 #include <system_error>
@@ -32,6 +34,9 @@ std::string withSystemReason(const std::exception& failure)
     return failure.what() + (isOfTheProcess ? systemReason(errno) : std::string());
 }
 
-void sayError(std::ostream& err, const std::string& what) { err << "kedrin-module: " << what << '\n'; }
+void sayError(std::ostream& err, const std::string& what)
+{
+    err << "kedrin-module: " << printable(what) << '\n';
+}
 
 } // namespace Kedrin::ModTool

@@ -34,4 +34,21 @@ std::string inQuotes(std::string_view utf8, std::size_t maxBytes)
     return message("\"%s\"", std::string(utf8.substr(0, static_cast<std::size_t>(end))) + "...");
 }
 
+std::string printable(std::string_view utf8)
+{
+    constexpr unsigned char leadOfC1 = 0xC2; // U+0080 to U+009F are C2 80 to C2 9F
+    std::string text;
+    unsigned char before = 0;
+    for (const char c : utf8) {
+        const auto byte = static_cast<unsigned char>(c);
+        const bool isC1 = before == leadOfC1 && byte >= 0x80 && byte < 0xA0;
+        const bool isControl = (byte < 0x20 && c != '\n' && c != '\t') || byte == 0x7F || isC1;
+        if (isC1)
+            text.pop_back();
+        text += isControl ? fmt::sprintf("\\x%02X", byte) : std::string(1, c);
+        before = byte;
+    }
+    return text;
+}
+
 } // namespace Kedrin::ModTool

@@ -54,4 +54,8 @@ inline constexpr std::size_t maxShownBytes = 40;
 /// A text in quotation marks for a message, truncated after `maxBytes` bytes.
 std::string inQuotes(std::string_view utf8, std::size_t maxBytes = maxShownBytes);
 
+/// A text that a terminal takes for nothing but text: control characters other than line ends and tabs become \x1B and
+/// the like.
+std::string printable(std::string_view utf8);
+
 } // namespace Kedrin::ModTool

@@ -108,6 +108,16 @@ TEST_F(BuildCommand, QuietStillPrintsErrors)
               (Result{1, "", "kedrin-module: " + sourceName() + ": contains no verses\n"}));
 }
 
+TEST_F(BuildCommand, SourcePrintsNoControlCharacters)
+{
+    const std::string unknown = m_folder.write("a.txt", "G\x1B[31men\t1\t1\ta\n");
+    EXPECT_EQ(run({"build", unknown, made()}).err,
+              "kedrin-module: " + unknown + ":1: \"G\\x1B[31men\" is not an OSIS book id\n");
+    const std::string column =
+        m_folder.write("b.csv", "i\x1B]0\u009Bd;book;chapter;verse;text\n1;Gen;1;1;a\n");
+    EXPECT_NE(run({"build", column, made()}).out.find("\"i\\x1B]0\\x9Bd\" (left out)"), std::string::npos);
+}
+
 TEST_F(BuildCommand, TitlesComeFromTheOptions)
 {
     ASSERT_EQ(build(verses, {"--title", "Full", "--short", "Short", "--abbr", "Sh"}).code, 0);

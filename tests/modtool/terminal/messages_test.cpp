@@ -1,0 +1,22 @@
+#include "messages.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace Kedrin::ModTool;
+
+TEST(Messages, ControlCharactersAreShownAsNumbers)
+{
+    EXPECT_EQ(printable("a\x1B[31mb\x7F\r"), "a\\x1B[31mb\\x7F\\x0D");
+    EXPECT_EQ(printable(std::string("a\0b", 3)), "a\\x00b");
+    EXPECT_EQ(printable("\u0085\u009B31m\u00A0"), "\\x85\\x9B31m\u00A0") << "those of two bytes";
+}
+
+TEST(Messages, AnyOtherTextStaysAsItIs)
+{
+    for (const char* text : {"", "\tБог\n  line 2: \u2013 \U00010330\n", "\xC2", "\x80\x9B", "\xC2\xC2\xA0"})
+        EXPECT_EQ(printable(text), text);
+}
+
+} // namespace
