@@ -25,7 +25,8 @@ expect_files "$prefix" bin/kedrin bin/kedrin-add bin/kedrin-module lib/kedrin/ke
     share/metainfo/org.example.kedrin.Kedrin.metainfo.xml \
     share/man/man1/kedrin-module.1 share/man/bg/man1/kedrin-module.1 \
     share/bash-completion/completions/kedrin-module share/fish/vendor_completions.d/kedrin-module.fish \
-    share/zsh/site-functions/_kedrin-module
+    share/zsh/site-functions/_kedrin-module \
+    share/doc/kedrin/guide/bg/index.html share/doc/kedrin/guide/en/index.html share/doc/kedrin/guide/pictures/window.png
 
 # Each file belongs to one component.
 : >"$work/parts"
