@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # The manual pages of both languages: well-formed, found by apropos, with the options of the help.
-#   manual_pages_test.sh KEDRIN-MODULE MANUAL-FOLDER SOURCES
+#   manual_pages_test.sh KEDRIN-MODULE MANUAL-FOLDER PROJECT LAUNCHER
 set -uo pipefail
-tool=$1 manual=$2 sources=$3
+tool=$1 manual=$2 project=$3 launcher=$4
 export LC_ALL=C.UTF-8 MANPAGER=cat
 unset LANGUAGE MANROFFOPT
 failures=0
@@ -16,21 +16,22 @@ complaints() {
     man --warnings -l "$1" 2>&1 >/dev/null
 }
 
-# help_options COMMAND; page_options PAGE: one a line, as --from FORMAT; a long list of words is FORMAT
+# help_options PROGRAM [COMMAND]; page_options PAGE: one a line, as --from FORMAT, which stands for a long list of words;
+# without --help
 help_options() {
-    LC_ALL=$locale "$tool" "$1" --help | sed -nE '/^  -/ { s/^  //; s/  .*//; s/ [a-z|-]{50,}/ FORMAT/; /^-h,/d; p }' | sort
+    LC_ALL=$locale "$@" --help | sed -nE '/^  -/ { s/^  //; s/  .*//; s/ [a-z|-]{50,}/ FORMAT/; /^-h,/d; p }' | sort
 }
 page_options() {
     awk '/^\.SH / { inside = $0 ~ /^\.SH (OPTIONS|ОПЦИИ)$/ } inside && last == ".TP" { print } { last = $0 }' "$1" |
-        sed -E 's/^\.[BIR]+ //; s/"//g; s/\\-/-/g; s/\\~/ /g; s/ *([|,]) */\1/g; s/  +/ /g' | sort
+        sed -E 's/^\.[BIR]+ //; s/"//g; s/\\-/-/g; s/\\~/ /g; s/ *([|,]) */\1/g; s/  +/ /g; /^-h,/d' | sort
 }
 
-# check_options PAGE COMMAND
+# check_options PAGE PROGRAM [COMMAND]
 check_options() {
     local difference
-    difference=$(diff <(help_options "$2" | sed "s/FORMAT/$format/") <(page_options "$1"))
+    difference=$(diff <(help_options "${@:2}" | sed "s/FORMAT/$format/") <(page_options "$1"))
     [ -z "$difference" ] || fail "$1: options of the help (<) and the page (>): $difference"
-    for word in $("$tool" "$2" --help | grep -oE '^  --from [a-z|-]*' | cut -c 10- | tr '|' ' '); do
+    for word in $("${@:2}" --help | grep -oE '^  --from [a-z|-]*' | cut -c 10- | tr '|' ' '); do
         grep -qxE "\.BR? ${word/-/\\\\-}( ,)?( or)?\.?|\.BR? ${word/-/\\\\-} [.,]" "$1" || fail "$1: lacks the format $word"
     done
 }
@@ -48,7 +49,7 @@ check_references() {
 check_messages() {
     local message
     while IFS= read -r message; do
-        grep -rqF -- "$message" "$sources" || fail "$1: there is no message \"$message\""
+        grep -rqF -- "$message" "$project"/{src,scripts} || fail "$1: there is no message \"$message\""
     done < <(awk '/^\.SH / { inside = $0 ~ /^\.SH (DIAGNOSTICS|СЪОБЩЕНИЯ)$/ } inside && last == ".TP" { print }
         { last = $0 }' "$1" | sed 's/^\.B //; s/\\-/-/g')
 }
@@ -60,10 +61,12 @@ commands=$("$tool" --help | sed -n '/^Subcommands:/,$ s/^  \([a-z]*\) .*/\1/p')
 [ "$(wc -w <<<"$commands")" -eq 12 ] || fail "the help lists: $commands"
 while read -r locale folder format; do
     for command in $commands; do
-        check_options "$folder/man1/kedrin-module-$command.1" "$command"
+        check_options "$folder/man1/kedrin-module-$command.1" "$tool" "$command"
         grep -qF "kedrin\\-module\\-$command (1)" "$folder/man1/kedrin-module.1" ||
             fail "$folder/man1/kedrin-module.1 does not list $command"
     done
+    check_options "$folder/man1/kedrin-module.1" "$tool"
+    check_options "$folder/man1/kedrin.1" "$launcher"
     pages=("$folder"/man1/*.1 "$folder"/man5/*.5)
     [ ${#pages[@]} -eq 16 ] || fail "$folder: ${#pages[@]} pages"
     for page in "${pages[@]}"; do
