@@ -27,7 +27,7 @@ install(TARGETS kedrin-add DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT kedrin)
 
 install(TARGETS kedrin-module DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT kedrin-module)
 install(TARGETS kedrin-module-all DESTINATION ${KEDRIN_PROGRAM_DIR} COMPONENT kedrin-module)
-install(DIRECTORY ${CMAKE_BINARY_DIR}/locale DESTINATION ${CMAKE_INSTALL_DATADIR} COMPONENT kedrin-module)
+install(DIRECTORY ${CMAKE_BINARY_DIR}/locale DESTINATION ${CMAKE_INSTALL_DATADIR} COMPONENT kedrin-common)
 install(FILES src/modtool/command/kedrin-module.bash RENAME kedrin-module
   DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT kedrin-module)
 install(FILES src/modtool/command/kedrin-module.fish

@@ -1,4 +1,4 @@
-# Sourced by ./run and ./test: the Debian packages they need, and the installation of missing ones.
+# Sourced by ./run, ./test and ./package: the Debian packages they need, and the installation of missing ones.
 source "$(dirname "${BASH_SOURCE[0]}")/say.sh"
 
 build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev libicu-dev libsword-dev libcli11-dev libxml2-dev
@@ -9,6 +9,7 @@ screen_packages=(xvfb xauth xdotool x11-xkb-utils imagemagick)
 session_packages=(at-spi2-core dbus-daemon libatspi2.0-dev x11-utils)
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev strace mandoc man-db bash-completion fish zsh xz-utils
     clang-format clang-tidy desktop-file-utils appstream)
+package_packages=(build-essential debhelper dpkg-dev)
 
 # need_packages NAME...: installs the missing ones, as root or through sudo. If that is impossible, explains
 # why and returns 1.

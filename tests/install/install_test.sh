@@ -30,7 +30,7 @@ expect_files "$prefix" bin/kedrin bin/kedrin-add bin/kedrin-module lib/kedrin/ke
 
 # Each file belongs to one component.
 : >"$work/parts"
-for component in kedrin kedrin-module kedrin-module-sword libtolvo-dev kedrin-doc; do
+for component in kedrin kedrin-common kedrin-module kedrin-module-sword libtolvo-dev kedrin-doc; do
     "$cmake" --install "$build" --prefix "$work/$component" --component "$component" >/dev/null
     [ ! -d "$work/$component" ] || files "$work/$component" >>"$work/parts"
 done
