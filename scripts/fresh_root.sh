@@ -2,7 +2,8 @@
 # fresh_root.sh COMMAND [INSTEAD]: runs COMMAND, a line for bash, as root in a copy of the project inside a
 # minimal Debian 12 with only apt, with the network settings of this machine's apt. If no such root can be
 # created, it prints the reason in one line, and runs INSTEAD in the project itself or, without one, ends with
-# status 77. The root is created in $TMPDIR (about 4 GB if the project is built in it), and removed.
+# status 77. The root is created in $TMPDIR (about 4 GB if the project is built in it), and removed. The folder
+# KEDRIN_PACKAGES, if that is set, is copied to /packages there.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
 source scripts/packages.sh
@@ -80,6 +81,7 @@ make_root() {
     fi
     mkdir "$scratch/root/kedrin"
     tar --create --exclude=./build --exclude=./.git . | tar --extract --no-same-owner --directory "$scratch/root/kedrin"
+    [ -z "${KEDRIN_PACKAGES-}" ] || cp -R "$KEDRIN_PACKAGES" "$scratch/root/packages"
     if [ -d ../shared/data ]; then # texts without which some tests are not built
         mkdir "$scratch/root/shared"
         cp -R ../shared/data "$scratch/root/shared/data"
