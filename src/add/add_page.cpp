@@ -3,6 +3,7 @@
 #include "add_module.h"
 #include "background.h"
 #include "details.h"
+#include "errors.h"
 #include "job_progress.h"
 #include "messages.h"
 #include "preview_box.h"
@@ -41,6 +42,26 @@ QString failure(const char* heading, const QString& reason, const char* cancelle
     return reason.isEmpty() ? translated(cancelled) : fromUtf8(message(heading, toUtf8(reason)));
 }
 
+QString readingMessage(const TextSource& source)
+{
+    return fromUtf8(source.usesNetwork() ? message("Downloading %s over the network from %s", source.text,
+                                                   source.repository->address)
+                                         : message("Reading %s", source.text));
+}
+
+/// Keeps what was downloaded for a text that has been added.
+/// @returns a line that says why it could not be kept; "" where it was
+QString keepDownload(const TextPreview& text)
+{
+    try {
+        if (text.fetched)
+            text.fetched->keep();
+        return {};
+    } catch (const CBuildError& error) {
+        return u'\n' + fromUtf8(message("What was downloaded could not be kept: %s", error.what()));
+    }
+}
+
 } // namespace
 
 CAddPage::CAddPage(CBackground& background, const ISword& sword)
@@ -64,7 +85,9 @@ CAddPage::CAddPage(CBackground& background, const ISword& sword)
     column->addWidget(m_progress);
     column->addWidget(makeButtons());
     m_message->setObjectName(QStringLiteral("message"));
-    connect(m_choice, &CSourceChoice::chosen, this, [this](const QString& path) { open(pathBytes(path)); });
+    connect(m_choice, &CSourceChoice::chosen, this, [this](const QString& path) {
+        open({pathBytes(path), {}});
+    });
     connect(m_preview, &CPreviewBox::checked, this, [this] { m_add->setEnabled(m_preview->isValid()); });
     connect(m_preview, &CPreviewBox::confirmed, this, &CAddPage::add);
     connect(m_progress, &CProgressRow::cancelled, this, &CAddPage::cancel);
@@ -127,6 +150,7 @@ void CAddPage::moveFocus()
 std::shared_ptr<CJobProgress> CAddPage::beginJob()
 {
     cancel();
+    emit began();
     const unsigned int number = ++m_jobNumber;
     m_progress->begin();
     m_job = std::make_shared<CJobProgress>(*this, [this, number](const QString& name, int percent) {
@@ -136,13 +160,13 @@ std::shared_ptr<CJobProgress> CAddPage::beginJob()
     return m_job;
 }
 
-void CAddPage::open(const std::string& source)
+void CAddPage::open(const TextSource& source)
 {
     if (m_step == Step::adding)
         return;
     const auto job = beginJob();
     const unsigned int number = m_jobNumber; // a later one makes the result of this one void
-    enter(Step::reading, fromUtf8(message("Reading %s", source)));
+    enter(Step::reading, readingMessage(source));
     const auto fail = [this, number](const QString& reason) {
         if (number == m_jobNumber)
             enter(Step::empty,
@@ -200,7 +224,7 @@ void CAddPage::add()
     m_background.run(
         [text = m_text, options, job, show]() -> CBackground::Use {
             const AddedModule added = addModule(text->bible, options, *job);
-            return [show, shown = addedMessage(added, options.isFirst),
+            return [show, shown = addedMessage(added, options.isFirst) + keepDownload(*text),
                     report = fromUtf8(added.report.text())] { show(shown, report); };
         },
         fail);

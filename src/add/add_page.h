@@ -34,8 +34,7 @@ public:
     CAddPage(CBackground& background, const ModTool::ISword& sword);
 
     /// Reads a text and shows what it is. Does nothing while another is being added.
-    /// @param source  a path, or "sword:NAME"
-    void open(const std::string& source);
+    void open(const TextSource& source);
 
     /// Says that what was dropped is not one file or folder.
     void refuseDropped();
@@ -44,6 +43,7 @@ public:
     void cancel();
 
 signals:
+    void began(); ///< to read or to add a text
     void added(); ///< there is a new module
 
 private:

@@ -31,16 +31,18 @@ QString droppedPath(const QMimeData& dropped)
 
 CAddWindow::CAddWindow(const ModTool::ISword& sword)
     : m_add(new CAddPage(m_building, sword)),
+      m_sword(new CSwordPage(m_building, sword)),
       m_installed(new CInstalledPage(m_checking))
 {
     setObjectName(QStringLiteral("addWindow"));
     setWindowTitle(translated("Texts for Kedrin"));
     setAcceptDrops(true);
-    auto* swordPage = new CSwordPage(m_building, sword);
     addTab(m_add, translated("Add a &text"));
-    addPage(swordPage, translatable("S&WORD texts"));
+    addPage(m_sword, translatable("S&WORD texts"));
     addPage(m_installed, translatable("&Installed translations"));
-    connect(swordPage, &CSwordPage::chosen, this, [this](const std::string& name) { open("sword:" + name); });
+    connect(m_sword, &CSwordPage::chosen, this, [this](const TextSource& source) { open(source); });
+    connect(m_add, &CAddPage::began, m_sword,
+            &CSwordPage::cancel); // the one thread is needed for something else
     connect(m_add, &CAddPage::added, m_installed, [this] { m_installed->refresh(); });
     for (const auto key : {QKeySequence::Close, QKeySequence::Quit})
         connect(new QShortcut(key, this), &QShortcut::activated, this, &QWidget::close);
@@ -48,7 +50,13 @@ CAddWindow::CAddWindow(const ModTool::ISword& sword)
     m_add->setFocus();
 }
 
-CAddWindow::~CAddWindow() { m_add->cancel(); }
+CAddWindow::~CAddWindow() { cancel(); }
+
+void CAddWindow::cancel()
+{
+    m_add->cancel();
+    m_sword->cancel();
+}
 
 void CAddWindow::addPage(QWidget* page, const char* english)
 {
@@ -63,7 +71,9 @@ void CAddWindow::chooseSize()
     resize(wanted.boundedTo(screen()->availableSize() * 9 / 10));
 }
 
-void CAddWindow::open(const std::string& source)
+void CAddWindow::open(const std::string& source) { open(TextSource{source, {}}); }
+
+void CAddWindow::open(const TextSource& source)
 {
     setCurrentIndex(0);
     m_add->open(source);
@@ -83,12 +93,12 @@ void CAddWindow::dropEvent(QDropEvent* event)
     if (path.isEmpty())
         m_add->refuseDropped();
     else
-        m_add->open(pathBytes(path));
+        m_add->open({pathBytes(path), {}});
 }
 
 void CAddWindow::closeEvent(QCloseEvent* event)
 {
-    m_add->cancel();
+    cancel();
     QTabWidget::closeEvent(event);
 }
 

@@ -2,6 +2,7 @@
 
 #include "background.h"
 #include "sword_texts.h"
+#include "text_source.h"
 
 #include <QTabWidget>
 
@@ -11,6 +12,7 @@ namespace Kedrin::Add {
 
 class CAddPage;
 class CInstalledPage;
+class CSwordPage;
 
 /// The window of kedrin-add. A file or folder can be dropped anywhere on it.
 class CAddWindow final : public QTabWidget
@@ -21,7 +23,7 @@ public:
     /// @param sword  outlives the window
     explicit CAddWindow(const ModTool::ISword& sword);
 
-    /// Ends what is being read or added, and waits for it.
+    /// Ends what is being read, listed or added, and waits for it.
     ~CAddWindow() override;
 
     /// Shows a text on the first page.
@@ -35,11 +37,14 @@ protected:
 
 private:
     void addPage(QWidget* page, const char* english);
+    void cancel();
     void chooseSize();
+    void open(const TextSource& source);
 
     CBackground m_checking;
     CBackground m_building; ///< and all else that uses the SWORD library
     CAddPage* m_add;
+    CSwordPage* m_sword;
     CInstalledPage* m_installed;
 };
 

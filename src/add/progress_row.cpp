@@ -12,14 +12,14 @@ namespace Kedrin::Add {
 
 using ModTool::translatable;
 
-CProgressRow::CProgressRow()
+CProgressRow::CProgressRow(const char* barName, const char* buttonName)
     : m_name(plainLabel()),
       m_bar(new QProgressBar),
-      m_cancel(button("cancel", translatable("&Cancel")))
+      m_cancel(button(buttonName, translatable("&Cancel")))
 {
-    m_bar->setObjectName(QStringLiteral("progress"));
+    m_bar->setObjectName(QString::fromLatin1(barName));
     m_bar->setAccessibleName(translated("Progress"));
-    m_name->setObjectName(QStringLiteral("progressName"));
+    m_name->setObjectName(m_bar->objectName() + QStringLiteral("Name"));
     auto* row = new QHBoxLayout;
     row->addWidget(m_bar, 1);
     row->addWidget(m_cancel);
@@ -42,7 +42,7 @@ void CProgressRow::tell(const QString& name, int percent)
 {
     if (m_cancel->isEnabled())
         m_name->setText(name);
-    m_bar->setRange(0, 100);
+    m_bar->setRange(0, percent == 0 ? 0 : 100); // without end until there is something to show
     m_bar->setValue(percent);
 }
 

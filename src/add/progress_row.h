@@ -16,7 +16,8 @@ class CProgressRow final : public QWidget
     Q_OBJECT
 
 public:
-    CProgressRow();
+    /// The names of the bar, with "Name" of the label above it, and of the button.
+    explicit CProgressRow(const char* barName = "progress", const char* buttonName = "cancel");
 
     /// A job has begun that has told nothing yet.
     void begin();

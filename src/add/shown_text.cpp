@@ -19,6 +19,12 @@ QString fromUtf8(std::string_view utf8)
 
 std::string toUtf8(const QString& text) { return text.toStdString(); }
 
+QString shortLine(std::string_view utf8, qsizetype maxCharacters)
+{
+    const QString line = fromUtf8(utf8.substr(0, static_cast<std::size_t>(maxCharacters) * 4)).simplified();
+    return line.size() <= maxCharacters ? line : line.left(maxCharacters).trimmed() + QChar(0x2026);
+}
+
 std::string pathBytes(const QString& path) { return QFile::encodeName(path).toStdString(); }
 
 QString messageOf(const std::exception& exception) { return QString::fromUtf8(exception.what()); }

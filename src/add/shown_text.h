@@ -22,6 +22,9 @@ QString translated(const char* english);
 QString fromUtf8(std::string_view utf8);
 std::string toUtf8(const QString& text);
 
+/// A text in one line, its end cut off where it is longer than `maxCharacters`.
+QString shortLine(std::string_view utf8, qsizetype maxCharacters);
+
 /// A path as the system knows it.
 std::string pathBytes(const QString& path);
 

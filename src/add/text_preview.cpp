@@ -18,13 +18,6 @@ namespace {
 
 constexpr qsizetype maxSampleCharacters = 240;
 
-/// A text in one line, its end cut off where it is longer than `maxCharacters`.
-QString shortLine(std::string_view utf8, qsizetype maxCharacters)
-{
-    const QString line = fromUtf8(utf8.substr(0, static_cast<std::size_t>(maxCharacters) * 4)).simplified();
-    return line.size() <= maxCharacters ? line : line.left(maxCharacters).trimmed() + QChar(0x2026);
-}
-
 QString sampleOf(const SourceBible& bible, const SourceVerse& verse)
 {
     return fromUtf8(bible.positionOf(verse)) + QStringLiteral("  ") +
@@ -82,6 +75,17 @@ QString replacements(const BuildReport& report)
                             "characters that Kedrin cannot store are replaced or removed"));
 }
 
+void read(const TextSource& source, const ISword& sword, IProgress& progress, TextPreview& preview)
+{
+    if (!source.repository) {
+        preview.bible = readSource(source.text, {}, sword, progress);
+        return;
+    }
+    preview.fetched = sword.repositories()->fetch(*source.repository, source.text, progress);
+    preview.bible = preview.fetched->bible();
+    preview.bible.format = "SWORD";
+}
+
 } // namespace
 
 QStringList changesOf(const BuildReport& report)
@@ -104,11 +108,11 @@ QStringList changesOf(const BuildReport& report)
     return changes;
 }
 
-TextPreview readPreview(const std::string& source, const ISword& sword, IProgress& progress)
+TextPreview readPreview(const TextSource& source, const ISword& sword, IProgress& progress)
 {
     TextPreview preview;
     progress.show(tr("reading"), 0, 1);
-    preview.bible = readSource(source, {}, sword, progress);
+    read(source, sword, progress, preview);
     progress.show(tr("preparing"), 0, 1);
     SourceInfo& info = preview.bible.info;
     for (std::string* title : {&info.fullTitle, &info.shortTitle, &info.abbreviatedTitle})
@@ -120,7 +124,7 @@ TextPreview readPreview(const std::string& source, const ISword& sword, IProgres
     BuildReport report;
     prepareModule(preview.bible, options, report);
     progress.show(tr("preparing"), 1, 1);
-    preview.name = defaultModuleName(source, info);
+    preview.name = defaultModuleName((source.repository ? "sword:" : "") + source.text, info);
     preview.contents = fromUtf8(counted(report.booksCount, "book", "books") + ", " +
                                 counted(report.chaptersCount, "chapter", "chapters") + ", " +
                                 counted(report.versesCount, "verse", "verses"));

@@ -4,10 +4,12 @@
 #include "progress.h"
 #include "source_bible.h"
 #include "sword_texts.h"
+#include "text_source.h"
 
 #include <QString>
 #include <QStringList>
 
+#include <memory>
 #include <string>
 
 namespace Kedrin::Add {
@@ -22,14 +24,13 @@ struct TextPreview
     QStringList
         samples; ///< verses with their positions, one line each: the first, one in the middle, the last
     QStringList changes; ///< sentences on what is left out, replaced or joined; never empty
-    QString report;      ///< the same in full, lines in columns
+    std::shared_ptr<ModTool::IFetchedText> fetched; ///< of a repository; keeps it once the module is added
+    QString report;                                 ///< the same in full, lines in columns
 };
 
-/// Reads a text and prepares its module without writing anything.
-/// @param source  a path, or "sword:NAME"
-/// @throws CBuildError, CPartMissing  what readSource() and prepareModule() throw
-TextPreview readPreview(const std::string& source, const ModTool::ISword& sword,
-                        ModTool::IProgress& progress);
+/// Reads a text, after fetching it where it is in a repository, and prepares its module without writing anything.
+/// @throws CBuildError, CNotFound, CPartMissing  what fetch(), readSource() and prepareModule() throw
+TextPreview readPreview(const TextSource& source, const ModTool::ISword& sword, ModTool::IProgress& progress);
 
 /// What becomes of a text, in sentences; one that says so where all of it is kept.
 QStringList changesOf(const ModTool::BuildReport& report);

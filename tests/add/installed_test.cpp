@@ -1,9 +1,7 @@
 #include "add_fixture.h"
-#include "missing_sword.h"
 #include "module_state.h"
 
 #include <QLineEdit>
-#include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
@@ -74,9 +72,6 @@ private slots:
     void opensAnotherFirst();
     void addedModuleIsListed();
     void failureIsTold();
-    void noBibleForSword();
-    void missingSwordPartIsNamed();
-    void addsABibleOfSword();
 };
 
 void InstalledTest::emptyListSaysSo()
@@ -206,52 +201,6 @@ void InstalledTest::failureIsTold()
     fixture.click("makeFirst");
     QVERIFY2(fixture.textOf("installedMessage").contains(QStringLiteral("cannot be renamed")),
              qPrintable(fixture.textOf("installedMessage")));
-}
-
-void InstalledTest::noBibleForSword()
-{
-    AddFixture fixture;
-    fixture.open();
-    QTest::keyClick(&fixture.window(), Qt::Key_W, Qt::AltModifier);
-    QTRY_COMPARE(fixture.textOf("swordNote"),
-                 QStringLiteral("No Bible for SWORD programs is installed on this computer."));
-    QVERIFY(!fixture.part("addSword")->isEnabled());
-}
-
-void InstalledTest::missingSwordPartIsNamed()
-{
-    AddFixture fixture;
-    const Kedrin::Add::CMissingSword none;
-    fixture.openWith(none);
-    QTest::keyClick(&fixture.window(), Qt::Key_W, Qt::AltModifier);
-    const QString said = QStringLiteral(
-        "The part of the program that reads SWORD texts is not installed. It is in the package "
-        "kedrin-module-sword: install that, then start this program again.");
-    QTRY_COMPARE(fixture.textOf("swordNote"), said);
-    QVERIFY(!fixture.part("addSword")->isEnabled());
-    fixture.window().open("sword:KJV");
-    QTRY_COMPARE(fixture.textOf("message"), QStringLiteral("This text cannot be added: ") + said);
-}
-
-void InstalledTest::addsABibleOfSword()
-{
-    AddFixture fixture;
-    fixture.sword().add("Alpha", {{"Gen 1:1", "Бог"}}, "Description=Първи\n");
-    fixture.sword().add("Beta", {{"Gen 1:1", "Бог"}, {"Gen 1:2", "земя"}}, "Description=Втори\n");
-    fixture.open();
-    QTest::keyClick(&fixture.window(), Qt::Key_W, Qt::AltModifier);
-    auto* list = fixture.part<QListWidget>("swordBibles");
-    QTRY_COMPARE(list->count(), 2);
-    QCOMPARE(list->item(1)->text(), QStringLiteral("Втори (Beta)"));
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(1)).center());
-    fixture.click("addSword");
-    QCOMPARE(fixture.window().currentIndex(), 0);
-    QTRY_VERIFY(fixture.isSeen("add"));
-    QCOMPARE(fixture.textOf("format"), QStringLiteral("SWORD"));
-    QCOMPARE(fixture.textOf("contents"), QStringLiteral("1 book, 1 chapter, 2 verses"));
-    QCOMPARE(fixture.part<QLineEdit>("title")->text(), QStringLiteral("Втори"));
-    fixture.addAndWait();
-    QCOMPARE(fixture.folders(), QStringList(QStringLiteral("beta")));
 }
 
 QTEST_MAIN(InstalledTest)

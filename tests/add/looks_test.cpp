@@ -1,5 +1,5 @@
-#include "add_fixture.h"
 #include "language.h"
+#include "sword_fixture.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -46,7 +46,7 @@ private slots:
     void nothingIsCutOff();
 
 private:
-    void keep(const AddFixture& fixture, const char* page) const;
+    void keep(const SwordFixture& fixture, const char* page) const;
 
     QPalette m_light;
 };
@@ -68,7 +68,7 @@ void LooksTest::nothingIsCutOff_data()
 }
 
 /// Keeps a picture, and looks at all that is seen.
-void LooksTest::keep(const AddFixture& fixture, const char* page) const
+void LooksTest::keep(const SwordFixture& fixture, const char* page) const
 {
     QCoreApplication::processEvents();
     const QString platform = qEnvironmentVariable("PICTURES_DPI", QStringLiteral("offscreen"));
@@ -95,11 +95,14 @@ void LooksTest::nothingIsCutOff()
     QFont font = QApplication::font();
     font.setPointSize(points);
     QApplication::setFont(font);
-    AddFixture fixture;
+    SwordFixture fixture;
     install(fixture, "превод-с-дълго-име-за-списъка");
     install(fixture, "a");
     fixture.file("data/kedrin/modules/bibles/a/CompactText.bin", "x");
     fixture.sword().add("Beta", {{"Gen 1:1", "Бог"}}, "Description=Библия с дълго заглавие за този списък\n");
+    fixture.configure("HTTPSSource=Хранилище с дълго име за този списък|example.org|/sword\n");
+    fixture.offer("Second",
+                  "Description=Друга Библия с дълго заглавие за този списък\nLang=bg\nInstallSize=1900000\n");
     fixture.open();
     keep(fixture, "empty");
     fixture.dropAndWait(fixture.file("a.xml", "<html></html>"));
@@ -116,6 +119,10 @@ void LooksTest::nothingIsCutOff()
     fixture.window().setCurrentIndex(1);
     QTRY_VERIFY(fixture.part("addSword")->isEnabled());
     keep(fixture, "sword");
+    fixture.listFolder();
+    keep(fixture, "repository");
+    fixture.enterAddress("https://example.org/sword");
+    keep(fixture, "network");
     fixture.window().setCurrentIndex(2);
     auto* list = fixture.part<QTreeWidget>("modules");
     list->setCurrentItem(list->topLevelItem(0));
