@@ -36,7 +36,7 @@ private:
     int answer(std::ostream& out) const override
     {
         removeOwnModule(m_name);
-        out << message("%s is removed", m_name) << '\n';
+        out << message("%s is removed", printable(m_name)) << '\n';
         return exitDone;
     }
 

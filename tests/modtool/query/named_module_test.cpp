@@ -48,6 +48,15 @@ TEST_F(NamedModule, WithoutATitleIsListedByItsFolder)
     EXPECT_NE(run({"list"}).out.find("\nмоят  моят\n"), std::string::npos);
 }
 
+TEST_F(NamedModule, ControlCharactersOfItsNameAreShownAsNumbers)
+{
+    const std::string name = "a\x1B[31m", shown = "a\\x1B[31m";
+    std::filesystem::copy(m_modules.path("first"), bibles() + '/' + name);
+    EXPECT_EQ(run({"list"}).out.find("en         English\n" + shown + "  Пробен превод\n"), 0u);
+    EXPECT_NE(run({"info", name}).out.find("\nfolder: " + bibles() + '/' + shown + '\n'), std::string::npos);
+    EXPECT_EQ(run({"remove", name}), (Result{0, shown + " is removed\n", ""}));
+}
+
 TEST_F(NamedModule, IsListedAsJson)
 {
     std::filesystem::remove_all(bibles() + "/link");
