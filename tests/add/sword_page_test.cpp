@@ -13,7 +13,6 @@
 
 using namespace add_test;
 using build_test::LoopbackServer;
-using Kind = build_test::LoopbackServer::Answer::Kind;
 
 namespace {
 
@@ -67,13 +66,6 @@ private slots:
     void listsAnAddressOnceItIsAllowed();
     void networkIsNotUsedWithoutConsent();
     void choosesTheUsersLanguage();
-    void wrongAddressIsTold();
-    void brokenRepositoryIsTold_data();
-    void brokenRepositoryIsTold();
-    void hostileDescriptionIsShownAsItIs();
-    void listingIsCancelled();
-    void anotherChoiceEndsListing();
-    void openedTextEndsListing();
 };
 
 void SwordPageTest::libraryIsAskedOnceThePageIsShown()
@@ -246,112 +238,6 @@ void SwordPageTest::choosesTheUsersLanguage()
              QStringList({QStringLiteral("All"), QStringLiteral("<i>?</i>"), QStringLiteral("български (bg)"),
                           QStringLiteral("British English (en-GB)")}));
     QCOMPARE(fixture.rows().size(), isBulgarian ? 1 : 4);
-}
-
-void SwordPageTest::wrongAddressIsTold()
-{
-    SwordFixture fixture;
-    fixture.openPage();
-    fixture.enterAddress("gopher://example.org");
-    QCOMPARE(
-        fixture.textOf("swordNote"),
-        QStringLiteral("\"gopher://example.org\" is not the name of a known repository, an address (http, "
-                       "https or ftp) or a folder"));
-    fixture.enterAddress(fixture.home(""));
-    QTRY_VERIFY(
-        fixture.textOf("swordNote").startsWith(QStringLiteral("The list of Bibles cannot be shown: /")));
-    QVERIFY2(fixture.textOf("swordNote").endsWith(QStringLiteral("it is not a repository of SWORD texts")),
-             qPrintable(fixture.textOf("swordNote")));
-}
-
-void SwordPageTest::brokenRepositoryIsTold_data()
-{
-    QTest::addColumn<QString>("body");
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<QString>("said");
-    const auto row = [](const char* name, const char* body, Kind kind, const char* said) {
-        QTest::newRow(name) << QString::fromLatin1(body) << static_cast<int>(kind)
-                            << QString::fromLatin1(said);
-    };
-    row("no catalogue", "<h1>Hello</h1>", Kind::whole, "/mods.d.tar.gz: is not a catalogue of SWORD texts");
-    row("broken off", "0123456789", Kind::brokenOff, "/mods.d.tar.gz: the transfer broke off");
-    row("elsewhere", "file:///etc/passwd", Kind::redirect,
-        ": nothing answers there, or it is not a repository of SWORD texts");
-}
-
-void SwordPageTest::brokenRepositoryIsTold()
-{
-    QFETCH(QString, body);
-    QFETCH(int, kind);
-    QFETCH(QString, said);
-    SwordFixture fixture;
-    const LoopbackServer server({{"/mods.d.tar.gz", {body.toStdString(), static_cast<Kind>(kind)}}});
-    fixture.openPage();
-    fixture.enterAddress(server.address());
-    fixture.click("networkYes");
-    QTRY_COMPARE(fixture.textOf("swordNote"), QStringLiteral("The list of Bibles cannot be shown: ") +
-                                                  QString::fromStdString(server.address()) + said);
-    QVERIFY(!fixture.isSeen("listing"));
-    QVERIFY(!fixture.part("addSword")->isEnabled());
-    QVERIFY(fixture.hasNothing());
-}
-
-void SwordPageTest::hostileDescriptionIsShownAsItIs()
-{
-    SwordFixture fixture;
-    fixture.offer("Hostile", "Description=<h1>Бог</h1><img src='x'>" + std::string(100000, 'a') +
-                                 "\nLang=bg\nInstallSize=18446744073709551615\n");
-    fixture.openPage();
-    fixture.listFolder();
-    const QString row = fixture.rows().first();
-    QVERIFY2(row.startsWith(QStringLiteral("<h1>Бог</h1><img src='x'>aaa")), qPrintable(row));
-    QVERIFY2(row.endsWith(QStringLiteral("a… | bg |  | Hostile")), qPrintable(row));
-    QVERIFY(fixture.window().width() < 5000);
-}
-
-void SwordPageTest::listingIsCancelled()
-{
-    SwordFixture fixture;
-    auto answers = fixture.answers();
-    answers["/mods.d.tar.gz"].kind = Kind::stalled;
-    const LoopbackServer server(answers);
-    fixture.openPage();
-    fixture.enterAddress(server.address());
-    fixture.click("networkYes");
-    QTRY_COMPARE(fixture.textOf("listingName"), QStringLiteral("downloading"));
-    fixture.click("cancelListing");
-    QTRY_COMPARE(fixture.textOf("swordNote"), QStringLiteral("Cancelled."));
-    QVERIFY(!fixture.isSeen("listing"));
-    QVERIFY(fixture.hasNothing());
-    fixture.listFolder();
-    QCOMPARE(fixture.rows().size(), 1);
-}
-
-void SwordPageTest::anotherChoiceEndsListing()
-{
-    SwordFixture fixture;
-    auto answers = fixture.answers();
-    answers["/mods.d.tar.gz"].kind = Kind::stalled;
-    const LoopbackServer server(answers);
-    fixture.openPage();
-    fixture.enterAddress(server.address());
-    fixture.click("networkYes");
-    fixture.listFolder();
-    QCOMPARE(fixture.rows().size(), 1);
-}
-
-void SwordPageTest::openedTextEndsListing()
-{
-    SwordFixture fixture;
-    auto answers = fixture.answers();
-    answers["/mods.d.tar.gz"].kind = Kind::stalled;
-    const LoopbackServer server(answers);
-    fixture.openPage();
-    fixture.enterAddress(server.address());
-    fixture.click("networkYes");
-    fixture.dropAndWait(fixture.file("a.vpl"));
-    QVERIFY(fixture.isSeen("add"));
-    QCOMPARE(fixture.textOf("swordNote"), QStringLiteral("Cancelled."));
 }
 
 QTEST_MAIN(SwordPageTest)
