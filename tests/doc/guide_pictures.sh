@@ -14,7 +14,7 @@ tolerated=60 # pixels of a picture that may differ: less than two changed letter
 
 use_desktop 96 light "$scratch"
 sed "/<dir>/a <cachedir>$scratch/fonts</cachedir>" "$here/fonts.conf" >"$scratch/fonts.conf"
-export FONTCONFIG_FILE=$scratch/fonts.conf XDG_DATA_HOME=$scratch/data
+export FONTCONFIG_FILE=$scratch/fonts.conf XDG_DATA_HOME=$scratch/data SWORD_PATH=$scratch/sword HOME=$scratch
 unset LANGUAGE XDG_CURRENT_DESKTOP
 scale=1
 
@@ -56,7 +56,11 @@ end_program() {
 }
 
 prepare() {
+    local text
     cp "$here/sample.usfm" "$scratch/Примерен превод.usfm"
+    mkdir -p "$scratch/sword/mods.d"
+    ln -s /usr/share/sword/modules "$scratch/sword"
+    for text in engKJV2006eb engWEB2015eb; do ln -s "/usr/share/sword/mods.d/$text.conf" "$scratch/sword/mods.d"; done
     "$kedrin_module" add "$here/sample.txt" --as a --quiet
     "$kedrin_module" add sword:KJV --as kjv --quiet
     "$kedrin_module" add sword:WEB --as web --quiet
@@ -97,7 +101,7 @@ open_add() {
     [ -n "$window" ] || fail "no window"
 }
 
-# picture_add SUFFIX LOCALE TITLE GROUP PAGE
+# picture_add SUFFIX LOCALE TITLE GROUP INSTALLED SWORD
 picture_add() {
     unset LC_ALL
     LANG=$2 open_add "$3" "$scratch/Примерен превод.usfm"
@@ -107,6 +111,9 @@ picture_add() {
     press 'page tab' "$5"
     press 'table cell' 'Примерен превод'
     take_add "installed$1" 260
+    press 'page tab' "$6"
+    press 'table cell' 'King James Version'
+    take_add "sword$1" 260
     end_program
 }
 
@@ -138,8 +145,10 @@ compare_picture() {
 
 prepare
 picture_kedrin
-picture_add '' bg_BG.UTF-8 'Текстове за Kedrin' 'Какво е разпознато' 'Инсталирани преводи'
-picture_add -en C.UTF-8 'Texts for Kedrin' 'What was understood' 'Installed translations'
+picture_add '' bg_BG.UTF-8 'Текстове за Kedrin' 'Какво е разпознато' 'Инсталирани преводи' \
+    'Текстове от SWORD'
+picture_add -en C.UTF-8 'Texts for Kedrin' 'What was understood' 'Installed translations' \
+    'SWORD texts'
 picture_no_texts '' bg_BG.UTF-8
 picture_no_texts -en C.UTF-8
 [ -n "$expected" ] || exit 0

@@ -29,7 +29,8 @@ std::vector<std::string> textsOfThePrograms()
                 kind == ".cpp" || kind == ".h" || kind == ".po")
                 add(entry.path());
     add(sources / "main.cpp");
-    add(fs::path(KEDRIN_PROJECT_FOLDER) / "scripts/kedrin.in");
+    for (const char* script : {"scripts/kedrin.in", "debian/update-modules"})
+        add(fs::path(KEDRIN_PROJECT_FOLDER) / script);
     return texts;
 }
 
@@ -55,10 +56,13 @@ const std::set<std::string> successes{
     "\"…\" has been added. The next time Kedrin is started, its menu \"…\" lists this translation.",
     "\"…\" has been removed.",
     "Drop a file or a folder with a Bible text on this window, or choose one.",
+    "Enter the address of a repository of SWORD texts (http, https or ftp), or a folder of this computer with such "
+    "texts.",
     "Nothing is left out or replaced.",
     "Remove \"…\" from this computer? Its files are deleted.",
     "The next time Kedrin is started, it opens \"…\".",
     "These Bibles are installed on this computer for SWORD programs. Kedrin can show them too.",
+    "… offers these Bibles. \"Add...\" shows the selected one on the first page, without installing anything yet.",
 };
 
 /// The texts of the window's boxes, menus and controls.
