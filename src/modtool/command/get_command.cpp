@@ -5,9 +5,10 @@
 #include "commands.h"
 #include "errors.h"
 #include "exit_codes.h"
+#include "language.h"
 #include "messages.h"
 #include "progress.h"
-#include "text_columns.h"
+#include "repository_output.h"
 
 #include <CLI/CLI.hpp>
 
@@ -75,42 +76,9 @@ private:
     bool m_isFirst = false;
     bool m_mayReplace = false;
     bool m_mayUseNetwork = false;
+    bool m_json = false;
+    bool m_quiet = false;
 };
-
-void showRepositories(const std::vector<SwordRepository>& known, std::ostream& out)
-{
-    std::size_t width = 0;
-    for (const SwordRepository& repository : known)
-        width = std::max(width, charactersIn(repository.name));
-    for (const SwordRepository& repository : known)
-        out << padded(repository.name, width) << "  " << repository.address << '\n';
-    if (known.empty())
-        out << tr("no repository is configured for SWORD; name one with --repository") << '\n';
-}
-
-/// "4.2 MB", "-" where it is not known
-std::string sizeText(std::uint64_t byteCount)
-{
-    constexpr std::uint64_t tenth = 100000;
-    const std::uint64_t tenths = (byteCount + tenth - 1) / tenth;
-    return byteCount == 0 ? "-" : std::to_string(tenths / 10) + '.' + std::to_string(tenths % 10) + " MB";
-}
-
-void showTexts(const std::vector<OfferedText>& texts, std::ostream& out)
-{
-    std::size_t nameWidth = 0;
-    std::size_t languageWidth = 0;
-    for (const OfferedText& text : texts) {
-        nameWidth = std::max(nameWidth, charactersIn(text.name));
-        languageWidth = std::max(languageWidth, charactersIn(text.language));
-    }
-    constexpr std::size_t sizeWidth = 9;
-    for (const OfferedText& text : texts)
-        out << padded(text.name, nameWidth) << "  " << padded(text.language, languageWidth) << "  "
-            << padded(sizeText(text.byteCount), sizeWidth) << "  " << text.title << '\n';
-    if (texts.empty())
-        out << tr("no Bible is offered") << '\n';
-}
 
 bool isYes(const std::string& answer)
 {
@@ -140,6 +108,8 @@ CGetCommand::CGetCommand(CLI::App& program, const ISword& sword)
     m_command->add_flag("--first", m_isFirst, tr("List it first, so that the reader opens it first"));
     m_command->add_flag("--replace", m_mayReplace, tr("Replace the module that has this name"));
     m_command->add_flag("--yes", m_mayUseNetwork, tr("Use the network without asking"));
+    m_command->add_flag("--json", m_json, tr("Print the answer as JSON"));
+    m_command->add_flag("-q,--quiet", m_quiet, tr("No progress bar and no report"));
 }
 
 std::string CGetCommand::usageError() const
@@ -147,6 +117,10 @@ std::string CGetCommand::usageError() const
     const bool isAdding = m_command->count("NAME") != 0;
     if (isAdding && m_list)
         return tr("get takes NAME or --list, but not both");
+    if (isAdding && m_json)
+        return tr("get takes NAME or --json, but not both");
+    if (!isAdding && m_quiet)
+        return tr("--quiet requires NAME");
     const bool describesModule = m_command->count("--as") != 0 || m_isFirst || m_mayReplace;
     if (!isAdding && describesModule)
         return tr("--as, --first and --replace require NAME");
@@ -157,7 +131,9 @@ std::string CGetCommand::usageError() const
 
 int CGetCommand::run(const CommandStreams& streams) const
 {
-    CTerminalProgress progress(streams.terminal);
+    if (m_json)
+        forceEnglish();
+    CTerminalProgress progress(m_quiet ? nullptr : streams.terminal);
     try {
         return runWith(*m_sword.repositories(), streams, progress);
     } catch (const std::exception& ex) {
@@ -170,7 +146,10 @@ int CGetCommand::runWith(const ISwordRepositories& library, const CommandStreams
                          IProgress& progress) const
 {
     if (!m_list && m_text.empty()) {
-        showRepositories(library.known(), streams.out);
+        if (m_json)
+            writeJsonText(repositoriesJson(library.known()), streams.out);
+        else
+            writeRepositories(library.known(), streams.out);
         return exitDone;
     }
     const std::vector<SwordRepository> repositories = chosen(library);
@@ -220,20 +199,27 @@ int CGetCommand::list(const ISwordRepositories& library, const std::vector<Sword
                       const CommandStreams& streams, IProgress& progress) const
 {
     int code = exitDone;
+    Json json = Json::array();
     for (const SwordRepository& repository : repositories) {
         try {
             std::vector<OfferedText> texts = library.offered(repository, progress);
             progress.clear();
             if (!m_language.empty())
                 std::erase_if(texts, [&](const OfferedText& text) { return text.language != m_language; });
+            if (m_json) {
+                addTexts(repository.name, texts, json);
+                continue;
+            }
             if (repositories.size() > 1)
                 streams.out << repository.name << ":\n";
-            showTexts(texts, streams.out);
+            writeTexts(texts, streams.out);
         } catch (const CToolError& ex) {
             progress.clear();
             code = sayFailure(streams.err, ex);
         }
     }
+    if (m_json)
+        writeJsonText(json, streams.out);
     return code;
 }
 
@@ -264,7 +250,8 @@ void CGetCommand::add(const ISwordRepositories& library, const std::vector<Sword
     const AddedModule added = addModule(text->bible(), options, progress);
     text->keep();
     progress.clear();
-    out << added.text();
+    if (!m_quiet)
+        out << added.text();
 }
 
 std::unique_ptr<ICommand> makeGetCommand(CLI::App& program, const ISword& sword)

@@ -110,6 +110,43 @@ TEST_F(GetCommand, ListsTheBiblesOfARepository)
                           "/mods.d: nothing answers there, or it is not a repository of SWORD texts\n"}));
 }
 
+TEST_F(GetCommand, WritesListsAsJson)
+{
+    addMade();
+    m_sword.add("Second", {{"John 1:1", "word"}}, "Description=The \"second\"\nInstallSize=4200000\n");
+    configure("DIRSource=Own|local|" + repository() + "\n");
+    EXPECT_EQ(run({"get", "--json"}), (Result{0, "[]\n", ""})) << "outside a section";
+    configure("[Sources]\nDIRSource=Own|local|" + repository() + "\nHTTPSource=Two|example.org|/a\n");
+    EXPECT_EQ(run({"get", "--json"}),
+              (Result{0,
+                      "[\n  {\n    \"name\": \"Own\",\n    \"address\": \"" + repository() +
+                          "\"\n  },\n  {\n    \"name\": \"Two\",\n    \"address\": "
+                          "\"http://example.org/a\"\n  }\n]\n",
+                      ""}));
+    const std::string list =
+        "[\n  {\n    \"repository\": \"Own\",\n    \"name\": \"Made\",\n    \"language\": "
+        "\"bg\",\n    \"title\": \"Направена\",\n    \"size\": 0\n  },\n  {\n    "
+        "\"repository\": \"Own\",\n    \"name\": \"Second\",\n    \"language\": \"\",\n    "
+        "\"title\": \"The \\\"second\\\"\",\n    \"size\": 4200000\n  }\n]\n";
+    EXPECT_EQ(run({"get", "--list", "--json", "--repository", "Own"}), (Result{0, list, ""}));
+    EXPECT_EQ(
+        run({"get", "--list", "--json", "--repository", "Own", "--repository", repository() + "/mods.d"}),
+        (Result{1, list,
+                "kedrin-module: " + repository() +
+                    "/mods.d: nothing answers there, or it is not a repository of SWORD texts\n"}));
+    EXPECT_EQ(run({"get", "--list", "--json", "--repository", "Own", "--language", "de"}),
+              (Result{0, "[]\n", ""}));
+}
+
+TEST_F(GetCommand, SaysNothingWhereItIsToBeQuiet)
+{
+    addMade();
+    EXPECT_EQ(run({"get", "Made", "--repository", repository(), "-q"}), (Result{0, "", ""}));
+    EXPECT_EQ(namesIn(texts()), std::vector<std::string>{"Made"});
+    EXPECT_EQ(run({"get", "Lost", "--repository", repository(), "--quiet"}),
+              (Result{1, "", "kedrin-module: " + repository() + " offers no Bible named \"Lost\"\n"}));
+}
+
 TEST_F(GetCommand, KnowsTheRepositoriesOfTheSwordConfiguration)
 {
     EXPECT_EQ(run({"get"}),
@@ -178,6 +215,8 @@ TEST_F(GetCommand, RefusesArgumentsThatDoNotBelongTogether)
     EXPECT_EQ(said({"get", "A", "--list"}), "kedrin-module: get takes NAME or --list, but not both");
     EXPECT_EQ(said({"get", "--list", "--first"}), "kedrin-module: --as, --first and --replace require NAME");
     EXPECT_EQ(said({"get", "A", "--language", "bg"}), "kedrin-module: --language requires --list");
+    EXPECT_EQ(said({"get", "A", "--json"}), "kedrin-module: get takes NAME or --json, but not both");
+    EXPECT_EQ(said({"get", "--list", "-q"}), "kedrin-module: --quiet requires NAME");
     EXPECT_EQ(said({"get", "--repository", "A"}), "kedrin-module: --repository requires NAME or --list");
 }
 
