@@ -113,7 +113,7 @@ picture_add() {
     take_add "installed$1" 260
     press 'page tab' "$6"
     press 'table cell' 'King James Version'
-    take_add "sword$1" 260
+    take_add "sword$1" 340
     end_program
 }
 
