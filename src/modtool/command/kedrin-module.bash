@@ -10,7 +10,7 @@ _kedrin_module() {
         return
     fi
     case $prev in
-        --from) COMPREPLY=($(compgen -W "beblia ces json opensong osis sqlite usfm usfx usx zefania plain-lines verse-lines" -- "$cur")); return ;;
+        --from) COMPREPLY=($(compgen -W "beblia ces json opensong osis sqlite usfm usfx usx yaml zefania plain-lines verse-lines" -- "$cur")); return ;;
         --to) COMPREPLY=($(compgen -W "verse-lines osis" -- "$cur")); return ;;
         --book-order) COMPREPLY=($(compgen -W "source protestant orthodox" -- "$cur")); return ;;
         --titles) COMPREPLY=($(compgen -W "bg source" -- "$cur")); return ;;

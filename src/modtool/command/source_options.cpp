@@ -66,6 +66,7 @@ void CSourceOptions::addReadingOptions(CLI::App& command)
                                                       {"usfm", SourceFormat::usfm},
                                                       {"usfx", SourceFormat::usfx},
                                                       {"usx", SourceFormat::usx},
+                                                      {"yaml", SourceFormat::yaml},
                                                       {"zefania", SourceFormat::zefania},
                                                       {"plain-lines", SourceFormat::plainLines},
                                                       {"verse-lines", SourceFormat::verseLines}};
@@ -74,8 +75,8 @@ void CSourceOptions::addReadingOptions(CLI::App& command)
                                                   {"orthodox", BookOrder::orthodox}};
     const std::map<std::string, bool> titles{{"bg", false}, {"source", true}};
     addChoice(command, "--from",
-              "beblia|ces|json|opensong|osis|sqlite|usfm|usfx|usx|zefania|plain-lines|verse-lines", formats,
-              m_reading.format, tr("Format of the source, if it is detected wrongly"));
+              "beblia|ces|json|opensong|osis|sqlite|usfm|usfx|usx|yaml|zefania|plain-lines|verse-lines",
+              formats, m_reading.format, tr("Format of the source, if it is detected wrongly"));
     command
         .add_option("--encoding", m_reading.encoding,
                     tr("Encoding of the source, if it does not "

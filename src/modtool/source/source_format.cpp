@@ -19,6 +19,7 @@
 #include "usfx_reader.h"
 #include "usx_reader.h"
 #include "verse_line_reader.h"
+#include "yaml_reader.h"
 #include "zefania_reader.h"
 
 #include <algorithm>
@@ -93,6 +94,8 @@ SourceBible readAs(SourceFormat format, const std::string& fileName, std::string
         return readUsfx(fileName, content);
     case SourceFormat::usx:
         return readUsxFile(fileName, content);
+    case SourceFormat::yaml:
+        return readYaml(fileName, content);
     default:
         return readVerseLines(fileName, std::move(content));
     }
@@ -146,6 +149,8 @@ const char* formatName(SourceFormat format)
         return "USFX";
     case SourceFormat::usx:
         return "USX";
+    case SourceFormat::yaml:
+        return "YAML";
     case SourceFormat::zefania:
         return "Zefania XML";
     case SourceFormat::plainLines:
@@ -169,6 +174,8 @@ SourceFormat detectFormat(std::string_view utf8, const std::string& fileName)
         return SourceFormat::usfm;
     if (isJson(content))
         return SourceFormat::json;
+    if (isYaml(content))
+        return SourceFormat::yaml;
     if (!content.starts_with('<'))
         return !beginsAsVerseLines(content) && isPlainLines(content, fileName) ? SourceFormat::plainLines
                                                                                : SourceFormat::verseLines;

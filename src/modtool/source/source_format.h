@@ -20,6 +20,7 @@ enum class SourceFormat
     usfm,
     usfx,
     usx,
+    yaml,
     zefania,
     plainLines,
     verseLines
@@ -35,9 +36,8 @@ struct ReadOptions
     bool skipUnknownBooks = false; ///< leave out books that nobody knows instead of rejecting the text
 };
 
-/// What a content is: XML by its root element, USFM by a marker at its beginning, JSON by its brackets, plain lines by the
-/// first ones, anything
-/// else verse lines.
+/// What a content is: XML by its root element, USFM by a marker at its beginning, JSON by its brackets, YAML
+/// by its keys, plain lines by the first ones, anything else verse lines.
 /// @param utf8      without byte order mark
 /// @param fileName  for the message, and because its name may say a book
 /// @throws CBuildError  "%s: is XML of an unknown format (its root element is %s)"

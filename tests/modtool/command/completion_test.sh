@@ -37,7 +37,7 @@ for command in add build check export get list remove show search info words dif
     expect "$options" kedrin-module "$command" -
 done
 expect "--count " kedrin-module search m --cou
-expect "beblia ces json opensong osis plain-lines sqlite usfm usfx usx verse-lines zefania " kedrin-module build --from ""
+expect "beblia ces json opensong osis plain-lines sqlite usfm usfx usx verse-lines yaml zefania " kedrin-module build --from ""
 expect "osis " kedrin-module export m --to o
 expect "html json markdown text " kedrin-module show m Jn --format ""
 expect "text-blanks text-byte-98 " kedrin-module check --only text-b

@@ -1,4 +1,4 @@
-// JSON that is made to do harm.
+// JSON and YAML that are made to do harm.
 
 #include "hostile_source.h"
 
@@ -37,7 +37,46 @@ const std::vector<Hostile> hostileJson{
      "such as Gen"},
 };
 
+/// YAML of a book with these verses.
+std::string yaml(const std::string& verses) { return "name: Gen\nchapters:\n-\n" + verses; }
+
+/// Lists each of which refers to the one before it many times.
+std::string aliases()
+{
+    std::string all = "a0: &a0 [x]\n";
+    for (unsigned int i = 1; i < 10; ++i)
+        all += "a" + std::to_string(i) + ": &a" + std::to_string(i) + " [" +
+               repeated("*a" + std::to_string(i - 1) + ", ", 100) + "x]\n";
+    return all + "books: *a9\n";
+}
+
+const std::string referring = ": anchors, aliases and tags of YAML are not read";
+
+const std::vector<Hostile> hostileYaml{
+    {"DeepListsInYaml", [] { return "books:\n- " + repeated("["); },
+     "@:2: values are nested more than 100 deep"},
+    {"DeepBlocksInYaml", [] { return "books:\n" + repeated("- "); },
+     "@:2: values are nested more than 100 deep"},
+    {"DeepObjectsInYaml", [] { return "books: " + repeated("{a: "); },
+     "@:1: values are nested more than 100 deep"},
+    {"AliasesInYaml", [] { return "books:\n" + aliases(); }, "@:2" + referring},
+    {"TagInYaml", [] { return std::string("books: !!python/object:os.system x\n"); }, "@:1" + referring},
+    {"ManyKeysInYaml", [] { return "books: x\n" + numbered("b", ": 0\n", 1100000); },
+     "@:1000000: more than 1000000 values"},
+    {"ManyValuesInYaml", [] { return "books: [a" + repeated(",a") + "]"; }, "@:1: more than 1000000 values"},
+    {"HugeKeyInYaml", [] { return "books: x\n? " + repeated("x") + "\n: 1\n"; },
+     "@:2: a string longer than 1 MiB"},
+    {"EndlessVerseInYaml", [] { return yaml("  - " + repeated("a") + '\n'); },
+     "@:4: a string longer than 1 MiB"},
+    {"LongVerseInYaml", [] { return yaml("  - |\n" + repeated("   a\n", 1u << 20)); },
+     "Gen 1:1: the verse has 419431 bytes; the limit is 65535"},
+    {"EndlessCommentInYaml", [] { return "books:\n#" + repeated("x") + "\n- [Gen, 1, 1, a]\n"; }, ""},
+    {"ManyDocumentsInYaml", [] { return "books: x\n" + repeated("---\n"); },
+     "@:2: more than one document in the file"},
+};
+
 INSTANTIATE_TEST_SUITE_P(Json, HostileSource, testing::ValuesIn(hostileJson), nameOfHostile);
+INSTANTIATE_TEST_SUITE_P(Yaml, HostileSource, testing::ValuesIn(hostileYaml), nameOfHostile);
 
 } // namespace
 

@@ -67,7 +67,7 @@ usage 'излишни аргументи: --y --x' search m a --x --y
 usage '--width изисква стойност' show m Jn --width
 usage '--width: стойността x не е между 20 и 1000' show m Jn --width x
 usage '--to: x не е сред {verse-lines,osis}' export m --to x
-usage '--from: „x“ не е сред beblia|ces|json|opensong|osis|sqlite|usfm|usfx|usx|zefania|plain-lines|verse-lines' build a b --from x
+usage '--from: „x“ не е сред beblia|ces|json|opensong|osis|sqlite|usfm|usfx|usx|yaml|zefania|plain-lines|verse-lines' build a b --from x
 usage '--places може да се даде само веднъж' check --places 5 --places 6 m
 usage 'невалидна стойност: --json = maybe' search m a --json=maybe
 usage '--whole-word не може заедно с --part' search m a --part --whole-word

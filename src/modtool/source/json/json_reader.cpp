@@ -15,9 +15,10 @@ class CJsonReader::Impl
 public:
     JsonSource source;
     std::uint64_t letters = 0;
+    const char* format = nullptr;
 };
 
-CJsonReader::CJsonReader() : m_impl(std::make_unique<Impl>()) {}
+CJsonReader::CJsonReader(const char* format) : m_impl(std::make_unique<Impl>()) { m_impl->format = format; }
 CJsonReader::~CJsonReader() = default;
 
 void CJsonReader::read(const std::string& fileName, std::string_view utf8, const std::string& shownName)
@@ -34,7 +35,7 @@ SourceBible CJsonReader::finish(const std::string& source)
 {
     SourceBible bible = m_impl->source.verses.finish(source);
     for (const char* shape : m_impl->source.shapes)
-        bible.findings.say(translatable("source"), tr(shape));
+        bible.findings.say(translatable("source"), message(shape, m_impl->format));
     if (m_impl->source.hasBooksByPosition)
         bible.findings.say(translatable("source"),
                            tr("66 books; those without a known name identified by position"));

@@ -13,7 +13,8 @@ namespace Kedrin::ModTool {
 class CJsonReader
 {
 public:
-    CJsonReader();
+    /// @param format  name of the format for the report: that of a text which was turned into JSON; outlives this object
+    explicit CJsonReader(const char* format = "JSON");
     ~CJsonReader();
     CJsonReader(const CJsonReader&) = delete;
     CJsonReader& operator=(const CJsonReader&) = delete;

@@ -14,9 +14,9 @@ namespace {
 
 using Kind = JsonValue::Kind;
 
-constexpr const char* booksShape = translatable("JSON, books with chapters of verses");
-constexpr const char* partShape = translatable("JSON, chapters with verses");
-constexpr const char* keysShape = translatable("JSON, verses by reference");
+constexpr const char* booksShape = translatable("%s, books with chapters of verses");
+constexpr const char* partShape = translatable("%s, chapters with verses");
+constexpr const char* keysShape = translatable("%s, verses by reference");
 
 VerseNumber verseOf(unsigned int number) { return {number, number, false}; }
 

@@ -13,7 +13,7 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-constexpr const char* versesShape = translatable("JSON, verses with book, chapter and verse");
+constexpr const char* versesShape = translatable("%s, verses with book, chapter and verse");
 
 } // namespace
 

@@ -1,0 +1,59 @@
+#include "yaml_reader.h"
+
+#include "ascii.h"
+#include "json_reader.h"
+#include "yaml_document.h"
+
+#include <algorithm>
+#include <array>
+
+namespace Kedrin::ModTool {
+
+namespace {
+
+/// The key with which a line of a mapping begins, without quotation marks, or "".
+std::string keyOf(std::string_view line)
+{
+    while (line.starts_with("- "))
+        line = trimmedStart(line.substr(2));
+    const std::size_t colon = line.find(':');
+    if (colon == std::string_view::npos || (colon + 1 < line.size() && line[colon + 1] != ' '))
+        return "";
+    return lower(trimmed(line.substr(0, colon), " \"'"));
+}
+
+bool isKnownKey(const std::string& key)
+{
+    constexpr std::array<std::string_view, 9> keys{"books", "book",         "chapters", "chapter", "verses",
+                                                   "verse", "verse_number", "text",     "number"};
+    return std::find(keys.begin(), keys.end(), key) != keys.end();
+}
+
+} // namespace
+
+SourceBible readYaml(const std::string& fileName, std::string_view utf8)
+{
+    CJsonReader reader("YAML");
+    reader.read(fileName, jsonOfYaml(fileName, utf8));
+    return reader.finish(fileName);
+}
+
+bool isYaml(std::string_view utf8)
+{
+    constexpr unsigned int firstLines = 100;
+    bool hasKey = false;
+    for (unsigned int i = 0; i < firstLines && !utf8.empty() && !hasKey; ++i) {
+        const std::size_t end = std::min(utf8.find('\n'), utf8.size());
+        const std::string_view line = trimmed(utf8.substr(0, end));
+        utf8.remove_prefix(std::min(end + 1, utf8.size()));
+        if (line.empty() || line.starts_with('#') || line.starts_with('%') || line == "---" || line == "-")
+            continue;
+        const std::string key = keyOf(line);
+        if (key.empty())
+            return false;
+        hasKey = isKnownKey(key);
+    }
+    return hasKey;
+}
+
+} // namespace Kedrin::ModTool
