@@ -56,13 +56,14 @@ const std::set<std::string> successes{
     "\"…\" has been added. The next time Kedrin is started, its menu \"…\" lists this translation.",
     "\"…\" has been removed.",
     "Drop a file or a folder with a Bible text on this window, or choose one.",
-    "Enter the address of a repository of SWORD texts (http, https or ftp), or a folder of this computer with such "
-    "texts.",
+    "Enter the address of a repository of SWORD texts (http, https or ftp), or a folder of this computer "
+    "with such texts.",
     "Nothing is left out or replaced.",
     "Remove \"…\" from this computer? Its files are deleted.",
     "The next time Kedrin is started, it opens \"…\".",
     "These Bibles are installed on this computer for SWORD programs. Kedrin can show them too.",
-    "… offers these Bibles. \"Add...\" shows the selected one on the first page, without installing anything yet.",
+    "… offers these Bibles. \"Add...\" shows the selected one on the first page, without installing anything "
+    "yet.",
 };
 
 /// The texts of the window's boxes, menus and controls.
