@@ -5,11 +5,12 @@ set -euo pipefail
 source "$(dirname "$0")/say.sh"
 explain_failures
 
-# The display and the runtime folder of the toolkit are private to this script.
+# The display and the runtime folder of the toolkit are private to this script. The display does not reset itself when
+# xdotool, its first client, ends before the program has connected.
 take_picture() {
     runtime_dir=$(mktemp -d) # with the required mode 0700
     clean_up() { rm -rf "$runtime_dir"; }
-    XDG_RUNTIME_DIR=$runtime_dir xvfb-run -a -s '-screen 0 800x720x24' "$0" --on-display "$@" ||
+    XDG_RUNTIME_DIR=$runtime_dir xvfb-run -a -s '-screen 0 800x720x24 -noreset' "$0" --on-display "$@" ||
         fail "No picture was saved (see above)." "Не е записана снимка (вж. по-горе)."
 }
 
