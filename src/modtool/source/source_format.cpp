@@ -18,6 +18,7 @@
 #include "usfm_reader.h"
 #include "usfx_reader.h"
 #include "usx_reader.h"
+#include "verse_line_header.h"
 #include "verse_line_reader.h"
 #include "yaml_reader.h"
 #include "zefania_reader.h"
@@ -177,8 +178,9 @@ SourceFormat detectFormat(std::string_view utf8, const std::string& fileName)
     if (isYaml(content))
         return SourceFormat::yaml;
     if (!content.starts_with('<'))
-        return !beginsAsVerseLines(content) && isPlainLines(content, fileName) ? SourceFormat::plainLines
-                                                                               : SourceFormat::verseLines;
+        return !beginsWithHeader(content) && !beginsAsVerseLines(content) && isPlainLines(content, fileName)
+                   ? SourceFormat::plainLines
+                   : SourceFormat::verseLines;
     const std::string root = lower(rootElement(content));
     if (root == "cesdoc")
         return SourceFormat::ces;

@@ -5,18 +5,39 @@
 #include "messages.h"
 #include "module_format.h"
 
+#include <algorithm>
 #include <array>
+#include <optional>
+#include <utility>
 
 namespace Kedrin::ModTool {
 
-void CVerseLineHeader::take(std::string_view line)
+namespace {
+
+/// Key and value of a line that begins with "#", or nullopt for a comment without a colon.
+std::optional<std::pair<std::string_view, std::string_view>> fieldOf(std::string_view line)
 {
-    line.remove_prefix(1);
     const std::size_t colon = line.find(':');
     if (colon == std::string_view::npos)
+        return std::nullopt;
+    return std::pair(trimmed(line.substr(1, colon - 1), " "), trimmed(line.substr(colon + 1), " "));
+}
+
+bool isKey(std::string_view name)
+{
+    constexpr std::array<std::string_view, 7> keys{"title",         "short",       "abbr", "copyright",
+                                                   "versification", "differences", "book"};
+    return std::find(keys.begin(), keys.end(), name) != keys.end();
+}
+
+} // namespace
+
+void CVerseLineHeader::take(std::string_view line)
+{
+    const auto field = fieldOf(line);
+    if (!field)
         return;
-    const std::string_view key = trimmed(line.substr(0, colon), " ");
-    const std::string_view value = trimmed(line.substr(colon + 1), " ");
+    const auto& [key, value] = *field;
     if (key == "title")
         m_info.fullTitle = value;
     else if (key == "short")
@@ -59,6 +80,22 @@ void CVerseLineHeader::giveTo(SourceBible& bible) const
         const auto known = m_titles.find(book);
         bible.bookTitles.push_back(known == m_titles.end() ? BookTitles() : known->second);
     }
+}
+
+bool beginsWithHeader(std::string_view utf8)
+{
+    bool hasKey = false;
+    while (!utf8.empty()) {
+        const std::string_view line = utf8.substr(0, utf8.find('\n'));
+        utf8.remove_prefix(std::min(line.size() + 1, utf8.size()));
+        if (line.starts_with('#')) {
+            const auto field = fieldOf(line);
+            hasKey = hasKey || (field && isKey(field->first));
+        } else if (!trimmed(line, " \t\r").empty()) {
+            return hasKey && std::count(line.begin(), line.end(), '\t') >= 3;
+        }
+    }
+    return false;
 }
 
 std::string headerLine(std::string_view key, std::string_view value)

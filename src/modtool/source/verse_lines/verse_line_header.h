@@ -29,6 +29,9 @@ private:
     std::map<std::string, BookTitles, std::less<>> m_titles; ///< by OSIS id
 };
 
+/// Whether a text begins with such lines, one of them with a known key, and a line with three tabs follows.
+bool beginsWithHeader(std::string_view utf8);
+
 /// One line of the header: "# title: Нов превод\n".
 std::string headerLine(std::string_view key, std::string_view value);
 
