@@ -8,7 +8,6 @@
 
 #include <QFrame>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QTreeWidget>
@@ -32,16 +31,8 @@ constexpr int reportRole = Qt::UserRole;
 
 QTreeWidget* makeList()
 {
-    auto* list = new QTreeWidget;
-    list->setObjectName(QStringLiteral("modules"));
-    list->setAccessibleName(translated("Installed translations"));
-    list->setHeaderLabels({translated("Title"), translated("State"), translated("For"), translated("Name")});
-    list->setRootIsDecorated(false);
-    list->setUniformRowHeights(true);
-    list->setAllColumnsShowFocus(true);
-    list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    list->header()->setStretchLastSection(false);
-    return list;
+    return rowList("modules", translatable("Installed translations"),
+                   {translated("Title"), translated("State"), translated("For"), translated("Name")});
 }
 
 } // namespace

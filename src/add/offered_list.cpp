@@ -5,7 +5,6 @@
 
 #include <QComboBox>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLocale>
 #include <QTreeWidget>
@@ -53,17 +52,8 @@ QString mainPart(const QString& code) { return code.section(QLatin1Char('-'), 0,
 
 QTreeWidget* makeList()
 {
-    auto* list = new QTreeWidget;
-    list->setObjectName(QStringLiteral("swordBibles"));
-    list->setAccessibleName(translated("Bibles of SWORD programs"));
-    list->setHeaderLabels(
-        {translated("Title"), translated("Language"), translated("Size"), translated("Name")});
-    list->setRootIsDecorated(false);
-    list->setUniformRowHeights(true);
-    list->setAllColumnsShowFocus(true);
-    list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    list->header()->setStretchLastSection(false);
-    return list;
+    return rowList("swordBibles", translatable("Bibles of SWORD programs"),
+                   {translated("Title"), translated("Language"), translated("Size"), translated("Name")});
 }
 
 } // namespace

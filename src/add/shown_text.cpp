@@ -4,9 +4,11 @@
 
 #include <QAccessible>
 #include <QFile>
+#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QTreeWidget>
 
 namespace Kedrin::Add {
 
@@ -67,6 +69,20 @@ QPushButton* button(const char* objectName, const char* english)
     auto* made = new QPushButton(translated(english));
     made->setObjectName(QString::fromLatin1(objectName));
     return made;
+}
+
+QTreeWidget* rowList(const char* objectName, const char* english, const QStringList& headers)
+{
+    auto* list = new QTreeWidget;
+    list->setObjectName(QString::fromLatin1(objectName));
+    list->setAccessibleName(translated(english));
+    list->setHeaderLabels(headers);
+    list->setRootIsDecorated(false);
+    list->setUniformRowHeights(true);
+    list->setAllColumnsShowFocus(true);
+    list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    list->header()->setStretchLastSection(false);
+    return list;
 }
 
 } // namespace Kedrin::Add

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <exception>
 #include <string>
@@ -10,6 +11,7 @@ QT_BEGIN_NAMESPACE
 class QLabel;
 class QPushButton;
 class QScrollArea;
+class QTreeWidget;
 class QWidget;
 QT_END_NAMESPACE
 
@@ -43,5 +45,9 @@ QScrollArea* scrollArea(QWidget* content);
 
 /// @param english  of its label, which is translated here
 QPushButton* button(const char* objectName, const char* english);
+
+/// A list of rows in columns that are as wide as their texts.
+/// @param english  its name for a screen reader, which is translated here
+QTreeWidget* rowList(const char* objectName, const char* english, const QStringList& headers);
 
 } // namespace Kedrin::Add

@@ -21,6 +21,25 @@ private slots:
     void openedTextEndsListing();
 };
 
+namespace {
+
+/// Those of a repository whose list of Bibles does not come.
+auto stalledAnswers(const SwordFixture& fixture)
+{
+    auto answers = fixture.answers();
+    answers["/mods.d.tar.gz"].kind = Kind::stalled;
+    return answers;
+}
+
+void beginListing(SwordFixture& fixture, const LoopbackServer& server)
+{
+    fixture.openPage();
+    fixture.enterAddress(server.address());
+    fixture.click("networkYes");
+}
+
+} // namespace
+
 void ListingTest::wrongAddressIsTold()
 {
     SwordFixture fixture;
@@ -85,12 +104,8 @@ void ListingTest::hostileDescriptionIsShownAsItIs()
 void ListingTest::listingIsCancelled()
 {
     SwordFixture fixture;
-    auto answers = fixture.answers();
-    answers["/mods.d.tar.gz"].kind = Kind::stalled;
-    const LoopbackServer server(answers);
-    fixture.openPage();
-    fixture.enterAddress(server.address());
-    fixture.click("networkYes");
+    const LoopbackServer server(stalledAnswers(fixture));
+    beginListing(fixture, server);
     QTRY_COMPARE(fixture.textOf("listingName"), QStringLiteral("downloading"));
     fixture.click("cancelListing");
     QTRY_COMPARE(fixture.textOf("swordNote"), QStringLiteral("Cancelled."));
@@ -103,12 +118,8 @@ void ListingTest::listingIsCancelled()
 void ListingTest::anotherChoiceEndsListing()
 {
     SwordFixture fixture;
-    auto answers = fixture.answers();
-    answers["/mods.d.tar.gz"].kind = Kind::stalled;
-    const LoopbackServer server(answers);
-    fixture.openPage();
-    fixture.enterAddress(server.address());
-    fixture.click("networkYes");
+    const LoopbackServer server(stalledAnswers(fixture));
+    beginListing(fixture, server);
     fixture.listFolder();
     QCOMPARE(fixture.rows().size(), 1);
 }
@@ -116,12 +127,8 @@ void ListingTest::anotherChoiceEndsListing()
 void ListingTest::openedTextEndsListing()
 {
     SwordFixture fixture;
-    auto answers = fixture.answers();
-    answers["/mods.d.tar.gz"].kind = Kind::stalled;
-    const LoopbackServer server(answers);
-    fixture.openPage();
-    fixture.enterAddress(server.address());
-    fixture.click("networkYes");
+    const LoopbackServer server(stalledAnswers(fixture));
+    beginListing(fixture, server);
     fixture.dropAndWait(fixture.file("a.vpl"));
     QVERIFY(fixture.isSeen("add"));
     QCOMPARE(fixture.textOf("swordNote"), QStringLiteral("Cancelled."));
