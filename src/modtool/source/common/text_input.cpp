@@ -212,15 +212,18 @@ std::string decodedText(std::string content, const std::string& fileName, const 
                         std::string* recognised)
 {
     std::string name = encoding.empty() ? encodingOf(content) : encoding;
+    bool isValid = false;
     if (recognised) {
         recognised->clear();
-        if (encoding.empty() && saysNoEncoding(content) && !isUtf8(content) && isWindows1251(content))
+        const bool mayBeOther = encoding.empty() && saysNoEncoding(content);
+        isValid = mayBeOther && isUtf8(content);
+        if (mayBeOther && !isValid && isWindows1251(content))
             *recognised = name = "windows-1251";
     }
-    if (ucnv_compareNames(name.c_str(), utf8Name) == 0)
-        requireUtf8(content, fileName);
-    else
+    if (ucnv_compareNames(name.c_str(), utf8Name) != 0)
         content = converted(content, fileName, name);
+    else if (!isValid)
+        requireUtf8(content, fileName);
     while (content.starts_with(byteOrderMark)) // concatenated files have several
         content.erase(0, byteOrderMark.size());
     return content;
