@@ -112,6 +112,9 @@ private:
             id = startId;
         beginVerse(id);
         m_openId = startId;
+        const bool isMilestone = m_xml.isEmptyTag() || (m_xml.isEmpty() && !startId.empty());
+        if (m_xml.isEmpty() && !isMilestone) // a verse without text
+            m_verses.endVerse();
         m_verseDepth = m_xml.isEmpty() ? noDepth : m_xml.depth();
     }
 

@@ -95,7 +95,8 @@ bool beginsAsVerseLines(std::string_view utf8)
         utf8.remove_prefix(std::min(line.size() + 1, utf8.size()));
     }
     const std::string_view book = line.substr(0, line.find('\t'));
-    return std::count(line.begin(), line.end(), '\t') >= 3 && (isOsisId(book) || bookOfField(book).empty());
+    return std::count(line.begin(), line.end(), '\t') >= 3 && !isTableHeader(line) &&
+           (isOsisId(book) || bookOfField(book).empty());
 }
 
 } // namespace Kedrin::ModTool

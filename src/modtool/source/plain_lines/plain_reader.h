@@ -53,7 +53,7 @@ private:
 bool isPlainLines(std::string_view utf8, const std::string& path);
 
 /// Whether the first line that is no remark is one of verse lines (doc/formats/verse-lines.md): three tabs and in front
-/// of the first an OSIS id, or what is no other known name or number of a book.
+/// of the first an OSIS id, or what is no other known name or number of a book, and no names of columns.
 bool beginsAsVerseLines(std::string_view utf8);
 
 } // namespace Kedrin::ModTool

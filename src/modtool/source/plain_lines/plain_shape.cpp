@@ -199,6 +199,12 @@ std::optional<PlainShape> plainShapeOf(std::string_view utf8, bool hasBook)
     return std::nullopt;
 }
 
+bool isTableHeader(std::string_view line)
+{
+    CPlainRecords records(line, "\t", maxColumns);
+    return records.next() && headerOf(records, false);
+}
+
 std::string bookOfField(std::string_view field)
 {
     field = trimmed(field);

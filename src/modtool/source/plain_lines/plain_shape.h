@@ -40,6 +40,9 @@ struct PlainShape
 /// @returns nothing where they are none of these
 std::optional<PlainShape> plainShapeOf(std::string_view utf8, bool hasBook);
 
+/// Whether a line with tabs names the columns of a table, with one of books.
+bool isTableHeader(std::string_view line);
+
 /// The book that a field of a table means: a name, a number from 1 to 66, "01O" or "40N". "" where it is none.
 std::string bookOfField(std::string_view field);
 

@@ -52,6 +52,8 @@ std::string_view CExpatParser::token() const
     return m_utf8.substr(offset(), static_cast<std::size_t>(XML_GetCurrentByteCount(get())));
 }
 
+std::string_view CExpatParser::behindToken() const { return m_utf8.substr(offset() + token().size()); }
+
 std::size_t CExpatParser::lineAt(std::size_t offset) const
 {
     if (offset < m_countedBytes) {

@@ -42,7 +42,8 @@ public:
 
     /// Where the piece that a handler is called for begins, in bytes.
     std::size_t offset() const;
-    std::string_view token() const; ///< the piece as it is written
+    std::string_view token() const;       ///< the piece as it is written
+    std::string_view behindToken() const; ///< the rest of the document
 
     /// The line of an offset, from 1. Fast where offsets ascend.
     std::size_t lineAt(std::size_t offset) const;

@@ -33,6 +33,7 @@ public:
     Node next();
     std::string_view name() const { return withoutPrefix(m_name); }
     bool isEmpty() const { return m_isEmpty; }
+    bool isEmptyTag() const { return m_isEmptyTag; }
     int depth() const { return m_node == Node::text && m_element == Node::end ? m_depth + 1 : m_depth; }
     std::string attribute(std::string_view name) const;
     std::string_view text() const { return m_text; }
@@ -62,7 +63,8 @@ private:
     int m_depth = 0;          ///< of the element
     int m_openElements = 0;   ///< behind it
     bool m_isEmpty = false;
-    bool m_skipsEnd = false; ///< the library tells the end of <this/> too
+    bool m_isEmptyTag = false;
+    bool m_skipsEnd = false; ///< the library tells the end of an empty element too
     std::string m_text;
     std::size_t m_textOffset = 0; ///< of its first piece that is not blank
     bool m_isTextBlank = true;
@@ -131,7 +133,8 @@ void CXmlReader::Impl::start(const XML_Char* name, const XML_Char** attributes)
     m_attributes.clear();
     for (; *attributes; attributes += 2)
         addAttribute(attributes[0], attributes[1]);
-    m_isEmpty = m_skipsEnd = tag.ends_with("/>");
+    m_isEmptyTag = tag.ends_with("/>");
+    m_isEmpty = m_skipsEnd = m_isEmptyTag || m_parser.behindToken().starts_with("</");
     m_depth = m_openElements;
     m_openElements += m_isEmpty ? 0 : 1;
     stopAt(Node::start, name);
@@ -141,7 +144,7 @@ void CXmlReader::Impl::end(const XML_Char* name)
 {
     if (std::exchange(m_skipsEnd, false))
         return;
-    m_isEmpty = false;
+    m_isEmpty = m_isEmptyTag = false;
     m_depth = --m_openElements;
     stopAt(Node::end, name);
 }
@@ -211,6 +214,7 @@ CXmlReader::~CXmlReader() = default;
 CXmlReader::Node CXmlReader::next() { return m_impl->next(); }
 std::string_view CXmlReader::name() const { return m_impl->name(); }
 bool CXmlReader::isEmpty() const { return m_impl->isEmpty(); }
+bool CXmlReader::isEmptyTag() const { return m_impl->isEmptyTag(); }
 int CXmlReader::depth() const { return m_impl->depth(); }
 std::string CXmlReader::attribute(std::string_view name) const { return m_impl->attribute(name); }
 std::string_view CXmlReader::text() const { return m_impl->text(); }

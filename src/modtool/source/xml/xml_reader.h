@@ -41,8 +41,11 @@ public:
     /// Of an element: without prefix; valid until next().
     std::string_view name() const;
 
-    /// Of an element's start: whether it is written <so/>.
+    /// Of an element's start: whether it is written <so/>, or <so></so>, which is the same.
     bool isEmpty() const;
+
+    /// Of an element's start: whether it is written <so/>.
+    bool isEmptyTag() const;
 
     /// How many elements the element stands in; the same at its start and its end.
     int depth() const;

@@ -105,7 +105,7 @@ std::string withoutComments(std::string_view utf8)
 {
     std::string rest;
     while (!utf8.empty()) {
-        const std::size_t end = std::min(utf8.find('\n'), utf8.size());
+        const std::size_t end = std::min(utf8.find_first_of("\r\n"), utf8.size());
         rest += utf8.substr(0, std::min(utf8.find('#'), end));
         utf8.remove_prefix(std::min(end + 1, utf8.size()));
     }
@@ -156,7 +156,7 @@ private:
         case YAML_DOCUMENT_START_EVENT:
             if (m_hasDocument)
                 failAtLine(m_fileName, event.line(), tr("more than one document in the file"));
-            requireNoLetters(m_source.until(event.begin()), event.line());
+            m_source.until(event.end()); // comments, directives and "---"
             m_hasDocument = true;
             break;
         case YAML_SCALAR_EVENT:
@@ -217,7 +217,7 @@ private:
         requireNoLetters(m_source.until(event.begin()), event.line());
         std::string_view written = m_source.until(event.end());
         if (event.isBlock())
-            written.remove_prefix(std::min(written.find('\n'), written.size())); // the indicators
+            written.remove_prefix(std::min(written.find_first_of("\r\n"), written.size())); // the indicators
         const std::string text = event.scalar();
         if (!event.hasEscapes()) {
             std::string letters;
@@ -233,7 +233,7 @@ private:
     /// Whatever is outside the values is punctuation or a comment.
     void requireNoLetters(std::string_view between, std::size_t line) const
     {
-        CLetterProof(m_fileName, "").compare(m_hasDocument ? withoutComments(between) : "", line);
+        CLetterProof(m_fileName, "").compare(withoutComments(between), line);
     }
 
     const std::string& m_fileName;

@@ -65,6 +65,14 @@ TEST(OsisVariety, VersesWithoutAnEndEndWithTheNextOneOrTheChapter)
     EXPECT_EQ(bible.findings.text(), "left out      1 text outside the verses, first at line 1\n");
 }
 
+TEST(OsisVariety, EmptyElementsMayBeWrittenWithAnEndTag)
+{
+    EXPECT_EQ(linesIn("<verse sID='a' osisID='Gen.1.1'></verse>one<verse eID='a'></verse>"
+                      "<verse osisID='Gen.1.2'></verse><verse osisID='Gen.1.3'>three "
+                      "<q sID='q' marker='„'></q>four<q eID='q' marker='“'></q></verse>"),
+              "Gen 1:1 one\nGen 1:2\nGen 1:3 three „four“\n");
+}
+
 TEST(OsisVariety, EndOfAnotherVerseIsIgnored)
 {
     EXPECT_EQ(linesIn("<verse sID='a' osisID='Gen.1.1'/>one<verse sID='b' osisID='Gen.1.2'/>two"

@@ -24,9 +24,11 @@ TEST(PlainDetection, VerseLinesGoFirst)
           "../../x\t1\t1\ta\n", "\t1\t1\ta\n", "PrMan\t1\t1\ta\n", "PrManx\t1\t1\ta\n",
           "# title: x\n# y\n\nБит\t1\t1\ta\n", "words\n", "", "Gen 1 1 a\n", "1 a\n"})
         EXPECT_EQ(detectFormat(text, "f"), SourceFormat::verseLines) << text;
-    for (const char* text : {"Genesis\t1\t1\ta\n", "Битие\t1\t1\ta\n", "1\t1\t1\ta\n", "Gen 1:1 a\n",
-                             "Gen|1|1|a\n", "[1:1] a\n", "#1:1#a\n", "# x: y\nБит\t1\t1\ta\n",
-                             "# title: x\nБит|1|1|a\n", "# T\n## Genesis\n1:1 a\n", "Юда\n1 a\n"})
+    for (const char* text :
+         {"Genesis\t1\t1\ta\n", "Битие\t1\t1\ta\n", "1\t1\t1\ta\n", "Gen 1:1 a\n", "Gen|1|1|a\n", "[1:1] a\n",
+          "#1:1#a\n", "# x: y\nБит\t1\t1\ta\n", "# title: x\nБит|1|1|a\n",
+          "Book\tChapter\tVerse\tText\nGen\t1\t1\ta\n", "Verse\tChapter\tBook\tText\n1\t1\tGen\ta\n",
+          "# T\n## Genesis\n1:1 a\n", "Юда\n1 a\n"})
         EXPECT_EQ(detectFormat(text, "f"), SourceFormat::plainLines) << text;
     EXPECT_EQ(detectFormat("1 a\n", "jude.txt"), SourceFormat::plainLines);
 }

@@ -66,7 +66,7 @@ TEST(XmlReader, EmptyElementHasNoEnd)
 {
     EXPECT_EQ(nodesOf("<a><b/><c></c><d x='/>'>t</d><e/></a>"), "1 0 <a>\n"
                                                                 "1 1 <b/>\n"
-                                                                "1 1 <c>\n1 1 </c>\n"
+                                                                "1 1 <c/>\n"
                                                                 "1 1 <d>\n1 2 \"t\"\n1 1 </d>\n"
                                                                 "1 1 <e/>\n"
                                                                 "1 0 </a>\n");

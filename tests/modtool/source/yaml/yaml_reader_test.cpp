@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 using namespace Kedrin::ModTool;
 using test_support::linesOf;
 using test_support::messageOf;
@@ -119,6 +121,19 @@ TEST(YamlReader, ReferencesWithinTheDocumentAreRefused)
     EXPECT_EQ(errorIn("books: !x {}\n"), "f.yaml:1: " + said);
 }
 
+TEST(YamlReader, DirectiveIsNoText)
+{
+    for (const char* head : {"%YAML 1.1\n---\n", "# x\n%YAML 1.1\n# y\n--- # z\n", "%YAML 1.1\r\n---\r\n"})
+        EXPECT_EQ(linesIn(head + verses), linesIn(verses)) << head;
+}
+
+TEST(YamlReader, LinesMayEndWithCrAlone)
+{
+    std::string withCr = "# x\n" + verses + "# y\n  note: |\n    z\n";
+    std::replace(withCr.begin(), withCr.end(), '\n', '\r');
+    EXPECT_EQ(linesIn(withCr), linesIn(verses));
+}
+
 TEST(YamlReader, DepthIsBounded)
 {
     EXPECT_EQ(errorIn("\n" + std::string(101, '[')), "f.yaml:2: values are nested more than 100 deep");
@@ -127,13 +142,17 @@ TEST(YamlReader, DepthIsBounded)
 
 TEST(YamlReader, IsFoundByItsKeys)
 {
-    const std::vector<std::string> yamls{verses, "%YAML 1.1\n---\n# x\n" + verses,
-                                         "title: x\n\"books\":\n- a\n", "- book: Gen\n  chapter: 1\n",
+    const std::vector<std::string> yamls{verses,
+                                         "%YAML 1.1\n---\n# x\n" + verses,
+                                         "title: x\n\"books\":\n- a\n",
+                                         "title: |-\n  x\n\n  y\nbooks:\n- a\n",
+                                         "# x\rtitle: >\r  x\rbooks:\r- a\r",
+                                         "- book: Gen\n  chapter: 1\n",
                                          "---\n-\n  verse: 1\n"};
     for (const std::string& yaml : yamls)
         EXPECT_EQ(detectFormat(yaml, "f"), SourceFormat::yaml) << yaml;
-    for (const std::string other :
-         {"Gen 1:1 a\nbooks: b\n", "Genesis:\n1 a\n", "text\n", "Gen\t1\t1\ttext: a\n"})
+    for (const std::string other : {"Gen 1:1 a\nbooks: b\n", "Genesis:\n1 a\n", "text\n",
+                                    "Gen\t1\t1\ttext: a\n", "title: |\n  x\ny\nbooks:\n"})
         EXPECT_NE(detectFormat(other, "f"), SourceFormat::yaml) << other;
     const test_support::TempFolder folder;
     EXPECT_EQ(readSourceFile(folder.write("f.txt", verses), {}).format, "YAML");
