@@ -10,13 +10,26 @@
 
 namespace Kedrin::ModTool {
 
+namespace {
+
+/// With its zero bytes as printable() has them: the text of an exception would end at the first.
+std::string withoutZeros(const std::string& text)
+{
+    std::string shown;
+    for (const char c : text)
+        c == '\0' ? shown += "\\x00" : shown += c;
+    return shown;
+}
+
+} // namespace
+
 const char* tr(const char* english) { return ::dgettext(messageDomain, english); }
 
 std::string expanded(const char* format, std::span<const std::string> arguments)
 {
     fmt::dynamic_format_arg_store<fmt::printf_context> store;
     for (const std::string& argument : arguments)
-        store.push_back(argument);
+        store.push_back(withoutZeros(argument));
     return fmt::vsprintf(fmt::string_view(format), fmt::basic_format_args<fmt::printf_context>(store));
 }
 

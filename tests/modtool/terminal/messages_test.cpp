@@ -13,6 +13,13 @@ TEST(Messages, ControlCharactersAreShownAsNumbers)
     EXPECT_EQ(printable("\u0085\u009B31m\u00A0"), "\\x85\\x9B31m\u00A0") << "those of two bytes";
 }
 
+/// An exception's text would end there.
+TEST(Messages, ZeroBytesInArgumentsAreShown)
+{
+    EXPECT_EQ(message("%s: %s!", std::string("a\0b", 3), inQuotes(std::string_view("\0", 1))),
+              "a\\x00b: \"\\x00\"!");
+}
+
 TEST(Messages, AnyOtherTextStaysAsItIs)
 {
     for (const char* text : {"", "\tБог\n  line 2: \u2013 \U00010330\n", "\xC2", "\x80\x9B", "\xC2\xC2\xA0"})
