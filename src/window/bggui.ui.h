@@ -115,8 +115,12 @@ void BibleForm::comboBook_activated(int bookN)
 {
     if (m_currentBible == nullptr)
         return restoreBoxes();
-    const auto chapters = static_cast<int>(m_currentBible->chaptersCount(static_cast<unsigned int>(bookN)));
-    comboChapter_activated(offerNumbers(comboChapter, chapters));
+    const auto bookID = static_cast<unsigned int>(bookN);
+    const int chapterN = offerNumbers(comboChapter, static_cast<int>(m_currentBible->chaptersCount(bookID)));
+    if (chapterN >= 0)
+        comboChapter_activated(chapterN);
+    else
+        goToRef(CRef(bookID, 0, 0)); // a damaged module; says that there is no such chapter
 }
 
 void BibleForm::comboChapter_activated(int chapterN)

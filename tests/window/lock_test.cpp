@@ -69,6 +69,8 @@ class LockTest : public QObject
 
 private slots:
     void textThatIsCut();
+    void bookWithoutChapters_data();
+    void bookWithoutChapters();
     void chapterThatTheOtherTranslationLacks();
     void hitInABookThatTheOtherTranslationLacks();
     void exceptionOfAnotherKind();
@@ -86,6 +88,37 @@ void LockTest::textThatIsCut()
     expectErrorBox(window, {});
     QCOMPARE(window.page(), page);
     expectLocked(window);
+}
+
+void LockTest::bookWithoutChapters_data()
+{
+    QTest::addColumn<QString>("way");
+    QTest::newRow("list") << QStringLiteral("list");
+    QTest::newRow("key") << QStringLiteral("key");
+    QTest::newRow("reference") << QStringLiteral("reference");
+}
+
+void LockTest::bookWithoutChapters()
+{
+    QFETCH(QString, way);
+    FormFixture window;
+    window.install("а", makeModule("А", {plainBook(0, "Битие", {5, 5}), plainBook(1, "Изход", {})}));
+    BibleForm& form = window.open();
+    const QStringList page = window.page();
+    if (way == QLatin1String("list")) {
+        window.pick(form.comboBook, 1);
+    } else if (way == QLatin1String("key")) {
+        form.comboBook->setFocus();
+        FormFixture::press(Qt::Key_Down);
+    } else {
+        form.goToRef(Kedrin::Tolvo::CRef(1, 0, 0));
+    }
+    expectErrorBox(window, QStringLiteral("CBibleSructure::ValidateChapterID(): chapter out of range"));
+    QCOMPARE(window.page(), page);
+    QCOMPARE(form.comboChapter->count(), 0);
+    FormFixture::press(Qt::Key_F8);
+    QCOMPARE(window.page(), page);
+    QVERIFY(window.takeBoxes().isEmpty());
 }
 
 void LockTest::chapterThatTheOtherTranslationLacks()
