@@ -2,6 +2,7 @@
 
 #include "bible_walker.h"
 #include "forked.h"
+#include "refusals.h"
 
 #include <algorithm>
 #include <csignal>
@@ -14,6 +15,8 @@
 namespace bad_input {
 
 using namespace Kedrin::Tolvo;
+using test_support::isPromisedDoubt;
+using test_support::isPromisedRefusal;
 using test_support::ModuleFiles;
 
 namespace {
@@ -39,50 +42,6 @@ void limitMemory()
 #endif
 }
 
-/// The message of a module that is refused with a reader's message.
-std::string loadingError(const std::string& folder, const std::string& inner)
-{
-    return "CBible::CBible(): Error loading Bible (from folder " + folder + ");\nError message: \"" + inner +
-           "\"";
-}
-
-/// The readers' messages for a file that cannot be opened.
-const std::map<std::string, std::string> unopened = {
-    {"BibleTitles.txt", "CTitles::CTitles(): error opening file "},
-    {"BibleStructure.csv", "CBibleSructure::CBibleSructure(): error opening file "},
-    {"_Diff_.txt", "CDiff::CDiff(): error opening file "},
-    {"CompactPoint.bin", "CFileVector::CFileVector(): cannot open file "},
-    {"CompactText.bin", "CBibleText::CBibleText(): error opening file "},
-    {"WordList.txt", "CWordList::CWordList(): error opening file "},
-    {"Conc.bin", "CFileVector::CFileVector(): cannot open file "},
-    {"ConcP.bin", "CFileVector::CFileVector(): cannot open file "},
-};
-
-/// Whether loading a module may be refused with this message.
-bool isPromisedRefusal(const std::string& message, const std::string& folder)
-{
-    if (message == loadingError(folder, "CBibleSructure::CBibleSructure(): error reading file " + folder +
-                                            "/BibleStructure.csv"))
-        return true;
-    return std::any_of(unopened.begin(), unopened.end(), [&](const auto& file) {
-        return message == loadingError(folder, file.second + folder + "/" + file.first);
-    });
-}
-
-/// Whether validation may refuse a module that loads with this message.
-bool isPromisedDoubt(const std::string& message, const std::string& folder)
-{
-    for (const std::string& inner :
-         {"CTitles::CTitles(): error reading file " + folder + "/BibleTitles.txt",
-          "CBibleSructure::CBibleSructure(): error reading file " + folder + "/BibleStructure.csv",
-          std::string("CBibleSructure::ValidateBookID(): bookID out of range"),
-          std::string("CBibleSructure::ValidateChapterID(): chapter out of range"),
-          std::string("CBibleText::operator [](): I/O error")})
-        if (message == loadingError(folder, inner))
-            return true;
-    return false;
-}
-
 constexpr int provenOtherwise = 2;
 
 } // namespace
@@ -95,14 +54,6 @@ std::string refusal(const std::function<void()>& operation)
         return ex.what();
     }
     return std::string();
-}
-
-std::string refusalOfUnopened(const std::string& fileName, const std::string& module)
-{
-    const auto message = unopened.find(fileName);
-    if (message == unopened.end())
-        return std::string();
-    return loadingError(module, message->second + module + "/" + fileName);
 }
 
 int proveLoadAndWalk(const std::string& folder, const std::vector<Walk>& walks)

@@ -22,9 +22,6 @@ constexpr int unknownRefusal = 3;
 /// The message of the std::runtime_error that `operation` throws; "" if it throws nothing.
 std::string refusal(const std::function<void()>& operation);
 
-/// The message for a module of which this file cannot be opened; "" if the file is optional.
-std::string refusalOfUnopened(const std::string& fileName, const std::string& module);
-
 /// For a forked process: validates and loads the module, and calls each of `walks` if it loads.
 /// @returns the exit code: 0 if the result is one of the promised ones
 int proveLoadAndWalk(const std::string& folder, const std::vector<Walk>& walks);

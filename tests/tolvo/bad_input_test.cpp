@@ -7,6 +7,7 @@
 
 #include "bible_walker.h"
 #include "forked.h"
+#include "refusals.h"
 #include "spoiled.h"
 
 #include <algorithm>
@@ -19,6 +20,8 @@
 
 namespace bad_input {
 namespace {
+
+using test_support::refusalOfUnopened;
 
 TEST_P(BadInput, NothingThatIsNoFileCanBeOpened)
 {

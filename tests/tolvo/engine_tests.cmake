@@ -57,3 +57,11 @@ endif()
 add_test(NAME third_program.CompilesInAnotherProject
   COMMAND ${CMAKE_COMMAND} -DCXX=${CMAKE_CXX_COMPILER} -DSOURCE_DIR=${CMAKE_SOURCE_DIR}
     -DBINARY_DIR=${CMAKE_CURRENT_BINARY_DIR}/other_project -P ${CMAKE_CURRENT_SOURCE_DIR}/other_project_test.cmake)
+
+# Damaged modules made from seeds. By hand: tolvo_damage_run FIRST COUNT.
+add_executable(tolvo_damage_run damage_run.cpp)
+target_link_libraries(tolvo_damage_run PRIVATE test_support kedrin_options)
+add_test(NAME tolvo.damage_run COMMAND tolvo_damage_run 1 3000)
+if(tolvo_leaks_that_stay)
+  set_tests_properties(tolvo.damage_run ${tolvo_leaks_that_stay})
+endif()
