@@ -4,9 +4,9 @@
 #include "check.h"
 #include "made_sqlite.h"
 #include "marked_files.h"
+#include "measured.h"
 #include "plain_maker.h"
 #include "process.h"
-#include "ratio_reporter.h"
 #include "temp_folder.h"
 
 #include <benchmark/benchmark.h>
@@ -80,6 +80,7 @@ private:
         m_folder.write("csv", build_test::csvOf(m_lines));
         m_folder.write("references", build_test::referencesOf(m_lines));
         m_folder.write("headed_lines", build_test::headedOf(m_lines));
+        m_folder.write("yaml", build_test::yamlOf(m_lines));
         m_folder.write("osis", build_test::osisFile(bible));
         m_folder.write("zefania", build_test::zefaniaFile(bible));
         m_folder.write("beblia", build_test::bebliaFile(bible));
@@ -113,15 +114,8 @@ private:
 
 void build(benchmark::State& state, const CSources& sources, const std::string& format)
 {
-    double peakBytes = 0;
-    for (auto _ : state) {
-        const ProcessEnd end = runProcess(sources.build(format));
-        checkAnswer(end.exitCode == 0, format.c_str());
-        state.SetIterationTime(end.cpuSeconds);
-        peakBytes = std::max(peakBytes, end.peakBytes);
-    }
+    measureProgram(state, sources.build(format));
     checkAnswer(sources.isBuiltRight(), format.c_str());
-    state.counters["peak_MB"] = peakBytes / 1e6;
 }
 
 } // namespace
@@ -139,12 +133,7 @@ int main(int argc, char** argv)
                                      [&](benchmark::State& state) { build(state, sources, format); })
             ->UseManualTime()
             ->Unit(benchmark::kMillisecond);
-    RatioReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    std::puts("\nRatios of the least processor times of build, to that from verse lines");
-    for (const std::string& format : CSources::formats())
-        if (format != "verse_lines")
-            reporter.printRatio(format.c_str(), format.c_str(), "verse_lines");
+    benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
     return 0;
 }

@@ -2,6 +2,7 @@
 
 #include "bench_module.h"
 #include "check.h"
+#include "measured.h"
 #include "tolvo_bible.h"
 
 #include <benchmark/benchmark.h>
@@ -14,8 +15,7 @@ void open_module(benchmark::State& state)
 {
     const std::string folder = CBenchModule::get().folder();
     checkAnswer(CBible(folder).wordsCount() == CBenchModule::wordCount, "open_module");
-    for (auto _ : state)
-        benchmark::DoNotOptimize(CBible(folder).wordsCount());
+    measure(state, [&] { benchmark::DoNotOptimize(CBible(folder).wordsCount()); });
 }
 BENCHMARK(open_module);
 
@@ -23,14 +23,14 @@ BENCHMARK(open_module);
 void read_text_files_only(benchmark::State& state)
 {
     const CBenchModule& module = CBenchModule::get();
-    for (auto _ : state) {
+    measure(state, [&] {
         for (const char* name :
              {"BibleTitles.txt", "BibleStructure.csv", "_Diff_.txt", "WordList.txt", "_Info_.txt"}) {
             std::string content;
             checkAnswer(ut::read_text_file(module.file(name).c_str(), content), "read_text_files_only");
             benchmark::DoNotOptimize(content.data());
         }
-    }
+    });
 }
 BENCHMARK(read_text_files_only);
 
@@ -55,8 +55,7 @@ void chapter(benchmark::State& state, std::size_t (*read)(const CBible&))
     const CBible bible(CBenchModule::get().folder());
     const std::size_t byteCount = read(bible);
     checkAnswer(byteCount > CBenchModule::longChapterVerses && byteCount == verseByVerse(bible), "chapter");
-    for (auto _ : state)
-        benchmark::DoNotOptimize(read(bible));
+    measure(state, [&] { benchmark::DoNotOptimize(read(bible)); });
 }
 BENCHMARK_CAPTURE(chapter, whole, wholeChapter);
 BENCHMARK_CAPTURE(chapter, verse_by_verse, verseByVerse);
@@ -68,8 +67,7 @@ void read_chapter_only(benchmark::State& state)
     const std::size_t byteCount = verseByVerse(CBible(module.folder())) + 2 * CBenchModule::longChapterVerses;
     ut::CInputFile text(module.file("CompactText.bin").c_str());
     std::vector<char> bytes(byteCount);
-    for (auto _ : state)
-        benchmark::DoNotOptimize(text.readAt(0, bytes.data(), bytes.size()));
+    measure(state, [&] { benchmark::DoNotOptimize(text.readAt(0, bytes.data(), bytes.size())); });
 }
 BENCHMARK(read_chapter_only);
 

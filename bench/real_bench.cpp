@@ -1,6 +1,7 @@
 // The same scan of a real text: the module in KEDRIN_BENCH_MODULE. Not run without it.
 
 #include "check.h"
+#include "measured.h"
 #include "process.h"
 #include "temp_folder.h"
 #include "tolvo_bible.h"
@@ -55,15 +56,13 @@ struct RealText
 void real_scan(benchmark::State& state, RealText& real)
 {
     checkAnswer(real.scanHits() == real.plainHits(), "real_scan");
-    for (auto _ : state)
-        benchmark::DoNotOptimize(real.scanHits());
+    measure(state, [&] { benchmark::DoNotOptimize(real.scanHits()); });
     state.counters["hits"] = static_cast<double>(real.scanHits());
 }
 
 void real_plain_scan(benchmark::State& state, RealText& real)
 {
-    for (auto _ : state)
-        benchmark::DoNotOptimize(real.plainHits());
+    measure(state, [&] { benchmark::DoNotOptimize(real.plainHits()); });
 }
 
 void real_ripgrep(benchmark::State& state, RealText& real)
@@ -76,8 +75,7 @@ void real_ripgrep(benchmark::State& state, RealText& real)
         return;
     }
     checkAnswer(answer == std::to_string(real.scanHits()) + "\n", "real_ripgrep");
-    for (auto _ : state)
-        state.SetIterationTime(runProcess(command).cpuSeconds);
+    measureProgram(state, command);
 }
 
 [[maybe_unused]] const bool registered = [] {

@@ -3,6 +3,7 @@
 
 #include "bench_module.h"
 #include "check.h"
+#include "measured.h"
 #include "process.h"
 #include "tolvo_bible.h"
 
@@ -28,8 +29,7 @@ std::size_t searchHits(const std::string& text, bool wholeWord, bool caseSensiti
 void scan(benchmark::State& state, const char* part, std::size_t expectedHits, bool caseSensitive)
 {
     checkAnswer(searchHits(part, false, caseSensitive) == expectedHits, "scan");
-    for (auto _ : state)
-        benchmark::DoNotOptimize(searchHits(part, false, caseSensitive));
+    measure(state, [&] { benchmark::DoNotOptimize(searchHits(part, false, caseSensitive)); });
 }
 BENCHMARK_CAPTURE(scan, rare, "ZEBOI", CBenchModule::rareHits, false);
 BENCHMARK_CAPTURE(scan, common, "YEA", CBenchModule::commonHits, false);
@@ -54,8 +54,7 @@ void plain_scan(benchmark::State& state, const char* part, std::size_t expectedH
     CBibleText text(module.file("CompactText.bin").c_str(), module.file("CompactPoint.bin").c_str());
     const CBibleStructure structure(module.file("BibleStructure.csv").c_str(), bible().booksCount());
     checkAnswer(plainHits(text, structure, part) == expectedHits, "plain_scan");
-    for (auto _ : state)
-        benchmark::DoNotOptimize(plainHits(text, structure, part));
+    measure(state, [&] { benchmark::DoNotOptimize(plainHits(text, structure, part)); });
 }
 BENCHMARK_CAPTURE(plain_scan, rare, "ZEBOI", CBenchModule::rareHits);
 
@@ -72,8 +71,7 @@ void ripgrep(benchmark::State& state, const char* part, const char* file, std::s
         return;
     }
     checkAnswer(answer == std::to_string(expectedHits) + "\n", "ripgrep");
-    for (auto _ : state)
-        state.SetIterationTime(runProcess(command).cpuSeconds);
+    measureProgram(state, command);
 }
 BENCHMARK_CAPTURE(ripgrep, rare, "ZEBOI", nullptr, CBenchModule::rareHits)->UseManualTime();
 BENCHMARK_CAPTURE(ripgrep, common, "YEA", nullptr, CBenchModule::commonHits)->UseManualTime();
@@ -86,10 +84,11 @@ void read_text_only(benchmark::State& state)
     ut::CInputFile text(module.file("CompactText.bin").c_str());
     ut::CInputFile point(module.file("CompactPoint.bin").c_str());
     std::vector<char> block(CVerseCursor::defaultBlockBytes);
-    for (auto _ : state)
+    measure(state, [&] {
         for (ut::CInputFile* file : {&text, &point})
             for (std::uint64_t offset = 0; offset < file->size(); offset += block.size())
                 benchmark::DoNotOptimize(file->readAt(offset, block.data(), block.size()));
+    });
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size() + point.size()));
 }
 BENCHMARK(read_text_only);
@@ -97,8 +96,7 @@ BENCHMARK(read_text_only);
 void word(benchmark::State& state, const char* text, std::size_t expectedHits)
 {
     checkAnswer(searchHits(text, true, false) == expectedHits, "word");
-    for (auto _ : state)
-        benchmark::DoNotOptimize(searchHits(text, true, false));
+    measure(state, [&] { benchmark::DoNotOptimize(searchHits(text, true, false)); });
 }
 BENCHMARK_CAPTURE(word, hits_300, CBenchModule::rareWord, CBenchModule::rareHits);
 BENCHMARK_CAPTURE(word, hits_20000, CBenchModule::commonWord, CBenchModule::commonHits);
@@ -108,11 +106,11 @@ void read_entry_only(benchmark::State& state, std::size_t hitCount)
 {
     ut::CInputFile conc(CBenchModule::get().file("Conc.bin").c_str());
     std::vector<char> entry(2 + 2 * hitCount);
-    for (auto _ : state) {
+    measure(state, [&] {
         benchmark::DoNotOptimize(conc.readAt(0, entry.data(), entry.size()));
         std::vector<CRef> hits(hitCount, CRef(0, 0, 0, true));
         benchmark::DoNotOptimize(hits.data());
-    }
+    });
 }
 BENCHMARK_CAPTURE(read_entry_only, hits_300, CBenchModule::rareHits);
 BENCHMARK_CAPTURE(read_entry_only, hits_20000, CBenchModule::commonHits);

@@ -3,8 +3,8 @@
 // including the start of the programs.
 
 #include "check.h"
+#include "measured.h"
 #include "process.h"
-#include "ratio_reporter.h"
 #include "temp_folder.h"
 
 #include <benchmark/benchmark.h>
@@ -122,18 +122,6 @@ private:
     std::string m_module;
 };
 
-/// Runs a program repeatedly.
-void run(benchmark::State& state, const Command& command)
-{
-    double peakBytes = 0;
-    for (auto _ : state) {
-        const ProcessEnd end = runProcess(command);
-        state.SetIterationTime(end.cpuSeconds);
-        peakBytes = std::max(peakBytes, end.peakBytes);
-    }
-    state.counters["peak_MB"] = peakBytes / 1e6;
-}
-
 void word_count(benchmark::State& state, const Text& text)
 {
     const Command command{"wc", "-w", text.lines()};
@@ -141,14 +129,14 @@ void word_count(benchmark::State& state, const Text& text)
     const auto count = std::distance(std::istream_iterator<std::string>(words), {});
     const long counted = std::atol(runProcess(command).output.c_str());
     checkAnswer(counted == count, "wc");
-    run(state, command);
+    measureProgram(state, command);
 }
 
 void build(benchmark::State& state, const Text& text)
 {
     const Command arguments{"build", "--quiet", text.lines(), text.built()};
     checkAnswer(text.run(arguments).exitCode == 0 && text.isBuiltRight(), "build");
-    run(state, text.tool(arguments));
+    measureProgram(state, text.tool(arguments));
 }
 
 void check(benchmark::State& state, const Text& text)
@@ -156,21 +144,21 @@ void check(benchmark::State& state, const Text& text)
     const Command arguments{"check", text.module()};
     const ProcessEnd end = text.run(arguments);
     checkAnswer(end.exitCode == 0 && end.output.find(text.module()) != std::string::npos, "check");
-    run(state, text.tool(arguments));
+    measureProgram(state, text.tool(arguments));
 }
 
 void show(benchmark::State& state, const Text& text)
 {
     const Command arguments{"show", text.module(), "John", "3:16"};
     checkAnswer(text.run(arguments).output.find(verse) != std::string::npos, "show");
-    run(state, text.tool(arguments));
+    measureProgram(state, text.tool(arguments));
 }
 
 void diatheke(benchmark::State& state)
 {
     const Command command{"diatheke", "-b", swordName, "-f", "plain", "-k", "John", "3:16"};
     checkAnswer(runProcess(command).output.find(verse) != std::string::npos, "diatheke");
-    run(state, command);
+    measureProgram(state, command);
 }
 
 void mkfastmod(benchmark::State& state, const Text& text, const char* name)
@@ -180,7 +168,7 @@ void mkfastmod(benchmark::State& state, const Text& text, const char* name)
     const Command search = {"diatheke", "-b", name, "-s", "lucene", "-k", "whosoever believeth"};
     checkAnswer(runProcess(text.withSword(search)).output.find("John 3:16") != std::string::npos,
                 "mkfastmod");
-    run(state, command);
+    measureProgram(state, command);
 }
 
 template <typename Function>
@@ -206,14 +194,7 @@ int main(int argc, char** argv)
     add("diatheke", [&](benchmark::State& state) { diatheke(state); });
     add("mkfastmod_marked_up", [&](benchmark::State& state) { mkfastmod(state, text, swordName); });
     add("mkfastmod_plain", [&](benchmark::State& state) { mkfastmod(state, text, plainName); });
-    RatioReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    std::puts("\nRatios of the least processor times");
-    reporter.printRatio("a Bible from verse lines: build / wc -w", "build", "word_count");
-    reporter.printRatio("the text as it is installed: mkfastmod / build", "mkfastmod_marked_up", "build");
-    reporter.printRatio("its verses alone: mkfastmod / build", "mkfastmod_plain", "build");
-    reporter.printRatio("the same module: check / build", "check", "build");
-    reporter.printRatio("one verse: diatheke / show", "diatheke", "show");
+    benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
     return 0;
 }

@@ -10,15 +10,12 @@
 #include "fit_check_box.h"
 #include "list_box.h"
 #include "paint_watch.h"
-#include "process.h"
-#include "ratio_reporter.h"
 #include "tab_bar.h"
+#include "temp_folder.h"
 #include "tolvo_bible.h"
 #include "window_folder.h"
 
-#include <QFile>
-
-#include <filesystem>
+#include <benchmark/benchmark.h>
 
 namespace {
 
@@ -26,6 +23,17 @@ using namespace Kedrin::Tolvo;
 using Watch = PaintWatch<qt3::Application>;
 
 Watch& watch() { return dynamic_cast<Watch&>(*qApp); }
+
+/// Two translations.
+const std::string& windowFolder()
+{
+    static const test_support::TempFolder folder;
+    static const std::string path = [] {
+        writeWindowFolder(folder.path());
+        return folder.path().string();
+    }();
+    return path;
+}
 
 std::string moduleFolder(const char* name) { return windowFolder() + "/modules/bibles/" + name; }
 
@@ -149,57 +157,6 @@ void search_only(benchmark::State& state)
 }
 BENCHMARK(search_only)->Unit(benchmark::kMillisecond);
 
-std::string pageFile()
-{
-    std::string name = windowFolder() + "/page.html";
-    QFile file(QString::fromStdString(name));
-    file.open(QIODevice::WriteOnly);
-    file.write(chapterDocument(CBible(moduleFolder("a")), 0, 0, 0, false).toUtf8());
-    return name;
-}
-
-/// A process from its start until its page is painted.
-void start(benchmark::State& state, const std::vector<std::string>& arguments, bool hasPage)
-{
-    std::vector<std::string> command = {
-        (std::filesystem::read_symlink("/proc/self/exe").parent_path() / "kedrin_start_probe").string()};
-    command.insert(command.end(), arguments.begin(), arguments.end());
-    const std::string characters = std::to_string(form().textBrowser->document()->characterCount()) + "\n";
-    checkAnswer(runProcess(command).output == (hasPage ? characters : "1\n"), "start");
-    for (auto _ : state)
-        state.SetIterationTime(runProcess(command).cpuSeconds);
-}
-
-void registerStarts()
-{
-    const auto add = [](const char* name, const std::vector<std::string>& arguments, bool hasPage) {
-        benchmark::RegisterBenchmark(name,
-                                     [=](benchmark::State& state) {
-                                         switchTo(1);
-                                         form().goToRef(CRef(0, 0, 0));
-                                         start(state, arguments, hasPage);
-                                     })
-            ->UseManualTime()
-            ->Unit(benchmark::kMillisecond);
-    };
-    add("start/window", {"window", windowFolder()}, true);
-    add("start/bare_with_page", {"bare", pageFile()}, true);
-    add("start/bare", {"bare"}, false);
-}
-
-void printRatios(const RatioReporter& reporter)
-{
-    std::puts("\nRatios of the least processor times, each to its painted picture");
-    reporter.printRatio("switch, chapter of 26 verses: window / page alone", "switch_translation/verses_26",
-                        "page_only/verses_26");
-    reporter.printRatio("switch, chapter of 176 verses: window / page alone", "switch_translation/verses_176",
-                        "page_only/verses_176");
-    reporter.printRatio("opening 60,000 words: window / loading and page", "open_translation", "open_only");
-    reporter.printRatio("31,102 hits: window / search alone", "list_hits", "search_only");
-    reporter.printRatio("start: window / bare window with the page", "start/window", "start/bare_with_page");
-    reporter.printRatio("start: window / bare window, empty page", "start/window", "start/bare");
-}
-
 } // namespace
 
 int main(int argc, char** argv)
@@ -209,10 +166,7 @@ int main(int argc, char** argv)
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 1;
-    registerStarts();
-    RatioReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    printRatios(reporter);
+    benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
     return 0;
 }

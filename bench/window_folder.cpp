@@ -1,12 +1,11 @@
 #include "window_folder.h"
 
 #include "bench_module.h"
-#include "temp_folder.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <string>
 
 namespace {
 
@@ -32,25 +31,28 @@ std::string withOtherSigns(std::string records)
     return records;
 }
 
-std::string makeFolder(const test_support::TempFolder& folder)
-{
-    const fs::path module = CBenchModule::get().folder();
-    const fs::path bibles = folder.path() / "modules" / "bibles";
-    fs::create_directories(bibles);
-    fs::create_directory_symlink(module, bibles / "a");
-    fs::copy(module, bibles / "b");
-    std::ofstream(bibles / "b" / "CompactText.bin", std::ios::binary)
-        << withOtherSigns(contentOf(module / "CompactText.bin"));
-    std::ofstream(bibles / "b" / "_Info_.txt") << "Other\n";
-    return folder.path().string();
-}
-
 } // namespace
 
-const std::string& windowFolder()
+void writeWindowFolder(const fs::path& folder)
 {
-    CBenchModule::get(); // must outlive the folder that links to it
-    static const test_support::TempFolder folder;
-    static const std::string path = makeFolder(folder);
-    return path;
+    const fs::path bibles = folder / "modules" / "bibles";
+    fs::create_directories(bibles / "a");
+    const CBenchModule module((bibles / "a").string());
+    fs::copy(bibles / "a", bibles / "b");
+    std::ofstream(bibles / "b" / "CompactText.bin", std::ios::binary)
+        << withOtherSigns(contentOf(bibles / "a" / "CompactText.bin"));
+    std::ofstream(bibles / "b" / "_Info_.txt") << "Other\n";
+}
+
+void writeManyModules(const fs::path& folder, const fs::path& module, unsigned int moduleCount)
+{
+    for (unsigned int i = 0; i < moduleCount; ++i) {
+        const std::string name = "module" + std::to_string(i);
+        const fs::path linked = folder / "modules" / "bibles" / name;
+        fs::create_directories(linked);
+        for (const fs::directory_entry& file : fs::directory_iterator(module))
+            if (file.path().filename() != "_Info_.txt")
+                fs::create_hard_link(file, linked / file.path().filename());
+        std::ofstream(linked / "_Info_.txt") << name << '\n';
+    }
 }

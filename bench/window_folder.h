@@ -1,8 +1,12 @@
 #pragma once
 
-#include <string>
+#include <filesystem>
 
-/// The program's directory with two translations of the size of a complete Bible, created by the first call
-/// and removed when the program ends. "a" is the module that all benchmarks share, "b" the same with other
-/// punctuation at the ends of its verses, so that their pages differ.
-const std::string& windowFolder();
+/// Writes the folder of an application with two translations that differ only in the sign at the end of their
+/// sentences: "." in modules/bibles/a, "!" in modules/bibles/b.
+void writeWindowFolder(const std::filesystem::path& folder);
+
+/// Writes the folder of an application with translations whose files are links to those of one module, except the one
+/// that names them.
+void writeManyModules(const std::filesystem::path& folder, const std::filesystem::path& module,
+                      unsigned int moduleCount);
