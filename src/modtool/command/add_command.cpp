@@ -1,15 +1,13 @@
 #include "add_module.h"
 #include "build.h"
 #include "command.h"
-#include "command_line.h"
+#include "command_options.h"
 #include "commands.h"
 #include "errors.h"
 #include "exit_codes.h"
 #include "messages.h"
 #include "progress.h"
 #include "source_options.h"
-
-#include <CLI/CLI.hpp>
 
 #include <string>
 
@@ -42,7 +40,7 @@ public:
     /// Adds the command and its options to the program's. The object outlives the parsing.
     CAddCommand(CLI::App& program, const ISword& sword);
 
-    bool isChosen() const override { return m_command->parsed(); }
+    bool isChosen() const override { return isParsed(*m_command); }
     int run(const CommandStreams& streams) const override;
 
 private:
@@ -64,13 +62,13 @@ CAddCommand::CAddCommand(CLI::App& program, const ISword& sword)
     : m_command(addCommand(program, "add", "Add a Bible text to your own modules", helpText)),
       m_sword(sword)
 {
-    m_command->add_option("SOURCE", m_source, tr("The text, as build takes it"))->required();
-    m_command->add_option("--as", m_name, tr("Name of the module (default: from the source's name)"))
-        ->type_name("NAME");
-    m_command->add_flag("--first", m_isFirst, tr("List it first, so that the reader opens it first"));
-    m_command->add_flag("--replace", m_mayReplace, tr("Replace the module that has this name"));
+    addOption(*m_command, "SOURCE", m_source, tr("The text, as build takes it")).require();
+    addOption(*m_command, "--as", m_name, tr("Name of the module (default: from the source's name)"))
+        .typeName("NAME");
+    addFlag(*m_command, "--first", m_isFirst, tr("List it first, so that the reader opens it first"));
+    addFlag(*m_command, "--replace", m_mayReplace, tr("Replace the module that has this name"));
     m_options.addTo(*m_command);
-    m_command->add_flag("-q,--quiet", m_quiet, tr("No progress bar and no report"));
+    addFlag(*m_command, "-q,--quiet", m_quiet, tr("No progress bar and no report"));
 }
 
 int CAddCommand::run(const CommandStreams& streams) const
@@ -97,7 +95,7 @@ AddedModule CAddCommand::add(IProgress& progress) const
     options.build.substitute = true;
     options.build.refuseUnfitText = true;
     const SourceBible bible = readSource(m_source, m_options.reading(), m_sword, progress);
-    options.name = m_command->count("--as") != 0 ? m_name : defaultModuleName(m_source, bible.info);
+    options.name = isGiven(*m_command, "--as") ? m_name : defaultModuleName(m_source, bible.info);
     return addModule(bible, options, progress);
 }
 

@@ -1,7 +1,7 @@
 #include "all_sword.h"
 #include "build.h"
 #include "command.h"
-#include "command_line.h"
+#include "command_options.h"
 #include "commands.h"
 #include "errors.h"
 #include "exit_codes.h"
@@ -10,8 +10,6 @@
 #include "program.h"
 #include "progress.h"
 #include "source_options.h"
-
-#include <CLI/CLI.hpp>
 
 #include <sstream>
 #include <string>
@@ -69,25 +67,23 @@ CBuildCommand::CBuildCommand(CLI::App& program, const ISword& sword)
                            helpText)),
       m_sword(sword)
 {
-    m_command->add_option(
-        "SOURCE", m_source,
-        tr("sword:NAME for an installed SWORD Bible; a file in any format of --from, - for standard "
-           "input; a zip archive of one; or a "
-           "folder of USFM, USX or JSON files or of plain lines"));
-    m_command->add_option("MODULE-FOLDER", m_folder,
-                          tr("The module's folder, created or replaced as a "
-                             "whole"));
-    m_command
-        ->add_option("--all-sword", m_allSwordDirectory,
-                     tr("Build a module from every installed SWORD Bible, each in its own subfolder"))
-        ->type_name("DIR");
-    m_command->add_flag("--substitute", m_substitute, tr("Replace characters that Windows-1251 lacks"));
+    addOption(*m_command, "SOURCE", m_source,
+              tr("sword:NAME for an installed SWORD Bible; a file in any format of --from, - for standard "
+                 "input; a zip archive of one; or a "
+                 "folder of USFM, USX or JSON files or of plain lines"));
+    addOption(*m_command, "MODULE-FOLDER", m_folder,
+              tr("The module's folder, created or replaced as a "
+                 "whole"));
+    addOption(*m_command, "--all-sword", m_allSwordDirectory,
+              tr("Build a module from every installed SWORD Bible, each in its own subfolder"))
+        .typeName("DIR");
+    addFlag(*m_command, "--substitute", m_substitute, tr("Replace characters that Windows-1251 lacks"));
     m_options.addTo(*m_command);
-    m_command->add_flag("-v,--verbose", m_verbose, tr("Report where the source's letters and digits went"));
-    m_command->add_flag("-q,--quiet", m_quiet, tr("No progress bar and no report"));
+    addFlag(*m_command, "-v,--verbose", m_verbose, tr("Report where the source's letters and digits went"));
+    addFlag(*m_command, "-q,--quiet", m_quiet, tr("No progress bar and no report"));
 }
 
-bool CBuildCommand::isChosen() const { return m_command->parsed(); }
+bool CBuildCommand::isChosen() const { return isParsed(*m_command); }
 
 std::string CBuildCommand::usageError() const
 {

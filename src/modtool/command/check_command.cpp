@@ -2,7 +2,7 @@
 #include "command.h"
 #include "commands.h"
 
-#include "command_line.h"
+#include "command_options.h"
 #include "errors.h"
 #include "exit_codes.h"
 #include "installed_modules.h"
@@ -12,8 +12,6 @@
 #include "progress.h"
 #include "tolvo_bible/folder_name.h"
 #include "usage_message.h"
-
-#include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <string>
@@ -81,26 +79,24 @@ CCheckCommand::CCheckCommand(CLI::App& program)
     : m_command(addCommand(program, "check", "Check a module, or all modules in a directory", helpText)),
       m_maxPositions(defaultMaxPositions)
 {
-    m_command->add_option("MODULE", m_path, tr("A module's folder, or a folder of modules"));
-    m_command->add_flag("--list", m_list, tr("List the checks and check nothing"));
-    m_command->add_flag("--json", m_json, tr("Print the report as JSON"));
-    m_command->add_flag("--strict", m_strict, tr("Count warnings as defects"));
-    m_command
-        ->add_option("--places", m_maxPositions,
-                     tr("How many positions to list for each finding "
-                        "(default: 5)"))
-        ->check(CLI::Range(std::size_t(0), mostMaxPositions))
-        ->option_text("N");
-    m_command
-        ->add_option("--only", m_only, tr("Report only what this check finds; may be given several times"))
-        ->type_name("NAME")
-        ->allow_extra_args(false);
-    m_command
-        ->add_option("--ignore", m_ignored,
-                     tr("Do not report what this check finds; may be given several times"))
-        ->type_name("NAME")
-        ->allow_extra_args(false);
-    m_command->add_flag("-q,--quiet", m_quiet, tr("No progress bar and no report, only the exit code"));
+    addOption(*m_command, "MODULE", m_path, tr("A module's folder, or a folder of modules"));
+    addFlag(*m_command, "--list", m_list, tr("List the checks and check nothing"));
+    addFlag(*m_command, "--json", m_json, tr("Print the report as JSON"));
+    addFlag(*m_command, "--strict", m_strict, tr("Count warnings as defects"));
+    addOption(*m_command, "--places", m_maxPositions,
+              tr("How many positions to list for each finding "
+                 "(default: 5)"))
+        .range(0, mostMaxPositions)
+        .text("N");
+    addOption(*m_command, "--only", m_only,
+              tr("Report only what this check finds; may be given several times"))
+        .typeName("NAME")
+        .takeOneEach();
+    addOption(*m_command, "--ignore", m_ignored,
+              tr("Do not report what this check finds; may be given several times"))
+        .typeName("NAME")
+        .takeOneEach();
+    addFlag(*m_command, "-q,--quiet", m_quiet, tr("No progress bar and no report, only the exit code"));
 }
 
 namespace {
@@ -117,7 +113,7 @@ std::string unknownCheck(const std::string& name)
 
 } // namespace
 
-bool CCheckCommand::isChosen() const { return m_command->parsed(); }
+bool CCheckCommand::isChosen() const { return isParsed(*m_command); }
 
 std::string CCheckCommand::usageError() const
 {

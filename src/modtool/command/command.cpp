@@ -1,9 +1,8 @@
 #include "command.h"
 
+#include "command_options.h"
 #include "errors.h"
 #include "exit_codes.h"
-
-#include <CLI/CLI.hpp>
 
 namespace Kedrin::ModTool {
 
@@ -13,7 +12,7 @@ int sayFailure(std::ostream& err, const std::exception& failure)
     return dynamic_cast<const CPartMissing*>(&failure) ? exitTrouble : exitFailed;
 }
 
-bool CQueryCommand::isChosen() const { return m_command->parsed(); }
+bool CQueryCommand::isChosen() const { return isParsed(*m_command); }
 
 int CQueryCommand::run(const CommandStreams& streams) const
 {

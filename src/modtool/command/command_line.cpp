@@ -55,14 +55,17 @@ std::vector<std::string> withoutHelpCommand(int argc, const char* const* argv)
 
 } // namespace
 
-CProgramParser::CProgramParser()
-    : CLI::App(tr("Prepares Bible modules for the Kedrin reader"), "kedrin-module")
+void ParserDeleter::operator()(CLI::App* parser) const { delete parser; }
+
+ProgramParser makeProgramParser()
 {
-    formatter(std::make_shared<CHelpFormatter>());
-    set_help_flag("-h,--help", tr("Print this help message and exit"));
-    set_version_flag("--version", "kedrin-module " KEDRIN_VERSION, tr("Print the version and exit"));
-    footer(tr("kedrin-module help COMMAND explains a command."));
-    require_subcommand(1);
+    ProgramParser parser(new CLI::App(tr("Prepares Bible modules for the Kedrin reader"), "kedrin-module"));
+    parser->formatter(std::make_shared<CHelpFormatter>());
+    parser->set_help_flag("-h,--help", tr("Print this help message and exit"));
+    parser->set_version_flag("--version", "kedrin-module " KEDRIN_VERSION, tr("Print the version and exit"));
+    parser->footer(tr("kedrin-module help COMMAND explains a command."));
+    parser->require_subcommand(1);
+    return parser;
 }
 
 namespace {
@@ -101,14 +104,6 @@ int runCommandLine(CLI::App& parser, std::span<const std::unique_ptr<ICommand>> 
         return result;
     sayError(streams.err, tr("the output cannot be written"));
     return exitTrouble;
-}
-
-CLI::App* addCommand(CLI::App& program, const char* name, const char* description, const char* helpText)
-{
-    CLI::App* command = program.add_subcommand(name, tr(description));
-    command->group(tr("Subcommands"));
-    command->footer(tr(helpText));
-    return command;
 }
 
 } // namespace Kedrin::ModTool

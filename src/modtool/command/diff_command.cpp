@@ -2,14 +2,12 @@
 
 #include "build_report.h"
 #include "command.h"
-#include "command_line.h"
+#include "command_options.h"
 #include "exit_codes.h"
 #include "installed_modules.h"
 #include "messages.h"
 #include "stored_markup.h"
 #include "verse_alignment.h"
-
-#include <CLI/CLI.hpp>
 
 #include <string>
 
@@ -126,9 +124,9 @@ private:
 CDiffCommand::CDiffCommand(CLI::App& program)
     : CQueryCommand(addCommand(program, "diff", "Show the verses in which two modules differ", helpText))
 {
-    m_command->add_option("MODULE", m_first, tr("The first module's folder"))->required();
-    m_command->add_option("OTHER", m_second, tr("The second module's folder"))->required();
-    m_command->add_flag("--count", m_count, tr("Show only how many verses differ"));
+    addOption(*m_command, "MODULE", m_first, tr("The first module's folder")).require();
+    addOption(*m_command, "OTHER", m_second, tr("The second module's folder")).require();
+    addFlag(*m_command, "--count", m_count, tr("Show only how many verses differ"));
 }
 
 int CDiffCommand::answer(std::ostream& out) const

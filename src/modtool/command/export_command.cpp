@@ -1,7 +1,7 @@
 #include "commands.h"
 
 #include "command.h"
-#include "command_line.h"
+#include "command_options.h"
 #include "durable_file.h"
 #include "errors.h"
 #include "exit_codes.h"
@@ -10,8 +10,6 @@
 #include "module_export.h"
 #include "osis_writer.h"
 #include "verse_lines_writer.h"
-
-#include <CLI/CLI.hpp>
 
 #include <string>
 
@@ -55,13 +53,13 @@ private:
 CExportCommand::CExportCommand(CLI::App& program)
     : CQueryCommand(addCommand(program, "export", "Export a module to a file that build can read", helpText))
 {
-    m_command->add_option("MODULE", m_module, tr("The module's folder, or its name as list shows it"))
-        ->required();
-    m_command->add_option("FILE", m_file, tr("The file to write (default: standard output)"));
-    m_command->add_option("--to", m_format, tr("Format of the file"))
-        ->required()
-        ->check(CLI::IsMember({verseLines, osis}))
-        ->option_text("verse-lines|osis");
+    addOption(*m_command, "MODULE", m_module, tr("The module's folder, or its name as list shows it"))
+        .require();
+    addOption(*m_command, "FILE", m_file, tr("The file to write (default: standard output)"));
+    addOption(*m_command, "--to", m_format, tr("Format of the file"))
+        .require()
+        .oneOf({verseLines, osis})
+        .text("verse-lines|osis");
 }
 
 int CExportCommand::answer(std::ostream& out) const

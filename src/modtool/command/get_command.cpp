@@ -1,7 +1,7 @@
 #include "add_module.h"
 #include "ascii.h"
 #include "command.h"
-#include "command_line.h"
+#include "command_options.h"
 #include "commands.h"
 #include "errors.h"
 #include "exit_codes.h"
@@ -9,8 +9,6 @@
 #include "messages.h"
 #include "progress.h"
 #include "repository_output.h"
-
-#include <CLI/CLI.hpp>
 
 #include <unistd.h>
 
@@ -50,7 +48,7 @@ class CGetCommand final : public ICommand
 public:
     CGetCommand(CLI::App& program, const ISword& sword);
 
-    bool isChosen() const override { return m_command->parsed(); }
+    bool isChosen() const override { return isParsed(*m_command); }
     std::string usageError() const override;
     int run(const CommandStreams& streams) const override;
 
@@ -92,36 +90,34 @@ CGetCommand::CGetCommand(CLI::App& program, const ISword& sword)
     : m_command(addCommand(program, "get", "List and add the Bibles of a SWORD repository", helpText)),
       m_sword(sword)
 {
-    m_command->add_option("NAME", m_text, tr("The Bible's name, as --list shows it"));
-    m_command->add_flag("--list", m_list, tr("List the Bibles that are offered"));
-    m_command->add_option("--language", m_language, tr("List only those in this language (bg, en, ...)"))
-        ->type_name("CODE");
-    m_command
-        ->add_option(
-            "--repository", m_repositories,
-            tr("A known repository's name, an address, or a folder (default: all known ones); may be "
-               "given several times"))
-        ->type_name("REPOSITORY")
-        ->allow_extra_args(false);
-    m_command->add_option("--as", m_name, tr("Name of the module (default: from the source's name)"))
-        ->type_name("NAME");
-    m_command->add_flag("--first", m_isFirst, tr("List it first, so that the reader opens it first"));
-    m_command->add_flag("--replace", m_mayReplace, tr("Replace the module that has this name"));
-    m_command->add_flag("--yes", m_mayUseNetwork, tr("Use the network without asking"));
-    m_command->add_flag("--json", m_json, tr("Print the answer as JSON"));
-    m_command->add_flag("-q,--quiet", m_quiet, tr("No progress bar and no report"));
+    addOption(*m_command, "NAME", m_text, tr("The Bible's name, as --list shows it"));
+    addFlag(*m_command, "--list", m_list, tr("List the Bibles that are offered"));
+    addOption(*m_command, "--language", m_language, tr("List only those in this language (bg, en, ...)"))
+        .typeName("CODE");
+    addOption(*m_command, "--repository", m_repositories,
+              tr("A known repository's name, an address, or a folder (default: all known ones); may be "
+                 "given several times"))
+        .typeName("REPOSITORY")
+        .takeOneEach();
+    addOption(*m_command, "--as", m_name, tr("Name of the module (default: from the source's name)"))
+        .typeName("NAME");
+    addFlag(*m_command, "--first", m_isFirst, tr("List it first, so that the reader opens it first"));
+    addFlag(*m_command, "--replace", m_mayReplace, tr("Replace the module that has this name"));
+    addFlag(*m_command, "--yes", m_mayUseNetwork, tr("Use the network without asking"));
+    addFlag(*m_command, "--json", m_json, tr("Print the answer as JSON"));
+    addFlag(*m_command, "-q,--quiet", m_quiet, tr("No progress bar and no report"));
 }
 
 std::string CGetCommand::usageError() const
 {
-    const bool isAdding = m_command->count("NAME") != 0;
+    const bool isAdding = isGiven(*m_command, "NAME");
     if (isAdding && m_list)
         return tr("get takes NAME or --list, but not both");
     if (isAdding && m_json)
         return tr("get takes NAME or --json, but not both");
     if (!isAdding && m_quiet)
         return tr("--quiet requires NAME");
-    const bool describesModule = m_command->count("--as") != 0 || m_isFirst || m_mayReplace;
+    const bool describesModule = isGiven(*m_command, "--as") || m_isFirst || m_mayReplace;
     if (!isAdding && describesModule)
         return tr("--as, --first and --replace require NAME");
     if (!m_list && !m_language.empty())

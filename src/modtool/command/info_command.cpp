@@ -2,15 +2,13 @@
 
 #include "build_report.h"
 #include "command.h"
-#include "command_line.h"
+#include "command_options.h"
 #include "exit_codes.h"
 #include "installed_modules.h"
 #include "language.h"
 #include "messages.h"
 #include "module_facts.h"
 #include "query_json.h"
-
-#include <CLI/CLI.hpp>
 
 #include <string>
 
@@ -107,11 +105,11 @@ private:
 CInfoCommand::CInfoCommand(CLI::App& program)
     : CQueryCommand(addCommand(program, "info", "Show a module's metadata and contents", helpText))
 {
-    m_command->add_option("MODULE", m_module, tr("The module's folder, or its name as list shows it"))
-        ->required();
-    auto* json = m_command->add_flag("--json", m_json, tr("Print the answer as JSON"));
-    m_command->add_flag("--empty-verses", m_emptyVerses, tr("List only the verses without text"))
-        ->excludes(json);
+    addOption(*m_command, "MODULE", m_module, tr("The module's folder, or its name as list shows it"))
+        .require();
+    const COption json = addFlag(*m_command, "--json", m_json, tr("Print the answer as JSON"));
+    addFlag(*m_command, "--empty-verses", m_emptyVerses, tr("List only the verses without text"))
+        .excludes(json);
 }
 
 int CInfoCommand::answer(std::ostream& out) const

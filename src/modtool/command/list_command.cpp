@@ -1,5 +1,5 @@
 #include "command.h"
-#include "command_line.h"
+#include "command_options.h"
 #include "commands.h"
 #include "exit_codes.h"
 #include "installed_modules.h"
@@ -11,8 +11,6 @@
 #include "stored_markup.h"
 #include "text_columns.h"
 #include "tolvo_bible/bible_info.h"
-
-#include <CLI/CLI.hpp>
 
 #include <algorithm>
 
@@ -71,7 +69,7 @@ public:
     explicit CListCommand(CLI::App& program)
         : CQueryCommand(addCommand(program, "list", "List the installed modules", helpText))
     {
-        m_command->add_flag("--json", m_json, tr("Print the answer as JSON"));
+        addFlag(*m_command, "--json", m_json, tr("Print the answer as JSON"));
     }
 
 private:

@@ -14,15 +14,15 @@ namespace Kedrin::ModTool {
 int runProgram(int argc, const char* const* argv, const ISword& sword, std::ostream& out, std::ostream& err,
                std::ostream* terminal)
 {
-    CProgramParser parser;
+    const ProgramParser parser = makeProgramParser();
     std::vector<std::unique_ptr<ICommand>> commands;
     for (const auto make : {makeBuildCommand, makeAddCommand, makeGetCommand})
-        commands.push_back(make(parser, sword));
+        commands.push_back(make(*parser, sword));
     for (const auto make : {makeCheckCommand, makeExportCommand})
-        commands.push_back(make(parser));
-    for (auto& command : makeQueryCommands(parser, makeRegexMatcher))
+        commands.push_back(make(*parser));
+    for (auto& command : makeQueryCommands(*parser, makeRegexMatcher))
         commands.push_back(std::move(command));
-    return runCommandLine(parser, commands, argc, argv, {out, err, terminal});
+    return runCommandLine(*parser, commands, argc, argv, {out, err, terminal});
 }
 
 int runProgram(int argc, const char* const* argv, const ISword& sword)

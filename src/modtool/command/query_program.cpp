@@ -28,9 +28,9 @@ std::vector<std::unique_ptr<ICommand>> makeQueryCommands(CLI::App& program, Rege
 
 int runQueryProgram(int argc, const char* const* argv, std::ostream& out, std::ostream& err)
 {
-    CProgramParser parser;
-    const auto commands = makeQueryCommands(parser, nullptr);
-    return runCommandLine(parser, commands, argc, argv, {out, err, nullptr});
+    const ProgramParser parser = makeProgramParser();
+    const auto commands = makeQueryCommands(*parser, nullptr);
+    return runCommandLine(*parser, commands, argc, argv, {out, err, nullptr});
 }
 
 } // namespace Kedrin::ModTool

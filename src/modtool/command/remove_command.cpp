@@ -1,11 +1,9 @@
 #include "command.h"
-#include "command_line.h"
+#include "command_options.h"
 #include "commands.h"
 #include "exit_codes.h"
 #include "installed_modules.h"
 #include "messages.h"
-
-#include <CLI/CLI.hpp>
 
 namespace Kedrin::ModTool {
 
@@ -29,7 +27,7 @@ public:
     explicit CRemoveCommand(CLI::App& program)
         : CQueryCommand(addCommand(program, "remove", "Remove one of your own modules", helpText))
     {
-        m_command->add_option("NAME", m_name, tr("The module's name, as list gives it"))->required();
+        addOption(*m_command, "NAME", m_name, tr("The module's name, as list gives it")).require();
     }
 
 private:

@@ -2,7 +2,7 @@
 
 #include "ascii.h"
 #include "command.h"
-#include "command_line.h"
+#include "command_options.h"
 #include "exit_codes.h"
 #include "help_formatter.h"
 #include "installed_modules.h"
@@ -15,8 +15,6 @@
 #include "search_text.h"
 #include "text_columns.h"
 #include "verse_output.h"
-
-#include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <limits>
@@ -96,41 +94,39 @@ CSearchCommand::CSearchCommand(CLI::App& program, RegexMaker makeRegex)
     : CQueryCommand(addCommand(program, "search", "Search a module for text", helpText)),
       m_makeRegex(makeRegex)
 {
-    m_command->add_option("MODULE", m_module, tr("The module's folder, or its name as list shows it"))
-        ->required();
-    m_command->add_option("TEXT", m_text, tr("Text to search for; several words are one text"))
-        ->type_name("");
+    addOption(*m_command, "MODULE", m_module, tr("The module's folder, or its name as list shows it"))
+        .require();
+    addOption(*m_command, "TEXT", m_text, tr("Text to search for; several words are one text")).typeName("");
     addMatchingOptions();
     addOutputOptions();
 }
 
 void CSearchCommand::addMatchingOptions()
 {
-    auto* wholeWord =
-        m_command->add_flag("--whole-word", m_wholeWord, tr("Match whole words only, in any case"));
-    m_command->add_flag("--part", m_part, tr("Match inside words too (default)"))->excludes(wholeWord);
-    auto* allWords = m_command->add_flag("--all-words", m_allWords,
-                                         tr("Find verses with all the words, in any order, not one text"));
-    m_command->add_flag("--regex", m_regex, tr("TEXT is a regular expression"))
-        ->excludes(wholeWord)
-        ->excludes(allWords);
-    m_command->add_flag("--case", m_case, tr("Match case"));
-    m_command->add_option("--range", m_range, tr("Search only these passages, given as for show"))
-        ->type_name("REFERENCE");
+    const COption wholeWord =
+        addFlag(*m_command, "--whole-word", m_wholeWord, tr("Match whole words only, in any case"));
+    addFlag(*m_command, "--part", m_part, tr("Match inside words too (default)")).excludes(wholeWord);
+    const COption allWords = addFlag(*m_command, "--all-words", m_allWords,
+                                     tr("Find verses with all the words, in any order, not one text"));
+    addFlag(*m_command, "--regex", m_regex, tr("TEXT is a regular expression"))
+        .excludes(wholeWord)
+        .excludes(allWords);
+    addFlag(*m_command, "--case", m_case, tr("Match case"));
+    addOption(*m_command, "--range", m_range, tr("Search only these passages, given as for show"))
+        .typeName("REFERENCE");
 }
 
 void CSearchCommand::addOutputOptions()
 {
-    m_command->add_option("--limit", m_limit, tr("Show at most this many verses"))
-        ->check(CLI::Range(std::size_t(1), std::size_t(1000000)))
-        ->option_text("N");
-    m_command->add_flag("--count", m_count, tr("Show only the number of verses found"));
-    m_command->add_flag("--json", m_json, tr("Print the answer as JSON"));
-    m_command
-        ->add_option("--color", m_colour,
-                     tr("Highlight what is found (auto: on a terminal, unless NO_COLOR is set)"))
-        ->check(CLI::IsMember({"auto", "always", "never"}))
-        ->option_text("auto|always|never");
+    addOption(*m_command, "--limit", m_limit, tr("Show at most this many verses"))
+        .range(1, 1000000)
+        .text("N");
+    addFlag(*m_command, "--count", m_count, tr("Show only the number of verses found"));
+    addFlag(*m_command, "--json", m_json, tr("Print the answer as JSON"));
+    addOption(*m_command, "--color", m_colour,
+              tr("Highlight what is found (auto: on a terminal, unless NO_COLOR is set)"))
+        .oneOf({"auto", "always", "never"})
+        .text("auto|always|never");
 }
 
 std::string CSearchCommand::usageError() const

@@ -2,7 +2,7 @@
 
 #include "ascii.h"
 #include "command.h"
-#include "command_line.h"
+#include "command_options.h"
 #include "exit_codes.h"
 #include "help_formatter.h"
 #include "installed_modules.h"
@@ -14,8 +14,6 @@
 #include "text_columns.h"
 #include "verse_alignment.h"
 #include "verse_output.h"
-
-#include <CLI/CLI.hpp>
 
 #include <memory>
 #include <string>
@@ -126,21 +124,21 @@ CShowCommand::CShowCommand(CLI::App& program)
     : CQueryCommand(
           addCommand(program, "show", "Show verses of a module, or of several side by side", helpText))
 {
-    m_command->add_option("MODULE", m_module, tr("The module's folder, or its name as list shows it"))
-        ->required();
-    m_command
-        ->add_option("REFERENCE", m_reference, tr("Book, chapter or verses: John 3:16, Gen 1:1-5, Ps 119"))
-        ->type_name("");
-    m_command
-        ->add_option("--with", m_others, tr("Another module to show beside it; may be given several times"))
-        ->type_name("MODULE")
-        ->allow_extra_args(false);
-    m_command->add_option("--format", m_format, tr("How to write the verses"))
-        ->check(CLI::IsMember({"text", "markdown", "html", "json"}))
-        ->option_text("text|markdown|html|json");
-    m_command->add_option("--width", m_width, tr("Width of a line in columns (default: the terminal's)"))
-        ->check(CLI::Range(20, 1000))
-        ->option_text("N");
+    addOption(*m_command, "MODULE", m_module, tr("The module's folder, or its name as list shows it"))
+        .require();
+    addOption(*m_command, "REFERENCE", m_reference,
+              tr("Book, chapter or verses: John 3:16, Gen 1:1-5, Ps 119"))
+        .typeName("");
+    addOption(*m_command, "--with", m_others,
+              tr("Another module to show beside it; may be given several times"))
+        .typeName("MODULE")
+        .takeOneEach();
+    addOption(*m_command, "--format", m_format, tr("How to write the verses"))
+        .oneOf({"text", "markdown", "html", "json"})
+        .text("text|markdown|html|json");
+    addOption(*m_command, "--width", m_width, tr("Width of a line in columns (default: the terminal's)"))
+        .range(20, 1000)
+        .text("N");
 }
 
 std::string CShowCommand::usageError() const

@@ -1,10 +1,9 @@
 #include "source_options.h"
 
 #include "ascii.h"
+#include "command_options.h"
 #include "messages.h"
 #include "text_input.h"
-
-#include <CLI/CLI.hpp>
 
 #include <map>
 #include <sstream>
@@ -20,13 +19,14 @@ template <typename Value, typename Chosen>
 void addChoice(CLI::App& command, const char* name, const char* words,
                const std::map<std::string, Value>& values, Chosen& chosen, const char* description)
 {
-    const auto choose = [&chosen, values, name, words](const std::string& word) {
+    const auto choose = [&chosen, values, words](const std::string& word) -> std::string {
         const auto found = values.find(word);
         if (found == values.end())
-            throw CLI::ValidationError(name, message("\"%s\" is not one of %s", word, words));
+            return message("\"%s\" is not one of %s", word, words);
         chosen = found->second;
+        return "";
     };
-    command.add_option_function<std::string>(name, choose, description)->option_text(words);
+    addOption(command, name, choose, description).text(words);
 }
 
 std::vector<std::string> paragraphsOf(const std::string& fileName)
@@ -43,15 +43,14 @@ std::vector<std::string> paragraphsOf(const std::string& fileName)
 
 void CSourceOptions::addTo(CLI::App& command)
 {
-    command.add_option("--title", m_building.fullTitle, tr("Full title"));
-    command.add_option("--short", m_building.shortTitle, tr("Short title"));
-    command.add_option("--abbr", m_building.abbreviatedTitle, tr("Abbreviated title"));
-    command
-        .add_option("--versification", m_building.versification,
-                    tr("Versification of the source, by its SWORD name"))
-        ->type_name("NAME");
-    command.add_flag("--skip-unknown", m_reading.skipUnknownBooks,
-                     tr("Leave out books that are not known, instead of rejecting the text"));
+    addOption(command, "--title", m_building.fullTitle, tr("Full title"));
+    addOption(command, "--short", m_building.shortTitle, tr("Short title"));
+    addOption(command, "--abbr", m_building.abbreviatedTitle, tr("Abbreviated title"));
+    addOption(command, "--versification", m_building.versification,
+              tr("Versification of the source, by its SWORD name"))
+        .typeName("NAME");
+    addFlag(command, "--skip-unknown", m_reading.skipUnknownBooks,
+            tr("Leave out books that are not known, instead of rejecting the text"));
     addReadingOptions(command);
 }
 
@@ -77,22 +76,20 @@ void CSourceOptions::addReadingOptions(CLI::App& command)
     addChoice(command, "--from",
               "beblia|ces|json|opensong|osis|sqlite|usfm|usfx|usx|yaml|zefania|plain-lines|verse-lines",
               formats, m_reading.format, tr("Format of the source, if it is detected wrongly"));
-    command
-        .add_option("--encoding", m_reading.encoding,
-                    tr("Encoding of the source, if it does not "
-                       "state one"))
-        ->type_name("NAME");
-    command.add_option("--book", m_reading.book, tr("Book of a plain text that does not name its own"))
-        ->type_name("NAME");
+    addOption(command, "--encoding", m_reading.encoding,
+              tr("Encoding of the source, if it does not "
+                 "state one"))
+        .typeName("NAME");
+    addOption(command, "--book", m_reading.book, tr("Book of a plain text that does not name its own"))
+        .typeName("NAME");
     addChoice(command, "--book-order", "source|protestant|orthodox", orders, m_reading.order,
               tr("Order of the books"));
     addChoice(command, "--titles", "bg|source", titles, m_building.sourceTitles,
               tr("Titles of the books: Bulgarian, or the source's own"));
-    command
-        .add_option("--copyright", m_copyrightFile,
-                    tr("Text file with the copyright notice, one "
-                       "paragraph per line"))
-        ->type_name("FILE");
+    addOption(command, "--copyright", m_copyrightFile,
+              tr("Text file with the copyright notice, one "
+                 "paragraph per line"))
+        .typeName("FILE");
 }
 
 bool CSourceOptions::areGiven() const

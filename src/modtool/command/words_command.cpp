@@ -1,15 +1,13 @@
 #include "commands.h"
 
 #include "command.h"
-#include "command_line.h"
+#include "command_options.h"
 #include "exit_codes.h"
 #include "installed_modules.h"
 #include "messages.h"
 #include "module_words.h"
 #include "search_text.h"
 #include "stored_markup.h"
-
-#include <CLI/CLI.hpp>
 
 #include <string>
 
@@ -47,10 +45,10 @@ private:
 CWordsCommand::CWordsCommand(CLI::App& program)
     : CQueryCommand(addCommand(program, "words", "List the words of a module", helpText))
 {
-    m_command->add_option("MODULE", m_module, tr("The module's folder, or its name as list shows it"))
-        ->required();
-    m_command->add_option("PREFIX", m_prefix, tr("List only words that start with this, in any case"));
-    m_command->add_flag("--counts", m_counts, tr("Add the number of verses that contain the word"));
+    addOption(*m_command, "MODULE", m_module, tr("The module's folder, or its name as list shows it"))
+        .require();
+    addOption(*m_command, "PREFIX", m_prefix, tr("List only words that start with this, in any case"));
+    addFlag(*m_command, "--counts", m_counts, tr("Add the number of verses that contain the word"));
 }
 
 int CWordsCommand::answer(std::ostream& out) const
