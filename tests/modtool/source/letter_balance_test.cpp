@@ -275,6 +275,11 @@ TEST(LetterProofs, FindALetterOfXmlThatWasDropped)
     });
 }
 
+TEST(LetterProofs, FindNoneInATextThatIsNotJson)
+{
+    EXPECT_EQ(proveJsonLetters("f", std::string("words, but no JSON"), ""), 0u);
+}
+
 TEST(LetterProofs, FindALetterOfJsonThatWasDropped)
 {
     CJsonMaker maker(7);
