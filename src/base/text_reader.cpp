@@ -32,10 +32,8 @@ template <typename Number>
 std::optional<Number> CNumberReader::next()
 {
     const std::size_t start = m_rest.find_first_not_of(" \t\n\v\f\r");
-    if (m_failed || start == std::string_view::npos) {
-        m_failed = true;
+    if (m_failed || start == std::string_view::npos)
         return std::nullopt;
-    }
     m_rest.remove_prefix(start);
     std::string_view digits = m_rest;
     if (digits.starts_with('+')) {
