@@ -95,7 +95,7 @@ class Choice(unittest.TestCase):
 class Copy(unittest.TestCase):
     def test_is_changed_and_restored_and_the_project_never(self):
         with tempfile.TemporaryDirectory() as folder:
-            project, copy = pathlib.Path(folder, "project"), pathlib.Path(folder, "w", "source")
+            project, copy = pathlib.Path(folder, "project"), pathlib.Path(folder, "w", "copy")
             for parent in (project, copy):
                 parent.mkdir(parents=True)
                 (parent / "x.cpp").write_text("a = b < c;\n")

@@ -11,7 +11,6 @@ ends it without any loss but that of the folder being measured.
 
 import argparse
 import json
-import os
 import pathlib
 import random
 import signal
@@ -38,7 +37,6 @@ def main():
     unknown = set(options.folders) - set(steps.FOLDERS)
     if unknown:
         parser.error(f"no folder of src: {' '.join(sorted(unknown))}")
-    os.nice(19)
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
     FOLDER.mkdir(parents=True, exist_ok=True)
     tree = workspace.Workspace(PROJECT, FOLDER, options.jobs)

@@ -6,7 +6,6 @@ import shutil
 import subprocess
 import time
 
-BUILD_TYPE = ["-DCMAKE_BUILD_TYPE=Debug", "-DCMAKE_CXX_FLAGS_DEBUG=-O1 -g1", "-DCMAKE_CXX_COMPILER=g++"]
 # Where an endless loop reserves memory until it ends.
 MEMORY_KIB = 8 * 1024 * 1024
 
@@ -17,8 +16,8 @@ class Workspace:
 
     def __init__(self, project, folder, jobs):
         self.project = pathlib.Path(project)
-        self.source = pathlib.Path(folder) / "source"
-        self.build = pathlib.Path(folder) / "build"
+        self.source = pathlib.Path(folder) / "copy"
+        self.build = self.source / "build" / "dev"  # as in the project, so that ccache knows the unchanged sources
         self.jobs = jobs
         self.changed = None
 
@@ -33,10 +32,10 @@ class Workspace:
             if not copy.exists() or copy.read_bytes() != original.read_bytes():
                 copy.parent.mkdir(parents=True, exist_ok=True)
                 shutil.copy(original, copy)
-        for copy in [path for path in self.source.rglob("*") if path.is_file()]:
+        for copy in [path for path in self.source.rglob("*") if path.is_file() and self.build not in path.parents]:
             if str(copy.relative_to(self.source)) not in names:
                 copy.unlink()
-        subprocess.run(["cmake", "-G", "Ninja", "-S", self.source, "-B", self.build, *BUILD_TYPE], check=True,
+        subprocess.run(["cmake", "--preset", "dev", "-DKEDRIN_STYLE=OFF"], cwd=self.source, check=True,
                        stdout=subprocess.DEVNULL)
 
     def change(self, mutant):
