@@ -1,0 +1,105 @@
+#!/usr/bin/env python3
+"""The section of doc/quality.md on coverage.
+
+    tests/coverage/report.py GCOVR.json NOTE [FOLDER...]
+
+prints the lines that no test reached, and writes doc/quality/coverage.md from what gcovr counted in the FOLDERs of src. NOTE
+says which tests ran. Rows of explained.tsv (a file, a piece of a line or * for every one, the reason) stand for lines that
+cannot be counted; they are left out of the comparison with the goals. Ends with 1 if there is no such line that was not
+reached, or if a goal is missed.
+"""
+
+import json
+import pathlib
+import sys
+
+PROJECT = pathlib.Path(__file__).resolve().parents[2]
+EXPLAINED = pathlib.Path(__file__).with_name("explained.tsv")
+# Percent of lines and of branches.
+GOALS = {"base": (98, 90), "tolvo": (98, 90), "qt3": (98, 90), "window": (98, 90), "modtool": (95, None), "add": (None, None)}
+HEADING = """## Coverage
+
+`scripts/coverage.sh` builds without optimisation and with counters, runs the tests, and lets gcovr count. A branch is one
+that the source has: what exceptions thrown in a called function add is left out. A process that a test ends by a signal or
+by `_exit()` writes no counters, so what only it reaches counts as not reached.
+
+{note}
+
+| `src/` | Lines | Goal | Branches | Goal | Lines not reached | of these explained |
+|---|---|---|---|---|---|---|
+"""
+
+
+def main(counted, note, folders):
+    files = {file["file"]: file for file in json.loads(pathlib.Path(counted).read_text())["files"]}
+    explained = [tuple(row.split("\t")) for row in EXPLAINED.read_text().splitlines() if row and not row.startswith("#")]
+    missed = {name: missed_lines(name, file) for name, file in sorted(files.items()) if name.split("/")[1] in folders}
+    rows, is_green = [], True
+    for folder in folders:
+        own = {name: file for name, file in files.items() if name.startswith(f"src/{folder}/")}
+        lines = share([line["count"] for file in own.values() for line in lines_of(file)])
+        branches = share([branch["count"] for file in own.values() for line in lines_of(file)
+                          for branch in line.get("branches", [])])
+        excused = sum(is_explained(explained, name, text) for name in own for _, text in missed[name])
+        goals = GOALS[folder]
+        rows.append(f"| `{folder}` | {text_of(lines)} | {goal_text(goals[0])} | {text_of(branches)} | {goal_text(goals[1])} "
+                    f"| {lines[1] - lines[0]} | {excused} |\n")
+        is_green &= reaches((lines[0] + excused, lines[1]), goals[0]) and reaches(branches, goals[1])
+    for name, lines in missed.items():
+        for number, text in lines:
+            print(f"{name}:{number}: {text}")
+    for file, text, _ in explained:
+        if file.split("/")[1] in folders and not any(text == "*" or text in line for _, line in missed.get(file, [])):
+            print(f"explained.tsv: {file} has no line with {text} that was not reached")
+            is_green = False
+    write(HEADING.format(note=note) + "".join(rows) + table(explained))
+    return 0 if is_green else 1
+
+
+def missed_lines(name, file):
+    """@returns number and text of each line that was not reached"""
+    source = (PROJECT / name).read_text().split("\n")
+    return [(line["line_number"], source[line["line_number"] - 1].strip()) for line in lines_of(file) if line["count"] == 0]
+
+
+def is_explained(explained, name, line):
+    return any(file == name and (text == "*" or text in line) for file, text, _ in explained)
+
+
+def lines_of(file):
+    return [line for line in file["lines"] if not line.get("gcovr/noncode")]
+
+
+def share(counts):
+    return sum(count > 0 for count in counts), len(counts)
+
+
+def reaches(share_reached, goal):
+    return goal is None or 100 * share_reached[0] >= goal * share_reached[1]
+
+
+def text_of(share_reached):
+    reached, all_of_them = share_reached
+    return f"{reached} of {all_of_them}, {100 * reached / all_of_them:.1f} %" if all_of_them else "none"
+
+
+def goal_text(goal):
+    return "" if goal is None else f"{goal} %"
+
+
+def table(explained):
+    if not explained:
+        return ""
+    text = "\nNot reached, and why:\n\n| File | Line | Reason |\n|---|---|---|\n"
+    return text + "".join(f"| `{file.removeprefix('src/')}` | `{line}` | {why} |\n" for file, line, why in explained)
+
+
+def write(section):
+    target = PROJECT / "doc" / "quality" / "coverage.md"
+    target.parent.mkdir(exist_ok=True)
+    target.write_text(section)
+    print(section)
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv[1], sys.argv[2], sys.argv[3:] or list(GOALS)))
