@@ -103,9 +103,9 @@ private:
         for (int verse = 1; verse <= lastAsked; ++verse) {
             const char* toBook = osis.c_str();
             int toChapter = chapter;
-            int toVerse = verse;
-            int lastVerse = verse;
-            system.translateVerse(common, &toBook, &toChapter, &toVerse, &lastVerse);
+            int verses[] = {verse, verse}; // in this order, as the library compares their addresses
+            system.translateVerse(common, &toBook, &toChapter, &verses[0], &verses[1]);
+            const int toVerse = verses[0];
             NumberingRun next = last;
             next.globalChapter = osis == toBook ? static_cast<std::uint8_t>(toChapter) : std::uint8_t(0);
             next.shift = osis == toBook ? static_cast<std::int16_t>(toVerse - verse) : std::int16_t(0);

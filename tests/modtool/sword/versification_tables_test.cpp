@@ -40,10 +40,11 @@ std::optional<ChapterVerse> askLibrary(const System& system, const ModuleBook& b
     static const System* const synodal = systemOf("Synodal");
     const System* common = isDeuterocanonical(book.globalID) ? synodal : kjv;
     const char* osis = book.osis.c_str();
-    int lastVerse = verse;
+    int verses[] = {verse, verse}; // in this order, as the library compares their addresses
     if (common != &system && bookOf(system, book.globalID))
-        system.translateVerse(common, &osis, &chapter, &verse, &lastVerse);
-    const ChapterVerse global{static_cast<unsigned int>(chapter) - 1, static_cast<unsigned int>(verse) - 1};
+        system.translateVerse(common, &osis, &chapter, &verses[0], &verses[1]);
+    const ChapterVerse global{static_cast<unsigned int>(chapter) - 1,
+                              static_cast<unsigned int>(verses[0]) - 1};
     if (book.osis != osis || !isGlobalVerse(book.globalID, global.chapter, global.verse))
         return std::nullopt;
     return global;
