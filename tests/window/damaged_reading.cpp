@@ -14,6 +14,11 @@ const std::vector<QString> searchTexts = {
     QStringLiteral("го"),   QStringLiteral("Го"),  QStringLiteral("щъ"), QStringLiteral("<"),
     QStringLiteral("няма"), QStringLiteral(" "),   QStringLiteral("."),  QString()};
 
+qt3::ComboBox* boxOf(const BibleForm& form, unsigned int n)
+{
+    return n == 0 ? form.comboBook : n == 1 ? form.comboChapter : form.comboVerse;
+}
+
 } // namespace
 
 ReadingEnd DamagedReading::actionsOf(unsigned int count)
@@ -60,11 +65,6 @@ void DamagedReading::act()
         if (const auto rows = m_window.rows().size(); rows > 0)
             m_window.clickHit(static_cast<int>(m_random.below(static_cast<std::size_t>(rows))));
     }
-}
-
-qt3::ComboBox* boxOf(const BibleForm& form, unsigned int n)
-{
-    return n == 0 ? form.comboBook : n == 1 ? form.comboChapter : form.comboVerse;
 }
 
 void DamagedReading::choosePlace()

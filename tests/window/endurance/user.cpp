@@ -20,6 +20,11 @@ QStringList simplified(QStringList lines)
     return lines;
 }
 
+qt3::ComboBox* boxOf(const BibleForm& form, int n)
+{
+    return n == 0 ? form.comboBook : n == 1 ? form.comboChapter : form.comboVerse;
+}
+
 } // namespace
 
 User::User(FormFixture& window, Model& model, test_support::Random& random)
@@ -138,11 +143,6 @@ QString User::stepTab()
     if (index >= 0 && index < m_model.tabCount())
         m_model.chooseTab(index);
     return QStringLiteral("arrow key on the tab bar");
-}
-
-qt3::ComboBox* boxOf(const BibleForm& form, int n)
-{
-    return n == 0 ? form.comboBook : n == 1 ? form.comboChapter : form.comboVerse;
 }
 
 /// One of the boxes that fit into the tool bar.
