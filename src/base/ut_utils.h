@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 /// Text utilities shared by all programs. Text is 8-bit Windows-1251 in zero-terminated strings; nothing here
 /// handles UTF-8. These functions throw only std::bad_alloc.
@@ -24,6 +25,8 @@ int cyr_chricmp(char ch1, char ch2);
 
 /// -1, 0 or 1: lexicographic order by cyr_chricmp; a proper prefix comes first.
 int cyr_stricmp(const char* s1, const char* s2);
+/// The same for texts without zero bytes.
+int cyr_compare(std::string_view s1, std::string_view s2);
 
 /// The first occurrence of `needle` in `haystack`, ignoring case, or a null pointer. An empty needle is found
 /// at the start of any haystack. The result points into `haystack`.

@@ -26,7 +26,7 @@ if(KEDRIN_SANITIZE)
 endif()
 gtest_discover_tests(tolvo_engine_tests DISCOVERY_MODE PRE_TEST ${tolvo_leaks_that_stay})
 
-# The byte comparison for processors without SSE2, tested on every machine.
+# The search without the vectors of certain processors, tested on every machine.
 add_executable(tolvo_portable_scan_tests
   text_scan_test.cpp
   ${CMAKE_SOURCE_DIR}/src/tolvo/tolvo_bible/text_scan.cpp)

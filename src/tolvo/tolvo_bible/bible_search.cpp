@@ -7,6 +7,7 @@
 #include "tolvo_bible/text_scan.h"
 #include "tolvo_bible/word_list.h"
 
+#include <algorithm>
 #include <ios>
 #include <stdexcept>
 
@@ -34,20 +35,18 @@ public:
 private:
     void startAt(unsigned int localVerseNum)
     {
-        const CRef local = m_structure.toRef(localVerseNum);
-        m_first = m_bible.toGlobal(local);
+        const bool isAfter = m_count != 0 && localVerseNum > m_firstNum;
+        m_local = isAfter ? m_structure.toRefAfter(m_local, localVerseNum) : m_structure.toRef(localVerseNum);
+        m_first = m_bible.toGlobal(m_local);
         m_firstNum = localVerseNum;
-        m_count = 1; // an empty chapter has no next verse to count to
-        if (local.chapter() < m_structure.chaptersCount(local.bookID())) {
-            const unsigned int versesCount = m_structure.versesCount(local.bookID(), local.chapter());
-            if (local.verse() < versesCount)
-                m_count = versesCount - local.verse();
-        }
+        m_count =
+            std::max(m_structure.versesFrom(m_local), 1u); // an empty chapter has no next verse to count to
     }
 
     const CBible& m_bible;
     const CBibleStructure& m_structure;
-    CRef m_first;
+    CRef m_local; ///< of m_firstNum
+    CRef m_first; ///< the same in global numbers
     unsigned int m_firstNum = 0;
     unsigned int m_count = 0; ///< count of verses, starting at m_firstNum, in the same chapter
 };

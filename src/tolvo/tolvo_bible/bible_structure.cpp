@@ -126,6 +126,19 @@ CRef CBibleStructure::toRef(unsigned int num) const
     return CRef(static_cast<unsigned int>(book), static_cast<unsigned int>(chapter), num - start);
 }
 
+CRef CBibleStructure::toRefAfter(const CRef& before, unsigned int num) const
+{
+    const std::size_t book = before.bookID();
+    const bool isLast = book + 1 == m_bookStartVerseNums.size();
+    if (num >= (isLast ? m_totalVerseCount : m_bookStartVerseNums[book + 1]))
+        return toRef(num);
+    const std::vector<unsigned int>& starts = m_startVerseNums[book];
+    std::size_t chapter = before.chapter();
+    while (chapter + 1 < starts.size() && starts[chapter] != num && starts[chapter + 1] <= num)
+        ++chapter;
+    return CRef(before.bookID(), static_cast<unsigned int>(chapter), num - starts[chapter]);
+}
+
 void CBibleStructure::ValidateBookID(unsigned int bookID) const
 {
     if (bookID >= m_verses.size())

@@ -42,6 +42,19 @@ public:
     /// @throws std::out_of_range  as ValidateNum
     CRef toRef(unsigned int num) const;
 
+    /// toRef(num) for a number greater than that of `before`, which toRef() has returned; faster within a book.
+    /// @throws std::out_of_range  as ValidateNum
+    CRef toRefAfter(const CRef& before, unsigned int num) const;
+
+    /// How many verses a chapter has from this one on; 0 if there is no such verse.
+    unsigned int versesFrom(const CRef& ref) const
+    {
+        if (ref.bookID() >= m_verses.size() || ref.chapter() >= m_verses[ref.bookID()].size())
+            return 0;
+        const unsigned int versesCount = m_verses[ref.bookID()][ref.chapter()];
+        return ref.verse() < versesCount ? versesCount - ref.verse() : 0;
+    }
+
     /// @throws std::out_of_range  "CBibleSructure::ValidateBookID(): bookID out of range"
     void ValidateBookID(unsigned int bookID) const;
     /// Validates the book first.

@@ -13,14 +13,8 @@ namespace Kedrin::Tolvo {
 
 namespace {
 
-constexpr std::size_t lengthBytes = 2; // low byte, high byte
-constexpr std::size_t maxRecordBytes = lengthBytes + 0xFFFF;
+constexpr std::size_t maxRecordBytes = 2 + 0xFFFF;
 constexpr std::size_t maxOffsetsAtOnce = 4096;
-
-std::size_t lengthAt(const char* record)
-{
-    return static_cast<unsigned char>(record[0]) + 256u * static_cast<unsigned char>(record[1]);
-}
 
 } // namespace
 
@@ -49,16 +43,6 @@ CVerseCursor::CVerseCursor(CBibleText& text, unsigned int firstVerseNum, unsigne
       m_left(verseCount),
       m_blockBytes(blockBytes)
 {}
-
-bool CVerseCursor::next()
-{
-    const std::size_t index = m_next - m_firstOffset;
-    if (m_left == 0 || m_text.m_failed || index >= m_offsets.size() || !holdsRecord(m_offsets[index]))
-        return fetchNext();
-    m_verseNum = m_next++;
-    --m_left;
-    return true;
-}
 
 /// next() if something has to be read first.
 bool CVerseCursor::fetchNext()
@@ -94,37 +78,25 @@ unsigned int CVerseCursor::offsetOf(unsigned int verseNum)
     return m_offsets[verseNum - m_firstOffset];
 }
 
-/// End of a verse's record if the next verse's record follows it directly; 0 if not known.
-std::uint64_t CVerseCursor::endOf(unsigned int verseNum) const
+/// End of the record at m_offsets[index] if the next verse's record follows it directly; 0 if not known.
+inline std::uint64_t CVerseCursor::endAt(std::size_t index) const
 {
-    const std::size_t index = verseNum - m_firstOffset;
     if (index + 1 < m_offsets.size())
         return m_offsets[index + 1];
-    const bool lastOfAll = std::size_t(verseNum) + 1 == m_text.m_compactPoint->size();
+    const bool lastOfAll = m_firstOffset + index + 1 == m_text.m_compactPoint->size();
     return lastOfAll ? m_text.m_textStream.size() : 0;
-}
-
-/// Whether the block contains the complete record at `offset`; if so, m_verse is its text.
-bool CVerseCursor::holdsRecord(std::uint64_t offset)
-{
-    if (offset < m_blockOffset || offset - m_blockOffset + lengthBytes > m_blockCount)
-        return false;
-    const std::size_t start = static_cast<std::size_t>(offset - m_blockOffset);
-    const std::size_t length = lengthAt(&m_block[start]);
-    if (start + lengthBytes + length > m_blockCount)
-        return false;
-    m_verse = std::string_view(&m_block[start] + lengthBytes, length);
-    return true;
 }
 
 /// Loads the record of a verse and the contiguous records after it, up to the block size.
 void CVerseCursor::loadFollowing(unsigned int verseNum, std::uint64_t offset)
 {
+    const std::size_t first = verseNum - m_firstOffset;
+    const std::size_t last = first + std::min<std::size_t>(m_left, m_offsets.size() - first);
     std::uint64_t end = offset;
-    for (unsigned int i = 0; i < m_left && verseNum + i - m_firstOffset < m_offsets.size(); ++i) {
-        const std::uint64_t recordEnd = endOf(verseNum + i);
+    for (std::size_t i = first; i < last; ++i) {
+        const std::uint64_t recordEnd = endAt(i);
         const bool follows = recordEnd > end && recordEnd - end <= maxRecordBytes;
-        if (!follows || (i > 0 && recordEnd - offset > m_blockBytes))
+        if (!follows || (i > first && recordEnd - offset > m_blockBytes))
             break;
         end = recordEnd;
     }

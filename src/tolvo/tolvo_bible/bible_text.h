@@ -72,7 +72,15 @@ public:
 
     /// Moves to the next verse; false after the last.
     /// @throws as CBibleText::operator[] for that verse
-    bool next();
+    bool next()
+    {
+        const std::size_t index = m_next - m_firstOffset;
+        if (m_left == 0 || m_text.m_failed || index >= m_offsets.size() || !holdsRecord(m_offsets[index]))
+            return fetchNext();
+        m_verseNum = m_next++;
+        --m_left;
+        return true;
+    }
 
     unsigned int verseNum() const { return m_verseNum; }
     std::string_view text() const { return m_verse; } ///< valid until next()
@@ -83,13 +91,32 @@ public:
     unsigned int blockNum() const { return m_blockNum; }
 
 private:
+    static constexpr std::size_t lengthBytes = 2; ///< low byte, high byte
+
+    static std::size_t lengthAt(const char* record)
+    {
+        return static_cast<unsigned char>(record[0]) + 256u * static_cast<unsigned char>(record[1]);
+    }
+
     bool fetchNext();
     unsigned int offsetOf(unsigned int verseNum);
-    std::uint64_t endOf(unsigned int verseNum) const;
-    bool holdsRecord(std::uint64_t offset);
+    std::uint64_t endAt(std::size_t index) const;
     void loadFollowing(unsigned int verseNum, std::uint64_t offset);
     void loadAlone(std::uint64_t offset);
     void load(std::uint64_t offset, std::uint64_t byteCount);
+
+    /// Whether the block contains the complete record at `offset`; if so, m_verse is its text.
+    bool holdsRecord(std::uint64_t offset)
+    {
+        if (offset < m_blockOffset || offset - m_blockOffset + lengthBytes > m_blockCount)
+            return false;
+        const std::size_t start = static_cast<std::size_t>(offset - m_blockOffset);
+        const std::size_t length = lengthAt(&m_block[start]);
+        if (start + lengthBytes + length > m_blockCount)
+            return false;
+        m_verse = std::string_view(&m_block[start] + lengthBytes, length);
+        return true;
+    }
 
     CBibleText& m_text;
     unsigned int m_next;

@@ -2,6 +2,7 @@
 
 #include "lets_out.h"
 
+#include <algorithm>
 #include <array>
 #include <stdexcept>
 
@@ -22,8 +23,10 @@ void CConc::readVersesFor(unsigned int wordIndex, std::vector<unsigned int>& ver
     std::array<unsigned short, 4096> run;
     while (left > 0) {
         const std::size_t count = m_conc.readRun(concIndex, std::min(left, run.size()), run.data());
+        const std::size_t known = verseList.size();
+        verseList.resize(known + count);
         for (std::size_t i = 0; i < count; ++i)
-            verseList.push_back(run[i] - 1u);
+            verseList[known + i] = run[i] - 1u;
         concIndex += static_cast<unsigned int>(count);
         left -= count;
     }

@@ -6,10 +6,6 @@
 #include <cstdint>
 #include <cstring>
 
-#if defined(__SSE2__) && !defined(KEDRIN_PORTABLE_SCAN)
-#include <emmintrin.h>
-#endif
-
 namespace Kedrin::Tolvo {
 
 namespace {
@@ -22,98 +18,127 @@ bool isLetter(char byte)
     return ut::cyr_chrupcase(small) == static_cast<char>(small & ~caseBit);
 }
 
-// A block compares as many adjacent bytes with one byte as the processor can at a time. Its mask has one
-// group of `bitsPerByte` bits for each byte of the block, the first in the lowest bits; a group is non-zero
-// if the bytes are equal.
-#if defined(__SSE2__) && !defined(KEDRIN_PORTABLE_SCAN)
-
-class Block
+/// A needle: for each byte, 0x20 if its case is ignored, else 0, and the byte with that bit set.
+struct Needle
 {
-public:
-    using Mask = unsigned int;
-    static constexpr std::ptrdiff_t byteCount = 16;
-    static constexpr int bitsPerByte = 1;
-
-    Block(char caseBits, char byte) : m_caseBits(_mm_set1_epi8(caseBits)), m_bytes(_mm_set1_epi8(byte)) {}
-
-    __m128i equal(const char* position) const
-    {
-        const __m128i text = _mm_loadu_si128(reinterpret_cast<const __m128i*>(position));
-        return _mm_cmpeq_epi8(_mm_or_si128(text, m_caseBits), m_bytes);
-    }
-    static __m128i both(__m128i a, __m128i b) { return _mm_and_si128(a, b); }
-    static __m128i either(__m128i a, __m128i b) { return _mm_or_si128(a, b); }
-    static Mask mask(__m128i equal) { return static_cast<Mask>(_mm_movemask_epi8(equal)); }
-
-private:
-    __m128i m_caseBits, m_bytes;
+    const char* caseBits;
+    const char* bytes;
+    std::ptrdiff_t size;
 };
 
-#else
+// What is "always_inline" becomes a part of the search for each kind of processor, so that the compiler uses its widest
+// vectors for the loops.
 
-class Block
+[[gnu::always_inline]] inline bool matchesAt(const char* position, const Needle& needle)
 {
-    static_assert(std::endian::native == std::endian::little, "the first byte is in the lowest bits");
+    for (std::ptrdiff_t i = 0; i < needle.size; ++i)
+        if (static_cast<char>(position[i] | needle.caseBits[i]) != needle.bytes[i])
+            return false;
+    return true;
+}
 
-public:
-    using Mask = std::uint64_t;
-    static constexpr std::ptrdiff_t byteCount = 8;
-    static constexpr int bitsPerByte = 8;
-
-    Block(char caseBits, char byte) : m_caseBits(spread(caseBits)), m_bytes(spread(byte)) {}
-
-    Mask equal(const char* position) const
-    {
-        Mask text;
-        std::memcpy(&text, position, sizeof text);
-        const Mask differing = (text | m_caseBits) ^ m_bytes;
-        return ~(((differing & lowBits) + lowBits) | differing | lowBits); // 0x80 if a byte is zero
-    }
-    static Mask both(Mask a, Mask b) { return a & b; }
-    static Mask either(Mask a, Mask b) { return a | b; }
-    static Mask mask(Mask equal) { return equal; }
-
-private:
-    static constexpr Mask lowBits = 0x7F7F7F7F7F7F7F7Fu;
-    static Mask spread(char byte) { return 0x0101010101010101u * static_cast<unsigned char>(byte); }
-
-    Mask m_caseBits, m_bytes;
-};
-
-#endif
-
-/// Compares the first and the last byte of a needle with the bytes at many positions.
+/// Compares the first and the last byte of a needle with the bytes at many adjacent positions.
 class Probe
 {
 public:
-    static constexpr std::ptrdiff_t blockCount = 4; ///< blocks per test
-    static constexpr std::ptrdiff_t reach = blockCount * Block::byteCount;
+    static constexpr std::ptrdiff_t reach = 256;     ///< positions per test
+    static constexpr std::ptrdiff_t blockReach = 32; ///< positions that are then looked at
 
-    Probe(const Block& first, const Block& last, std::ptrdiff_t distance)
-        : m_first(first),
-          m_last(last),
-          m_distance(distance)
+    [[gnu::always_inline]] explicit Probe(const Needle& needle)
+        : m_firstCase(needle.caseBits[0]),
+          m_first(needle.bytes[0]),
+          m_lastCase(needle.caseBits[needle.size - 1]),
+          m_last(needle.bytes[needle.size - 1]),
+          m_distance(needle.size - 1)
     {}
 
-    /// The positions of one block, starting at `position`, where both bytes match.
-    auto candidates(const char* position) const
+    /// Whether both bytes match at any of the `reach` positions starting at `position`.
+    [[gnu::always_inline]] bool hasCandidate(const char* position) const
     {
-        return Block::both(m_first.equal(position), m_last.equal(position + m_distance));
+        unsigned char any = 0;
+        for (std::ptrdiff_t i = 0; i < reach; ++i)
+            any |= isCandidate(position + i);
+        return any != 0;
     }
 
-    /// Whether any of the `reach` positions starting at `position` is a candidate.
-    bool hasCandidate(const char* position) const
+    /// Sets 0x01 in the bytes of `words` that stand for positions where both bytes match.
+    [[gnu::always_inline]] void findCandidates(const char* position,
+                                               std::uint64_t (&words)[blockReach / 8]) const
     {
-        constexpr std::ptrdiff_t size = Block::byteCount;
-        const auto front = Block::either(candidates(position), candidates(position + size));
-        const auto back = Block::either(candidates(position + 2 * size), candidates(position + 3 * size));
-        return Block::mask(Block::either(front, back)) != 0;
+        unsigned char candidates[blockReach];
+        for (std::ptrdiff_t i = 0; i < blockReach; ++i)
+            candidates[i] = isCandidate(position + i);
+        std::memcpy(words, candidates, sizeof words);
     }
 
 private:
-    Block m_first, m_last;
+    [[gnu::always_inline]] unsigned char isCandidate(const char* position) const
+    {
+        const bool isFirst = static_cast<char>(position[0] | m_firstCase) == m_first;
+        const bool isLast = static_cast<char>(position[m_distance] | m_lastCase) == m_last;
+        return static_cast<unsigned char>(isFirst & isLast);
+    }
+
+    char m_firstCase, m_first, m_lastCase, m_last;
     std::ptrdiff_t m_distance;
 };
+
+/// The first match in the blocks starting at `position`; null if there is none.
+[[gnu::always_inline]] inline const char* findInBlocks(const char* position, std::ptrdiff_t blockCount,
+                                                       const Probe& probe, const Needle& needle)
+{
+    static_assert(std::endian::native == std::endian::little, "the first byte is in the lowest bits");
+    for (; blockCount > 0; --blockCount, position += Probe::blockReach) {
+        std::uint64_t words[Probe::blockReach / 8];
+        probe.findCandidates(position, words);
+        for (std::ptrdiff_t i = 0; i < Probe::blockReach / 8; ++i)
+            for (std::uint64_t word = words[i]; word != 0; word &= word - 1)
+                if (const char* candidate = position + 8 * i + std::countr_zero(word) / 8;
+                    matchesAt(candidate, needle))
+                    return candidate;
+    }
+    return nullptr;
+}
+
+[[gnu::always_inline]] inline const char* findIn(const char* begin, const char* end, const Needle& needle)
+{
+    const Probe probe(needle);
+    const char* position = begin;
+    std::ptrdiff_t positionsLeft = end - begin - needle.size + 1; // negative for a needle that is too long
+    for (; positionsLeft >= Probe::reach; position += Probe::reach, positionsLeft -= Probe::reach)
+        if (probe.hasCandidate(position))
+            if (const char* hit = findInBlocks(position, Probe::reach / Probe::blockReach, probe, needle))
+                return hit;
+    if (positionsLeft <= 0)
+        return end;
+    if (const char* hit = findInBlocks(position, positionsLeft / Probe::blockReach, probe, needle))
+        return hit;
+    for (std::ptrdiff_t i = positionsLeft - positionsLeft % Probe::blockReach; i < positionsLeft; ++i)
+        if (matchesAt(position + i, needle))
+            return position + i;
+    return end;
+}
+
+const char* findOnAny(const char* begin, const char* end, const Needle& needle)
+{
+    return findIn(begin, end, needle);
+}
+
+#if defined(__x86_64__) && !defined(KEDRIN_PORTABLE_SCAN)
+
+[[gnu::target("avx2")]] const char* findWithAvx2(const char* begin, const char* end, const Needle& needle)
+{
+    return findIn(begin, end, needle);
+}
+
+bool hasAvx2() { return __builtin_cpu_supports("avx2"); }
+
+#else
+
+constexpr auto findWithAvx2 = findOnAny;
+bool hasAvx2() { return false; }
+
+#endif
 
 } // namespace
 
@@ -127,48 +152,17 @@ CTextScan::CTextScan(std::string_view needle, Case letterCase)
     }
 }
 
-bool CTextScan::matchesAt(const char* position) const
-{
-    for (std::size_t i = 0; i < m_bytes.size(); ++i)
-        if (static_cast<char>(position[i] | m_caseBits[i]) != m_bytes[i])
-            return false;
-    return true;
-}
-
 const char* CTextScan::find(const char* begin, const char* end) const
 {
+    static const auto findWidely = hasAvx2() ? findWithAvx2 : findOnAny;
     if (m_bytes.empty())
         return begin;
-    const auto needleSize = static_cast<std::ptrdiff_t>(m_bytes.size());
-    const Probe probe(Block(m_caseBits.front(), m_bytes.front()), Block(m_caseBits.back(), m_bytes.back()),
-                      needleSize - 1);
-    const auto findInBlocks = [&](const char* position, std::ptrdiff_t count) -> const char* {
-        for (; count > 0; --count, position += Block::byteCount)
-            for (auto mask = Block::mask(probe.candidates(position)); mask != 0; mask &= mask - 1) {
-                const char* candidate = position + std::countr_zero(mask) / Block::bitsPerByte;
-                if (matchesAt(candidate))
-                    return candidate;
-            }
-        return nullptr;
-    };
-
-    const char* position = begin;
-    std::ptrdiff_t positionsLeft = end - begin - needleSize + 1; // negative for a needle that is too long
-    for (; positionsLeft >= Probe::reach; position += Probe::reach, positionsLeft -= Probe::reach)
-        if (probe.hasCandidate(position))
-            if (const char* hit = findInBlocks(position, Probe::blockCount))
-                return hit;
-    if (positionsLeft <= 0)
-        return end;
-    if (const char* hit = findInBlocks(position, positionsLeft / Block::byteCount))
-        return hit;
-    for (std::ptrdiff_t i = positionsLeft - positionsLeft % Block::byteCount; i < positionsLeft; ++i)
-        if (matchesAt(position + i))
-            return position + i;
-    return end;
+    return findWidely(begin, end,
+                      {m_caseBits.data(), m_bytes.data(), static_cast<std::ptrdiff_t>(m_bytes.size())});
 }
 
-bool CScanAhead::isIn(std::string_view text, const char* bufferEnd, unsigned int bufferNum)
+/// isIn() if nothing is known of the text in advance.
+bool CScanAhead::scanFor(std::string_view text, const char* bufferEnd, unsigned int bufferNum)
 {
     const char* const begin = text.data();
     const char* const end = begin + text.size();

@@ -7,8 +7,8 @@
 namespace Kedrin::Tolvo {
 
 /// Finds one text, the needle, in any number of others: ut::cyr_stristr and std::string::find for long
-/// haystacks. It compares the needle's first and last byte at many positions at once, and the bytes between
-/// only where both match. Only the constructor throws (std::bad_alloc).
+/// haystacks. It compares the needle's first and last byte at many positions at once, with the widest vectors that the
+/// processor has, and the bytes between only where both match. Only the constructor throws (std::bad_alloc).
 ///
 ///     const CTextScan scan("бог", CTextScan::Case::ignored);   // in Windows-1251
 ///     const char* hit = scan.find(begin, end);                 // end: no hit
@@ -33,8 +33,6 @@ public:
     const char* find(const char* begin, const char* end) const;
 
 private:
-    bool matchesAt(const char* position) const;
-
     std::string m_caseBits; ///< for each byte of the needle: 0x20 if its case is ignored, else 0
     std::string m_bytes;    ///< each byte of the needle with its case bit set
 };
@@ -54,9 +52,16 @@ public:
     ///                   more than separate scans.
     /// @param bufferNum  a number that differs from the previous call's means that the bytes of the buffer
     ///                   have changed
-    bool isIn(std::string_view text, const char* bufferEnd, unsigned int bufferNum);
+    bool isIn(std::string_view text, const char* bufferEnd, unsigned int bufferNum)
+    {
+        const bool isBeforeHit =
+            bufferNum == m_bufferNum && text.data() >= m_from && text.data() + text.size() < m_hit;
+        return !isBeforeHit && scanFor(text, bufferEnd, bufferNum);
+    }
 
 private:
+    bool scanFor(std::string_view text, const char* bufferEnd, unsigned int bufferNum);
+
     const CTextScan& m_scan;
     bool m_endsAtZero;
     unsigned int m_bufferNum = 0;

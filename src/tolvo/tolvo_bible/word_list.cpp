@@ -39,11 +39,11 @@ CWordList::CWordList(const char* wordListPath, const char* /*wordPointPath*/, bo
 
 void CWordList::load(const char* wordListPath)
 {
-    const std::string content = ut::text_of_file(loading, wordListPath);
-    m_words.reserve(static_cast<std::size_t>(std::count(content.begin(), content.end(), '\n')) + 1);
-    ut::CLineReader lines(content, maxLineBytes);
+    m_content = ut::text_of_file(loading, wordListPath);
+    m_words.reserve(static_cast<std::size_t>(std::count(m_content.begin(), m_content.end(), '\n')) + 1);
+    ut::CLineReader lines(m_content, maxLineBytes);
     while (lines.next())
-        m_words.push_back(lines.line());
+        m_words.push_back(lines.lineInText());
     m_count = static_cast<unsigned int>(m_words.size());
     m_loaded = true;
 }
@@ -62,7 +62,7 @@ std::string CWordList::operator[](unsigned int wordIndex) const
     return ut::lets_out<std::out_of_range, std::ios_base::failure>("CWordList::operator []()", [&] {
         if (wordIndex >= m_count)
             throw std::out_of_range("CWordList::operator [](): wordIndex out of range");
-        return m_words[wordIndex];
+        return std::string(m_words[wordIndex]);
     });
 }
 
@@ -70,8 +70,10 @@ int CWordList::indexOf(const std::string& word) const
 {
     if (!m_loaded)
         return -1;
-    const auto found = std::lower_bound(m_words.begin(), m_words.end(), word, caseInsensitiveComp);
-    const bool present = found != m_words.end() && !caseInsensitiveComp(word, *found);
+    const std::string_view wanted = std::string_view(word).substr(0, word.find('\0'));
+    const auto isBefore = [](std::string_view a, std::string_view b) { return ut::cyr_compare(a, b) < 0; };
+    const auto found = std::lower_bound(m_words.begin(), m_words.end(), wanted, isBefore);
+    const bool present = found != m_words.end() && !isBefore(wanted, *found);
     return present ? static_cast<int>(found - m_words.begin()) : -1;
 }
 

@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace Kedrin::Tolvo {
@@ -48,7 +49,8 @@ private:
     unsigned int m_count = 0;
     bool m_loaded = false;
     std::unique_ptr<ut::CFileVector<unsigned int>> m_wordPoint; ///< null: memory mode
-    std::vector<std::string> m_words;
+    std::string m_content;                                      ///< the file
+    std::vector<std::string_view> m_words;                      ///< parts of m_content
 };
 
 } // namespace Kedrin::Tolvo
