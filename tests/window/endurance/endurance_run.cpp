@@ -144,7 +144,7 @@ void writeReport(const std::string& file, const std::vector<Session>& sessions)
 
 } // namespace
 
-/// [--report FILE] ACTIONS SEED...
+/// [--report FILE] ACTIONS SEED...; at least 100 actions, so that both halves of a session are measured.
 int main(int argc, char** argv)
 {
     std::vector<std::string> arguments(argv + 1, argv + argc);
