@@ -133,7 +133,7 @@ int CCheckCommand::run(const CommandStreams& streams) const
         return runChecks(streams, progress);
     } catch (const std::exception& ex) {
         progress.clear();
-        sayError(streams.err, ex.what());
+        sayFailure(streams.err, ex);
         return exitFailed;
     }
 }

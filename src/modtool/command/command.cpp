@@ -3,12 +3,16 @@
 #include "command_options.h"
 #include "errors.h"
 #include "exit_codes.h"
+#include "messages.h"
+
+#include <new>
 
 namespace Kedrin::ModTool {
 
 int sayFailure(std::ostream& err, const std::exception& failure)
 {
-    sayError(err, failure.what());
+    const bool lacksMemory = dynamic_cast<const std::bad_alloc*>(&failure) != nullptr;
+    sayError(err, lacksMemory ? tr("out of memory") : failure.what());
     return dynamic_cast<const CPartMissing*>(&failure) ? exitTrouble : exitFailed;
 }
 
@@ -22,7 +26,7 @@ int CQueryCommand::run(const CommandStreams& streams) const
         sayError(streams.err, ex.what());
         return exitFailed;
     } catch (const std::exception& ex) {
-        sayError(streams.err, ex.what());
+        sayFailure(streams.err, ex);
         return exitTrouble;
     }
 }

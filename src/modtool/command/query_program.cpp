@@ -1,9 +1,12 @@
 #include "query_program.h"
 
+#include "command.h"
 #include "command_line.h"
+#include "exit_codes.h"
 
 #include <algorithm>
 #include <array>
+#include <new>
 
 namespace Kedrin::ModTool {
 
@@ -27,10 +30,13 @@ std::vector<std::unique_ptr<ICommand>> makeQueryCommands(CLI::App& program, Rege
 }
 
 int runQueryProgram(int argc, const char* const* argv, std::ostream& out, std::ostream& err)
-{
+try {
     const ProgramParser parser = makeProgramParser();
     const auto commands = makeQueryCommands(*parser, nullptr);
     return runCommandLine(*parser, commands, argc, argv, {out, err, nullptr});
+} catch (const std::bad_alloc& ex) {
+    sayFailure(err, ex);
+    return exitTrouble;
 }
 
 } // namespace Kedrin::ModTool
