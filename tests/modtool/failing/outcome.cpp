@@ -1,0 +1,180 @@
+#include "outcome.h"
+
+#include "failing_allocation.h"
+
+#include <sys/mman.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <csignal>
+#include <cstring>
+#include <iostream>
+#include <stdexcept>
+
+namespace failing_test {
+
+namespace {
+
+constexpr rlim_t longestSeconds = 5;
+constexpr const char* program = "kedrin-module: ";
+constexpr const char* endOfEngine = "let out an exception that its contract does not name: ";
+
+std::string contentOf(int descriptor)
+{
+    std::string content(static_cast<std::size_t>(::lseek(descriptor, 0, SEEK_END)), '\0');
+    if (::pread(descriptor, content.data(), content.size(), 0) != static_cast<ssize_t>(content.size()))
+        throw std::runtime_error("cannot read what was written");
+    return content;
+}
+
+void emptyFile(int descriptor)
+{
+    if (::ftruncate(descriptor, 0) != 0)
+        throw std::runtime_error("cannot empty a file");
+    ::lseek(descriptor, 0, SEEK_SET);
+}
+
+/// Without files and folders whose names begin with a point, except the one in which a module keeps what it was built from.
+Snapshot withoutHidden(const Snapshot& files)
+{
+    Snapshot visible;
+    for (const auto& [path, content] : files)
+        if (!path.starts_with('.') && path.find("/.") == std::string::npos)
+            visible[path] = content;
+    return visible;
+}
+
+/// The first path that two snapshots do not have alike.
+std::string difference(const Snapshot& first, const Snapshot& second)
+{
+    for (const auto* files : {&first, &second})
+        for (const auto& [path, content] : *files)
+            if (!first.contains(path) || !second.contains(path) || first.at(path) != second.at(path))
+                return path;
+    return "";
+}
+
+} // namespace
+
+Counts& Counts::operator+=(const Counts& other)
+{
+    tried += other.tried;
+    unchanged += other.unchanged;
+    reported += other.reported;
+    ended += other.ended;
+    cut += other.cut;
+    wrong += other.wrong;
+    return *this;
+}
+
+CAttempts::CAttempts(const CScene& scene)
+    : m_scene(scene),
+      m_before(scene.snapshot()),
+      m_output(::memfd_create("output", 0)),
+      m_errors(::memfd_create("errors", 0)),
+      m_allocations(static_cast<unsigned long*>(
+          ::mmap(nullptr, sizeof(unsigned long), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0)))
+{
+    if (m_output < 0 || m_errors < 0 || m_allocations == MAP_FAILED)
+        throw std::runtime_error("cannot make files in memory");
+}
+
+CAttempts::~CAttempts()
+{
+    ::munmap(m_allocations, sizeof(unsigned long));
+    ::close(m_output);
+    ::close(m_errors);
+}
+
+std::function<int()> CAttempts::body(const Trial& trial, const std::function<void()>& prepare) const
+{
+    return [&trial, &prepare, this] {
+        ::dup2(m_output, STDOUT_FILENO);
+        ::dup2(m_errors, STDERR_FILENO);
+        const rlimit seconds{longestSeconds, RLIM_INFINITY}; // its signal ends what goes on without end
+        ::setrlimit(RLIMIT_CPU, &seconds);
+        prepare();
+        const int exitCode = m_scene.run(trial);
+        *m_allocations = allocationCount();
+        return exitCode;
+    };
+}
+
+Attempt CAttempts::finished(const WatchedEnd& end) const
+{
+    Attempt attempt{end, contentOf(m_output), contentOf(m_errors), m_scene.snapshot(), *m_allocations};
+    if (attempt.after != m_before)
+        m_scene.reset();
+    return attempt;
+}
+
+Attempt CAttempts::run(const Trial& trial, const std::function<void()>& prepare,
+                       const FailingCall& failing) const
+{
+    emptyFile(m_output);
+    emptyFile(m_errors);
+    return finished(runWatched(body(trial, prepare), failing));
+}
+
+Attempt CAttempts::runUnwatched(const Trial& trial, const std::function<void()>& prepare) const
+{
+    emptyFile(m_output);
+    emptyFile(m_errors);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        const rlimit none{0, 0};
+        ::setrlimit(RLIMIT_CORE, &none);
+        constexpr int threw = 99;
+        int exitCode = threw;
+        try {
+            exitCode = body(trial, prepare)();
+        } catch (const std::exception& ex) {
+            ::dprintf(STDERR_FILENO, "thrown: %s\n", ex.what());
+        }
+        ::_exit(exitCode);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    WatchedEnd end;
+    end.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    end.signal = WIFSIGNALED(status) ? WTERMSIG(status) : 0;
+    return finished(end);
+}
+
+void CAttempts::judge(const Trial& trial, const Attempt& undisturbed, const Attempt& attempt,
+                      const Cause& cause, Counts& counts) const
+{
+    ++counts.tried;
+    const bool mayLeaveFiles = cause.mayLeaveFiles || attempt.end.exitCode == 0; // what could not be removed
+    const auto asIs = [&](const Snapshot& files) { return mayLeaveFiles ? withoutHidden(files) : files; };
+    const Snapshot after = asIs(attempt.after);
+    const bool isAsBefore = after == asIs(m_before), isAsAfter = after == asIs(undisturbed.after);
+    const int code = attempt.end.exitCode;
+    const bool isSaid = attempt.errors.starts_with(program) && attempt.errors.ends_with('\n') &&
+                        attempt.errors.find("this is a bug") == std::string::npos;
+    if (code == undisturbed.end.exitCode && isAsAfter && attempt.output == undisturbed.output)
+        ++counts.unchanged;
+    else if ((code == 1 || code == 3) && (isSaid || cause.hasNoErrors) && (isAsBefore || isAsAfter))
+        ++counts.reported;
+    else if (attempt.end.signal == SIGABRT &&
+             (attempt.errors.find(endOfEngine) != std::string::npos ||
+              (cause.isMemory && attempt.errors.find("'std::bad_alloc'") != std::string::npos)) &&
+             withoutHidden(attempt.after) == withoutHidden(m_before))
+        ++counts.ended;
+    else if (code == undisturbed.end.exitCode && ((cause.isMemory && isAsAfter) || trial.usesSword))
+        ++counts.cut;
+    else {
+        ++counts.wrong;
+        std::cerr << trial.name << ", " << cause.what << ": exit code " << code << ", signal "
+                  << attempt.end.signal << ", output "
+                  << (attempt.output == undisturbed.output ? "the same" : "another") << ", "
+                  << (isAsBefore  ? "files as before"
+                      : isAsAfter ? "files as after"
+                                  : "another file: " + difference(m_before, attempt.after))
+                  << "\n  " << attempt.errors << '\n';
+    }
+}
+
+} // namespace failing_test
