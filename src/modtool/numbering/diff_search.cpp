@@ -74,10 +74,17 @@ private:
         return recordsFor(book, shifts.toGlobal, shifts.toLocal);
     }
 
+    /// Round trips of the verses that a shift can move.
+    std::ptrdiff_t affectedRoundTrips() const
+    {
+        return std::count_if(m_affected.begin(), m_affected.end(),
+                             [&](const VersePair* pair) { return m_shifts.mapsBothWays(*pair); });
+    }
+
     /// Takes fewer records where they keep as many verses.
     void simplify(unsigned int book)
     {
-        const unsigned int before = roundTrips();
+        const std::ptrdiff_t before = affectedRoundTrips();
         const BookShifts shifts = m_shifts[book];
         BookShifts best = shifts;
         std::size_t bestSize = recordsOf(book, shifts)->size();
@@ -87,7 +94,7 @@ private:
               BookShifts{shifts.toGlobal, reversed(shifts.toGlobal)}}) {
             const auto records = recordsOf(book, simple);
             m_shifts[book] = simple;
-            if (records && records->size() < bestSize && roundTrips() >= before) {
+            if (records && records->size() < bestSize && affectedRoundTrips() >= before) {
                 best = simple;
                 bestSize = records->size();
             }
@@ -99,12 +106,8 @@ private:
     /// numbers, and each number's other shift to another book.
     bool improveBook(unsigned int globalBook, unsigned int localBook)
     {
-        const auto count = [&] {
-            return std::count_if(m_affected.begin(), m_affected.end(),
-                                 [&](const VersePair* pair) { return m_shifts.mapsBothWays(*pair); });
-        };
         auto best = m_shifts;
-        auto bestCount = count();
+        auto bestCount = affectedRoundTrips();
         const auto before = bestCount;
         for (const Shift toGlobal : candidates(m_toGlobal, globalBook))
             for (const Shift toLocal : candidates(m_toLocal, localBook)) {
@@ -112,7 +115,7 @@ private:
                 m_shifts[localBook].toLocal = toLocal;
                 if (!canBeWritten(globalBook) || !canBeWritten(localBook))
                     continue;
-                if (const auto roundTrips = count(); roundTrips > bestCount) {
+                if (const auto roundTrips = affectedRoundTrips(); roundTrips > bestCount) {
                     bestCount = roundTrips;
                     best = m_shifts;
                 }

@@ -19,7 +19,7 @@ namespace Kedrin::ModTool {
 namespace {
 
 constexpr char32_t softHyphen = 0x00AD;
-constexpr char32_t blankMark = ' ';
+constexpr char blankMark = ' ';
 
 } // namespace
 
@@ -39,7 +39,7 @@ public:
         for (const char32_t space :
              {0x09u, 0x0Au, 0x0Bu, 0x0Cu, 0x0Du, 0x20u, 0x85u, 0xA0u, 0x2028u, 0x2029u})
             if (space < limit)
-                m_bytes[space] = static_cast<char>(blankMark);
+                m_bytes[space] = blankMark;
         m_bytes[softHyphen] = 0;
     }
 
@@ -61,12 +61,12 @@ public:
 
     void append(char byte)
     {
-        if (byte == ' ') {
+        if (byte == blankMark) {
             m_blank = m_out.size() != m_begin;
             return;
         }
         if (m_blank)
-            m_out += ' ';
+            m_out += blankMark;
         m_blank = false;
         m_out += byte;
     }
@@ -91,16 +91,26 @@ void CTextEncoder::encode(std::string_view utf8, std::uint32_t tag, std::string&
 /// Fast path: text in Windows-1251 is already composed, since none of its characters combine.
 bool CTextEncoder::encodeSimple(std::string_view utf8, std::string& out) const
 {
-    CWhitespaceCollapser folder(out);
+    const CByteTable& table = *m_bytes;
+    const std::size_t begin = out.size();
+    out.resize(begin + utf8.size()); // no character has more bytes than in UTF-8
+    char* const first = out.data() + begin;
+    char* end = first;
+    char previous = blankMark;
     const auto* bytes = reinterpret_cast<const std::uint8_t*>(utf8.data());
     for (std::size_t i = 0; i < utf8.size();) {
         char32_t codePoint = 0;
         U8_NEXT_UNSAFE(bytes, i, codePoint);
-        const char byte = m_bytes->byteOf(codePoint);
+        const char byte = table.byteOf(codePoint);
         if (byte == '\0')
             return false;
-        folder.append(byte);
+        *end = byte;
+        end += byte != blankMark || previous != blankMark; // a blank after another one is overwritten
+        previous = byte;
     }
+    if (end != first && previous == blankMark)
+        --end;
+    out.resize(begin + static_cast<std::size_t>(end - first));
     return true;
 }
 
