@@ -127,7 +127,7 @@ void checkWords(const std::string& folder, const ModuleData& module)
     for (unsigned int word = 0; word < list.count(); ++word) {
         if (list[word] != index.words[word] || list.indexOf(index.words[word]) != static_cast<int>(word))
             differ(message("the word %s", toUtf8(index.words[word])));
-        concordance.getVersesFor(word, verseNums);
+        concordance.readVersesFor(word, verseNums);
         const auto begin = index.verseNums.begin() + index.firstEntry[word];
         const auto end = index.verseNums.begin() + index.firstEntry[word + 1];
         if (!std::equal(verseNums.begin(), verseNums.end(), begin, end))

@@ -39,7 +39,7 @@ std::vector<unsigned int> CModuleWords::versesOf(unsigned int wordIndex) const
 {
     std::vector<unsigned int> verseNums;
     try {
-        m_concordance->getVersesFor(wordIndex, verseNums);
+        m_concordance->readVersesFor(wordIndex, verseNums);
     } catch (const std::exception& ex) {
         throw CModuleError(message("%s: the verses of the word %s cannot be read: %s", m_folder,
                                    plainLine((*m_list)[wordIndex]), ex.what()));

@@ -40,11 +40,16 @@ std::string counted(std::uint64_t count, const char* singular, const char* plura
 
 std::string inQuotes(std::string_view utf8, std::size_t maxBytes)
 {
-    if (utf8.size() <= maxBytes)
-        return message("\"%s\"", utf8);
-    auto end = static_cast<std::int32_t>(maxBytes);
-    U8_SET_CP_START(reinterpret_cast<const std::uint8_t*>(utf8.data()), 0, end);
-    return message("\"%s\"", std::string(utf8.substr(0, static_cast<std::size_t>(end))) + "...");
+    const bool isLong = utf8.size() > maxBytes;
+    if (isLong) {
+        auto end = static_cast<std::int32_t>(maxBytes);
+        U8_SET_CP_START(reinterpret_cast<const std::uint8_t*>(utf8.data()), 0, end);
+        utf8 = utf8.substr(0, static_cast<std::size_t>(end));
+    }
+    std::string text;
+    for (const char c : utf8)
+        c == '\n' ? text += "\\x0A" : text += c;
+    return message("\"%s\"", text + (isLong ? "..." : ""));
 }
 
 std::string printable(std::string_view utf8)

@@ -51,7 +51,7 @@ std::string counted(std::uint64_t count, const char* singular, const char* plura
 /// Most bytes of a text from outside that a message shows.
 inline constexpr std::size_t maxShownBytes = 40;
 
-/// A text in quotation marks for a message, truncated after `maxBytes` bytes.
+/// A text in quotation marks for a message, truncated after `maxBytes` bytes, on one line.
 std::string inQuotes(std::string_view utf8, std::size_t maxBytes = maxShownBytes);
 
 /// A text that a terminal takes for nothing but text: control characters other than line ends and tabs become \x1B and

@@ -25,6 +25,11 @@ public:
     ///     file; `verseList` has the verses before it. A file that ends inside a record ends the program.
     void getVersesFor(unsigned int wordIndex, std::vector<unsigned int>& verseList);
 
+    /// The same for programs that go on after a failure.
+    /// @throws std::out_of_range       as getVersesFor()
+    /// @throws std::ios_base::failure  the file ends inside a record, or cannot be read
+    void readVersesFor(unsigned int wordIndex, std::vector<unsigned int>& verseList);
+
 private:
     friend class CBible;
 
@@ -34,9 +39,6 @@ private:
         : m_conc(conc.afresh()),
           m_concPoint(concPoint.afresh())
     {}
-
-    /// getVersesFor() that throws std::ios_base::failure for a file that ends inside a record.
-    void readVersesFor(unsigned int wordIndex, std::vector<unsigned int>& verseList);
 
     ut::CFileVector<unsigned short> m_conc;
     ut::CFileVector<unsigned int> m_concPoint;

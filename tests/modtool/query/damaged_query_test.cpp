@@ -1,10 +1,13 @@
 #include "query_fixture.h"
 
 #include "module_search.h"
+#include "module_words.h"
+#include "stored_markup.h"
 #include "tolvo_bible.h"
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <functional>
 
 using namespace query_test;
@@ -105,6 +108,21 @@ TEST_F(Damaged, ConcordanceThatEndsBetweenRecords)
         "kedrin-module: " + path +
             ": the verses of the word рече cannot be read: CFileVector::operator [](): recordIndex out of "
             "range\n");
+}
+
+/// What the engine's own lookup would end the program for.
+TEST_F(Damaged, ConcordanceCutInsideARecordWhileItIsOpen)
+{
+    const std::string path = spoiled([](auto&) {});
+    const ModTool::CModuleWords words(path);
+    std::filesystem::resize_file(path + "/Conc.bin", 1);
+    try {
+        words.versesOf(0);
+        FAIL() << "not refused";
+    } catch (const ModTool::CModuleError& ex) {
+        EXPECT_EQ(ex.what(), path + ": the verses of the word " + ModTool::plainLine(words.list()[0]) +
+                                 " cannot be read: CFileVector::operator [](): IO error");
+    }
 }
 
 TEST_F(Damaged, WordInAVerseThatDoesNotExist)

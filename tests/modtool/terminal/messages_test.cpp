@@ -20,6 +20,13 @@ TEST(Messages, ZeroBytesInArgumentsAreShown)
               "a\\x00b: \"\\x00\"!");
 }
 
+TEST(Messages, QuotedTextIsOneLine)
+{
+    EXPECT_EQ(inQuotes("utf\n8\n"), "\"utf\\x0A8\\x0A\"");
+    EXPECT_EQ(inQuotes("a\nbc", 3), "\"a\\x0Ab...\"") << "truncated before that";
+    EXPECT_EQ(inQuotes("a\u0431", 2), "\"a...\"") << "between characters";
+}
+
 TEST(Messages, AnyOtherTextStaysAsItIs)
 {
     for (const char* text : {"", "\tБог\n  line 2: \u2013 \U00010330\n", "\xC2", "\x80\x9B", "\xC2\xC2\xA0"})
