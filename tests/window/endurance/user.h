@@ -35,6 +35,7 @@ private:
     QString toggleLinks();
     QString search();
     QString searchFromTheList();
+    int clickAnyHit();
     QString clickHit();
     QString stepHit();
     QString changeFont();

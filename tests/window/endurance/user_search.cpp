@@ -35,15 +35,24 @@ QString User::search()
         .arg(m_model.repeat);
 }
 
-/// The button leaves the focus in the list, where the first hit then becomes current.
-QString User::searchFromTheList()
+/// The row of the hit; -1 if none is clicked.
+int User::clickAnyHit()
 {
     const int row = m_model.hitCount() > 0 ? below(m_model.hitCount()) : -1;
     if (row < 0 || !m_model.canShowHit(row))
-        return search();
+        return -1;
     form().listSearchResults->scrollTo(form().listSearchResults->model()->index(row, 0));
     m_window.clickHit(row);
     m_model.chooseHit(row);
+    return row;
+}
+
+/// The button leaves the focus in the list, where the first hit then becomes current.
+QString User::searchFromTheList()
+{
+    const int row = clickAnyHit();
+    if (row < 0)
+        return search();
     const QString text = form().comboSearchText->currentText();
     QTest::mouseClick(form().btnSearch, Qt::LeftButton);
     m_model.search(text, true);
@@ -55,12 +64,9 @@ QString User::searchFromTheList()
 
 QString User::clickHit()
 {
-    const int row = m_model.hitCount() > 0 ? below(m_model.hitCount()) : -1;
-    if (row < 0 || !m_model.canShowHit(row))
+    const int row = clickAnyHit();
+    if (row < 0)
         return search();
-    form().listSearchResults->scrollTo(form().listSearchResults->model()->index(row, 0));
-    m_window.clickHit(row);
-    m_model.chooseHit(row);
     return QStringLiteral("click hit %1").arg(row);
 }
 
