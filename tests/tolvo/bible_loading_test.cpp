@@ -2,21 +2,25 @@
 
 #include "forked.h"
 #include "module_files.h"
+#include "nothing_left.h"
+#include "refusals.h"
 #include "temp_folder.h"
 #include "tolvo_bible.h"
 
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <malloc.h>
 #include <memory>
 #include <unistd.h>
 
 namespace {
 
 using namespace Kedrin::Tolvo;
+using test_support::expectNothingLeftBy;
+using test_support::loadingError;
 using test_support::ModuleFiles;
 using test_support::openDescriptors;
+using test_support::refusalOfUnopened;
 using test_support::smallModule;
 using test_support::TempFolder;
 
@@ -38,12 +42,6 @@ std::string loadFailure(const std::string& folder)
     return failureOf([&] { const CBible bible(folder); });
 }
 
-std::string wrapped(const std::string& folder, const std::string& inner)
-{
-    return "CBible::CBible(): Error loading Bible (from folder " + folder + ");\nError message: \"" + inner +
-           "\"";
-}
-
 class BibleLoading : public testing::Test
 {
 protected:
@@ -58,23 +56,10 @@ protected:
     std::string module = folder.file("module");
 };
 
-struct MissingFile
-{
-    std::string fileName;
-    std::string message; ///< of the reader; followed by the path of the file
-};
-
 /// In the order of opening.
-const std::vector<MissingFile> neededFiles = {
-    {"BibleTitles.txt", "CTitles::CTitles(): error opening file "},
-    {"BibleStructure.csv", "CBibleSructure::CBibleSructure(): error opening file "},
-    {"_Diff_.txt", "CDiff::CDiff(): error opening file "},
-    {"CompactPoint.bin", "CFileVector::CFileVector(): cannot open file "},
-    {"CompactText.bin", "CBibleText::CBibleText(): error opening file "},
-    {"WordList.txt", "CWordList::CWordList(): error opening file "},
-    {"Conc.bin", "CFileVector::CFileVector(): cannot open file "},
-    {"ConcP.bin", "CFileVector::CFileVector(): cannot open file "},
-};
+const std::vector<std::string> neededFiles = {"BibleTitles.txt",  "BibleStructure.csv", "_Diff_.txt",
+                                              "CompactPoint.bin", "CompactText.bin",    "WordList.txt",
+                                              "Conc.bin",         "ConcP.bin"};
 
 TEST_F(BibleLoading, FolderWithAndWithoutSlashLoadsTheSameFiles)
 {
@@ -92,16 +77,16 @@ TEST_F(BibleLoading, MessageQuotesTheFolderExactlyAsGiven)
 {
     write("_Diff_.txt");
     const std::string inner = "CDiff::CDiff(): error opening file " + module + "/_Diff_.txt";
-    EXPECT_EQ(loadFailure(module), wrapped(module, inner));
-    EXPECT_EQ(loadFailure(module + "/"), wrapped(module + "/", inner));
+    EXPECT_EQ(loadFailure(module), loadingError(module, inner));
+    EXPECT_EQ(loadFailure(module + "/"), loadingError(module + "/", inner));
 }
 
 TEST_F(BibleLoading, EachMissingFileIsNamedByItsReader)
 {
-    for (const MissingFile& missing : neededFiles) {
+    for (const std::string& missing : neededFiles) {
         write();
-        std::filesystem::remove(folder.path() / "module" / missing.fileName);
-        EXPECT_EQ(loadFailure(module), wrapped(module, missing.message + module + "/" + missing.fileName));
+        std::filesystem::remove(folder.path() / "module" / missing);
+        EXPECT_EQ(loadFailure(module), refusalOfUnopened(missing, module));
     }
 }
 
@@ -110,9 +95,9 @@ TEST_F(BibleLoading, FilesAreOpenedInTheirFixedOrder)
     // In an empty folder the first file is missing; after each file is added, the next one is.
     std::filesystem::create_directories(module);
     ModuleFiles present;
-    for (const MissingFile& next : neededFiles) {
-        EXPECT_EQ(loadFailure(module), wrapped(module, next.message + module + "/" + next.fileName));
-        present.bytes[next.fileName] = smallModule().bytes[next.fileName];
+    for (const std::string& next : neededFiles) {
+        EXPECT_EQ(loadFailure(module), refusalOfUnopened(next, module));
+        present.bytes[next] = smallModule().bytes[next];
         present.write(module);
     }
     EXPECT_EQ(loadFailure(module), "");
@@ -121,7 +106,7 @@ TEST_F(BibleLoading, FilesAreOpenedInTheirFixedOrder)
 TEST_F(BibleLoading, NoFolderIsAMissingTitlesFile)
 {
     EXPECT_EQ(loadFailure(module),
-              wrapped(module, "CTitles::CTitles(): error opening file " + module + "/BibleTitles.txt"));
+              loadingError(module, "CTitles::CTitles(): error opening file " + module + "/BibleTitles.txt"));
 }
 
 TEST_F(BibleLoading, MalformedStructureIsNamed)
@@ -129,8 +114,9 @@ TEST_F(BibleLoading, MalformedStructureIsNamed)
     ModuleFiles files = smallModule();
     files.bytes["BibleStructure.csv"] = "2 2 1\r\n1\r\n";
     files.write(module);
-    EXPECT_EQ(loadFailure(module), wrapped(module, "CBibleSructure::CBibleSructure(): error reading file " +
-                                                       module + "/BibleStructure.csv"));
+    EXPECT_EQ(loadFailure(module),
+              loadingError(module, "CBibleSructure::CBibleSructure(): error reading file " + module +
+                                       "/BibleStructure.csv"));
 }
 
 TEST_F(BibleLoading, ShortTitlesLoad)
@@ -182,8 +168,8 @@ TEST_F(BibleLoading, CyrillicFolderIsFoundAndItsNameIsAWindows1251Title)
 TEST_F(BibleLoading, MessageHoldsTheFoldersNativeBytes)
 {
     const std::string cyrillic = folder.file("няма");
-    EXPECT_EQ(loadFailure(cyrillic),
-              wrapped(cyrillic, "CTitles::CTitles(): error opening file " + cyrillic + "/BibleTitles.txt"));
+    EXPECT_EQ(loadFailure(cyrillic), loadingError(cyrillic, "CTitles::CTitles(): error opening file " +
+                                                                cyrillic + "/BibleTitles.txt"));
 }
 
 TEST_F(BibleLoading, FailureIsARuntimeErrorOfItsOwnAndNoIoFailure)
@@ -250,22 +236,6 @@ TEST_F(BibleLoading, ProofSaysForEveryMissingFileWhatLoadingSays)
     }
 }
 
-/// Runs the validation a hundred times and returns what it leaked: descriptors, and bytes on the heap.
-void expectNothingLeftBy(const std::function<void()>& proof)
-{
-    for (int i = 0; i < 3; ++i) // the first calls of library functions allocate memory that stays
-        proof();
-    constexpr std::size_t proofs = 100;
-    // of the heap; the memory that the library keeps for reuse varies slightly
-    constexpr std::size_t smallestBlock = 32;
-    const int descriptors = openDescriptors();
-    const std::size_t bytes = ::mallinfo2().uordblks;
-    for (std::size_t i = 0; i < proofs; ++i)
-        proof();
-    EXPECT_LT(::mallinfo2().uordblks, bytes + proofs * smallestBlock);
-    EXPECT_EQ(openDescriptors(), descriptors);
-}
-
 TEST_F(BibleLoading, HundredSucceedingProofsLeaveNothing)
 {
     write();
@@ -274,10 +244,10 @@ TEST_F(BibleLoading, HundredSucceedingProofsLeaveNothing)
 
 TEST_F(BibleLoading, HundredFailingProofsLeaveNothing)
 {
-    for (const MissingFile& missing : neededFiles) {
-        SCOPED_TRACE(missing.fileName);
+    for (const std::string& missing : neededFiles) {
+        SCOPED_TRACE(missing);
         write();
-        std::filesystem::remove(folder.path() / "module" / missing.fileName);
+        std::filesystem::remove(folder.path() / "module" / missing);
         expectNothingLeftBy([&] { EXPECT_NE(failureOf([&] { CBible::Validate(module); }), ""); });
     }
 }

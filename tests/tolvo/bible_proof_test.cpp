@@ -1,7 +1,8 @@
 // Modules that load but cannot be read to their end, or from their beginning: the validation refuses them.
 
-#include "forked.h"
 #include "module_files.h"
+#include "nothing_left.h"
+#include "refusals.h"
 #include "spoiled.h"
 #include "temp_folder.h"
 #include "thrown.h"
@@ -9,7 +10,6 @@
 
 #include <gtest/gtest.h>
 
-#include <malloc.h>
 #include <memory>
 
 namespace {
@@ -35,11 +35,7 @@ protected:
         return messageOf<std::runtime_error>([&] { CBibleModules(folder.path().string()).ValidateBible(0); });
     }
 
-    std::string wrapped(const std::string& inner) const
-    {
-        return "CBible::CBible(): Error loading Bible (from folder " + module + ");\nError message: \"" +
-               inner + "\"";
-    }
+    std::string wrapped(const std::string& inner) const { return test_support::loadingError(module, inner); }
     std::string shortTitles() const
     {
         return wrapped("CTitles::CTitles(): error reading file " + module + "/BibleTitles.txt");
@@ -191,17 +187,8 @@ TEST_F(BibleProof, HundredRefusalsLeaveNothing)
         EXPECT_NE(refusal(), nothing);
         const CBibleModules modules(folder.path().string());
         const auto prove = [&] { messageOf<std::runtime_error>([&] { modules.ValidateBible(0); }); };
-        for (int i = 0; i < 3; ++i) // the first calls of library functions allocate memory that stays
-            prove();
-        const int descriptors = test_support::openDescriptors();
-        const std::size_t onTheHeap = ::mallinfo2().uordblks;
-        constexpr int refusals = 100;
-        for (int i = 0; i < refusals; ++i)
-            prove();
-        EXPECT_EQ(test_support::openDescriptors(), descriptors) << fileName;
-        // free blocks that the library keeps count as used, so that the figure may change by one of them
-        constexpr std::size_t smallestBlock = 32;
-        EXPECT_LT(::mallinfo2().uordblks, onTheHeap + refusals * smallestBlock) << fileName;
+        SCOPED_TRACE(fileName);
+        test_support::expectNothingLeftBy(prove);
     }
 }
 
