@@ -44,13 +44,16 @@ public:
     {
         static const std::vector<std::string> names{
             "verse_lines", "csv",  "references", "headed_lines", "osis", "zefania", "beblia", "opensong",
-            "ces",         "usfx", "json",       "usfm",         "usx",  "sqlite",  "zip"};
+            "ces",         "usfx", "json",       "yaml",         "usfm", "usx",     "sqlite", "zip"};
         return names;
     }
 
     std::vector<std::string> build(const std::string& format) const
     {
-        return {m_program, "build", "--quiet", m_folder.file(format), built()};
+        std::vector<std::string> command = {m_program, "build", "--quiet", m_folder.file(format), built()};
+        if (format == "yaml") // its first key is a book, which says nothing about the format
+            command.insert(command.end(), {"--from", "yaml"});
+        return command;
     }
 
     /// Whether the verses of the built module are those of the original one.
