@@ -194,6 +194,26 @@ TEST_F(BibleSearch, EmptyChaptersAndBooksAreCountedAsTheStructureDoes)
     EXPECT_EQ(word("аз"), part("аз"));
 }
 
+TEST_F(BibleSearch, EmptyChaptersWithoutNumberDoNotMakeAWordSlow)
+{
+    ModuleFiles files = makeModule("Превод", {Book{0, "Битие", {{"аз", "аз"}}}});
+    constexpr int emptyCount = 2000000;
+    std::string structure = std::to_string(emptyCount + 2) + " 1";
+    for (int i = 0; i < emptyCount; ++i)
+        structure += " 0";
+    files.bytes["BibleStructure.csv"] = structure + " 1\n";
+    constexpr std::size_t hitCount = 30000; // first verse, second verse, first verse, ...
+    std::string entry = std::string("\x30\x75", 2);
+    for (std::size_t i = 0; i < hitCount; ++i)
+        entry += std::string(i % 2 == 0 ? "\x01\x00" : "\x02\x00", 2);
+    files.bytes["Conc.bin"] = entry;
+    files.bytes["ConcP.bin"] = std::string(4, '\0');
+    load(files);
+    const Places places = word("аз");
+    ASSERT_EQ(places.size(), hitCount);
+    EXPECT_EQ(Places(places.end() - 2, places.end()), (Places{"0.0.0", "0.1.0"}));
+}
+
 TEST_F(BibleSearch, SecondSearchOfTheSameTranslationStartsAnew)
 {
     load(smallModule());

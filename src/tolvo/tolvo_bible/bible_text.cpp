@@ -92,11 +92,12 @@ void CVerseCursor::loadFollowing(unsigned int verseNum, std::uint64_t offset)
 {
     const std::size_t first = verseNum - m_firstOffset;
     const std::size_t last = first + std::min<std::size_t>(m_left, m_offsets.size() - first);
+    const std::uint64_t maxEnd = offset + std::max<std::uint64_t>(m_blockBytes, endAt(first) - offset);
     std::uint64_t end = offset;
     for (std::size_t i = first; i < last; ++i) {
         const std::uint64_t recordEnd = endAt(i);
-        const bool follows = recordEnd > end && recordEnd - end <= maxRecordBytes;
-        if (!follows || (i > first && recordEnd - offset > m_blockBytes))
+        const std::uint64_t byteCount = recordEnd - end; // very large if the end is before the start
+        if (byteCount == 0 || byteCount > maxRecordBytes || recordEnd > maxEnd)
             break;
         end = recordEnd;
     }

@@ -31,6 +31,8 @@ CDiff::CDiff(const char* fileName)
 
 CRef CDiff::convertWithMap(const CRef& ref, const Table& table) const noexcept
 {
+    if (ref.chapter() != 1)
+        return ref; // what CRef::operator== makes of every position
     for (const auto& [position, delta] : table)
         if (position.chaptersBeginning() == ref.chaptersBeginning())
             return ref + delta;

@@ -2,7 +2,6 @@
 
 #include "ut_utils.h"
 
-#include <bit>
 #include <cstdint>
 #include <cstring>
 
@@ -37,98 +36,110 @@ struct Needle
     return true;
 }
 
-/// Compares the first and the last byte of a needle with the bytes at many adjacent positions.
+/// As many bytes as a processor compares at once.
+template <std::size_t count>
+struct Vector
+{
+    using Bytes [[gnu::vector_size(count)]] = unsigned char;
+    static constexpr std::ptrdiff_t width = count;
+
+    [[gnu::always_inline]] static bool isZero(const Bytes& bytes)
+    {
+        std::uint64_t words[count / sizeof(std::uint64_t)];
+        std::memcpy(words, &bytes, count);
+        std::uint64_t any = 0;
+        for (const std::uint64_t word : words)
+            any |= word;
+        return any == 0;
+    }
+};
+
+/// Compares one byte of a needle with the bytes at adjacent positions.
+template <typename Vector>
 class Probe
 {
-public:
-    static constexpr std::ptrdiff_t reach = 256;     ///< positions per test
-    static constexpr std::ptrdiff_t blockReach = 32; ///< positions that are then looked at
+    using Bytes = typename Vector::Bytes;
 
-    [[gnu::always_inline]] explicit Probe(const Needle& needle)
-        : m_firstCase(needle.caseBits[0]),
-          m_first(needle.bytes[0]),
-          m_lastCase(needle.caseBits[needle.size - 1]),
-          m_last(needle.bytes[needle.size - 1]),
-          m_distance(needle.size - 1)
+public:
+    [[gnu::always_inline]] Probe(const Needle& needle, std::ptrdiff_t index)
+        : m_caseBits(Bytes{} + static_cast<unsigned char>(needle.caseBits[index])),
+          m_byte(Bytes{} + static_cast<unsigned char>(needle.bytes[index])),
+          m_index(index)
     {}
 
-    /// Whether both bytes match at any of the `reach` positions starting at `position`.
-    [[gnu::always_inline]] bool hasCandidate(const char* position) const
+    /// Clears the marks of the positions where a needle that begins there has another byte.
+    [[gnu::always_inline]] void narrow(const char* position, Bytes& marks) const
     {
-        unsigned char any = 0;
-        for (std::ptrdiff_t i = 0; i < reach; ++i)
-            any |= isCandidate(position + i);
-        return any != 0;
-    }
-
-    /// Sets 0x01 in the bytes of `words` that stand for positions where both bytes match.
-    [[gnu::always_inline]] void findCandidates(const char* position,
-                                               std::uint64_t (&words)[blockReach / 8]) const
-    {
-        unsigned char candidates[blockReach];
-        for (std::ptrdiff_t i = 0; i < blockReach; ++i)
-            candidates[i] = isCandidate(position + i);
-        std::memcpy(words, candidates, sizeof words);
+        Bytes bytes;
+        std::memcpy(&bytes, position + m_index, sizeof bytes);
+        marks &= (bytes | m_caseBits) == m_byte;
     }
 
 private:
-    [[gnu::always_inline]] unsigned char isCandidate(const char* position) const
-    {
-        const bool isFirst = static_cast<char>(position[0] | m_firstCase) == m_first;
-        const bool isLast = static_cast<char>(position[m_distance] | m_lastCase) == m_last;
-        return static_cast<unsigned char>(isFirst & isLast);
-    }
-
-    char m_firstCase, m_first, m_lastCase, m_last;
-    std::ptrdiff_t m_distance;
+    Bytes m_caseBits, m_byte;
+    std::ptrdiff_t m_index;
 };
 
-/// The first match in the blocks starting at `position`; null if there is none.
-[[gnu::always_inline]] inline const char* findInBlocks(const char* position, std::ptrdiff_t blockCount,
-                                                       const Probe& probe, const Needle& needle)
+constexpr unsigned char marked = 0xFF;
+
+/// The first match at the `vectorCount` times Vector::width positions starting at `position`; null if there is none.
+template <typename Vector, std::ptrdiff_t vectorCount>
+[[gnu::always_inline]] inline const char* findAmong(const char* position, const Probe<Vector>& first,
+                                                    const Probe<Vector>& last, const Needle& needle)
 {
-    static_assert(std::endian::native == std::endian::little, "the first byte is in the lowest bits");
-    for (; blockCount > 0; --blockCount, position += Probe::blockReach) {
-        std::uint64_t words[Probe::blockReach / 8];
-        probe.findCandidates(position, words);
-        for (std::ptrdiff_t i = 0; i < Probe::blockReach / 8; ++i)
-            for (std::uint64_t word = words[i]; word != 0; word &= word - 1)
-                if (const char* candidate = position + 8 * i + std::countr_zero(word) / 8;
-                    matchesAt(candidate, needle))
-                    return candidate;
+    typename Vector::Bytes marks[vectorCount];
+    typename Vector::Bytes any = {};
+    for (std::ptrdiff_t i = 0; i < vectorCount; ++i) {
+        marks[i] = typename Vector::Bytes{} + marked;
+        first.narrow(position + i * Vector::width, marks[i]);
+        last.narrow(position + i * Vector::width, marks[i]);
+        any |= marks[i];
+    }
+    if (Vector::isZero(any))
+        return nullptr;
+    const auto* const begin = reinterpret_cast<const unsigned char*>(marks);
+    const auto* const end = begin + sizeof marks;
+    for (const auto* mark = begin; mark != end; ++mark) {
+        mark = static_cast<const unsigned char*>(
+            std::memchr(mark, marked, static_cast<std::size_t>(end - mark)));
+        if (mark == nullptr)
+            return nullptr;
+        if (matchesAt(position + (mark - begin), needle))
+            return position + (mark - begin);
     }
     return nullptr;
 }
 
+template <typename Vector>
 [[gnu::always_inline]] inline const char* findIn(const char* begin, const char* end, const Needle& needle)
 {
-    const Probe probe(needle);
+    constexpr std::ptrdiff_t step = 256;
+    const Probe<Vector> first(needle, 0);
+    const Probe<Vector> last(needle, needle.size - 1);
     const char* position = begin;
     std::ptrdiff_t positionsLeft = end - begin - needle.size + 1; // negative for a needle that is too long
-    for (; positionsLeft >= Probe::reach; position += Probe::reach, positionsLeft -= Probe::reach)
-        if (probe.hasCandidate(position))
-            if (const char* hit = findInBlocks(position, Probe::reach / Probe::blockReach, probe, needle))
-                return hit;
-    if (positionsLeft <= 0)
-        return end;
-    if (const char* hit = findInBlocks(position, positionsLeft / Probe::blockReach, probe, needle))
-        return hit;
-    for (std::ptrdiff_t i = positionsLeft - positionsLeft % Probe::blockReach; i < positionsLeft; ++i)
-        if (matchesAt(position + i, needle))
-            return position + i;
+    for (; positionsLeft >= step; position += step, positionsLeft -= step)
+        if (const char* hit = findAmong<Vector, step / Vector::width>(position, first, last, needle))
+            return hit;
+    for (; positionsLeft >= Vector::width; position += Vector::width, positionsLeft -= Vector::width)
+        if (const char* hit = findAmong<Vector, 1>(position, first, last, needle))
+            return hit;
+    for (; positionsLeft > 0; ++position, --positionsLeft)
+        if (matchesAt(position, needle))
+            return position;
     return end;
 }
 
 const char* findOnAny(const char* begin, const char* end, const Needle& needle)
 {
-    return findIn(begin, end, needle);
+    return findIn<Vector<16>>(begin, end, needle);
 }
 
 #if defined(__x86_64__) && !defined(KEDRIN_PORTABLE_SCAN)
 
 [[gnu::target("avx2")]] const char* findWithAvx2(const char* begin, const char* end, const Needle& needle)
 {
-    return findIn(begin, end, needle);
+    return findIn<Vector<32>>(begin, end, needle);
 }
 
 bool hasAvx2() { return __builtin_cpu_supports("avx2"); }
