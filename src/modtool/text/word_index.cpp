@@ -123,21 +123,23 @@ std::uint32_t CWordIndexer::spellingOf(std::string_view text)
     if (isNew)
         m_lastVerse.push_back(0);
     const auto id = static_cast<std::uint32_t>(m_spellings.size());
-    m_spellings.push_back({std::string(text), word->second, 0});
+    m_spellings.push_back({word->second, 0});
+    m_texts.emplace_back(text);
     m_spellingIds.emplace(text, id);
     return id;
 }
 
 std::vector<const std::string*> CWordIndexer::chosenSpellings() const
 {
-    std::vector<const Spelling*> best(m_lastVerse.size(), nullptr);
-    for (const Spelling& spelling : m_spellings) {
-        const Spelling*& known = best[spelling.word];
-        if (!known || spelling.count > known->count)
-            known = &spelling;
+    std::vector<const std::string*> texts(m_lastVerse.size(), nullptr);
+    std::vector<std::uint32_t> counts(texts.size(), 0);
+    for (std::size_t i = 0; i < m_spellings.size(); ++i) {
+        const Spelling& spelling = m_spellings[i];
+        if (texts[spelling.word] != nullptr && spelling.count <= counts[spelling.word])
+            continue;
+        texts[spelling.word] = &m_texts[i];
+        counts[spelling.word] = spelling.count;
     }
-    std::vector<const std::string*> texts(best.size());
-    std::transform(best.begin(), best.end(), texts.begin(), [](const Spelling* s) { return &s->text; });
     return texts;
 }
 

@@ -1,10 +1,11 @@
 #pragma once
 
+#include <tsl/robin_map.h>
+
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace Kedrin::ModTool {
@@ -60,12 +61,13 @@ private:
         using is_transparent = void;
         std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
     };
+    /// Keeps keys, values and hashes in one array: a look-up mostly touches one line of the processor's cache.
     template <typename Value>
-    using Map = std::unordered_map<std::string, Value, Hash, std::equal_to<>>;
+    using Map = tsl::robin_map<std::string, Value, Hash, std::equal_to<>,
+                               std::allocator<std::pair<std::string, Value>>, true>;
 
     struct Spelling
     {
-        std::string text;
         std::uint32_t word;
         std::uint32_t count;
     };
@@ -92,6 +94,7 @@ private:
     std::vector<std::uint32_t> m_chunkSpellings;
     Map<std::uint32_t> m_spellingIds;
     std::vector<Spelling> m_spellings;      ///< in the order of their first appearance
+    std::vector<std::string> m_texts;       ///< [spelling]
     Map<std::uint32_t> m_wordIds;           ///< by the folded spelling
     std::vector<std::uint32_t> m_lastVerse; ///< [word]: the last verse that holds it, plus 1
     std::vector<Posting> m_postings;
