@@ -33,7 +33,6 @@ bool isPlain(const QKeyEvent* event)
 
 ComboBox::ComboBox(QWidget* parent) : QComboBox(parent)
 {
-    setEditable(true);
     auto* edit = new ComboLineEdit(this);
     setLineEdit(edit);
     setCompleter(nullptr);

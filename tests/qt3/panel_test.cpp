@@ -8,6 +8,8 @@
 #include <QLabel>
 #include <QTest>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -48,6 +50,7 @@ private slots:
     void fontShrinksUntilTheTextFits_data();
     void fontShrinksUntilTheTextFits();
     void fontShrinksUntilTheTextIsLowEnough();
+    void fontIsTheFirstOfAllSmallerOnesThatFits();
     void fontNeverShrinksBelowSix();
     void checkBoxPaintsSmallerAndKeepsItsFont();
     void checkBoxesOfOnePanelHaveLettersOfOneSize();
@@ -169,6 +172,26 @@ void PanelTest::fontShrinksUntilTheTextIsLowEnough()
     const QFont fit = qt3::fitFont(QFont(u"DejaVu Sans"_s, 24), u"x"_s, {500, 20});
     QVERIFY(QFontMetrics(fit).height() <= 20);
     QVERIFY(fit.pointSizeF() > 6);
+}
+
+/// Tries all sizes, from the largest one down.
+void PanelTest::fontIsTheFirstOfAllSmallerOnesThatFits()
+{
+    const QString text = u"Актуализирай"_s;
+    for (const qreal own : {6.5, 9.0, 12.25, 24.0})
+        for (const QSize room :
+             {QSize(200, 13), QSize(200, 20), QSize(60, 60), QSize(110, 24), QSize(85, 9)}) {
+            QFont font(u"DejaVu Sans"_s);
+            font.setPointSizeF(own);
+            QFont expected = font;
+            const auto fits = [&] {
+                const QSize needed = QFontMetrics(expected).size(Qt::TextSingleLine, text);
+                return needed.width() <= room.width() && needed.height() <= room.height();
+            };
+            while (expected.pointSizeF() > 6 && !fits())
+                expected.setPointSizeF(std::max(expected.pointSizeF() - 0.5, 6.0));
+            QCOMPARE(qt3::fitFont(font, text, room).pointSizeF(), expected.pointSizeF());
+        }
 }
 
 void PanelTest::fontNeverShrinksBelowSix()
