@@ -9,7 +9,7 @@ namespace qt3 {
 
 void PopupMenu::insertItem(const QString& text, int id)
 {
-    QAction* action = addAction(text);
+    auto* action = new QAction(text, this);
     action->setCheckable(true);
     m_items.insert(id, {action, text, false});
     // A checkable action toggles itself before it emits the signal; undo this first.
@@ -18,6 +18,7 @@ void PopupMenu::insertItem(const QString& text, int id)
         item.action->setChecked(item.isChecked);
     });
     connect(action, &QAction::triggered, this, [this, id] { emit activatedId(id); });
+    addAction(action); // last: a menu looks at every change of its items
 }
 
 QString PopupMenu::text(int id) const { return m_items.value(id).text; }

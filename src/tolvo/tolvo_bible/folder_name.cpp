@@ -38,8 +38,13 @@ QString decoded(const std::string& native)
 
 std::string folder_name(const std::string& folderPath)
 {
-    const QString path = QDir::cleanPath(QString::fromLatin1(folderPath.c_str())); // one character per byte
-    return ut::to_cp1251(decoded(QDir(path).dirName().toLatin1().toStdString()).toStdU16String());
+    std::string name = folderPath.substr(folderPath.rfind('/') + 1);
+    if (name.empty() || name == "." || name == "..") {
+        const QString path =
+            QDir::cleanPath(QString::fromLatin1(folderPath.c_str())); // one character per byte
+        name = QDir(path).dirName().toLatin1().toStdString();
+    }
+    return ut::to_cp1251(decoded(name).toStdU16String());
 }
 
 std::vector<std::string> sub_folders(const std::string& folderPath)
@@ -48,7 +53,8 @@ std::vector<std::string> sub_folders(const std::string& folderPath)
     std::error_code error;
     for (std::filesystem::directory_iterator it(folderPath, error), end; !error && it != end;
          it.increment(error)) {
-        std::string name = it->path().filename().string();
+        const std::string& path = it->path().native();
+        std::string name = path.substr(path.rfind('/') + 1);
         std::error_code unknown;
         if (!name.starts_with('.') && it->is_directory(unknown))
             folders.emplace_back(decoded(name).toLower(), std::move(name));
