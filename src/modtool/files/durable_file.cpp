@@ -23,12 +23,14 @@ void failToWrite(const std::string& name, const std::string& reason)
     throw CBuildError(message("%s: cannot be written (%s)", name, reason));
 }
 
-bool isRegularFile(int descriptor)
+std::string whyNotRegular(int descriptor)
 {
     struct stat facts
     {
     };
-    return ::fstat(descriptor, &facts) == 0 && S_ISREG(facts.st_mode);
+    if (::fstat(descriptor, &facts) != 0)
+        return std::strerror(errno);
+    return S_ISREG(facts.st_mode) ? "" : tr("it is not a regular file");
 }
 
 namespace {
@@ -67,8 +69,8 @@ public:
 
     void requireRegular() const
     {
-        if (!isRegularFile(m_descriptor))
-            failToWrite(m_name, tr("it is not a regular file"));
+        if (const std::string reason = whyNotRegular(m_descriptor); !reason.empty())
+            failToWrite(m_name, reason);
     }
 
     /// Waits for an exclusive lock on the file.

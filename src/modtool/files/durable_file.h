@@ -28,9 +28,11 @@ void syncFolder(const std::string& folder);
 void replaceDurably(const std::string& fileName, std::string_view content);
 
 /// Flags of open(2) for a file that only this program writes: links are not followed, and opening a pipe does
-/// not block. isRegularFile() detects anything else.
+/// not block. whyNotRegular() detects anything else.
 inline constexpr int ownFile = O_NOFOLLOW | O_NONBLOCK;
-bool isRegularFile(int descriptor);
+
+/// Why an open file cannot be taken for a regular one, as the reason of failToWrite(); "" if it is one.
+std::string whyNotRegular(int descriptor);
 
 /// The content of a small file; "" if there is none.
 std::string contentOf(const std::string& fileName);

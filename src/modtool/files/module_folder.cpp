@@ -95,25 +95,39 @@ void CModuleFolder::lock()
         m_lock = ::open(m_lockName.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | ownFile, 0666);
         if (m_lock < 0)
             failToWrite(m_lockName, std::strerror(errno));
-        if (!isRegularFile(m_lock)) {
+        if (const std::string reason = whyNotRegular(m_lock); !reason.empty()) {
             ::close(m_lock);
-            failToWrite(m_lockName, tr("it is not a regular file"));
+            failToWrite(m_lockName, reason);
         }
         if (::flock(m_lock, LOCK_EX | LOCK_NB) != 0) {
+            const int error = errno;
             ::close(m_lock);
-            throw CFolderBusy(message("%s: another build of this folder is running", m_path));
+            if (error == EWOULDBLOCK)
+                throw CFolderBusy(message("%s: another build of this folder is running", m_path));
+            failToWrite(m_lockName, std::strerror(error));
         }
-        struct stat held
-        {
-        };
-        struct stat named
-        {
-        };
-        if (::fstat(m_lock, &held) == 0 && ::stat(m_lockName.c_str(), &named) == 0 &&
-            held.st_ino == named.st_ino)
+        if (isNamed())
             return;
         ::close(m_lock);
     }
+}
+
+/// Whether the lock still has its name, which another process may have removed since it was opened.
+bool CModuleFolder::isNamed() const
+{
+    struct stat held
+    {
+    };
+    struct stat named
+    {
+    };
+    if (::fstat(m_lock, &held) == 0 && ::stat(m_lockName.c_str(), &named) == 0)
+        return held.st_ino == named.st_ino;
+    if (errno == ENOENT)
+        return false;
+    const int error = errno;
+    ::close(m_lock);
+    failToWrite(m_lockName, std::strerror(error));
 }
 
 void CModuleFolder::unlock() const

@@ -50,6 +50,7 @@ public:
 
 private:
     void lock();
+    bool isNamed() const;
     void unlock() const;
     void moveIntoPlace();
     void rollBack(); ///< undoes moveIntoPlace() as far as possible

@@ -21,6 +21,10 @@ constexpr rlim_t longestSeconds = 5;
 constexpr const char* program = "kedrin-module: ";
 constexpr const char* endOfEngine = "let out an exception that its contract does not name: ";
 
+/// What the C++ library and Qt say where there is no memory for an exception or for a text.
+constexpr const char* endsOfLibraries[] = {"'std::bad_alloc'",
+                                           "terminate called without an active exception"};
+
 std::string contentOf(int descriptor)
 {
     std::string content(static_cast<std::size_t>(::lseek(descriptor, 0, SEEK_END)), '\0');
@@ -36,7 +40,7 @@ void emptyFile(int descriptor)
     ::lseek(descriptor, 0, SEEK_SET);
 }
 
-/// Without files and folders whose names begin with a point, except the one in which a module keeps what it was built from.
+/// Without files and folders whose names begin with a point: temporary ones and locks.
 Snapshot withoutHidden(const Snapshot& files)
 {
     Snapshot visible;
@@ -147,7 +151,9 @@ void CAttempts::judge(const Trial& trial, const Attempt& undisturbed, const Atte
                       const Cause& cause, Counts& counts) const
 {
     ++counts.tried;
-    const bool mayLeaveFiles = cause.mayLeaveFiles || attempt.end.exitCode == 0; // what could not be removed
+    const bool mayLeaveFiles = cause.mayLeaveFiles ||
+                               attempt.end.exitCode == 0 || // what could not be removed
+                               attempt.errors.find(".lock: cannot be written") != std::string::npos;
     const auto asIs = [&](const Snapshot& files) { return mayLeaveFiles ? withoutHidden(files) : files; };
     const Snapshot after = asIs(attempt.after);
     const bool isAsBefore = after == asIs(m_before), isAsAfter = after == asIs(undisturbed.after);
@@ -160,7 +166,10 @@ void CAttempts::judge(const Trial& trial, const Attempt& undisturbed, const Atte
         ++counts.reported;
     else if (attempt.end.signal == SIGABRT &&
              (attempt.errors.find(endOfEngine) != std::string::npos ||
-              (cause.isMemory && attempt.errors.find("'std::bad_alloc'") != std::string::npos)) &&
+              (cause.isMemory && std::any_of(std::begin(endsOfLibraries), std::end(endsOfLibraries),
+                                             [&](const char* end) {
+                                                 return attempt.errors.find(end) != std::string::npos;
+                                             }))) &&
              withoutHidden(attempt.after) == withoutHidden(m_before))
         ++counts.ended;
     else if (code == undisturbed.end.exitCode && ((cause.isMemory && isAsAfter) || trial.usesSword))
