@@ -1,10 +1,11 @@
 # Sourced by ./run and ./test, in the project's folder.
 
 # build_preset PRESET [OPTION...]: configures with these options for cmake, unless already done with the
-# current presets, and builds.
+# current presets, and builds. PRESET-short builds a part of PRESET.
 build_preset() {
-    local out=build/$1
-    [ "$out/build.ninja" -nt CMakePresets.json ] || cmake --preset "$@" >/dev/null ||
+    local configured=${1%-short}
+    local out=build/$configured
+    [ "$out/build.ninja" -nt CMakePresets.json ] || cmake --preset "$configured" "${@:2}" >/dev/null ||
         fail "CMake could not prepare the build in $out (see above). If the project was moved or copied, remove $out and try again." \
             "CMake не успя да подготви $out (вж. по-горе). Ако проектът е преместен или копиран, изтрийте $out и опитайте отново."
     cmake --build --preset "$1" ||

@@ -33,7 +33,7 @@ prepared
 for command in 'run --other' 'run --screenshot' 'run --screenshot ""' 'run --screenshot a b' 'run ""'; do
     comes_to 2 'usage: ./run [--screenshot FILE.png]' 'употреба: ./run [--screenshot ФАЙЛ.png]' "../project/$command"
 done
-comes_to 2 'usage: ./test [dev|asan [ARGUMENTS OF CTEST]]' 'употреба: ./test [dev|asan [АРГУМЕНТИ НА CTEST]]' \
+comes_to 2 'usage: ./test [dev|asan|asan-short [ARGUMENTS OF CTEST]]' 'употреба: ./test [dev|asan|asan-short [АРГУМЕНТИ НА CTEST]]' \
     '../project/test release'
 for file in "$work/no/a.png" "$work"; do
     comes_to 1 "$file cannot be written; name another file for the picture." \

@@ -18,13 +18,13 @@ add_executable(tolvo_engine_tests
   text_scan_test.cpp
   verse_cursor_block_test.cpp)
 target_link_libraries(tolvo_engine_tests PRIVATE test_support kedrin_options GTest::gtest_main)
-set(tolvo_leaks_that_stay)
+set(tolvo_engine_properties LABELS core)
 if(KEDRIN_SANITIZE)
   target_compile_definitions(tolvo_engine_tests PRIVATE KEDRIN_SANITIZE)
-  set(tolvo_leaks_that_stay PROPERTIES ENVIRONMENT
+  list(APPEND tolvo_engine_properties ENVIRONMENT # some leaks stay
     "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")
 endif()
-gtest_discover_tests(tolvo_engine_tests DISCOVERY_MODE PRE_TEST ${tolvo_leaks_that_stay})
+gtest_discover_tests(tolvo_engine_tests DISCOVERY_MODE PRE_TEST PROPERTIES ${tolvo_engine_properties})
 
 # The search without the vectors of certain processors, tested on every machine.
 add_executable(tolvo_portable_scan_tests
@@ -33,7 +33,7 @@ add_executable(tolvo_portable_scan_tests
 target_compile_definitions(tolvo_portable_scan_tests PRIVATE KEDRIN_PORTABLE_SCAN)
 target_include_directories(tolvo_portable_scan_tests PRIVATE ${CMAKE_SOURCE_DIR}/src/tolvo)
 target_link_libraries(tolvo_portable_scan_tests PRIVATE base kedrin_options GTest::gtest_main)
-gtest_discover_tests(tolvo_portable_scan_tests DISCOVERY_MODE PRE_TEST TEST_PREFIX Portable.)
+gtest_discover_tests(tolvo_portable_scan_tests DISCOVERY_MODE PRE_TEST TEST_PREFIX Portable. PROPERTIES LABELS core)
 
 # One header, one library: the interface of the engine for other programs.
 add_executable(tolvo_third_program third_program.cpp)
@@ -61,7 +61,5 @@ add_test(NAME third_program.CompilesInAnotherProject
 # Damaged modules made from seeds. By hand: tolvo_damage_run FIRST COUNT.
 add_executable(tolvo_damage_run damage_run.cpp)
 target_link_libraries(tolvo_damage_run PRIVATE test_support kedrin_options)
-add_test(NAME tolvo.damage_run COMMAND tolvo_damage_run 1 3000)
-if(tolvo_leaks_that_stay)
-  set_tests_properties(tolvo.damage_run ${tolvo_leaks_that_stay})
-endif()
+add_test(NAME tolvo.damage_run COMMAND tolvo_damage_run 1 $<IF:$<BOOL:${KEDRIN_SANITIZE}>,3000,20000>)
+set_tests_properties(tolvo.damage_run PROPERTIES ${tolvo_engine_properties})

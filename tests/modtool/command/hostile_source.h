@@ -1,6 +1,7 @@
 #pragma once
 
 #include "built_process.h"
+#include "sanitized.h"
 
 #include <functional>
 
@@ -8,11 +9,7 @@
 
 namespace process_test {
 
-#if defined(__SANITIZE_ADDRESS__)
-inline constexpr bool isSanitized = true;
-#else
-inline constexpr bool isSanitized = false;
-#endif
+using test_support::isSanitized;
 
 /// Repetitions of a text, until they have this many bytes.
 inline std::string repeated(const std::string& text, std::size_t byteCount = 16u << 20)

@@ -1,5 +1,7 @@
 #include "failing_allocation.h"
 
+#include "sanitized.h"
+
 #include <cerrno>
 #include <cstddef>
 
@@ -8,7 +10,7 @@ namespace {
 unsigned long g_count = 0;
 unsigned long g_failing = 0;
 
-#if !defined(__SANITIZE_ADDRESS__) && defined(__GLIBC__)
+#if !KEDRIN_ADDRESS_SANITIZER && defined(__GLIBC__)
 constexpr bool isReplaced = true;
 
 /// Whether the allocation that is asked for is to fail.
@@ -25,7 +27,7 @@ constexpr bool isReplaced = false;
 
 } // namespace
 
-#if !defined(__SANITIZE_ADDRESS__) && defined(__GLIBC__)
+#if !KEDRIN_ADDRESS_SANITIZER && defined(__GLIBC__)
 // The C library's functions under their other names: the names below replace those of the library for all of the program.
 extern "C" {
 void* __libc_malloc(std::size_t byteCount);

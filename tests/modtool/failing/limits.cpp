@@ -1,6 +1,7 @@
 #include "limits.h"
 
 #include "forked.h"
+#include "sanitized.h"
 
 #include <fcntl.h>
 #include <sys/resource.h>
@@ -15,11 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool isSanitized = true;
-#else
-constexpr bool isSanitized = false;
-#endif
+using test_support::isSanitized;
 
 /// Something that a forked process does before its command.
 struct Limit

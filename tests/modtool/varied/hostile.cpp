@@ -5,6 +5,7 @@
 #include "build_fixture.h"
 #include "documented_messages.h"
 #include "mutation.h"
+#include "sanitized.h"
 
 #include <sys/mman.h>
 #include <sys/resource.h>
@@ -23,11 +24,7 @@ namespace varied_test {
 
 namespace {
 
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool isSanitized = true;
-#else
-constexpr bool isSanitized = false;
-#endif
+using test_support::isSanitized;
 
 constexpr rlim_t mostAddresses = 1u << 30;
 constexpr time_t mostSeconds = 30;

@@ -4,6 +4,7 @@
 #include "application.h"
 #include "damaged_reading.h"
 #include "forked.h"
+#include "sanitized.h"
 #include "user.h"
 
 #include <QTest>
@@ -20,11 +21,7 @@ constexpr int filesOfATranslation = 4;    // text, its places, concordance, its 
 constexpr unsigned int measuredEach = 50; // actions
 constexpr qsizetype told = 12;            // last actions, of a session that failed
 
-#if defined(__SANITIZE_ADDRESS__) // it keeps what is freed
-constexpr bool memoryIsMeasured = false;
-#else
-constexpr bool memoryIsMeasured = true;
-#endif
+constexpr bool memoryIsMeasured = !test_support::isSanitized; // else what is freed is kept
 
 /// In MiB.
 double residentMemory()
