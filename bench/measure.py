@@ -2,7 +2,7 @@
 """Runs the benchmarks in a build folder, writes what they measured to speed.json there, and prints the table.
 
 Usage: measure.py BUILD-FOLDER [--instructions] [option of the benchmarks...]
-A complete run also writes doc/quality/speed.md.
+A complete run also writes doc/quality/speed.md and curves.svg there.
 """
 
 import hashlib
@@ -13,9 +13,11 @@ import sys
 import time
 from pathlib import Path
 
+import curves
 import report
 
-PROGRAMS = ["kedrin_bench", "kedrin_window_bench", "kedrin_start_bench", "kedrin_tool_bench", "kedrin_format_bench"]
+PROGRAMS = ["kedrin_bench", "kedrin_window_bench", "kedrin_start_bench", "kedrin_tool_bench", "kedrin_format_bench",
+            "kedrin_curves_bench"]
 COUNTED_IN_PROCESS = ["scan/rare", "scan/common", "scan/every_verse", "word/hits_300", "word/hits_20000", "open_module",
                       "chapter/whole"]
 COUNTED_PROGRAMS = {"kedrin_start_bench": ".", "kedrin_tool_bench": "-mkfastmod", "kedrin_format_bench": "."}
@@ -97,6 +99,7 @@ def main() -> None:
         section = Path(__file__).parent.parent / "doc" / "quality" / "speed.md"
         section.parent.mkdir(exist_ok=True)
         section.write_text(report.as_markdown(result))
+        curves.draw(measured, section.with_name("curves.svg"))
 
 
 if __name__ == "__main__":

@@ -1,5 +1,6 @@
 """The table of speeds as text and as the section of doc/quality.md."""
 
+import curves
 from rows import Row, rows
 
 HEADER = ["what", "ours", "floor or peer", "", "ratio", "goal", "met"]
@@ -97,4 +98,12 @@ checked before it is timed. Times are processor times, including the start of pr
 
 {as_table([["benchmark", "million instructions"], *counted])}
 """
-    return text
+    header = ["cost of, by", *(f"{factor}×" for factor in curves.FACTORS), "order", "should be", "met"]
+    return text + f"""
+The same with 1 to 20 times the work (verses, words, hits, translations, length of a chapter or of a source), relative to
+the first. The order is the exponent from 2 to 20 times: 0 is flat, 1 is linear.
+
+{as_table([header, *curves.table_rows(result["benchmarks"])])}
+
+![Costs of 1 to 20 times the work](curves.svg)
+"""
