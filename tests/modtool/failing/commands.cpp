@@ -143,7 +143,9 @@ int CScene::runEngine() const
         bible.search("\xED\xE0\xF7\xE0\xEB\xEE", true, false, hits); // "начало" in Windows-1251
         bible.search("\xE7\xE5\xEC", false, false, hits);
         std::cout << hits.size() << '\n';
-        return std::cout.flush() ? 0 : 3;
+        if (!std::cout.flush())
+            throw std::runtime_error("the output cannot be written");
+        return 0;
     } catch (const std::exception& ex) {
         std::cerr << "kedrin-module: " << ex.what() << '\n';
         return 3;

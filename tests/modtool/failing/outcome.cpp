@@ -157,6 +157,7 @@ void CAttempts::judge(const Trial& trial, const Attempt& undisturbed, const Atte
     const auto asIs = [&](const Snapshot& files) { return mayLeaveFiles ? withoutHidden(files) : files; };
     const Snapshot after = asIs(attempt.after);
     const bool isAsBefore = after == asIs(m_before), isAsAfter = after == asIs(undisturbed.after);
+    const Snapshot visible = withoutHidden(attempt.after);
     const int code = attempt.end.exitCode;
     const bool isSaid = attempt.errors.starts_with(program) && attempt.errors.ends_with('\n') &&
                         attempt.errors.find("this is a bug") == std::string::npos;
@@ -170,7 +171,7 @@ void CAttempts::judge(const Trial& trial, const Attempt& undisturbed, const Atte
                                              [&](const char* end) {
                                                  return attempt.errors.find(end) != std::string::npos;
                                              }))) &&
-             withoutHidden(attempt.after) == withoutHidden(m_before))
+             (visible == withoutHidden(m_before) || visible == withoutHidden(undisturbed.after)))
         ++counts.ended;
     else if (code == undisturbed.end.exitCode && ((cause.isMemory && isAsAfter) || trial.usesSword))
         ++counts.cut;
