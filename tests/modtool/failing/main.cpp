@@ -29,10 +29,10 @@ Counts failCalls(const CAttempts& attempts, const Trial& trial, unsigned int ste
         const Attempt attempt = attempts.run(trial, nothing, {number});
         const std::string& name = attempt.end.failedCall;
         const bool removes = name.starts_with("unlink") || name == "rmdir" || name == "getdents";
-        attempts.judge(trial, undisturbed, attempt,
-                       {name + ' ' + std::to_string(number), removes, attempt.end.failedOnErrors,
-                        name == "mmap" || name == "brk"},
-                       counts);
+        attempts.judge(
+            trial, undisturbed, attempt,
+            {name + ' ' + std::to_string(number), removes, attempt.end.failedOnErrors, name == "mmap"},
+            counts);
     }
     return counts;
 }
