@@ -8,7 +8,7 @@ text_packages=(sword-text-kjv sword-text-web fonts-dejavu-core)
 screen_packages=(xvfb xauth xdotool x11-xkb-utils imagemagick)
 session_packages=(at-spi2-core dbus-daemon libatspi2.0-dev x11-utils)
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev strace mandoc man-db bash-completion fish zsh xz-utils
-    clang libclang-rt-14-dev clang-format clang-tidy cppcheck python3 desktop-file-utils appstream git)
+    clang libclang-rt-14-dev llvm clang-format clang-tidy cppcheck python3 desktop-file-utils appstream git)
 package_packages=(build-essential debhelper dpkg-dev)
 
 # need_packages NAME...: installs the missing ones, as root or through sudo. If that is impossible, explains
