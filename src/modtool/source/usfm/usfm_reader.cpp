@@ -7,6 +7,7 @@
 #include "module_format.h"
 #include "usfm_letters.h"
 #include "usfm_markers.h"
+#include "usfm_skipped_part.h"
 #include "usfm_tokens.h"
 #include "verse_collector.h"
 
@@ -26,7 +27,8 @@ public:
     CUsfmFileReader(const std::string& fileName, std::string_view utf8, CVerseCollector& verses)
         : m_fileName(fileName),
           m_tokens(utf8),
-          m_verses(verses)
+          m_verses(verses),
+          m_skipped(verses)
     {}
 
     void read()
@@ -48,14 +50,6 @@ public:
     }
 
 private:
-    enum class Skip
-    {
-        nothing,
-        toMarker,    ///< up to the end marker m_skipped
-        toParagraph, ///< up to a marker that ends paragraphs
-        toSidebarEnd
-    };
-
     void text(std::string_view content)
     {
         if (content.ends_with(byteOrderMark)) // of a concatenated file
@@ -63,26 +57,16 @@ private:
         const std::string_view whole = content;
         if (m_openCharacters > 0)
             content = content.substr(0, attributesBegin(content, m_tokens.nextEndMarker()));
-        if (m_skip == Skip::nothing) {
-            m_verses.addText(plainUsfm(content), m_line);
-            m_verses.leaveOut(ReaderRule::attribute, whole.substr(content.size()));
-            return;
-        }
-        m_verses.leaveOut(m_skipReason, whole);
-        if (!m_skipCounted && !isBlank(content)) {
-            m_verses.found(m_skipReason, m_line);
-            m_skipCounted = true;
-        }
-        if (m_takesTitle && m_noteInTitle.empty())
-            m_verses.titles().fullTitle += plainUsfm(content);
+        if (m_skipped.isOpen())
+            return m_skipped.text(content, whole, m_line);
+        m_verses.addText(plainUsfm(content), m_line);
+        m_verses.leaveOut(ReaderRule::attribute, whole.substr(content.size()));
     }
 
     void marker(std::string_view name)
     {
         const UsfmMarker kind = classify(name);
-        if (m_takesTitle && kind == UsfmMarker::note)
-            m_noteInTitle = name;
-        if (!stopsSkipping(kind, name)) {
+        if (m_skipped.goesOnAfter(kind, name, m_line)) {
             if (kind == UsfmMarker::verse)
                 m_tokens.number(); // of a sidebar
             return;
@@ -103,19 +87,19 @@ private:
         case UsfmMarker::field:
             return field(name);
         case UsfmMarker::title:
-            return title(name);
+            return m_skipped.beginTitle(name);
         case UsfmMarker::canonicalTitle:
             return m_verses.beginTitle();
         case UsfmMarker::outside:
-            return skip(Skip::toParagraph, ReaderRule::outside);
+            return m_skipped.beginToParagraph(ReaderRule::outside);
         case UsfmMarker::sidebar:
-            return skip(Skip::toSidebarEnd, ReaderRule::outside);
+            return m_skipped.beginSidebar();
         case UsfmMarker::note:
-            return skipTo(name, ReaderRule::note);
+            return m_skipped.beginToEndMarker(name, ReaderRule::note);
         case UsfmMarker::secondNumber:
-            return skipTo(name, ReaderRule::secondNumber);
+            return m_skipped.beginToEndMarker(name, ReaderRule::secondNumber);
         case UsfmMarker::figure:
-            return skipTo(name, ReaderRule::figure);
+            return m_skipped.beginToEndMarker(name, ReaderRule::figure);
         case UsfmMarker::cell:
             return m_verses.addBreak();
         case UsfmMarker::unknown:
@@ -131,53 +115,14 @@ private:
         }
     }
 
-    /// Whether to process the marker; may end skipping.
-    bool stopsSkipping(UsfmMarker kind, std::string_view name)
-    {
-        const bool beginsPart = kind == UsfmMarker::id || kind == UsfmMarker::chapter;
-        if (m_skip == Skip::nothing || (m_skip == Skip::toSidebarEnd && !beginsPart && name != "esbe"))
-            return m_skip == Skip::nothing;
-        if (!endsParagraph(kind))
-            return false;
-        if (m_skip == Skip::toMarker)
-            m_verses.found(ReaderRule::unfinishedNote, m_line);
-        endSkipping();
-        return true;
-    }
-
     void endMarker(std::string_view name)
     {
-        if (name == m_noteInTitle)
-            m_noteInTitle.clear();
         if (marksWords(name))
             m_verses.endWord();
-        if (m_skip == Skip::toMarker && name == m_skipped) {
-            endSkipping();
+        if (m_skipped.endsAt(name))
             m_verses.addGap();
-        } else if (m_skip == Skip::nothing && m_openCharacters > 0)
+        else if (!m_skipped.isOpen() && m_openCharacters > 0)
             --m_openCharacters;
-    }
-
-    void skip(Skip how, ReaderRule reason)
-    {
-        m_skip = how;
-        m_skipReason = reason;
-        m_skipCounted = false;
-    }
-
-    void skipTo(std::string_view name, ReaderRule reason)
-    {
-        skip(Skip::toMarker, reason);
-        m_skipped = name;
-    }
-
-    void endSkipping()
-    {
-        m_skip = Skip::nothing;
-        if (m_takesTitle)
-            m_verses.titles().fullTitle += ' ';
-        m_takesTitle = false;
-        m_noteInTitle.clear();
     }
 
     void book()
@@ -186,7 +131,7 @@ private:
         const std::string_view rest = m_tokens.restOfLine();
         const std::string osis = osisOfUsfmLine(code, rest);
         m_verses.leaveOut(ReaderRule::metadata, rest);
-        m_mainTitle = false;
+        m_skipped.beginBook();
         const bool isKnown = isKnownOsisId(osis) || isUsfmSideMatter(osis);
         if (!isKnown)
             m_verses.beginUnknownBook(
@@ -246,15 +191,6 @@ private:
             m_verses.found(ReaderRule::outside, m_line);
     }
 
-    void title(std::string_view name)
-    {
-        const bool isMain = baseName(name) == "mt" && m_verses.inBook();
-        if (isMain && isBlank(m_verses.titles().fullTitle))
-            m_mainTitle = true;
-        skip(Skip::toParagraph, ReaderRule::title);
-        m_takesTitle = isMain && m_mainTitle;
-    }
-
     const std::string& m_fileName;
     CUsfmTokens m_tokens;
     CVerseCollector& m_verses;
@@ -263,13 +199,7 @@ private:
     bool m_hasChapter = false;             ///< whether the book has a chapter marker
     /// Number of open character markers: attributes may follow after '|'.
     unsigned int m_openCharacters = 0;
-    Skip m_skip = Skip::nothing;
-    std::string m_skipped;
-    ReaderRule m_skipReason = ReaderRule::note;
-    bool m_skipCounted = false;
-    bool m_mainTitle = false;  ///< the book's full title is taken from its main title
-    bool m_takesTitle = false; ///< the skipped text is part of it
-    std::string m_noteInTitle; ///< end marker of a note in it
+    CUsfmSkippedPart m_skipped;
 };
 
 } // namespace
