@@ -7,6 +7,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include <algorithm>
 #include <cstdio>
 
 namespace {
@@ -23,22 +24,27 @@ const std::vector<Qt::Key> keys = {
 class User : public QObject
 {
 public:
-    explicit User(unsigned int seed) : m_random(seed)
-    {
-        connect(&m_next, &QTimer::timeout, this, &User::act);
-        m_next.start(1);
-    }
+    explicit User(unsigned int seed) : m_random(seed) { actSoon(); }
 
 private:
+    /// Starts a timer for each action, since a timer does not fire again before its slot ends, which waits where a
+    /// key press shows a message box.
+    void actSoon() { QTimer::singleShot(1, this, &User::act); }
+
     void act()
     {
+        actSoon();
         if (QWidget* modal = QApplication::activeModalWidget()) {
             std::printf("box %s\n", modal->windowTitle().toUtf8().constData());
             modal->close();
             return;
         }
         QWidget* window = QApplication::activeWindow();
-        if (window == nullptr || !window->isVisible() || QApplication::activePopupWidget() != nullptr)
+        if (window == nullptr) {
+            activateMainWindow();
+            return;
+        }
+        if (!window->isVisible() || QApplication::activePopupWidget() != nullptr)
             return;
         if (m_done++ < actionCount)
             QTest::keyClick(window->focusWidget() ? window->focusWidget() : window, m_random.oneOf(keys));
@@ -46,7 +52,15 @@ private:
             window->close();
     }
 
-    QTimer m_next;
+    /// Does what a window manager does after a message box is closed.
+    static void activateMainWindow()
+    {
+        const QWidgetList windows = QApplication::topLevelWidgets();
+        const auto visible = std::ranges::find_if(windows, &QWidget::isVisible);
+        if (visible != windows.end())
+            (*visible)->activateWindow();
+    }
+
     test_support::Random m_random;
     unsigned int m_done = 0;
 };
