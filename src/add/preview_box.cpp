@@ -19,14 +19,6 @@ using namespace ModTool;
 
 namespace {
 
-std::optional<InstalledModule> installedAs(const std::string& name)
-{
-    for (InstalledModule& module : installedModules())
-        if (module.name == name)
-            return std::move(module);
-    return std::nullopt;
-}
-
 /// A label of a fact, found by its name in tests and by screen readers.
 QLabel* factLabel(const char* objectName)
 {
@@ -139,7 +131,7 @@ QString CPreviewBox::nameNote(bool known) const
 
 void CPreviewBox::check()
 {
-    const auto known = installedAs(toUtf8(m_name->text()));
+    const auto known = installedModule(toUtf8(m_name->text()));
     m_replace->setText(!known || known->isOwn ? translated("&Replace the translation with this name")
                                               : translated("&Replace, for you, the one of all users"));
     m_replace->setVisible(known.has_value());

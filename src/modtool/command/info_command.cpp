@@ -30,7 +30,7 @@ void writeLines(const ModuleFacts& facts, std::ostream& out)
     out << facts.fullTitle << '\n'
         << message("short title: %s", facts.shortTitle) << '\n'
         << message("abbreviation: %s", facts.abbreviatedTitle) << '\n'
-        << message("folder: %s", printable(facts.folder)) << '\n';
+        << message("folder: %s", printableName(facts.folder)) << '\n';
     for (const std::string& line : facts.copyright)
         out << message("copyright: %s", line) << '\n';
     out << message("%s, %s, %s (%s empty), %s, %s", counted(facts.books.size(), "book", "books"),

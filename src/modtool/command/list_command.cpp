@@ -43,9 +43,9 @@ void writeLines(const std::vector<InstalledModule>& modules, std::ostream& out)
 {
     std::size_t width = 0;
     for (const InstalledModule& module : modules)
-        width = std::max(width, charactersIn(printable(module.name)));
+        width = std::max(width, charactersIn(printableName(module.name)));
     for (const InstalledModule& module : modules)
-        out << padded(printable(module.name), width) << "  " << titleOf(module)
+        out << padded(printableName(module.name), width) << "  " << titleOf(module)
             << (module.isOwn ? "" : tr(" (installed for all users)")) << '\n';
     if (modules.empty())
         out << tr("no module is installed") << '\n';

@@ -34,7 +34,7 @@ private:
     int answer(std::ostream& out) const override
     {
         removeOwnModule(m_name);
-        out << message("%s is removed", printable(m_name)) << '\n';
+        out << message("%s is removed", printableName(m_name)) << '\n';
         return exitDone;
     }
 

@@ -39,14 +39,6 @@ void checkName(const std::string& name)
         throw CBuildError(message("%s cannot be the name of a module", inQuotes(name)));
 }
 
-std::optional<InstalledModule> installedAs(const std::string& name)
-{
-    for (InstalledModule& module : installedModules())
-        if (module.name == name)
-            return std::move(module);
-    return std::nullopt;
-}
-
 void makeFolder(const std::string& folder)
 {
     std::error_code error;
@@ -100,7 +92,7 @@ std::string defaultModuleName(const std::string& source, const SourceInfo& info)
 void checkNewName(const std::string& name, bool mayReplace)
 {
     checkName(name);
-    if (!mayReplace && installedAs(name))
+    if (!mayReplace && installedModule(name))
         throw CBuildError(
             message("a module named \"%s\" is already installed; choose another name, or replace it", name));
 }
@@ -119,7 +111,7 @@ std::string AddedModule::text() const
 AddedModule addModule(const SourceBible& bible, const AddOptions& options, IProgress& progress)
 {
     checkNewName(options.name, options.mayReplace);
-    const std::optional<InstalledModule> known = installedAs(options.name);
+    const std::optional<InstalledModule> known = installedModule(options.name);
     const std::string parent = ownModulesFolder();
     makeFolder(parent);
     AddedModule added{options.name, known && known->isOwn, options.isFirst, {}};

@@ -135,15 +135,22 @@ std::vector<InstalledModule> installedModules()
     return modules;
 }
 
+std::optional<InstalledModule> installedModule(std::string_view name)
+{
+    std::vector<InstalledModule> modules = installedModules();
+    const auto found = std::ranges::find(modules, name, &InstalledModule::name);
+    return found == modules.end() ? std::nullopt : std::optional(std::move(*found));
+}
+
 std::string moduleFolder(const std::string& argument)
 {
     std::error_code ignored;
     if (argument.find('/') != std::string::npos || isModuleFolder(argument))
         return argument;
     const std::vector<InstalledModule> modules = installedModules();
-    for (const InstalledModule& module : modules)
-        if (module.name == argument)
-            return module.folder;
+    if (const auto found = std::ranges::find(modules, argument, &InstalledModule::name);
+        found != modules.end())
+        return found->folder;
     if (fs::exists(argument, ignored)) // what is wrong with it is for the caller to say
         return argument;
     failUnknown(argument, modules);
@@ -182,8 +189,7 @@ std::string moduleNameFrom(std::string_view utf8)
 void removeOwnModule(const std::string& name)
 {
     const std::vector<InstalledModule> modules = installedModules();
-    const auto found = std::find_if(modules.begin(), modules.end(),
-                                    [&](const InstalledModule& module) { return module.name == name; });
+    const auto found = std::ranges::find(modules, name, &InstalledModule::name);
     if (found == modules.end())
         failUnknown(name, modules);
     if (!found->isOwn)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,6 +23,9 @@ std::string ownModulesFolder();
 /// The user's own modules and the system's, in the order in which the reader lists them. Of two with one name the user's
 /// own counts. A link from the user's folder to a module of the system is the system's module.
 std::vector<InstalledModule> installedModules();
+
+/// The one of that name.
+std::optional<InstalledModule> installedModule(std::string_view name);
 
 /// The folder that a command line means: the path itself where it holds a '/' or is a module's folder, else the folder
 /// of the installed module of that name.

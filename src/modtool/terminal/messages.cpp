@@ -52,7 +52,10 @@ std::string inQuotes(std::string_view utf8, std::size_t maxBytes)
     return message("\"%s\"", text + (isLong ? "..." : ""));
 }
 
-std::string printable(std::string_view utf8)
+namespace {
+
+/// @param kept  control characters that stay
+std::string withoutControls(std::string_view utf8, std::string_view kept)
 {
     constexpr unsigned char leadOfC1 = 0xC2; // U+0080 to U+009F are C2 80 to C2 9F
     std::string text;
@@ -60,7 +63,8 @@ std::string printable(std::string_view utf8)
     for (const char c : utf8) {
         const auto byte = static_cast<unsigned char>(c);
         const bool isC1 = before == leadOfC1 && byte >= 0x80 && byte < 0xA0;
-        const bool isControl = (byte < 0x20 && c != '\n' && c != '\t') || byte == 0x7F || isC1;
+        const bool isControl =
+            (byte < 0x20 && kept.find(c) == std::string_view::npos) || byte == 0x7F || isC1;
         if (isC1)
             text.pop_back();
         text += isControl ? fmt::sprintf("\\x%02X", byte) : std::string(1, c);
@@ -68,5 +72,11 @@ std::string printable(std::string_view utf8)
     }
     return text;
 }
+
+} // namespace
+
+std::string printable(std::string_view utf8) { return withoutControls(utf8, "\n\t"); }
+
+std::string printableName(std::string_view utf8) { return withoutControls(utf8, {}); }
 
 } // namespace Kedrin::ModTool

@@ -58,4 +58,7 @@ std::string inQuotes(std::string_view utf8, std::size_t maxBytes = maxShownBytes
 /// the like.
 std::string printable(std::string_view utf8);
 
+/// The same for a name within a line: line ends and tabs become \x0A and \x09 too.
+std::string printableName(std::string_view utf8);
+
 } // namespace Kedrin::ModTool

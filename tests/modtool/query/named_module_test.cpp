@@ -50,9 +50,9 @@ TEST_F(NamedModule, WithoutATitleIsListedByItsFolder)
 
 TEST_F(NamedModule, ControlCharactersOfItsNameAreShownAsNumbers)
 {
-    const std::string name = "a\x1B[31m", shown = "a\\x1B[31m";
+    const std::string name = "a\x1B[31m\nb", shown = "a\\x1B[31m\\x0Ab";
     std::filesystem::copy(m_modules.path("first"), bibles() + '/' + name);
-    EXPECT_EQ(run({"list"}).out.find("en         English\n" + shown + "  Пробен превод\n"), 0u);
+    EXPECT_EQ(run({"list"}).out.find("en              English\n" + shown + "  Пробен превод\n"), 0u);
     EXPECT_NE(run({"info", name}).out.find("\nfolder: " + bibles() + '/' + shown + '\n'), std::string::npos);
     EXPECT_EQ(run({"remove", name}), (Result{0, shown + " is removed\n", ""}));
 }

@@ -13,6 +13,8 @@ TEST(Messages, ControlCharactersAreShownAsNumbers)
     EXPECT_EQ(printable("\u0085\u009B31m\u00A0"), "\\x85\\x9B31m\u00A0") << "those of two bytes";
 }
 
+TEST(Messages, NameIsShownOnOneLine) { EXPECT_EQ(printableName("a\nb\tc\x1B"), "a\\x0Ab\\x09c\\x1B"); }
+
 /// An exception's text would end there.
 TEST(Messages, ZeroBytesInArgumentsAreShown)
 {
