@@ -2,8 +2,8 @@
 source "$(dirname "${BASH_SOURCE[0]}")/say.sh"
 
 build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev libicu-dev libsword-dev libcli11-dev libxml2-dev
-    libexpat1-dev nlohmann-json3-dev robin-map-dev libfmt-dev libsqlite3-dev libzip-dev libyaml-dev zlib1g-dev gettext
-    librsvg2-bin cmark-gfm)
+    libexpat1-dev nlohmann-json3-dev robin-map-dev libxxhash-dev libfmt-dev libsqlite3-dev
+    libzip-dev libyaml-dev zlib1g-dev gettext librsvg2-bin cmark-gfm)
 text_packages=(sword-text-kjv sword-text-web fonts-dejavu-core)
 screen_packages=(xvfb xauth xdotool x11-xkb-utils imagemagick)
 session_packages=(at-spi2-core dbus-daemon libatspi2.0-dev x11-utils)

@@ -3,12 +3,14 @@
 #include "cp1251.h"
 #include "errors.h"
 #include "messages.h"
-#include "tolvo_bible/word_list.h"
 #include "ut_utils.h"
 
 #include <unicode/brkiter.h>
 #include <unicode/uchar.h>
 #include <unicode/utext.h>
+
+#define XXH_INLINE_ALL // its code for short keys
+#include <xxhash.h>
 
 #include <algorithm>
 #include <numeric>
@@ -63,6 +65,11 @@ private:
     UText* m_text = nullptr;
 };
 
+std::size_t CWordIndexer::Hash::operator()(std::string_view text) const
+{
+    return XXH3_64bits(text.data(), text.size());
+}
+
 CWordIndexer::CWordIndexer() : m_boundaries(std::make_unique<CBoundaries>()) {}
 CWordIndexer::~CWordIndexer() = default;
 
@@ -83,34 +90,34 @@ void CWordIndexer::addChunk(std::string_view text, unsigned int verseNum)
     auto known = m_chunks.find(text);
     if (known == m_chunks.end())
         known = m_chunks.emplace(text, segment(text, verseNum)).first;
-    const Chunk chunk = known->second;
-    m_occurrences += chunk.count;
+    Chunk& chunk = known.value();
+    ++chunk.occurrences;
     m_longWords.count += chunk.longWordsCount;
     for (std::uint32_t i = chunk.first; i < chunk.first + chunk.count; ++i) {
-        Spelling& spelling = m_spellings[m_chunkSpellings[i]];
-        ++spelling.count;
-        if (m_lastVerse[spelling.word] == verseNum + 1)
+        const std::uint32_t word = m_chunkWords[i].word;
+        if (m_lastVerse[word] == verseNum + 1)
             continue;
-        m_lastVerse[spelling.word] = verseNum + 1;
-        m_postings.push_back({spelling.word, static_cast<std::uint16_t>(verseNum)});
+        m_lastVerse[word] = verseNum + 1;
+        m_postings.push_back({word, static_cast<std::uint16_t>(verseNum)});
     }
 }
 
 CWordIndexer::Chunk CWordIndexer::segment(std::string_view text, unsigned int verseNum)
 {
-    const auto first = static_cast<std::uint32_t>(m_chunkSpellings.size());
+    const auto first = static_cast<std::uint32_t>(m_chunkWords.size());
     std::uint32_t longWordsCount = 0;
     m_boundaries->forEachWord(text, [&](std::size_t begin, std::size_t length) {
         const std::string_view word = text.substr(begin, length);
         if (length <= maxWordBytes) {
-            m_chunkSpellings.push_back(spellingOf(word));
+            const std::uint32_t spelling = spellingOf(word);
+            m_chunkWords.push_back({spelling, m_spellings[spelling].word});
             return;
         }
         if (m_longWords.first.empty())
             m_longWords = {0, std::string(word), verseNum};
         ++longWordsCount;
     });
-    return {first, static_cast<std::uint32_t>(m_chunkSpellings.size()) - first, longWordsCount};
+    return {first, static_cast<std::uint32_t>(m_chunkWords.size()) - first, longWordsCount, 0};
 }
 
 std::uint32_t CWordIndexer::spellingOf(std::string_view text)
@@ -123,42 +130,60 @@ std::uint32_t CWordIndexer::spellingOf(std::string_view text)
     if (isNew)
         m_lastVerse.push_back(0);
     const auto id = static_cast<std::uint32_t>(m_spellings.size());
-    m_spellings.push_back({word->second, 0});
-    m_texts.emplace_back(text);
+    m_spellings.push_back({std::string(text), word->second});
     m_spellingIds.emplace(text, id);
     return id;
 }
 
-std::vector<const std::string*> CWordIndexer::chosenSpellings() const
+/// @returns [spelling]
+std::vector<std::uint32_t> CWordIndexer::spellingCounts() const
+{
+    std::vector<std::uint32_t> counts(m_spellings.size(), 0);
+    for (const auto& [text, chunk] : m_chunks)
+        for (std::uint32_t i = chunk.first; i < chunk.first + chunk.count; ++i)
+            counts[m_chunkWords[i].spelling] += chunk.occurrences;
+    return counts;
+}
+
+/// @param counts  [spelling]
+/// @returns [word]
+std::vector<const std::string*> CWordIndexer::chosenSpellings(const std::vector<std::uint32_t>& counts) const
 {
     std::vector<const std::string*> texts(m_lastVerse.size(), nullptr);
-    std::vector<std::uint32_t> counts(texts.size(), 0);
+    std::vector<std::uint32_t> highest(texts.size(), 0);
     for (std::size_t i = 0; i < m_spellings.size(); ++i) {
-        const Spelling& spelling = m_spellings[i];
-        if (texts[spelling.word] != nullptr && spelling.count <= counts[spelling.word])
+        const auto& [text, word] = m_spellings[i];
+        if (texts[word] != nullptr && counts[i] <= highest[word])
             continue;
-        texts[spelling.word] = &m_texts[i];
-        counts[spelling.word] = spelling.count;
+        texts[word] = &text;
+        highest[word] = counts[i];
     }
     return texts;
 }
 
+/// In the order of Tolvo::caseInsensitiveComp, which is that of the folded bytes.
+std::vector<std::uint32_t> CWordIndexer::sortedWords() const
+{
+    std::vector<std::pair<std::string_view, std::uint32_t>> folded(m_wordIds.begin(), m_wordIds.end());
+    std::sort(folded.begin(), folded.end());
+    std::vector<std::uint32_t> words;
+    for (const auto& [text, word] : folded)
+        words.push_back(word);
+    return words;
+}
+
 WordIndex CWordIndexer::finish()
 {
-    const std::vector<const std::string*> texts = chosenSpellings();
-    std::vector<std::uint32_t> order(texts.size()); // [position in the list]: word
-    std::iota(order.begin(), order.end(), 0u);
-    std::sort(order.begin(), order.end(), [&](std::uint32_t a, std::uint32_t b) {
-        return Tolvo::caseInsensitiveComp(*texts[a], *texts[b]);
-    });
+    const std::vector<std::uint32_t> counts = spellingCounts();
+    const std::vector<const std::string*> texts = chosenSpellings(counts);
 
     WordIndex index;
-    index.occurrences = m_occurrences;
+    index.occurrences = std::accumulate(counts.begin(), counts.end(), std::uint64_t(0));
     std::vector<std::uint32_t> next(texts.size(), 0); // [word]: posting count, then write position
     for (const Posting& posting : m_postings)
         ++next[posting.word];
     std::uint32_t begin = 0;
-    for (const std::uint32_t word : order) {
+    for (const std::uint32_t word : sortedWords()) {
         index.words.push_back(*texts[word]);
         index.firstEntry.push_back(begin);
         begin += std::exchange(next[word], begin);

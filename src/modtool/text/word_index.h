@@ -59,7 +59,7 @@ private:
     struct Hash
     {
         using is_transparent = void;
-        std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
+        std::size_t operator()(std::string_view text) const;
     };
     /// Keeps keys, values and hashes in one array: a look-up mostly touches one line of the processor's cache.
     template <typename Value>
@@ -68,14 +68,19 @@ private:
 
     struct Spelling
     {
+        std::string text;
         std::uint32_t word;
-        std::uint32_t count;
+    };
+    struct ChunkWord
+    {
+        std::uint32_t spelling, word;
     };
     struct Chunk ///< a text between blanks, and the words in it
     {
-        std::uint32_t first; ///< in m_chunkSpellings
+        std::uint32_t first; ///< in m_chunkWords
         std::uint32_t count;
         std::uint32_t longWordsCount;
+        std::uint32_t occurrences;
     };
     struct Posting
     {
@@ -86,19 +91,19 @@ private:
     void addChunk(std::string_view chunk, unsigned int verseNum);
     Chunk segment(std::string_view chunk, unsigned int verseNum);
     std::uint32_t spellingOf(std::string_view word);
-    std::vector<const std::string*> chosenSpellings() const;
+    std::vector<std::uint32_t> spellingCounts() const;
+    std::vector<const std::string*> chosenSpellings(const std::vector<std::uint32_t>& counts) const;
+    std::vector<std::uint32_t> sortedWords() const;
 
     class CBoundaries;
     std::unique_ptr<CBoundaries> m_boundaries;
     Map<Chunk> m_chunks;
-    std::vector<std::uint32_t> m_chunkSpellings;
+    std::vector<ChunkWord> m_chunkWords;
     Map<std::uint32_t> m_spellingIds;
     std::vector<Spelling> m_spellings;      ///< in the order of their first appearance
-    std::vector<std::string> m_texts;       ///< [spelling]
     Map<std::uint32_t> m_wordIds;           ///< by the folded spelling
     std::vector<std::uint32_t> m_lastVerse; ///< [word]: the last verse that holds it, plus 1
     std::vector<Posting> m_postings;
-    std::uint64_t m_occurrences = 0;
     LongWords m_longWords;
 };
 
