@@ -24,15 +24,13 @@ Anchor anchorOf(const QTextDocument& document, int position)
 {
     Anchor anchor;
     const QTextBlock block = document.findBlock(position);
-    for (auto it = block.begin(); !it.atEnd(); ++it) {
+    for (auto it = block.begin(); !it.atEnd() && it.fragment().position() <= position; ++it) {
         const QTextCharFormat format = it.fragment().charFormat();
         const QStringList names = format.anchorNames();
         if (!names.isEmpty() || format.anchorHref() != anchor.href)
             anchor = {names.value(0), format.anchorHref()};
-        if (it.fragment().contains(position))
-            return anchor;
     }
-    return {};
+    return anchor;
 }
 
 QImage transparentPixel()

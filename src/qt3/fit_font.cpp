@@ -14,7 +14,7 @@ QSize sizeOf(const QString& text, const QFont& font)
     return QFontMetrics(font).size(Qt::TextSingleLine | Qt::TextShowMnemonic, text);
 }
 
-/// The sizes that a font can be given: 0 is its own, each further one is a step smaller.
+/// The sizes below its own that a font can be given, each a step smaller; the first has index 1.
 class CSmallerSizes
 {
 public:
@@ -27,6 +27,7 @@ public:
 
     qreal own() const { return m_own; }
 
+    /// 0 if there is none.
     int last() const { return m_own > smallest ? indexOf(smallest) : 0; }
 
     /// The first index whose size is not larger than this one.
@@ -34,8 +35,6 @@ public:
 
     QFont at(int index) const
     {
-        if (index == 0)
-            return m_font;
         QFont font = m_font;
         const qreal size = std::max(m_own - index * m_step, smallest);
         if (m_inPoints)

@@ -21,6 +21,9 @@ private slots:
     void tabThatHasGoneIsInvalid();
     void scrollButtonsStandAfterTheTabs();
     void focusIsOnTheCurrentTab();
+    void tabDescribesItself();
+    void tabHoldsNothing();
+    void lastAmpersandIsNotSpoken();
 
 private:
     QAccessibleInterface* seen() const { return QAccessible::queryAccessibleInterface(m_bar.get()); }
@@ -123,6 +126,46 @@ void TabBarAccessibleTest::focusIsOnTheCurrentTab()
     m_bar->setFocus(Qt::TabFocusReason);
     QCOMPARE(seen()->focusChild(), seen()->child(1));
     QVERIFY(seen()->child(1)->state().focused && !seen()->child(0)->state().focused);
+}
+
+void TabBarAccessibleTest::tabDescribesItself()
+{
+    addThree();
+    m_bar->setTabToolTip(1, u"tip"_s);
+    m_bar->setTabWhatsThis(1, u"help"_s);
+    m_bar->setAccessibleTabName(2, u"named"_s);
+    show();
+    QAccessibleInterface* second = seen()->child(1);
+    QCOMPARE(second->text(QAccessible::Description), u"tip"_s);
+    QCOMPARE(second->text(QAccessible::Help), u"help"_s);
+    QCOMPARE(second->text(QAccessible::Value), QString());
+    QCOMPARE(seen()->child(2)->text(QAccessible::Name), u"named"_s);
+    QVERIFY(second->window() != nullptr && second->window() == seen()->window());
+    QCOMPARE(second->actionInterface()->actionNames(),
+             QStringList{QAccessibleActionInterface::pressAction()});
+    QVERIFY(
+        second->actionInterface()->keyBindingsForAction(QAccessibleActionInterface::pressAction()).isEmpty());
+    second->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+    QCOMPARE(m_bar->currentTab(), 0);
+    QVERIFY(second->valueInterface() == nullptr);
+}
+
+void TabBarAccessibleTest::tabHoldsNothing()
+{
+    addThree();
+    QAccessibleInterface* tab = seen()->child(0);
+    const QPoint centre = tab->rect().center();
+    QCOMPARE(tab->childCount(), 0);
+    QVERIFY(tab->child(0) == nullptr && tab->childAt(centre.x(), centre.y()) == nullptr);
+    QCOMPARE(tab->indexOfChild(seen()->child(1)), -1);
+    tab->setText(QAccessible::Name, u"other"_s);
+    QCOMPARE(tab->text(QAccessible::Name), u"А"_s);
+}
+
+void TabBarAccessibleTest::lastAmpersandIsNotSpoken()
+{
+    m_bar->addTab(u"One&"_s);
+    QCOMPARE(seen()->child(0)->text(QAccessible::Name), u"One"_s);
 }
 
 QTEST_MAIN(TabBarAccessibleTest)
