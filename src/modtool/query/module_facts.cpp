@@ -1,6 +1,8 @@
 #include "module_facts.h"
 
+#include "errors.h"
 #include "global_books.h"
+#include "messages.h"
 #include "module_format.h"
 #include "module_words.h"
 #include "stored_markup.h"
@@ -46,9 +48,12 @@ void countFiles(const std::string& folder, ModuleFacts& facts)
 {
     for (const std::string_view name : moduleFileNames) {
         std::error_code error;
-        const std::uint64_t bytes = std::filesystem::file_size(folder + '/' + std::string(name), error);
-        if (error)
+        const std::string path = folder + '/' + std::string(name);
+        const std::uint64_t bytes = std::filesystem::file_size(path, error);
+        if (error == std::errc::no_such_file_or_directory)
             continue;
+        if (error)
+            throw CModuleError(message("%s: cannot be read", path) + systemReason(error.value()));
         facts.files.emplace_back(name, bytes);
         facts.byteCount += bytes;
     }

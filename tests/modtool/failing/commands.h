@@ -5,6 +5,7 @@
 
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace failing_test {
@@ -15,6 +16,8 @@ struct Trial
     std::string name;                   ///< "show --with"
     std::vector<std::string> arguments; ///< of the program; empty: the engine's session
     bool usesSword = false;
+
+    bool is(std::string_view command) const { return !arguments.empty() && arguments.front() == command; }
 };
 
 /// The content of every file by its path, and "link" or "folder" of others.

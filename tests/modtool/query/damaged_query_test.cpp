@@ -62,6 +62,17 @@ TEST_F(Damaged, MissingFileIsNamed)
                           "/_Diff_.txt\n"}));
 }
 
+TEST_F(Damaged, FileThatHasNoSizeIsNamed)
+{
+    const std::string path = spoiled([](auto& bytes) { bytes.erase("_Info_.txt"); });
+    EXPECT_EQ(run({"info", path}).code, 0) << "a module needs no such file";
+    std::filesystem::create_symlink("_Info_.txt", path + "/_Info_.txt");
+    EXPECT_EQ(run({"info", path}),
+              (Result{3, "",
+                      "kedrin-module: " + path +
+                          "/_Info_.txt: cannot be read (Too many levels of symbolic links)\n"}));
+}
+
 TEST_F(Damaged, TruncatedText)
 {
     const std::string path = spoiled([](auto& bytes) { bytes["CompactText.bin"].resize(20); });

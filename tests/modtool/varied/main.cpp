@@ -1,104 +1,72 @@
 // Random texts in every format: the formats agree, and damaged sources are built or refused.
-//
-//     random_sources [--texts N] [--inputs N] [--first SEED] [--format NAME] [--keep FOLDER] [--write FILE]
 
 #include "agreement.h"
 #include "hostile.h"
 
-#include <cstdio>
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+
 #include <fstream>
 #include <iostream>
-#include <map>
-#include <sstream>
 
 namespace {
 
 using namespace varied_test;
 
-/// The values of the options, or what stands for them.
-class COptions
-{
-public:
-    COptions(int argc, char* argv[])
-    {
-        for (int i = 1; i + 1 < argc; i += 2)
-            m_values[argv[i]] = argv[i + 1];
-    }
-
-    unsigned int number(const std::string& name, unsigned int otherwise) const
-    {
-        const std::string value = text(name);
-        return value.empty() ? otherwise : static_cast<unsigned int>(std::stoul(value));
-    }
-
-    std::string text(const std::string& name) const
-    {
-        const auto found = m_values.find(name);
-        return found == m_values.end() ? "" : found->second;
-    }
-
-private:
-    std::map<std::string, std::string> m_values;
-};
-
 std::string rowOf(const std::string& name, const HostileCounts& counts)
 {
-    std::ostringstream row;
-    row.precision(2);
-    row << std::fixed << "| " << name << " | " << counts.inputs << " | " << counts.built << " | "
-        << counts.refused << " | " << counts.failed << " | " << (counts.mostBytes + 1023) / 1024 << " KiB | "
-        << counts.longestSeconds << " s | " << (counts.mostMemory >> 20) << " MiB |\n";
-    return row.str();
+    return fmt::format("| {} | {} | {} | {} | {} | {} KiB | {:.2f} s | {} MiB |\n", name, counts.inputs,
+                       counts.built, counts.refused, counts.failed, (counts.mostBytes + 1023) / 1024,
+                       counts.longestSeconds, counts.mostMemory >> 20);
 }
 
-std::string section(unsigned int texts, unsigned int differing, const std::string& rows)
-{
-    std::ostringstream page;
-    page << "## Sources of every format\n\n"
-            "`random_sources` writes random texts in every format that `build` reads, by code of the tests "
-            "alone, each "
-            "time with\n"
-            "other line ends, encodings, quoting, comments, blanks, escapes, and orders of what has no "
-            "order. Of "
-         << texts << " texts\n"
-         << differing << " were read otherwise through any of the " << formats().size()
-         << " formats.\n\n"
-            "It then damages such sources and the corpus of the fuzzers (bits, bytes, parts removed, "
-            "repeated and "
-            "moved, other\n"
-            "numbers, signs with a meaning in some format), and builds each with `build --substitute`, in a "
-            "process "
-            "with 1 GiB of\n"
-            "address space and 30 s of processor time. Only two outcomes are allowed: a module, which the "
-            "build has "
-            "read back and\n"
-            "compared, or exit code 1 with a message that the documentation has, word for word.\n\n"
-            "| Format | Sources | Built | Refused | Otherwise | Largest | Longest | Most memory |\n"
-            "|---|---|---|---|---|---|---|---|\n"
-         << rows << "\nMemory is that of a process that builds 500 of them, one after another.\n";
-    return page.str();
-}
+constexpr const char* page = R"(## Sources of every format
+
+`random_sources` writes random texts in every format that `build` reads, by code of the tests alone, each time with
+other line ends, encodings, quoting, comments, blanks, escapes, and orders of what has no order. Of {} texts
+{} were read otherwise through any of the {} formats.
+
+It then damages such sources and the corpus of the fuzzers (bits, bytes, parts removed, repeated and moved, other
+numbers, signs with a meaning in some format), and builds each with `build --substitute`, in a process with 1 GiB of
+address space and 30 s of processor time. Only two outcomes are allowed: a module, which the build has read back and
+compared, or exit code 1 with a message that the documentation has, word for word.
+
+| Format | Sources | Built | Refused | Otherwise | Largest | Longest | Most memory |
+|---|---|---|---|---|---|---|---|
+{}
+Memory is that of a process that builds 500 of them, one after another.
+)";
 
 } // namespace
 
 int main(int argc, char* argv[])
 {
-    const COptions options(argc, argv);
-    const unsigned int texts = options.number("--texts", 0), inputs = options.number("--inputs", 0),
-                       first = options.number("--first", 1);
-    const unsigned int differing = countDisagreements(texts, first, options.text("--keep"));
-    std::printf("%u texts through %zu formats; %u differ\n", texts, formats().size(), differing);
+    unsigned int texts = 0, inputs = 0, first = 1;
+    std::string format, keep, file;
+    CLI::App options(
+        "Random texts in every format: the formats agree, and damaged sources are built or refused.");
+    options.add_option("--texts", texts, "How many texts to write in every format");
+    options.add_option("--inputs", inputs, "How many damaged sources to build, of each format");
+    options.add_option("--first", first, "The first seed");
+    options.add_option("--format", format, "Damages sources of this format only");
+    options.add_option("--keep", keep, "Folder for the sources of failures");
+    options.add_option("--write", file, "Where to write the section of the quality report");
+    CLI11_PARSE(options, argc, argv);
+
+    const unsigned int differing = countDisagreements(texts, first, keep);
+    std::cout << fmt::format("{} texts through {} formats; {} differ\n", texts, formats().size(), differing);
     unsigned int failed = 0;
     std::string rows;
-    for (const Format& format : formats()) {
-        if (inputs == 0 || (!options.text("--format").empty() && options.text("--format") != format.name))
+    for (const Format& each : formats()) {
+        if (inputs == 0 || (!format.empty() && format != each.name))
             continue;
-        const HostileCounts counts = buildHostile(format, {inputs, first, options.text("--keep")});
-        rows += rowOf(format.name, counts);
+        const HostileCounts counts = buildHostile(each, {inputs, first, keep});
+        const std::string row = rowOf(each.name, counts);
+        std::cout << row << std::flush;
+        rows += row;
         failed += counts.failed;
     }
-    std::cout << rows;
-    if (const std::string file = options.text("--write"); !file.empty())
-        std::ofstream(file) << section(texts, differing, rows);
+    if (!file.empty())
+        std::ofstream(file) << fmt::format(page, texts, differing, formats().size(), rows);
     return differing + failed == 0 ? 0 : 1;
 }
