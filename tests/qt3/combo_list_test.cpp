@@ -41,6 +41,7 @@ private slots:
     void destroyedListLeavesTheText();
     void itemsAfterAListShowThemselves();
     void listOpensAtTheTextInTheBox();
+    void listOpensAtTheFirstItem();
     void textSetKeepsItsCaseInACaselessList();
     void callerKeepsTheList();
     void boxMayDieBeforeOrAfterTheList();
@@ -211,6 +212,16 @@ void ComboListTest::listOpensAtTheTextInTheBox()
     QCOMPARE(m->box->currentItem(), 0);
     QCOMPARE(m->text(), u"Дума 4321"_s);
     QCOMPARE(m->takeTold(), QStringList());
+}
+
+void ComboListTest::listOpensAtTheFirstItem()
+{
+    m->box->setListModel(&m_words);
+    m->box->setCurrentItem(4321);
+    m->box->setEditText(u"Дума 0"_s);
+    m->box->showPopup();
+    QVERIFY(QTest::qWaitForWindowExposed(m->box->view()->window()));
+    QCOMPARE(m->box->view()->currentIndex().row(), 0);
 }
 
 void ComboListTest::textSetKeepsItsCaseInACaselessList()

@@ -51,6 +51,7 @@ private slots:
     void fontShrinksUntilTheTextFits();
     void fontShrinksUntilTheTextIsLowEnough();
     void fontIsTheFirstOfAllSmallerOnesThatFits();
+    void pixelsShrinkOneByOne();
     void fontNeverShrinksBelowSix();
     void checkBoxPaintsSmallerAndKeepsItsFont();
     void checkBoxesOfOnePanelHaveLettersOfOneSize();
@@ -192,6 +193,19 @@ void PanelTest::fontIsTheFirstOfAllSmallerOnesThatFits()
                 expected.setPointSizeF(std::max(expected.pointSizeF() - 0.5, 6.0));
             QCOMPARE(qt3::fitFont(font, text, room).pointSizeF(), expected.pointSizeF());
         }
+}
+
+void PanelTest::pixelsShrinkOneByOne()
+{
+    const QString text = u"Актуализирай"_s;
+    QFont font(u"DejaVu Sans"_s);
+    font.setPixelSize(24);
+    for (int pixels = 23; pixels >= 6; --pixels) {
+        QFont expected = font;
+        expected.setPixelSize(pixels);
+        const QSize room = QFontMetrics(expected).size(Qt::TextSingleLine, text);
+        QCOMPARE(qt3::fitFont(font, text, room).pixelSize(), pixels);
+    }
 }
 
 void PanelTest::fontNeverShrinksBelowSix()
