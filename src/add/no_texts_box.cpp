@@ -19,8 +19,8 @@ bool wantsToAddText()
     box.setText(translated("Kedrin has no Bible text yet."));
     box.setInformativeText(
         translated("Many translations are distributed freely as files: XML, JSON, USFM, tables, SQLite, zip "
-                   "archives and others. "
-                   "Download one that you may use, and add it; Kedrin shows it the next time it is opened."));
+                   "archives and others. Download one that you may use, and add it; Kedrin shows it the next "
+                   "time it is opened."));
     const auto* add = box.addButton(translated("&Add a text..."), QMessageBox::AcceptRole);
     box.addButton(translated("Close"), QMessageBox::RejectRole);
     box.exec();

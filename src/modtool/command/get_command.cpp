@@ -24,8 +24,7 @@ namespace {
 
 constexpr const char* helpText = translatable(
     "Without arguments the repositories are listed that are configured for SWORD. This is the only command "
-    "that "
-    "uses the\n"
+    "that uses the\n"
     "network, and it asks before it does; a folder needs no network.\n"
     "The text is kept in $XDG_DATA_HOME/kedrin/sword (usually ~/.local/share/kedrin/sword), the module is "
     "built as add\n"

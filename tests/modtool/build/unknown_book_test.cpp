@@ -69,8 +69,7 @@ INSTANTIATE_TEST_SUITE_P(
                "<bible><b n='Exodus'><c n='1'><v n='1'>Бог</v></c></b>\n"
                "<b n='Genezis'><c n='1'><v n='1'>а</v></c></b></bible>",
                ":2: \"Genezis\" is not a known book name: write an English or Bulgarian one in n, such as "
-               "Genesis (did "
-               "you mean Gen?)"},
+               "Genesis (did you mean Gen?)"},
         Format{
             "Beblia",
             "<bible><book number='2'><chapter number='1'><verse number='1'>Бог</verse></chapter></book>\n"
@@ -83,8 +82,7 @@ INSTANTIATE_TEST_SUITE_P(
             "<BIBLEBOOK bname='Genezis'><CHAPTER cnumber='1'><VERS vnumber='1'>а</VERS></CHAPTER></BIBLEBOOK>"
             "</XMLBIBLE>",
             ":2: \"\" is not a book number, and \"Genezis\" is not a known book name: write the number in "
-            "bnumber, "
-            "such as 1 for Genesis (did you mean Gen?)"},
+            "bnumber, such as 1 for Genesis (did you mean Gen?)"},
         Format{"Usfm", "\\id EXO\n\\c 1\n\\p\n\\v 1 Бог\n\\id Genezis\n\\c 1\n\\p\n\\v 1 а\n",
                ":5: \"Genezis\" is not a book code: write one after \\id, such as GEN (did you mean Gen?)"},
         Format{"Usfx",
@@ -101,8 +99,7 @@ INSTANTIATE_TEST_SUITE_P(
                "[{\"book\": 2, \"chapter\": 1, \"verse\": 1, \"text\": \"Бог\"},\n"
                "{\"book\": \"Genezis\", \"chapter\": 1, \"verse\": 1, \"text\": \"а\"}]",
                ":2: \"Genezis\" is not a known book: write its number from 1 to 66, its English name or its "
-               "OSIS id, such "
-               "as Gen (did you mean Gen?)"},
+               "OSIS id, such as Gen (did you mean Gen?)"},
         Format{"Table", "book,chapter,verse,text\nExodus,1,1,Бог\nGenezis,1,1,а\n",
                ": 1 line cannot be read:\n  line 3: \"Genezis\" is not a known book (did you mean Gen?)"},
         Format{"Lines", "Exodus 1:1 Бог\nGenezis 1:1 а\n",

@@ -93,8 +93,7 @@ TEST(YamlReader, LinesOfErrorsAreThoseOfTheSource)
 {
     EXPECT_EQ(errorIn("# x\n\nbooks:\n- name: |\n    Genezis\n  chapters:\n  - - a\n"),
               "f.yaml:4: \"Genezis\" is not a known book: write its number from 1 to 66, its English name or "
-              "its OSIS "
-              "id, such as Gen (did you mean Gen?)");
+              "its OSIS id, such as Gen (did you mean Gen?)");
     EXPECT_EQ(errorIn("name: Gen\nchapters:\n  # x\n  one:\n    1: a\n"),
               "f.yaml:4: \"one\" is not a chapter number");
 }
