@@ -116,7 +116,11 @@ AddedModule addModule(const SourceBible& bible, const AddOptions& options, IProg
     makeFolder(parent);
     AddedModule added{options.name, known && known->isOwn, options.isFirst, {}};
     const std::string folder = added.hasReplaced ? known->folder : parent + '/' + options.name;
-    added.report = fs::is_symlink(folder)
+    std::error_code error;
+    const fs::file_status status = fs::symlink_status(folder, error);
+    if (!fs::status_known(status))
+        throw CBuildError(message("%s: cannot be read", folder) + systemReason(error.value()));
+    added.report = fs::is_symlink(status)
                        ? buildInPlaceOfLink(bible, folder, parent + "/." + options.name + ".added",
                                             options.build, progress)
                        : buildModule(bible, folder, options.build, "", progress);

@@ -93,8 +93,8 @@ std::pair<icu::UnicodeString, std::string> sortingKey(const InstalledModule& mod
 /// Renames a module's folder. A link of the new name, to a module of the system, makes way for it.
 void renameFolder(const fs::path& folder, const fs::path& newName)
 {
-    std::error_code error;
-    if (fs::is_symlink(newName))
+    std::error_code error, ignored;
+    if (fs::is_symlink(fs::symlink_status(newName, ignored)))
         fs::remove(newName, error);
     if (!error)
         fs::rename(folder, newName, error);
@@ -163,7 +163,8 @@ std::string makeFirst(const std::string& name)
         if (module.isOwn && module.name != name && fs::path(module.folder).filename() != module.name)
             renameFolder(module.folder, parent / module.name);
     const fs::path first = parent / (firstSign + name);
-    if (!fs::exists(first))
+    std::error_code ignored;
+    if (!fs::exists(first, ignored))
         renameFolder(parent / name, first);
     return first.string();
 }

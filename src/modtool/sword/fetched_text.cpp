@@ -35,6 +35,13 @@ std::string dataPath(const SwordDescription& description)
     return path.substr(path.starts_with("./") ? 2 : 0) + (path.ends_with('/') ? "" : "/");
 }
 
+/// @throws CBuildError  "%s: cannot be written" and the system's reason
+void check(const std::error_code& error, const std::string& path)
+{
+    if (error)
+        throw CBuildError(message("%s: cannot be written", path) + systemReason(error.value()));
+}
+
 } // namespace
 
 CFetchedText::CFetchedText(const SwordRepository& repository, const std::string& name,
@@ -65,8 +72,11 @@ void CFetchedText::download(const SwordRepository& repository, const SwordDescri
 {
     const TextStorage storage = storageOf(description);
     const std::string folder = m_folder.path() + '/' + dataFolder;
-    fs::create_directory(folder);
-    fs::create_directory(m_folder.path() + '/' + configurationFolder);
+    std::error_code error;
+    for (const std::string& made : {folder, m_folder.path() + '/' + configurationFolder}) {
+        fs::create_directory(made, error);
+        check(error, made);
+    }
     std::size_t testaments = 0;
     for (const TestamentFiles& files : storage.testaments)
         if (downloadTestament(repository, description, files)) {
@@ -85,16 +95,20 @@ bool CFetchedText::downloadTestament(const SwordRepository& repository, const Sw
                                      const TestamentFiles& files)
 {
     const std::string folder = m_folder.path() + '/' + dataFolder + '/';
+    std::error_code error;
     bool isThere = false;
     for (const std::string& name : {files.index, files.places, files.text})
         if (!name.empty() && transferFile(repository.address, dataPath(description) + name, folder + name,
-                                          m_limits, m_progress))
-            isThere = isThere || fs::file_size(folder + name) != 0;
+                                          m_limits, m_progress)) {
+            isThere = fs::file_size(folder + name, error) != 0 || isThere;
+            check(error, folder + name);
+        }
     for (const std::string& name : {files.index, files.places, files.text}) {
         if (isThere && !name.empty()) // an empty file is not always sent
             std::ofstream(folder + name, std::ios::binary | std::ios::app);
         else if (!name.empty())
-            fs::remove(folder + name);
+            fs::remove(folder + name, error);
+        check(error, folder + name);
     }
     return isThere;
 }

@@ -142,7 +142,8 @@ bool download(const std::string& url, const std::string& fileName, const Transfe
         failTooLong(url, limits);
     if (!process.hasSucceeded() && size != 0)
         fail(url, tr("the transfer broke off"));
-    return process.hasSucceeded() && fs::exists(fileName);
+    std::error_code ignored;
+    return process.hasSucceeded() && fs::exists(fileName, ignored);
 }
 
 bool copyFile(const std::string& folder, const std::string& name, const std::string& fileName,

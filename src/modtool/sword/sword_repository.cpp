@@ -83,13 +83,14 @@ std::vector<std::string> catalogueOf(const std::string& address, bool isRemote, 
                                      const TransferLimits& limits, IProgress& progress)
 {
     const fs::path local = fs::path(address) / configurationFolder;
-    if (!isRemote && fs::is_directory(local))
+    std::error_code ignored;
+    if (!isRemote && fs::is_directory(local, ignored))
         return configurationsIn(local, limits);
     const std::string fileName = folder + '/' + catalogueName;
     if (!transferFile(address, catalogueName, fileName, limits, progress))
         fail(address, tr("nothing answers there, or it is not a repository of SWORD texts"));
     const std::string packed = contentOf(fileName);
-    fs::remove(fileName);
+    fs::remove(fileName, ignored);
     try {
         return readSwordCatalogue(packed);
     } catch (const CBuildError& error) {

@@ -55,7 +55,7 @@ Counts failAllocations(const CAttempts& attempts, const Trial& trial, unsigned i
     for (unsigned long number = first; wanted > 0 && number <= all; number += step) {
         const Attempt attempt = attempts.runUnwatched(trial, [&] { failAllocation(number); });
         attempts.judge(trial, undisturbed, attempt,
-                       {"allocation " + std::to_string(number), false, false, true}, counts);
+                       {"allocation " + std::to_string(number), trial.is("remove"), false, true}, counts);
     }
     return counts;
 }

@@ -60,12 +60,25 @@ std::string difference(const Snapshot& first, const Snapshot& second)
     return "";
 }
 
-/// Without the folder that `build --all-sword` makes for its modules, while it holds none.
-Snapshot withoutEmptyModulesFolder(Snapshot files)
+/// Whether a message names a file whose lock could not be had, which only its owner may remove.
+bool namesHiddenFile(const std::string& errors)
 {
-    const auto begin = files.find("all"), file = files.find("all/BibleStructure.txt");
-    if (begin != files.end() && std::next(begin, file == files.end() ? 1 : 2) == files.lower_bound("all0"))
-        files.erase(begin, files.lower_bound("all0")); // '0' follows '/'
+    return errors.find(".lock: cannot be written") != std::string::npos ||
+           errors.find(".new: cannot be written") != std::string::npos;
+}
+
+/// Without the folders that a command makes for what it is to write, while they hold nothing but an empty
+/// BibleStructure.txt.
+Snapshot withoutMadeFolders(Snapshot files, const Snapshot& before)
+{
+    for (auto file = files.end(); file != files.begin();) {
+        const auto next = file--;
+        const auto& [path, content] = *file;
+        const bool isEmpty = content == "folder" ? next == files.end() || !next->first.starts_with(path + '/')
+                                                 : content.empty() && path.ends_with("/BibleStructure.txt");
+        if (isEmpty && !before.contains(path))
+            file = files.erase(file);
+    }
     return files;
 }
 
@@ -83,19 +96,20 @@ Snapshot inNoOrder(const Snapshot& files)
 }
 
 /// What a command may do beside what all may.
-bool isOwnWay(const Trial& trial, const Attempt& attempt, const Snapshot& before,
+bool isOwnWay(const Trial& trial, const Attempt& attempt, bool isMemory, const Snapshot& before,
               const Snapshot& afterSuccess)
 {
     const Snapshot& after = attempt.after;
     const int code = attempt.end.exitCode;
-    if (trial.is("check")) // a file that cannot be opened is a finding
-        return code == 1 && !attempt.output.empty() && after == before;
+    if (trial.is("check")) // a file that cannot be opened is a finding: a fault, or worth mentioning
+        return (code == 0 || code == 1) && !attempt.output.empty() && after == before;
     if (trial.is("list")) // leaves out what it cannot look into
         return code == 0 && after == before;
-    if (trial.is("add")) // without its order
-        return code == 1 && attempt.errors.find("cannot be renamed") != std::string::npos &&
-               inNoOrder(after) == inNoOrder(afterSuccess);
-    return trial.is("build") && code == 1 && withoutEmptyModulesFolder(after) == before;
+    if (code != 1 || attempt.errors.empty())
+        return false;
+    if (trial.is("add") && (isMemory || attempt.errors.find("cannot be renamed") != std::string::npos))
+        return inNoOrder(after) == inNoOrder(afterSuccess);
+    return withoutMadeFolders(after, before) == before;
 }
 
 } // namespace
@@ -191,7 +205,7 @@ void CAttempts::judge(const Trial& trial, const Attempt& undisturbed, const Atte
     ++counts.tried;
     const bool mayLeaveFiles = cause.mayLeaveFiles ||
                                attempt.end.exitCode == 0 || // what could not be removed
-                               attempt.errors.find(".lock: cannot be written") != std::string::npos;
+                               namesHiddenFile(attempt.errors);
     const auto asIs = [&](const Snapshot& files) { return mayLeaveFiles ? withoutHidden(files) : files; };
     const Snapshot after = asIs(attempt.after);
     const bool isAsBefore = after == asIs(m_before), isAsAfter = after == asIs(undisturbed.after);
@@ -203,7 +217,7 @@ void CAttempts::judge(const Trial& trial, const Attempt& undisturbed, const Atte
         ++counts.unchanged;
     else if ((code == 1 || code == 3) && (isSaid || cause.hasNoErrors) && (isAsBefore || isAsAfter))
         ++counts.reported;
-    else if (isOwnWay(trial, attempt, m_before, undisturbed.after))
+    else if (isOwnWay(trial, attempt, cause.isMemory, m_before, undisturbed.after))
         ++counts.reported;
     else if (attempt.end.signal == SIGABRT &&
              (attempt.errors.find(endOfEngine) != std::string::npos ||
@@ -211,7 +225,8 @@ void CAttempts::judge(const Trial& trial, const Attempt& undisturbed, const Atte
                                              [&](const char* end) {
                                                  return attempt.errors.find(end) != std::string::npos;
                                              }))) &&
-             (visible == withoutHidden(m_before) || visible == withoutHidden(undisturbed.after)))
+             (visible == withoutHidden(m_before) ||
+              inNoOrder(visible) == inNoOrder(withoutHidden(undisturbed.after))))
         ++counts.ended;
     else if (code == undisturbed.end.exitCode && ((cause.isMemory && isAsAfter) || trial.usesSword))
         ++counts.cut;
