@@ -35,11 +35,11 @@ std::string dataPath(const SwordDescription& description)
     return path.substr(path.starts_with("./") ? 2 : 0) + (path.ends_with('/') ? "" : "/");
 }
 
-/// @throws CBuildError  "%s: cannot be written" and the system's reason
+/// @throws CBuildError  "%s: cannot be written (%s)"
 void check(const std::error_code& error, const std::string& path)
 {
     if (error)
-        throw CBuildError(message("%s: cannot be written", path) + systemReason(error.value()));
+        throw CBuildError(message("%s: cannot be written (%s)", path, error.message()));
 }
 
 } // namespace

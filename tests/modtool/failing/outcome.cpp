@@ -67,15 +67,15 @@ bool namesHiddenFile(const std::string& errors)
            errors.find(".new: cannot be written") != std::string::npos;
 }
 
-/// Without the folders that a command makes for what it is to write, while they hold nothing but an empty
-/// BibleStructure.txt.
+/// Without the folders that a command makes for what it is to write, while they hold nothing but
+/// BibleStructure.txt, which tells the reader that modules are there.
 Snapshot withoutMadeFolders(Snapshot files, const Snapshot& before)
 {
     for (auto file = files.end(); file != files.begin();) {
         const auto next = file--;
         const auto& [path, content] = *file;
         const bool isEmpty = content == "folder" ? next == files.end() || !next->first.starts_with(path + '/')
-                                                 : content.empty() && path.ends_with("/BibleStructure.txt");
+                                                 : path.ends_with("/BibleStructure.txt");
         if (isEmpty && !before.contains(path))
             file = files.erase(file);
     }
