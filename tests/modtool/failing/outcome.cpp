@@ -60,11 +60,13 @@ std::string difference(const Snapshot& first, const Snapshot& second)
     return "";
 }
 
-/// Whether a message names a file whose lock could not be had, which only its owner may remove.
+/// Whether a message names a hidden file that remains: one whose lock could not be had, which only its owner may remove,
+/// or the folder of a build, to remove which there were too few descriptors.
 bool namesHiddenFile(const std::string& errors)
 {
     return errors.find(".lock: cannot be written") != std::string::npos ||
-           errors.find(".new: cannot be written") != std::string::npos;
+           errors.find(".new: cannot be written") != std::string::npos ||
+           (errors.find(".building: ") != std::string::npos && errors.ends_with("(Too many open files)\n"));
 }
 
 /// Without the folders that a command makes for what it is to write, while they hold nothing but
@@ -96,18 +98,17 @@ Snapshot inNoOrder(const Snapshot& files)
 }
 
 /// What a command may do beside what all may.
-bool isOwnWay(const Trial& trial, const Attempt& attempt, bool isMemory, const Snapshot& before,
-              const Snapshot& afterSuccess)
+bool isOwnWay(const Trial& trial, const Attempt& attempt, const Cause& cause, const Snapshot& before,
+              const Snapshot& after, const Snapshot& afterSuccess)
 {
-    const Snapshot& after = attempt.after;
     const int code = attempt.end.exitCode;
     if (trial.is("check")) // a file that cannot be opened is a finding: a fault, or worth mentioning
         return (code == 0 || code == 1) && !attempt.output.empty() && after == before;
     if (trial.is("list")) // leaves out what it cannot look into
         return code == 0 && after == before;
-    if (code != 1 || attempt.errors.empty())
+    if (code != 1 || (attempt.errors.empty() && !cause.hasNoErrors))
         return false;
-    if (trial.is("add") && (isMemory || attempt.errors.find("cannot be renamed") != std::string::npos))
+    if (trial.is("add") && (cause.isMemory || attempt.errors.find("cannot be renamed") != std::string::npos))
         return inNoOrder(after) == inNoOrder(afterSuccess);
     return withoutMadeFolders(after, before) == before;
 }
@@ -217,7 +218,7 @@ void CAttempts::judge(const Trial& trial, const Attempt& undisturbed, const Atte
         ++counts.unchanged;
     else if ((code == 1 || code == 3) && (isSaid || cause.hasNoErrors) && (isAsBefore || isAsAfter))
         ++counts.reported;
-    else if (isOwnWay(trial, attempt, cause.isMemory, m_before, undisturbed.after))
+    else if (isOwnWay(trial, attempt, cause, asIs(m_before), after, asIs(undisturbed.after)))
         ++counts.reported;
     else if (attempt.end.signal == SIGABRT &&
              (attempt.errors.find(endOfEngine) != std::string::npos ||
