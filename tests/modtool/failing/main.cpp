@@ -69,10 +69,13 @@ constexpr const char* page = R"(## Failing calls
 
 `failing_calls` runs every command of `kedrin-module`, and a session of the engine, in a process whose system calls it
 watches, and makes one of them fail: each that opens, reads, writes, seeks, locks, moves or removes a file or folder, asks
-about one, or maps memory; of many, as many as the table says, evenly spread. Then it makes one allocation fail, for all libraries, evenly spread over those of the command.
+about one, or maps memory; of many, as many as the table says, evenly spread. Then it makes one allocation fail, for all
+libraries, evenly spread over those of the command.
 Allowed is what the command does anyway, where it does not need the call, or exit code 1 or 3 with a message, and all
 files as they were before, or as they are after success where only the report could not be written; where removing a
-temporary file failed, this file alone may remain. Where memory is missing the engine may also end the program, which
+temporary file failed, or the message names it, this file alone may remain. A folder made for the output may remain too;
+`check` may report what it cannot open, `list` leaves out what it cannot look into, and `add --first` may add without the
+order. Where memory is missing the engine may also end the program, which
 says so: its operations let out no such exception. Allocations of the SWORD library are not tried; it does not check
 them.
 
