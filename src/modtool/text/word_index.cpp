@@ -167,6 +167,7 @@ std::vector<std::uint32_t> CWordIndexer::sortedWords() const
     std::vector<std::pair<std::string_view, std::uint32_t>> folded(m_wordIds.begin(), m_wordIds.end());
     std::sort(folded.begin(), folded.end());
     std::vector<std::uint32_t> words;
+    words.reserve(folded.size());
     for (const auto& [text, word] : folded)
         words.push_back(word);
     return words;
