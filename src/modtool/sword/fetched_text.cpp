@@ -104,11 +104,12 @@ bool CFetchedText::downloadTestament(const SwordRepository& repository, const Sw
             check(error, folder + name);
         }
     for (const std::string& name : {files.index, files.places, files.text}) {
-        if (isThere && !name.empty()) // an empty file is not always sent
+        if (isThere && !name.empty()) { // an empty file is not always sent
             std::ofstream(folder + name, std::ios::binary | std::ios::app);
-        else if (!name.empty())
+        } else if (!name.empty()) {
             fs::remove(folder + name, error);
-        check(error, folder + name);
+            check(error, folder + name);
+        }
     }
     return isThere;
 }

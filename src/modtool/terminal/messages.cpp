@@ -21,6 +21,25 @@ std::string withoutZeros(const std::string& text)
     return shown;
 }
 
+/// @param kept  control characters that stay
+std::string withoutControls(std::string_view utf8, std::string_view kept)
+{
+    constexpr unsigned char leadOfC1 = 0xC2; // U+0080 to U+009F are C2 80 to C2 9F
+    std::string text;
+    unsigned char before = 0;
+    for (const char c : utf8) {
+        const auto byte = static_cast<unsigned char>(c);
+        const bool isC1 = before == leadOfC1 && byte >= 0x80 && byte < 0xA0;
+        const bool isControl =
+            (byte < 0x20 && kept.find(c) == std::string_view::npos) || byte == 0x7F || isC1;
+        if (isC1)
+            text.pop_back();
+        text += isControl ? fmt::sprintf("\\x%02X", byte) : std::string(1, c);
+        before = byte;
+    }
+    return text;
+}
+
 } // namespace
 
 const char* tr(const char* english) { return ::dgettext(messageDomain, english); }
@@ -51,29 +70,6 @@ std::string inQuotes(std::string_view utf8, std::size_t maxBytes)
         c == '\n' ? text += "\\x0A" : text += c;
     return message("\"%s\"", text + (isLong ? "..." : ""));
 }
-
-namespace {
-
-/// @param kept  control characters that stay
-std::string withoutControls(std::string_view utf8, std::string_view kept)
-{
-    constexpr unsigned char leadOfC1 = 0xC2; // U+0080 to U+009F are C2 80 to C2 9F
-    std::string text;
-    unsigned char before = 0;
-    for (const char c : utf8) {
-        const auto byte = static_cast<unsigned char>(c);
-        const bool isC1 = before == leadOfC1 && byte >= 0x80 && byte < 0xA0;
-        const bool isControl =
-            (byte < 0x20 && kept.find(c) == std::string_view::npos) || byte == 0x7F || isC1;
-        if (isC1)
-            text.pop_back();
-        text += isControl ? fmt::sprintf("\\x%02X", byte) : std::string(1, c);
-        before = byte;
-    }
-    return text;
-}
-
-} // namespace
 
 std::string printable(std::string_view utf8) { return withoutControls(utf8, "\n\t"); }
 

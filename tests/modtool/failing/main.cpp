@@ -75,9 +75,8 @@ Allowed is what the command does anyway, where it does not need the call, or exi
 files as they were before, or as they are after success where only the report could not be written; where removing a
 temporary file failed, or the message names it, this file alone may remain. A folder made for the output may remain too;
 `check` may report what it cannot open, `list` leaves out what it cannot look into, and `add --first` may add without the
-order. Where memory is missing the engine may also end the program, which
-says so: its operations let out no such exception. Allocations of the SWORD library are not tried; it does not check
-them.
+order. Where memory is missing the engine may also end the program, which says so: its operations let out no such
+exception. Allocations of the SWORD library are not tried; it does not check them.
 
 | Command | Calls | Failed | No effect | Reported | Allocations | Failed | No effect | Reported | Ended by the engine |
 |---|---|---|---|---|---|---|---|---|---|
