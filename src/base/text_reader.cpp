@@ -22,10 +22,10 @@ bool CLineReader::next()
     return true;
 }
 
-std::string_view CLineReader::lineInText() const
+std::string CLineReader::line() const
 {
     const std::string_view line = m_line.substr(0, m_line.find('\0'));
-    return line.ends_with('\r') ? line.substr(0, line.size() - 1) : line;
+    return std::string(line.ends_with('\r') ? line.substr(0, line.size() - 1) : line);
 }
 
 template <typename Number>

@@ -27,9 +27,7 @@ public:
     bool next();
 
     /// The current line up to its first zero byte, without its line ending.
-    std::string line() const { return std::string(lineInText()); }
-    /// The same as a part of the text.
-    std::string_view lineInText() const;
+    std::string line() const;
 
     bool failed() const { return m_failed; }
 

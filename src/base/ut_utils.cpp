@@ -61,15 +61,6 @@ int cyr_stricmp(const char* s1, const char* s2)
     return cyr_chricmp(*s1, *s2); // the terminating zero sorts before every other byte
 }
 
-int cyr_compare(std::string_view s1, std::string_view s2)
-{
-    const std::size_t common = std::min(s1.size(), s2.size());
-    for (std::size_t i = 0; i < common; ++i)
-        if (const int order = s1[i] == s2[i] ? 0 : cyr_chricmp(s1[i], s2[i]))
-            return order;
-    return (s1.size() > s2.size()) - (s1.size() < s2.size());
-}
-
 const char* cyr_stristr(const char* haystack, const char* needle)
 {
     for (;; ++haystack) {

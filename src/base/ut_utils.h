@@ -25,8 +25,6 @@ int cyr_chricmp(char ch1, char ch2);
 
 /// -1, 0 or 1: lexicographic order by cyr_chricmp; a proper prefix comes first.
 int cyr_stricmp(const char* s1, const char* s2);
-/// The same for texts without zero bytes.
-int cyr_compare(std::string_view s1, std::string_view s2);
 
 /// The first occurrence of `needle` in `haystack`, ignoring case, or a null pointer. An empty needle is found
 /// at the start of any haystack. The result points into `haystack`.

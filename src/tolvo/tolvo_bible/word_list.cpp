@@ -2,7 +2,6 @@
 
 #include "input_file.h"
 #include "lets_out.h"
-#include "text_reader.h"
 #include "ut_utils.h"
 
 #include <algorithm>
@@ -39,13 +38,30 @@ CWordList::CWordList(const char* wordListPath, const char* /*wordPointPath*/, bo
 
 void CWordList::load(const char* wordListPath)
 {
+    constexpr std::size_t usualLineBytes = 9;
     m_content = ut::text_of_file(loading, wordListPath);
-    m_words.reserve(static_cast<std::size_t>(std::count(m_content.begin(), m_content.end(), '\n')) + 1);
-    ut::CLineReader lines(m_content, maxLineBytes);
-    while (lines.next())
-        m_words.push_back(lines.lineInText());
-    m_count = static_cast<unsigned int>(m_words.size());
+    endWordsAtZeroBytes();
+    m_starts.reserve(m_content.size() / usualLineBytes);
+    const std::size_t size = m_content.size();
+    for (std::size_t start = 0, end = 0; start < size; start = end + 1) {
+        end = std::min(m_content.find('\n', start), size);
+        if (end - start > maxLineBytes)
+            break;
+        m_starts.push_back(static_cast<std::uint32_t>(start));
+        const bool hasReturn = end > start && m_content[end - 1] == '\r';
+        m_content[hasReturn ? end - 1 : end] = '\0';
+    }
+    m_count = static_cast<unsigned int>(m_starts.size());
     m_loaded = true;
+}
+
+/// A word ends at its first zero byte, or at a CR directly before it.
+void CWordList::endWordsAtZeroBytes()
+{
+    for (std::size_t zero = m_content.find('\0'); zero != std::string::npos;
+         zero = m_content.find('\0', zero + 1))
+        if (zero > 0 && m_content[zero - 1] == '\r')
+            m_content[zero - 1] = '\0';
 }
 
 void CWordList::ValidateFile(const char* wordListPath)
@@ -62,7 +78,7 @@ std::string CWordList::operator[](unsigned int wordIndex) const
     return ut::lets_out<std::out_of_range, std::ios_base::failure>("CWordList::operator []()", [&] {
         if (wordIndex >= m_count)
             throw std::out_of_range("CWordList::operator [](): wordIndex out of range");
-        return std::string(m_words[wordIndex]);
+        return std::string(wordAt(m_starts[wordIndex]));
     });
 }
 
@@ -70,11 +86,12 @@ int CWordList::indexOf(const std::string& word) const
 {
     if (!m_loaded)
         return -1;
-    const std::string_view wanted = std::string_view(word).substr(0, word.find('\0'));
-    const auto isBefore = [](std::string_view a, std::string_view b) { return ut::cyr_compare(a, b) < 0; };
-    const auto found = std::lower_bound(m_words.begin(), m_words.end(), wanted, isBefore);
-    const bool present = found != m_words.end() && !isBefore(wanted, *found);
-    return present ? static_cast<int>(found - m_words.begin()) : -1;
+    const auto isBefore = [this](std::uint32_t start, const std::string& wanted) {
+        return ut::cyr_stricmp(wordAt(start), wanted.c_str()) < 0;
+    };
+    const auto found = std::lower_bound(m_starts.begin(), m_starts.end(), word, isBefore);
+    const bool present = found != m_starts.end() && ut::cyr_stricmp(wordAt(*found), word.c_str()) == 0;
+    return present ? static_cast<int>(found - m_starts.begin()) : -1;
 }
 
 } // namespace Kedrin::Tolvo

@@ -2,9 +2,9 @@
 
 #include "file_vector.h"
 
+#include <cstdint>
 #include <memory>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace Kedrin::Tolvo {
@@ -45,12 +45,14 @@ public:
 
 private:
     void load(const char* wordListPath);
+    void endWordsAtZeroBytes();
+    const char* wordAt(std::uint32_t start) const { return m_content.data() + start; }
 
     unsigned int m_count = 0;
     bool m_loaded = false;
     std::unique_ptr<ut::CFileVector<unsigned int>> m_wordPoint; ///< null: memory mode
-    std::string m_content;                                      ///< the file
-    std::vector<std::string_view> m_words;                      ///< parts of m_content
+    std::string m_content;               ///< the file, with a zero byte after each word
+    std::vector<std::uint32_t> m_starts; ///< of the words in m_content
 };
 
 } // namespace Kedrin::Tolvo
