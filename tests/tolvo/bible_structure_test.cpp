@@ -103,24 +103,6 @@ TEST(Structure, EveryNumberComesBack)
         EXPECT_EQ(structure.toNum(structure.toRef(num)), num);
 }
 
-TEST(Structure, TheReferenceAfterAnotherIsTheSame)
-{
-    const std::pair<const char*, unsigned int> files[] = {
-        {"1 1 3 2 1 7 2 4 5", 3}, {"3 5 0 4", 1}, {"4 5 0 0 4", 1},     {"1 3 0 1 4", 3},
-        {"0 0 1 4", 3},           {"1 4 0", 2},   {"1 2 2 0 0 1 3", 3}, {"3 0 2 0 0 2 1 0", 3}};
-    for (const auto& [text, booksCount] : files) {
-        const CBibleStructure structure = made(text, booksCount);
-        for (unsigned int num = 0; num < structure.totalVersesCount(); ++num)
-            for (unsigned int before = 0; before < num; ++before) {
-                const CRef ref = structure.toRefAfter(structure.toRef(before), num);
-                EXPECT_EQ((Place{ref.bookID(), ref.chapter(), ref.verse()}), placeOf(structure, num))
-                    << text << ": " << num << " after " << before;
-            }
-        EXPECT_EQ(rangeError([&] { structure.toRefAfter(structure.toRef(0), structure.totalVersesCount()); }),
-                  badNum);
-    }
-}
-
 TEST(Structure, CountsTheVersesFromOneOn)
 {
     const CBibleStructure structure = made(twoBooks, 2);

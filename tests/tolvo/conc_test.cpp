@@ -159,6 +159,24 @@ TEST(Conc, APartOfARecordInTheIndexIsNoWord)
     EXPECT_EQ(conc.rangeError(1), badWord);
 }
 
+// An entry is read in pieces; the bytes after it are those of others.
+TEST(Conc, EntriesOfEverySizeAreRead)
+{
+    for (const unsigned int count : {0u, 1u, 510u, 511u, 512u, 513u, 4096u, 16384u, 16895u, 16896u, 40000u}) {
+        std::string entry = shorts({count});
+        Verses expected;
+        for (unsigned int i = 0; i < count; ++i) {
+            entry += shorts({3 * i % 65535 + 1});
+            expected.push_back(3 * i % 65535);
+        }
+        for (const std::string& following : {""s, "\x07"s, std::string(5000, '\x07')}) {
+            Concordance conc(entry + following, longs({0}));
+            EXPECT_EQ(conc.versesOf(0), expected)
+                << count << " verses, then " << following.size() << " bytes";
+        }
+    }
+}
+
 TEST(Conc, AFullEntryHas65535Verses)
 {
     std::string entry = shorts({65535});
@@ -171,18 +189,25 @@ TEST(Conc, AFullEntryHas65535Verses)
     EXPECT_EQ(conc.versesOf(0), expected);
 }
 
+/// The reads of one lookup: the byte offset and the size of each.
+std::vector<std::pair<std::uint64_t, std::size_t>> readsFor(Concordance& conc, unsigned int word)
+{
+    test_support::ReadWatch watch;
+    conc.versesOf(word);
+    std::vector<std::pair<std::uint64_t, std::size_t>> reads;
+    for (const auto& read : watch.reads())
+        reads.emplace_back(read.byteOffset, read.wanted);
+    return reads;
+}
+
 TEST(Conc, ALookupReadsNothingButItsEntry)
 {
-    Concordance conc(shorts({9, 9, 3, 1, 2, 3, 9, 9}), longs({0, 2}));
-    test_support::ReadWatch watch;
-    conc.versesOf(1);
-    ASSERT_EQ(watch.reads().size(), 3u); // the index, the count, the verses
-    EXPECT_EQ(watch.reads()[0].byteOffset, 4u);
-    EXPECT_EQ(watch.reads()[0].wanted, 4u);
-    EXPECT_EQ(watch.reads()[1].byteOffset, 4u);
-    EXPECT_EQ(watch.reads()[1].wanted, 2u);
-    EXPECT_EQ(watch.reads()[2].byteOffset, 6u);
-    EXPECT_EQ(watch.reads()[2].wanted, 6u);
+    using Reads = std::vector<std::pair<std::uint64_t, std::size_t>>;
+    Concordance inOrder(shorts({9, 9, 3, 1, 2, 3, 1, 9}), longs({0, 2, 6}));
+    EXPECT_EQ(readsFor(inOrder, 1), (Reads{{4, 8}, {4, 8}})) << "its place and the next one's, the entry";
+    EXPECT_EQ(readsFor(inOrder, 2), (Reads{{8, 4}, {12, 4}})) << "the last word";
+    Concordance backwards(shorts({2, 8, 9, 1, 7}), longs({3, 0}));
+    EXPECT_EQ(readsFor(backwards, 1), (Reads{{4, 4}, {0, 10}})) << "to the end of the file";
 }
 
 TEST(ConcFile, ConcIsOpenedBeforeItsIndex)

@@ -12,6 +12,7 @@ add_executable(tolvo_engine_tests
   bible_test.cpp
   bible_verses_test.cpp
   cut_while_open_test.cpp
+  global_refs_test.cpp
   interface_test.cpp
   long_file_test.cpp
   module_names_test.cpp

@@ -117,6 +117,26 @@ TEST(TextScan, RandomTextsAgreeWithTheReferenceSearch)
     }
 }
 
+// From each occurrence the search goes on at the next position, or after a gap, as it would for a text that begins there.
+TEST(TextScan, ASearchThatGoesOnFindsWhatANewOneFinds)
+{
+    std::mt19937 random(20261122);
+    for (int i = 0; i < 2000; ++i) {
+        std::string text(random() % 400, '\0');
+        for (char& byte : text)
+            byte = "abA"[random() % 3];
+        const CTextScan scan(std::string(text, 0, random() % 4), Case::ignored);
+        const char* const end = text.data() + text.size();
+        CTextScan::Window window;
+        for (const char* begin = text.data(); begin < end;
+             begin += 1 + random() % (random() % 8 == 0 ? 100 : 3)) {
+            const char* const hit = scan.find(begin, end, window);
+            ASSERT_EQ(hit - text.data(), scan.find(begin, end) - text.data()) << text << " from " << begin;
+            begin = hit;
+        }
+    }
+}
+
 /// Searches the records of one buffer in order.
 class Records
 {
@@ -131,6 +151,10 @@ public:
     {
         const std::string_view text = std::string_view(m_bytes).substr(from, count);
         return m_ahead.isIn(text, m_bytes.data() + m_bytes.size(), m_bufferNum);
+    }
+    std::size_t clearUpTo(std::size_t from)
+    {
+        return static_cast<std::size_t>(m_ahead.clearUpTo(m_bytes.data() + from) - m_bytes.data());
     }
     void exchange(const std::string& bytes)
     {
@@ -180,6 +204,26 @@ TEST(ScanAhead, ExchangedBufferIsScannedAnew)
     records.exchange("--ab");
     EXPECT_FALSE(records.holds(0, 2));
     EXPECT_TRUE(records.holds(2, 2));
+}
+
+TEST(ScanAhead, TellsWhereTheNextOccurrenceIs)
+{
+    Records records("----ab--", "ab");
+    EXPECT_FALSE(records.holds(0, 2));
+    EXPECT_EQ(records.clearUpTo(0), 4u);
+    EXPECT_TRUE(records.holds(2, 4));
+    EXPECT_EQ(records.clearUpTo(2), 4u);
+    EXPECT_FALSE(records.holds(6, 2));
+    EXPECT_EQ(records.clearUpTo(6), 8u) << "to the end of the buffer";
+}
+
+TEST(ScanAhead, TellsNothingOfWhatLiesBeforeTheFirstText)
+{
+    Records records("ab--ab", "ab");
+    EXPECT_FALSE(records.holds(2, 2));
+    EXPECT_FALSE(records.holds(1, 1));
+    EXPECT_EQ(records.clearUpTo(1), 1u);
+    EXPECT_EQ(records.clearUpTo(2), 4u);
 }
 
 TEST(ScanAhead, TextEndsAtItsZeroByteWhenAskedTo)

@@ -95,4 +95,50 @@ TEST_P(EveryLayout, AFileThatIsTruncatedWhileOpenFailsAtTheVerseThatIsCut)
     }
 }
 
+/// Passes over verses up to a random position after each verse, and checks that none of those passed ends later. Ends
+/// where the text cannot be read.
+void passThrough(const MadeText& made, std::mt19937& random, std::size_t blockBytes, bool isContiguous)
+{
+    const auto endOf = [&](unsigned int verse) {
+        return made.places[verse] + 1 + plainVerses(made, verse, 1)[0].size(); // "=" and the verse
+    };
+    const auto verseCount = static_cast<unsigned int>(made.places.size());
+    VerseFiles files(made.bytes, made.places);
+    CVerseCursor cursor(files.text, 0, verseCount, blockBytes);
+    std::size_t clearUpTo = 0;
+    for (unsigned int expected = 0; expected < verseCount; ++expected) {
+        bool isThere = false;
+        try {
+            isThere = cursor.next();
+        } catch (const std::ios_base::failure&) {
+            return;
+        }
+        for (; expected < (isThere ? cursor.verseNum() : verseCount); ++expected)
+            ASSERT_LT(endOf(expected), clearUpTo) << expected << " was passed";
+        if (!isThere)
+            return;
+        ASSERT_TRUE(!isContiguous || expected == 0 || endOf(expected) >= clearUpTo)
+            << expected << " was not passed";
+        ASSERT_EQ("=" + std::string(cursor.text()), plainVerses(made, expected, 1)[0]);
+        const char* const textEnd = cursor.text().data() + cursor.text().size();
+        const auto left = static_cast<unsigned int>(cursor.blockEnd() - textEnd);
+        const auto passed = static_cast<std::ptrdiff_t>(random() % (left + 1));
+        clearUpTo = endOf(expected) + static_cast<std::size_t>(passed);
+        cursor.passBefore(textEnd + passed);
+        ASSERT_EQ(cursor.verseNum(), expected) << "stays";
+    }
+}
+
+TEST_P(EveryLayout, VersesThatEndBeforeAPositionCanBePassedOver)
+{
+    const bool isContiguous = GetParam() == Layout::contiguous;
+    for (unsigned int seed = 1; seed <= 200; ++seed) {
+        std::mt19937 random(seed);
+        const MadeText made = makeText(GetParam(), 1 + static_cast<unsigned int>(random() % 30), random);
+        for (const std::size_t blockBytes :
+             {std::size_t(1), std::size_t(40), CVerseCursor::defaultBlockBytes})
+            ASSERT_NO_FATAL_FAILURE(passThrough(made, random, blockBytes, isContiguous)) << "seed " << seed;
+    }
+}
+
 } // namespace

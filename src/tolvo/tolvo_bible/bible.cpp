@@ -8,6 +8,7 @@
 #include "tolvo_bible/conc.h"
 #include "tolvo_bible/diff.h"
 #include "tolvo_bible/folder_name.h"
+#include "tolvo_bible/global_refs.h"
 #include "tolvo_bible/titles.h"
 #include "tolvo_bible/word_list.h"
 #include "ut_utils.h"
@@ -40,6 +41,7 @@ CBible::CBible(const std::string& bibleFolder)
 
 CBible::~CBible()
 {
+    delete m_globalRefs;
     delete m_conc;
     delete m_wordList;
     delete m_text;

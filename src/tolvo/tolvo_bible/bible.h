@@ -12,6 +12,7 @@ class CBibleStructure;
 class CBibleText;
 class CConc;
 class CDiff;
+class CGlobalRefs;
 class CTitles;
 class CWordList;
 
@@ -129,6 +130,7 @@ private:
     void proveParts(const std::string& bibleFolder) const;
     void searchIn(CBibleText& text, CConc& conc, const std::string& searchText, bool wholeWord,
                   bool caseSensitive, std::vector<CRef>& searchResult) const;
+    const CGlobalRefs& globalRefs() const;
     void searchWord(CConc& conc, const std::string& word, std::vector<CRef>& searchResult) const;
     void searchPart(CBibleText& text, const std::string& part, bool caseSensitive,
                     std::vector<CRef>& searchResult) const;
@@ -140,6 +142,7 @@ private:
     CWordList* m_wordList = nullptr;
     CConc* m_conc = nullptr;
     CBibleInfo* m_info = nullptr;
+    mutable CGlobalRefs* m_globalRefs = nullptr; ///< null before the first search
 };
 
 } // namespace Kedrin::Tolvo

@@ -4,54 +4,14 @@
 #include "tolvo_bible/bible_structure.h"
 #include "tolvo_bible/bible_text.h"
 #include "tolvo_bible/conc.h"
+#include "tolvo_bible/global_refs.h"
 #include "tolvo_bible/text_scan.h"
 #include "tolvo_bible/word_list.h"
 
-#include <algorithm>
 #include <ios>
 #include <stdexcept>
 
 namespace Kedrin::Tolvo {
-
-namespace {
-
-/// Global references of verse numbers. Verses of one chapter follow each other in both numberings, so only
-/// the first verse requested in a chapter is looked up; the later ones are derived from it.
-class CRefWalk
-{
-public:
-    CRefWalk(const CBible& bible, const CBibleStructure& structure) : m_bible(bible), m_structure(structure)
-    {}
-
-    /// @throws std::out_of_range  as CBibleStructure::toRef and CBible::toGlobal
-    CRef globalRefOf(unsigned int localVerseNum)
-    {
-        if (localVerseNum < m_firstNum || localVerseNum - m_firstNum >= m_count)
-            startAt(localVerseNum);
-        return CRef(m_first.bookID(), m_first.chapter(), m_first.verse() + (localVerseNum - m_firstNum),
-                    true);
-    }
-
-private:
-    void startAt(unsigned int localVerseNum)
-    {
-        const bool isAfter = m_count != 0 && localVerseNum > m_firstNum;
-        m_local = isAfter ? m_structure.toRefAfter(m_local, localVerseNum) : m_structure.toRef(localVerseNum);
-        m_first = m_bible.toGlobal(m_local);
-        m_firstNum = localVerseNum;
-        m_count =
-            std::max(m_structure.versesFrom(m_local), 1u); // an empty chapter has no next verse to count to
-    }
-
-    const CBible& m_bible;
-    const CBibleStructure& m_structure;
-    CRef m_local; ///< of m_firstNum
-    CRef m_first; ///< the same in global numbers
-    unsigned int m_firstNum = 0;
-    unsigned int m_count = 0; ///< count of verses, starting at m_firstNum, in the same chapter
-};
-
-} // namespace
 
 void CBible::search(const std::string& searchText, bool wholeWord, bool caseSensitive,
                     std::vector<CRef>& searchResult) const
@@ -83,6 +43,13 @@ void CBible::searchIn(CBibleText& text, CConc& conc, const std::string& searchTe
         searchPart(text, searchText, caseSensitive, searchResult);
 }
 
+const CGlobalRefs& CBible::globalRefs() const
+{
+    if (m_globalRefs == nullptr)
+        m_globalRefs = new CGlobalRefs(*this, *m_structure);
+    return *m_globalRefs;
+}
+
 void CBible::searchWord(CConc& conc, const std::string& word, std::vector<CRef>& searchResult) const
 {
     const int wordIndex = m_wordList->indexOf(word);
@@ -91,9 +58,9 @@ void CBible::searchWord(CConc& conc, const std::string& word, std::vector<CRef>&
     std::vector<unsigned int> verseNums;
     conc.readVersesFor(static_cast<unsigned int>(wordIndex), verseNums);
     searchResult.reserve(verseNums.size());
-    CRefWalk refs(*this, *m_structure);
+    CGlobalRefs::Walk refs(globalRefs());
     for (const unsigned int verseNum : verseNums)
-        searchResult.push_back(refs.globalRefOf(verseNum));
+        refs.append(verseNum, searchResult);
 }
 
 void CBible::searchPart(CBibleText& text, const std::string& part, bool caseSensitive,
@@ -101,11 +68,14 @@ void CBible::searchPart(CBibleText& text, const std::string& part, bool caseSens
 {
     const CTextScan scan(part, caseSensitive ? CTextScan::Case::exact : CTextScan::Case::ignored);
     CScanAhead needle(scan, !caseSensitive);
-    CRefWalk refs(*this, *m_structure);
+    CGlobalRefs::Walk refs(globalRefs());
     CVerseCursor cursor(text, 0, m_structure->totalVersesCount());
-    while (cursor.next())
+    while (cursor.next()) {
         if (needle.isIn(cursor.text(), cursor.blockEnd(), cursor.blockNum()))
-            searchResult.push_back(refs.globalRefOf(cursor.verseNum()));
+            refs.append(cursor.verseNum(), searchResult);
+        else
+            cursor.passBefore(needle.clearUpTo(cursor.text().data()));
+    }
 }
 
 } // namespace Kedrin::Tolvo

@@ -126,21 +126,6 @@ CRef CBibleStructure::toRef(unsigned int num) const
     return CRef(static_cast<unsigned int>(book), static_cast<unsigned int>(chapter), num - start);
 }
 
-CRef CBibleStructure::toRefAfter(const CRef& before, unsigned int num) const
-{
-    constexpr std::size_t nearChapters = 16;
-    const std::size_t book = before.bookID();
-    const bool isLast = book + 1 == m_bookStartVerseNums.size();
-    if (num >= (isLast ? m_totalVerseCount : m_bookStartVerseNums[book + 1]))
-        return toRef(num);
-    const std::vector<unsigned int>& starts = m_startVerseNums[book];
-    std::size_t chapter = before.chapter();
-    for (; chapter + 1 < starts.size() && starts[chapter] != num && starts[chapter + 1] <= num; ++chapter)
-        if (chapter - before.chapter() == nearChapters)
-            return toRef(num);
-    return CRef(before.bookID(), static_cast<unsigned int>(chapter), num - starts[chapter]);
-}
-
 void CBibleStructure::ValidateBookID(unsigned int bookID) const
 {
     if (bookID >= m_verses.size())

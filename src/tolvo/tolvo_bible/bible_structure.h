@@ -42,10 +42,6 @@ public:
     /// @throws std::out_of_range  as ValidateNum
     CRef toRef(unsigned int num) const;
 
-    /// toRef(num) for a number greater than that of `before`, which toRef() has returned; faster within a book.
-    /// @throws std::out_of_range  as ValidateNum
-    CRef toRefAfter(const CRef& before, unsigned int num) const;
-
     /// How many verses a chapter has from this one on; 0 if there is no such verse.
     unsigned int versesFrom(const CRef& ref) const
     {

@@ -40,7 +40,7 @@ CVerseCursor::CVerseCursor(CBibleText& text, unsigned int firstVerseNum, unsigne
                            std::size_t blockBytes)
     : m_text(text),
       m_next(firstVerseNum),
-      m_left(verseCount),
+      m_end(std::uint64_t(firstVerseNum) + verseCount),
       m_blockBytes(blockBytes)
 {}
 
@@ -48,21 +48,43 @@ CVerseCursor::CVerseCursor(CBibleText& text, unsigned int firstVerseNum, unsigne
 bool CVerseCursor::fetchNext()
 {
     return ut::lets_out<std::out_of_range, std::ios_base::failure>("CBibleText::operator []()", [&] {
-        if (m_left == 0)
+        if (m_next == m_end)
             return false;
-        const std::uint64_t offset = offsetOf(m_next);
+        const auto verseNum = static_cast<unsigned int>(m_next);
+        const std::uint64_t offset = offsetOf(verseNum);
         if (!m_text.m_failed && !holdsRecord(offset))
-            loadFollowing(m_next, offset);
+            loadFollowing(verseNum, offset);
         if (!m_text.m_failed && !holdsRecord(offset))
             loadAlone(offset);
         if (m_text.m_failed || !holdsRecord(offset)) {
             m_text.m_failed = true;
             throw ut::CIoFailure("CBibleText::operator [](): I/O error");
         }
-        m_verseNum = m_next++;
-        --m_left;
+        m_verseNum = verseNum;
+        ++m_next;
         return true;
     });
+}
+
+void CVerseCursor::passBefore(const char* position)
+{
+    const auto fileOffsetOf = [this](const char* byte) {
+        return m_blockOffset + static_cast<std::uint64_t>(byte - m_block.data());
+    };
+    const std::uint64_t end = fileOffsetOf(position);
+    std::uint64_t nextStart = fileOffsetOf(m_verse.data() + m_verse.size());
+    const std::uint64_t last = std::min<std::uint64_t>(m_offsets.size(), m_end - m_firstOffset);
+    std::uint64_t index = m_next - m_firstOffset;
+    for (; index < last; ++index) {
+        const std::uint64_t start = m_offsets[index];
+        if (start != nextStart || start + lengthBytes > end)
+            break;
+        const std::uint64_t recordEnd = start + lengthBytes + lengthAt(&m_block[start - m_blockOffset]);
+        if (recordEnd >= end)
+            break;
+        nextStart = recordEnd;
+    }
+    m_next = m_firstOffset + index;
 }
 
 /// Start of the verse's record. Also reads the offsets of the following verses, and one more, which is the
@@ -70,7 +92,7 @@ bool CVerseCursor::fetchNext()
 unsigned int CVerseCursor::offsetOf(unsigned int verseNum)
 {
     if (m_offsets.empty() || verseNum - m_firstOffset >= m_offsets.size()) {
-        std::vector<unsigned int> offsets(std::min<std::size_t>(std::size_t(m_left) + 1, maxOffsetsAtOnce));
+        std::vector<unsigned int> offsets(std::min<std::uint64_t>(m_end - m_next + 1, maxOffsetsAtOnce));
         offsets.resize(m_text.m_compactPoint->readRun(verseNum, offsets.size(), offsets.data()));
         m_offsets = std::move(offsets); // unchanged if the read fails
         m_firstOffset = verseNum;
@@ -91,7 +113,7 @@ inline std::uint64_t CVerseCursor::endAt(std::size_t index) const
 void CVerseCursor::loadFollowing(unsigned int verseNum, std::uint64_t offset)
 {
     const std::size_t first = verseNum - m_firstOffset;
-    const std::size_t last = first + std::min<std::size_t>(m_left, m_offsets.size() - first);
+    const std::size_t last = first + std::min<std::uint64_t>(m_end - m_next, m_offsets.size() - first);
     const std::uint64_t maxEnd = offset + std::max<std::uint64_t>(m_blockBytes, endAt(first) - offset);
     std::uint64_t end = offset;
     for (std::size_t i = first; i < last; ++i) {

@@ -74,13 +74,18 @@ public:
     /// @throws as CBibleText::operator[] for that verse
     bool next()
     {
-        const std::size_t index = m_next - m_firstOffset;
-        if (m_left == 0 || m_text.m_failed || index >= m_offsets.size() || !holdsRecord(m_offsets[index]))
+        const std::uint64_t index = m_next - m_firstOffset;
+        if (m_next == m_end || m_text.m_failed || index >= m_offsets.size() || !holdsRecord(m_offsets[index]))
             return fetchNext();
-        m_verseNum = m_next++;
-        --m_left;
+        m_verseNum = static_cast<unsigned int>(m_next++);
         return true;
     }
+
+    /// Passes over the following verses that end before `position`, without reading: as calls of next() whose texts are
+    /// not looked at, but faster. It stops early where a record does not follow the one before it. verseNum() and
+    /// text() stay as they are until next().
+    /// @param position  not before text(), and at most blockEnd()
+    void passBefore(const char* position);
 
     unsigned int verseNum() const { return m_verseNum; }
     std::string_view text() const { return m_verse; } ///< valid until next()
@@ -119,10 +124,10 @@ private:
     }
 
     CBibleText& m_text;
-    unsigned int m_next;
-    unsigned int m_left;
-    std::size_t m_blockBytes;
+    std::uint64_t m_next; ///< 64 bits, as the end may be beyond the last number of 32
+    std::uint64_t m_end;
     unsigned int m_verseNum = 0;
+    std::size_t m_blockBytes;
     std::string_view m_verse;
 
     std::vector<unsigned int> m_offsets; ///< of the verses m_firstOffset, m_firstOffset + 1, ...

@@ -18,7 +18,8 @@ public:
     CConc& operator=(const CConc&) = delete;
 
     /// Replaces `verseList` with the word's local verse numbers, as the entry stores them: neither sorted nor
-    /// deduplicated. A stored 0 gives 4294967295. A few reads for the whole entry.
+    /// deduplicated. A stored 0 gives 4294967295. Two reads if the next word's entry
+    /// follows this one.
     /// @throws std::out_of_range
     ///     "CConc::getVersesFor(): wordIndex out of range": `verseList` is unchanged
     ///     "CFileVector::operator [](): recordIndex out of range": the entry extends past the end of the

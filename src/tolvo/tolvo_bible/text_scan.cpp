@@ -2,8 +2,13 @@
 
 #include "ut_utils.h"
 
-#include <cstdint>
+#include <algorithm>
+#include <bit>
 #include <cstring>
+
+#if defined(__x86_64__)
+#include <immintrin.h>
+#endif
 
 namespace Kedrin::Tolvo {
 
@@ -25,10 +30,7 @@ struct Needle
     std::ptrdiff_t size;
 };
 
-// What is "always_inline" becomes a part of the search for each kind of processor, so that the compiler uses its widest
-// vectors for the loops.
-
-[[gnu::always_inline]] inline bool matchesAt(const char* position, const Needle& needle)
+bool matchesAt(const char* position, const Needle& needle)
 {
     for (std::ptrdiff_t i = 0; i < needle.size; ++i)
         if (static_cast<char>(position[i] | needle.caseBits[i]) != needle.bytes[i])
@@ -36,117 +38,88 @@ struct Needle
     return true;
 }
 
-/// As many bytes as a processor compares at once.
-template <std::size_t count>
-struct Vector
-{
-    using Bytes [[gnu::vector_size(count)]] = unsigned char;
-    static constexpr std::ptrdiff_t width = count;
+constexpr std::ptrdiff_t windowSize = 64;
 
-    [[gnu::always_inline]] static bool isZero(const Bytes& bytes)
+/// Marks the positions of the next window in which a needle may begin, those where its first and its last byte match;
+/// the window begins at `end` if there is none. Only whole windows are examined.
+CTextScan::Window markWith16(const char* position, const char* end, const Needle& needle)
+{
+    using Bytes [[gnu::vector_size(16)]] = unsigned char;
+    using Words [[gnu::vector_size(16)]] = std::uint64_t;
+    struct Probe
     {
-        std::uint64_t words[count / sizeof(std::uint64_t)];
-        std::memcpy(words, &bytes, count);
-        std::uint64_t any = 0;
-        for (const std::uint64_t word : words)
-            any |= word;
-        return any == 0;
+        Bytes caseBits, byte;
+        std::ptrdiff_t index;
+
+        Probe(const Needle& needle, std::ptrdiff_t i)
+            : caseBits(Bytes{} + static_cast<unsigned char>(needle.caseBits[i])),
+              byte(Bytes{} + static_cast<unsigned char>(needle.bytes[i])),
+              index(i)
+        {}
+        Bytes matches(const char* position) const
+        {
+            Bytes bytes;
+            std::memcpy(&bytes, position + index, sizeof bytes);
+            return (bytes | caseBits) == byte;
+        }
+    };
+    // One bit of each byte, moved together: the product's highest byte is the sum of all bytes.
+    const auto bitOfEach = [](std::uint64_t bytes) {
+        return ((bytes & 0x8040201008040201) * 0x0101010101010101) >> 56;
+    };
+    const Probe first(needle, 0);
+    const Probe last(needle, needle.size - 1);
+    for (; end - position >= windowSize; position += windowSize) {
+        Words marks[windowSize / 16];
+        Words any = {};
+        for (int i = 0; i < windowSize / 16; ++i) {
+            marks[i] =
+                reinterpret_cast<Words>(first.matches(position + 16 * i) & last.matches(position + 16 * i));
+            any |= marks[i];
+        }
+        if ((any[0] | any[1]) == 0)
+            continue;
+        std::uint64_t bits = 0;
+        for (int i = windowSize / 8 - 1; i >= 0; --i)
+            bits = bits << 8 | bitOfEach(marks[i / 2][i % 2]);
+        return {position, bits};
     }
-};
-
-/// Compares one byte of a needle with the bytes at adjacent positions.
-template <typename Vector>
-class Probe
-{
-    using Bytes = typename Vector::Bytes;
-
-public:
-    [[gnu::always_inline]] Probe(const Needle& needle, std::ptrdiff_t index)
-        : m_caseBits(Bytes{} + static_cast<unsigned char>(needle.caseBits[index])),
-          m_byte(Bytes{} + static_cast<unsigned char>(needle.bytes[index])),
-          m_index(index)
-    {}
-
-    /// Clears the marks of the positions where a needle that begins there has another byte.
-    [[gnu::always_inline]] void narrow(const char* position, Bytes& marks) const
-    {
-        Bytes bytes;
-        std::memcpy(&bytes, position + m_index, sizeof bytes);
-        marks &= (bytes | m_caseBits) == m_byte;
-    }
-
-private:
-    Bytes m_caseBits, m_byte;
-    std::ptrdiff_t m_index;
-};
-
-constexpr unsigned char marked = 0xFF;
-
-/// The first match at the `vectorCount` times Vector::width positions starting at `position`; null if there is none.
-template <typename Vector, std::ptrdiff_t vectorCount>
-[[gnu::always_inline]] inline const char* findAmong(const char* position, const Probe<Vector>& first,
-                                                    const Probe<Vector>& last, const Needle& needle)
-{
-    typename Vector::Bytes marks[vectorCount];
-    typename Vector::Bytes any = {};
-    for (std::ptrdiff_t i = 0; i < vectorCount; ++i) {
-        marks[i] = typename Vector::Bytes{} + marked;
-        first.narrow(position + i * Vector::width, marks[i]);
-        last.narrow(position + i * Vector::width, marks[i]);
-        any |= marks[i];
-    }
-    if (Vector::isZero(any))
-        return nullptr;
-    const auto* const begin = reinterpret_cast<const unsigned char*>(marks);
-    const auto* const end = begin + sizeof marks;
-    for (const auto* mark = begin; mark != end; ++mark) {
-        mark = static_cast<const unsigned char*>(
-            std::memchr(mark, marked, static_cast<std::size_t>(end - mark)));
-        if (mark == nullptr)
-            return nullptr;
-        if (matchesAt(position + (mark - begin), needle))
-            return position + (mark - begin);
-    }
-    return nullptr;
-}
-
-template <typename Vector>
-[[gnu::always_inline]] inline const char* findIn(const char* begin, const char* end, const Needle& needle)
-{
-    constexpr std::ptrdiff_t step = 256;
-    const Probe<Vector> first(needle, 0);
-    const Probe<Vector> last(needle, needle.size - 1);
-    const char* position = begin;
-    std::ptrdiff_t positionsLeft = end - begin - needle.size + 1; // negative for a needle that is too long
-    for (; positionsLeft >= step; position += step, positionsLeft -= step)
-        if (const char* hit = findAmong<Vector, step / Vector::width>(position, first, last, needle))
-            return hit;
-    for (; positionsLeft >= Vector::width; position += Vector::width, positionsLeft -= Vector::width)
-        if (const char* hit = findAmong<Vector, 1>(position, first, last, needle))
-            return hit;
-    for (; positionsLeft > 0; ++position, --positionsLeft)
-        if (matchesAt(position, needle))
-            return position;
-    return end;
-}
-
-const char* findOnAny(const char* begin, const char* end, const Needle& needle)
-{
-    return findIn<Vector<16>>(begin, end, needle);
+    return {position, 0};
 }
 
 #if defined(__x86_64__) && !defined(KEDRIN_PORTABLE_SCAN)
 
-[[gnu::target("avx2")]] const char* findWithAvx2(const char* begin, const char* end, const Needle& needle)
+/// The same with AVX2.
+[[gnu::target("avx2")]] CTextScan::Window markWith32(const char* position, const char* end,
+                                                     const Needle& needle)
 {
-    return findIn<Vector<32>>(begin, end, needle);
+    const __m256i firstCase = _mm256_set1_epi8(needle.caseBits[0]);
+    const __m256i firstByte = _mm256_set1_epi8(needle.bytes[0]);
+    const __m256i lastCase = _mm256_set1_epi8(needle.caseBits[needle.size - 1]);
+    const __m256i lastByte = _mm256_set1_epi8(needle.bytes[needle.size - 1]);
+    for (; end - position >= windowSize; position += windowSize) {
+        std::uint64_t bits = 0;
+        for (int i = 1; i >= 0; --i) {
+            const char* const half = position + 32 * i;
+            const __m256i atFirst = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(half));
+            const __m256i atLast =
+                _mm256_loadu_si256(reinterpret_cast<const __m256i*>(half + needle.size - 1));
+            const __m256i matches =
+                _mm256_and_si256(_mm256_cmpeq_epi8(_mm256_or_si256(atFirst, firstCase), firstByte),
+                                 _mm256_cmpeq_epi8(_mm256_or_si256(atLast, lastCase), lastByte));
+            bits = bits << 32 | static_cast<std::uint32_t>(_mm256_movemask_epi8(matches));
+        }
+        if (bits != 0)
+            return {position, bits};
+    }
+    return {position, 0};
 }
 
 bool hasAvx2() { return __builtin_cpu_supports("avx2"); }
 
 #else
 
-constexpr auto findWithAvx2 = findOnAny;
+constexpr auto markWith32 = markWith16;
 bool hasAvx2() { return false; }
 
 #endif
@@ -163,13 +136,31 @@ CTextScan::CTextScan(std::string_view needle, Case letterCase)
     }
 }
 
-const char* CTextScan::find(const char* begin, const char* end) const
+const char* CTextScan::find(const char* begin, const char* end, Window& window) const
 {
-    static const auto findWidely = hasAvx2() ? findWithAvx2 : findOnAny;
+    static const auto markNext = hasAvx2() ? markWith32 : markWith16;
     if (m_bytes.empty())
         return begin;
-    return findWidely(begin, end,
-                      {m_caseBits.data(), m_bytes.data(), static_cast<std::ptrdiff_t>(m_bytes.size())});
+    const Needle needle{m_caseBits.data(), m_bytes.data(), static_cast<std::ptrdiff_t>(m_bytes.size())};
+    const char* const positionsEnd = end - needle.size + 1;
+    if (needle.size > end - begin)
+        return end;
+    if (begin < window.begin || begin - window.begin >= windowSize)
+        window = markNext(begin, positionsEnd, needle);
+    else
+        window.marks &= ~std::uint64_t(0) << (begin - window.begin);
+    while (positionsEnd - window.begin >= windowSize) {
+        for (; window.marks != 0; window.marks &= window.marks - 1) {
+            const char* const position = window.begin + std::countr_zero(window.marks);
+            if (matchesAt(position, needle))
+                return position;
+        }
+        window = markNext(window.begin + windowSize, positionsEnd, needle);
+    }
+    for (const char* position = std::max(begin, window.begin); position < positionsEnd; ++position)
+        if (matchesAt(position, needle))
+            return position;
+    return end;
 }
 
 /// isIn() if nothing is known of the text in advance.
@@ -182,8 +173,10 @@ bool CScanAhead::scanFor(std::string_view text, const char* bufferEnd, unsigned 
     if (sameBuffer && begin < m_from) {
         hit = m_scan.find(begin, end); // out of order: keep what is known
     } else {
+        if (!sameBuffer)
+            m_window = {};
         if (!sameBuffer || begin > m_hit) {
-            m_hit = m_scan.find(begin, bufferEnd);
+            m_hit = m_scan.find(begin, bufferEnd, m_window);
             m_from = begin;
             m_bufferNum = bufferNum;
         }

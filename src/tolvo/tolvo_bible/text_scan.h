@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -30,7 +31,25 @@ public:
 
     /// The first occurrence of the whole needle in [begin, end); `end` if there is none. An empty needle is
     /// found at `begin`. Reads nothing outside the range. A zero byte in the haystack is an ordinary byte.
-    const char* find(const char* begin, const char* end) const;
+    const char* find(const char* begin, const char* end) const
+    {
+        Window window;
+        return find(begin, end, window);
+    }
+
+    /// What a search knows of the 64 positions where it has stopped: bit i of `marks` is set where the needle's ends
+    /// match, and not yet the bytes between, at begin + i.
+    struct Window
+    {
+        const char* begin = nullptr; ///< null: nothing is known
+        std::uint64_t marks = 0;
+    };
+
+    /// find() for ascending positions of the same text, which must not change: what is known from the last call is not
+    /// compared again.
+    /// @param begin   not before the last call's
+    /// @param window  as the last call has left it; initially empty
+    const char* find(const char* begin, const char* end, Window& window) const;
 
 private:
     std::string m_caseBits; ///< for each byte of the needle: 0x20 if its case is ignored, else 0
@@ -59,11 +78,16 @@ public:
         return !isBeforeHit && scanFor(text, bufferEnd, bufferNum);
     }
 
+    /// After isIn() of a text in the same buffer that begins at `from`: no text that begins there or later and ends
+    /// before the returned position contains the needle. `from` if nothing more is known.
+    const char* clearUpTo(const char* from) const { return from < m_from ? from : m_hit; }
+
 private:
     bool scanFor(std::string_view text, const char* bufferEnd, unsigned int bufferNum);
 
     const CTextScan& m_scan;
     bool m_endsAtZero;
+    CTextScan::Window m_window;
     unsigned int m_bufferNum = 0;
     const char* m_from = nullptr; ///< the first occurrence after this position is at m_hit; null: not known
     const char* m_hit = nullptr;
