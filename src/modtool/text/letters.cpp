@@ -40,10 +40,11 @@ const CShortTable& shortTable()
     return table;
 }
 
-/// Calls `use` with the bytes of each letter or digit.
-/// @returns how many
+/// Calls `use` for each character, with the position of its first byte, that after its last, and whether it is counted.
+/// No branch depends on the latter: words are too short for their ends to be predicted.
+/// @returns how many are counted
 template <typename Use>
-std::uint64_t forEachLetter(std::string_view utf8, Use&& use)
+std::uint64_t forEachCharacter(std::string_view utf8, Use&& use)
 {
     const CShortTable& table = shortTable();
     const auto* bytes = reinterpret_cast<const std::uint8_t*>(utf8.data());
@@ -52,10 +53,9 @@ std::uint64_t forEachLetter(std::string_view utf8, Use&& use)
         const std::size_t begin = i;
         char32_t codePoint = 0;
         U8_NEXT_UNSAFE(bytes, i, codePoint);
-        if (codePoint < CShortTable::size ? table[codePoint] : isCounted(codePoint)) {
-            ++count;
-            use(utf8.substr(begin, i - begin));
-        }
+        const bool counts = codePoint < CShortTable::size ? table[codePoint] : isCounted(codePoint);
+        count += counts;
+        use(begin, i, counts);
     }
     return count;
 }
@@ -64,7 +64,7 @@ std::uint64_t forEachLetter(std::string_view utf8, Use&& use)
 
 std::uint64_t countLetters(std::string_view utf8)
 {
-    return forEachLetter(utf8, [](std::string_view) {});
+    return forEachCharacter(utf8, [](std::size_t, std::size_t, bool) {});
 }
 
 std::uint64_t countLettersOf1251(std::string_view cp1251)
@@ -84,7 +84,19 @@ std::uint64_t countLettersOf1251(std::string_view cp1251)
 
 std::uint64_t appendLetters(std::string_view utf8, std::string& out)
 {
-    return forEachLetter(utf8, [&](std::string_view letter) { out += letter; });
+    const std::size_t known = out.size();
+    out.resize(known + utf8.size());
+    char* end = out.data() + known;
+    const std::uint64_t count = forEachCharacter(utf8, [&](std::size_t from, std::size_t to, bool counts) {
+        *end = utf8[from];
+        end += counts;
+        for (std::size_t i = from + 1; i < to; ++i) {
+            *end = utf8[i];
+            end += counts;
+        }
+    });
+    out.resize(static_cast<std::size_t>(end - out.data()));
+    return count;
 }
 
 bool isLetterOrDigit(char32_t codePoint) { return isCounted(codePoint); }
