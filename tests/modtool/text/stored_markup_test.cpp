@@ -53,9 +53,9 @@ TEST(PlainText, CostsTimeInProportionToTheLength)
             verse += piece;
         return verse;
     };
-    for (int i = 0; i < 100; ++i)
-        for (const char* piece : {"<", "<a ", "<a b='", "<!--", "<!", "</a", "&", "&a"})
-            EXPECT_EQ(plainText(repeated(piece)).empty(), false);
+    for (const char* piece : {"<", "<a ", "<a b='", "<!--", "<!", "</a", "&", "&a"})
+        for (int i = 0; i < 3; ++i) // minutes if each piece were followed to the end
+            EXPECT_FALSE(plainText(repeated(piece)).empty());
 }
 
 TEST(StoredMarkup, PiecesAreTheVerse)
