@@ -1,15 +1,18 @@
 #include "varied_values.h"
 
+#include <utility>
+
 namespace varied_test {
 
 Value Value::text(const std::string& content) { return {Kind::string, content, {}, false}; }
 Value Value::number(unsigned int value) { return {Kind::number, std::to_string(value), {}, false}; }
 Value Value::list() { return {Kind::list, "", {}, false}; }
 Value Value::map(bool mayBeShuffled) { return {Kind::map, "", {}, mayBeShuffled}; }
-Value& Value::add(Value item) { return items.emplace_back("", std::move(item)).second; }
+Value& Value::add(Value item) { return add("", std::move(item)); }
 Value& Value::add(const std::string& key, Value item)
 {
-    return items.emplace_back(key, std::move(item)).second;
+    items.push_back({key, std::move(item)});
+    return items.back().value;
 }
 
 namespace {
@@ -65,13 +68,13 @@ public:
                 else
                     one.add(spelt("nr", m_random), anyNumber(book.number, m_random));
                 one.add(spelt("chapters", m_random), Value::list());
-                chapters = &books.add(std::move(one)).items.back().second;
+                chapters = &books.add(std::move(one)).items.back().value;
             },
             [&](const Verse& verse) {
                 Value one = Value::map(true);
                 one.add(spelt("chapter", m_random), anyNumber(verse.chapter, m_random));
                 one.add(spelt("verses", m_random), Value::list());
-                verses = &chapters->add(std::move(one)).items.back().second;
+                verses = &chapters->add(std::move(one)).items.back().value;
             },
             [&](const Verse& verse) {
                 Value one = Value::map(true);
@@ -114,7 +117,7 @@ public:
                 Value one = Value::map(true);
                 one.add(spelt("abbrev", m_random), Value::text(book.osis));
                 one.add(spelt("chapters", m_random), Value::list());
-                chapters = &books.add(std::move(one)).items.back().second;
+                chapters = &books.add(std::move(one)).items.back().value;
             },
             [&](const Verse& verse) {
                 fill(*chapters, verse.chapter, true);

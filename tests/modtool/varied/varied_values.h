@@ -2,9 +2,12 @@
 
 #include "varied_text.h"
 
-#include <utility>
+#include <string>
+#include <vector>
 
 namespace varied_test {
+
+struct Item;
 
 /// A value of JSON or YAML.
 struct Value
@@ -27,9 +30,15 @@ struct Value
     Value& add(const std::string& key, Value item);
 
     Kind kind;
-    std::string content;                              ///< of a string or number
-    std::vector<std::pair<std::string, Value>> items; ///< with keys in a map
+    std::string content; ///< of a string or number
+    std::vector<Item> items;
     bool mayBeShuffled;
+};
+
+struct Item
+{
+    std::string key; ///< "" in a list
+    Value value;
 };
 
 /// The text in one of the structures of doc/formats/json.md.
