@@ -141,11 +141,8 @@ void RepositoryTest::refusedTextLeavesNothing()
 void RepositoryTest::serverThatVanishesLeavesNothing()
 {
     SwordFixture fixture;
-    // before the window starts threads: under AddressSanitizer a process forked beside them may wait for ever
-    const LoopbackServer servers[] = {LoopbackServer(fixture.answers(), 1),
-                                      LoopbackServer(fixture.answers(), 2),
-                                      LoopbackServer(fixture.answers(), 4)};
-    for (const LoopbackServer& server : servers) {
+    for (unsigned int requestsCount : {1u, 2u, 4u}) {
+        const LoopbackServer server(fixture.answers(), requestsCount);
         fixture.openPage();
         fixture.listAddress(server.address());
         look(fixture);
