@@ -4,9 +4,10 @@
     tests/coverage/report.py GCOVR.json NOTE [FOLDER...]
 
 prints the lines that no test reached, and writes doc/quality/coverage.md from what gcovr counted in the FOLDERs of src. NOTE
-says which tests ran. Rows of explained.tsv (a file, a line without its indentation or * for every one, the reason) stand for
-one line each that cannot be counted; they are left out of the comparison with the goals. Ends with 1 if there is no such
-line that was not reached, or if a goal is missed.
+says which tests ran. Rows of explained.tsv (a file, a line without its indentation, the reason) stand for one line each that
+cannot be counted; with " {}" after it for the function that begins with the line, and with * instead for the whole file.
+They are left out of the comparison with the goals. Ends with 1 if there is no such line that was not reached, or if a goal
+is missed.
 """
 
 import collections
@@ -65,15 +66,29 @@ def missed_lines(name, file):
 def explained_count(explained, name, lines):
     """@returns how many of the lines that were not reached have a row"""
     rows = collections.Counter(text for file, text, _ in explained if file == name)
-    return len(lines) if rows["*"] else (rows & collections.Counter(text for _, text in lines)).total()
+    numbers = {number for text in rows for number in function_lines(name, text)}
+    outside = collections.Counter(text for number, text in lines if number not in numbers)
+    return len(lines) if rows["*"] else len(lines) - (outside - rows).total()
+
+
+def function_lines(name, text):
+    """@returns the numbers of the lines of the function that begins with the line `text`, which " {}" follows"""
+    source = (PROJECT / name).read_text().split("\n")
+    if not text.endswith(" {}") or text.removesuffix(" {}") not in source:
+        return range(0)
+    first = source.index(text.removesuffix(" {}"))
+    return range(first + 1, source.index("}", first) + 2)
 
 
 def unneeded(explained, missed, folders):
     """@returns file and line of the rows whose line was reached"""
     rows = collections.Counter((file, text) for file, text, _ in explained if file.split("/")[1] in folders)
-    lines = collections.Counter((name, text) for name, lines in missed.items() for _, text in lines)
-    lines.update((name, "*") for name, lines_of_file in missed.items() if lines_of_file)
-    return (rows - lines).elements()
+    found = collections.Counter((name, text) for name, lines in missed.items() for _, text in lines)
+    for file, text in rows:
+        numbers = {number for number, _ in missed.get(file, [])}
+        if (text == "*" and numbers) or numbers.intersection(function_lines(file, text)):
+            found[file, text] += 1
+    return (rows - found).elements()
 
 
 def lines_of(file):
