@@ -46,7 +46,8 @@ void checkSingleVerses(const std::string& textPath, const std::string& pointPath
         const std::string answer = answerOf([&] { return lasting[verseNum]; });
         if (isText(expected[verse]))
             require(isText(answer) == !failed, "a failed object stays failed, a sound one reads");
-        failed = failed || expected[verse].ends_with("I/O error");
+        else if (expected[verse].ends_with("I/O error"))
+            failed = true;
     }
 }
 
