@@ -35,7 +35,8 @@ install(FILES src/modtool/command/kedrin-module.fish
 install(FILES src/modtool/command/kedrin-module.zsh RENAME _kedrin-module
   DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions COMPONENT kedrin-module)
 
-install(TARGETS kedrin-module-sword kedrin-add-sword DESTINATION ${KEDRIN_PROGRAM_DIR} COMPONENT kedrin-module-sword)
+install(TARGETS kedrin-module-sword kedrin-add-sword kedrin-sword-transfer
+  DESTINATION ${KEDRIN_PROGRAM_DIR} COMPONENT kedrin-module-sword)
 
 include(cmake/install_tolvo.cmake)
 

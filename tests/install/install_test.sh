@@ -20,7 +20,7 @@ expect_files() { # expect_files DIRECTORY NAME...: they are there
 version=$("$prefix/bin/kedrin-module" --version)
 [ "$(LC_ALL=C "$prefix/bin/kedrin" --version)" = "Kedrin ${version#kedrin-module }" ] || fail "the launcher's version"
 expect_files "$prefix" bin/kedrin bin/kedrin-add bin/kedrin-module lib/kedrin/kedrin lib/kedrin/modules/bibles \
-    lib/kedrin/kedrin-module-all lib/kedrin/kedrin-module-sword share/locale/bg/LC_MESSAGES/kedrin-module.mo \
+    lib/kedrin/kedrin-module-all lib/kedrin/kedrin-module-sword lib/kedrin/kedrin-sword-transfer share/locale/bg/LC_MESSAGES/kedrin-module.mo \
     share/applications/kedrin.desktop share/icons/hicolor/48x48/apps/kedrin.png share/icons/hicolor/scalable/apps/kedrin.svg \
     share/metainfo/org.example.kedrin.Kedrin.metainfo.xml \
     share/man/man1/kedrin-module.1 share/man/bg/man1/kedrin-module.1 \

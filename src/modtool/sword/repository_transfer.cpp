@@ -2,22 +2,10 @@
 
 #include "errors.h"
 #include "messages.h"
-
-#include <installmgr.h>
-#include <remotetrans.h>
-#include <swlog.h>
-
-#include <sys/prctl.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
+#include "transfer_program.h"
 
 #include <cctype>
-#include <cerrno>
-#include <csignal>
-#include <cstring>
 #include <filesystem>
-#include <memory>
 #include <thread>
 
 namespace Kedrin::ModTool {
@@ -34,80 +22,6 @@ constexpr auto pollingInterval = std::chrono::milliseconds(20);
     throw CBuildError(place + ": " + what);
 }
 
-/// What the library has for the network.
-class CTransports : public sword::InstallMgr
-{
-public:
-    using sword::InstallMgr::InstallMgr;
-
-    std::unique_ptr<sword::RemoteTransport> transportFor(const std::string& url)
-    {
-        const std::size_t host = url.find("://") + 3;
-        const std::string hostName = url.substr(host, url.find('/', host) - host);
-        return std::unique_ptr<sword::RemoteTransport>(url.starts_with("ftp:")
-                                                           ? createFTPTransport(hostName.c_str(), nullptr)
-                                                           : createHTTPTransport(hostName.c_str(), nullptr));
-    }
-};
-
-/// The body of the process that transfers. Never returns.
-[[noreturn]] void transferAndExit(const std::string& url, const std::string& fileName,
-                                  const TransferLimits& limits, pid_t parent)
-{
-    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-    if (::getppid() != parent)
-        ::_exit(1);
-    ::rlimit size = {};
-    size.rlim_cur = size.rlim_max = static_cast<rlim_t>(limits.byteCount + 1);
-    ::setrlimit(RLIMIT_FSIZE, &size);
-    sword::SWLog::getSystemLog()->setLogLevel(0);
-    CTransports transports(fs::path(fileName).parent_path().c_str());
-    const auto transport = transports.transportFor(url);
-    transport->setTimeoutMillis(limits.total.count());
-    transport->setUnverifiedPeerAllowed(false);
-    transport->setPassive(true);
-    transport->setUser("ftp");
-    transport->setPasswd("ftp@");
-    ::_exit(transport->getURL(fileName.c_str(), url.c_str()) == 0 ? 0 : 1);
-}
-
-/// A process that is stopped with this object.
-class CTransferProcess
-{
-public:
-    CTransferProcess(const std::string& url, const std::string& fileName, const TransferLimits& limits)
-    {
-        const pid_t parent = ::getpid();
-        m_pid = ::fork();
-        if (m_pid == 0)
-            transferAndExit(url, fileName, limits, parent);
-        if (m_pid < 0)
-            fail(url, std::strerror(errno));
-    }
-    ~CTransferProcess()
-    {
-        if (m_hasEnded)
-            return;
-        ::kill(m_pid, SIGKILL);
-        ::waitpid(m_pid, nullptr, 0);
-    }
-    CTransferProcess(const CTransferProcess&) = delete;
-    CTransferProcess& operator=(const CTransferProcess&) = delete;
-
-    bool hasEnded()
-    {
-        if (!m_hasEnded)
-            m_hasEnded = ::waitpid(m_pid, &m_status, WNOHANG) != 0;
-        return m_hasEnded;
-    }
-    bool hasSucceeded() const { return WIFEXITED(m_status) && WEXITSTATUS(m_status) == 0; }
-
-private:
-    pid_t m_pid;
-    int m_status = -1;
-    bool m_hasEnded = false;
-};
-
 std::uint64_t sizeOf(const std::string& fileName)
 {
     std::error_code error;
@@ -123,7 +37,7 @@ void failTooLong(const std::string& place, const TransferLimits& limits)
 bool download(const std::string& url, const std::string& fileName, const TransferLimits& limits,
               IProgress& progress)
 {
-    CTransferProcess process(url, fileName, limits);
+    CTransferProgram process(url, fileName, limits);
     std::uint64_t size = 0;
     Clock::time_point lastGrowth = Clock::now();
     while (!process.hasEnded()) {

@@ -25,8 +25,17 @@ tool=$work/usr/bin/kedrin-module private=$work/usr/lib/kedrin
 for program in "$tool" "$private/kedrin-module-all" "$work/usr/bin/kedrin-add"; do
     if readelf -d "$program" | grep NEEDED.*sword; then echo "$program needs SWORD"; exit 1; fi
 done
-rm "$private/kedrin-module-sword"
 export LC_ALL=C.UTF-8 XDG_DATA_HOME=$work/data HOME=$work
+
+# What transfers files: it serves its parent only, and where it is missing the tool says so.
+if "$private/kedrin-sword-transfer" http://127.0.0.1:1/a "$work/got" 1000 1000 1; then echo "has another parent"; exit 1; fi
+[ ! -e "$work/got" ]
+rm "$private/kedrin-sword-transfer"
+code=0
+said=$("$tool" get --list --repository http://127.0.0.1:1 --yes 2>&1) || code=$?
+[ "$code $said" = "1 kedrin-module: $private/kedrin-sword-transfer: No such file or directory" ] || { echo "$code $said"; exit 1; }
+
+rm "$private/kedrin-module-sword"
 "$tool" build --versification Synodal "$work/a.txt" "$work/b" | grep -x "numbering     Synodal" >/dev/null
 "$tool" add "$work/a.txt" | grep "^added         a;" >/dev/null
 "$tool" check "$XDG_DATA_HOME/kedrin/modules/bibles" | grep "/a: sound" >/dev/null
