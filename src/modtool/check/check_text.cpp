@@ -5,41 +5,26 @@
 #include "markup_defects.h"
 #include "module_format.h"
 
-#include <array>
-
 namespace Kedrin::ModTool {
 
 namespace {
 
-/// Kinds of bytes in a verse that are reported; flags.
-enum ByteKind : std::uint8_t
+/// Looks at all bytes even when one is found: the compiler examines many at once in a loop without branches.
+template <typename Is>
+bool holdsAny(std::string_view text, Is is)
 {
-    byteUnassigned = 1,
-    byteControl = 2,
-    byteSoftHyphen = 4,
-    byteMarkup = 8
-};
-
-constexpr std::array<std::uint8_t, 256> makeByteKinds()
-{
-    std::array<std::uint8_t, 256> kinds{};
-    for (std::size_t byte = 0; byte < 0x20; ++byte)
-        kinds[byte] = byteControl;
-    kinds[0x7F] = byteControl;
-    kinds[0x98] = byteUnassigned;
-    kinds[0xAD] = byteSoftHyphen;
-    kinds['<'] = kinds['&'] = byteMarkup;
-    return kinds;
+    std::uint8_t found = 0;
+    for (const char c : text)
+        found |= static_cast<std::uint8_t>(is(static_cast<unsigned char>(c)));
+    return found != 0;
 }
 
-constexpr std::array<std::uint8_t, 256> byteKinds = makeByteKinds();
-
-std::uint8_t kindsIn(std::string_view text)
+bool holdsTwoBlanks(std::string_view text)
 {
-    std::uint8_t kinds = 0;
-    for (const char c : text)
-        kinds |= byteKinds[static_cast<unsigned char>(c)];
-    return kinds;
+    std::uint8_t found = 0;
+    for (std::size_t i = 1; i < text.size(); ++i)
+        found |= static_cast<std::uint8_t>((text[i - 1] == ' ') & (text[i] == ' '));
+    return found != 0;
 }
 
 CheckID checkOf(MarkupDefect defect)
@@ -143,16 +128,15 @@ private:
     {
         m_text.isUnread[verse] = false;
         m_text.emptyVerses += stored.empty();
-        const std::uint8_t kinds = kindsIn(stored);
-        if (kinds & byteUnassigned)
+        if (holdsAny(stored, [](unsigned char byte) { return byte == 0x98; }))
             add(CheckID::textByte98, verse);
-        if (kinds & byteControl)
+        if (holdsAny(stored, [](unsigned char byte) { return (byte < 0x20) | (byte == 0x7F); }))
             add(CheckID::textControl, verse);
-        if (kinds & byteSoftHyphen)
+        if (holdsAny(stored, [](unsigned char byte) { return byte == 0xAD; }))
             add(CheckID::textSoftHyphen, verse);
-        if (stored.starts_with(' ') || stored.ends_with(' ') || stored.find("  ") != std::string_view::npos)
+        if (stored.starts_with(' ') || stored.ends_with(' ') || holdsTwoBlanks(stored))
             add(CheckID::textBlanks, verse);
-        if (!(kinds & byteMarkup)) {
+        if (!holdsAny(stored, [](unsigned char byte) { return (byte == '<') | (byte == '&'); })) {
             m_indexer.add(stored, verse);
             return;
         }

@@ -12,7 +12,11 @@
 #define XXH_INLINE_ALL // its code for short keys
 #include <xxhash.h>
 
+#include <endian.h>
+
 #include <algorithm>
+#include <bit>
+#include <cstring>
 #include <numeric>
 
 namespace Kedrin::ModTool {
@@ -65,32 +69,86 @@ private:
     UText* m_text = nullptr;
 };
 
-std::size_t CWordIndexer::Hash::operator()(std::string_view text) const
+std::size_t CWordIndexer::ShortHash::operator()(const ShortText& text) const
 {
-    return XXH3_64bits(text.data(), text.size());
+    return XXH3_64bits(&text, sizeof(text));
 }
 
 CWordIndexer::CWordIndexer() : m_boundaries(std::make_unique<CBoundaries>()) {}
 CWordIndexer::~CWordIndexer() = default;
 
+namespace {
+
+constexpr std::size_t windowBytes = 16; // of a ShortText
+constexpr std::uint64_t eachByte = 0x0101010101010101;
+
+/// Eight bytes, the first the lowest, of which those that were ' ' are zero.
+std::uint64_t differencesFromBlanks(const char* text)
+{
+    std::uint64_t bytes;
+    std::memcpy(&bytes, text, sizeof(bytes));
+    return le64toh(bytes) ^ (eachByte * ' ');
+}
+
+/// How many bytes are below the lowest that is zero: 0 to 8.
+std::size_t bytesBeforeZero(std::uint64_t bytes)
+{
+    const std::uint64_t marks = (bytes - eachByte) & ~bytes & (eachByte * 0x80); // the lowest one is right
+    return static_cast<std::size_t>(std::countr_zero(marks)) / 8;
+}
+
+/// @param count  0 to 8
+std::uint64_t lowestBytes(std::uint64_t bytes, std::size_t count)
+{
+    return count == 8 ? bytes : bytes & ((std::uint64_t(1) << 8 * count) - 1);
+}
+
+} // namespace
+
 /// Every space is a boundary that no rule looks across, so each chunk between spaces can be segmented
 /// separately, once per distinct chunk.
 void CWordIndexer::add(std::string_view verse, unsigned int verseNum)
 {
-    while (!verse.empty()) {
-        const std::size_t blank = std::min(verse.find(' '), verse.size());
-        if (blank != 0)
-            addChunk(verse.substr(0, blank), verseNum);
-        verse.remove_prefix(std::min(blank + 1, verse.size()));
+    m_padded.assign(verse).append(windowBytes, ' ');
+    const std::string_view padded = m_padded;
+    for (std::size_t at = 0; at < verse.size();) {
+        const std::uint64_t low = differencesFromBlanks(padded.data() + at);
+        const std::uint64_t high = differencesFromBlanks(padded.data() + at + 8);
+        const std::size_t lowCount = bytesBeforeZero(low);
+        const std::size_t highCount =
+            lowCount / 8 * bytesBeforeZero(high); // none unless all eight are the text's
+        std::size_t length = lowCount + highCount;
+        if (length == windowBytes) {
+            length = padded.find(' ', at + windowBytes) - at;
+            addLong(padded.substr(at, length), verseNum);
+        } else if (length != 0) {
+            const ShortText key = {lowestBytes(low, lowCount), lowestBytes(high, highCount)};
+            addShort(key, padded.substr(at, length), verseNum);
+        }
+        at += length + 1;
     }
+    m_verses.push_back(
+        {static_cast<std::uint16_t>(verseNum), static_cast<std::uint32_t>(m_versesWords.size())});
 }
 
-void CWordIndexer::addChunk(std::string_view text, unsigned int verseNum)
+void CWordIndexer::addShort(const ShortText& key, std::string_view text, unsigned int verseNum)
 {
-    auto known = m_chunks.find(text);
-    if (known == m_chunks.end())
-        known = m_chunks.emplace(text, segment(text, verseNum)).first;
-    Chunk& chunk = known.value();
+    auto known = m_shortChunks.find(key);
+    if (known == m_shortChunks.end())
+        known = m_shortChunks.emplace(key, segment(text, verseNum)).first;
+    addWords(known.value(), verseNum);
+}
+
+void CWordIndexer::addLong(std::string_view text, unsigned int verseNum)
+{
+    const auto [number, isNew] = m_longTexts.add(text);
+    if (isNew)
+        m_longChunks.push_back(segment(text, verseNum));
+    addWords(m_longChunks[number], verseNum);
+}
+
+void CWordIndexer::addWords(Chunk& chunk, unsigned int verseNum)
+{
     ++chunk.occurrences;
     m_longWords.count += chunk.longWordsCount;
     for (std::uint32_t i = chunk.first; i < chunk.first + chunk.count; ++i) {
@@ -98,7 +156,7 @@ void CWordIndexer::addChunk(std::string_view text, unsigned int verseNum)
         if (m_lastVerse[word] == verseNum + 1)
             continue;
         m_lastVerse[word] = verseNum + 1;
-        m_postings.push_back({word, static_cast<std::uint16_t>(verseNum)});
+        m_versesWords.push_back(word);
     }
 }
 
@@ -110,7 +168,7 @@ CWordIndexer::Chunk CWordIndexer::segment(std::string_view text, unsigned int ve
         const std::string_view word = text.substr(begin, length);
         if (length <= maxWordBytes) {
             const std::uint32_t spelling = spellingOf(word);
-            m_chunkWords.push_back({spelling, m_spellings[spelling].word});
+            m_chunkWords.push_back({spelling, m_spellingWords[spelling]});
             return;
         }
         if (m_longWords.first.empty())
@@ -122,49 +180,56 @@ CWordIndexer::Chunk CWordIndexer::segment(std::string_view text, unsigned int ve
 
 std::uint32_t CWordIndexer::spellingOf(std::string_view text)
 {
-    if (const auto known = m_spellingIds.find(text); known != m_spellingIds.end())
-        return known->second;
+    const auto [spelling, isNew] = m_spellings.add(text);
+    if (!isNew)
+        return spelling;
     std::string folded(text);
     std::transform(folded.begin(), folded.end(), folded.begin(), ut::cyr_chrupcase);
-    const auto [word, isNew] = m_wordIds.emplace(folded, static_cast<std::uint32_t>(m_lastVerse.size()));
-    if (isNew)
+    const auto [word, isNewWord] = m_words.add(folded);
+    if (isNewWord)
         m_lastVerse.push_back(0);
-    const auto id = static_cast<std::uint32_t>(m_spellings.size());
-    m_spellings.push_back({std::string(text), word->second});
-    m_spellingIds.emplace(text, id);
-    return id;
+    m_spellingWords.push_back(word);
+    return spelling;
 }
 
 /// @returns [spelling]
 std::vector<std::uint32_t> CWordIndexer::spellingCounts() const
 {
     std::vector<std::uint32_t> counts(m_spellings.size(), 0);
-    for (const auto& [text, chunk] : m_chunks)
+    const auto count = [&](const Chunk& chunk) {
         for (std::uint32_t i = chunk.first; i < chunk.first + chunk.count; ++i)
             counts[m_chunkWords[i].spelling] += chunk.occurrences;
+    };
+    for (const auto& [text, chunk] : m_shortChunks)
+        count(chunk);
+    for (const Chunk& chunk : m_longChunks)
+        count(chunk);
     return counts;
 }
 
 /// @param counts  [spelling]
-/// @returns [word]
-std::vector<const std::string*> CWordIndexer::chosenSpellings(const std::vector<std::uint32_t>& counts) const
+/// @returns [word]: the spelling
+std::vector<std::uint32_t> CWordIndexer::chosenSpellings(const std::vector<std::uint32_t>& counts) const
 {
-    std::vector<const std::string*> texts(m_lastVerse.size(), nullptr);
-    std::vector<std::uint32_t> highest(texts.size(), 0);
-    for (std::size_t i = 0; i < m_spellings.size(); ++i) {
-        const auto& [text, word] = m_spellings[i];
-        if (texts[word] != nullptr && counts[i] <= highest[word])
+    std::vector<std::uint32_t> chosen(m_words.size());
+    std::vector<std::uint32_t> highest(chosen.size(), 0);
+    for (std::uint32_t spelling = 0; spelling < counts.size(); ++spelling) {
+        const std::uint32_t word = m_spellingWords[spelling];
+        if (counts[spelling] <= highest[word])
             continue;
-        texts[word] = &text;
-        highest[word] = counts[i];
+        chosen[word] = spelling;
+        highest[word] = counts[spelling];
     }
-    return texts;
+    return chosen;
 }
 
 /// In the order of Tolvo::caseInsensitiveComp, which is that of the folded bytes.
 std::vector<std::uint32_t> CWordIndexer::sortedWords() const
 {
-    std::vector<std::pair<std::string_view, std::uint32_t>> folded(m_wordIds.begin(), m_wordIds.end());
+    std::vector<std::pair<std::string_view, std::uint32_t>> folded;
+    folded.reserve(m_words.size());
+    for (std::uint32_t word = 0; word < m_words.size(); ++word)
+        folded.emplace_back(m_words[word], word);
     std::sort(folded.begin(), folded.end());
     std::vector<std::uint32_t> words;
     words.reserve(folded.size());
@@ -176,23 +241,25 @@ std::vector<std::uint32_t> CWordIndexer::sortedWords() const
 WordIndex CWordIndexer::finish()
 {
     const std::vector<std::uint32_t> counts = spellingCounts();
-    const std::vector<const std::string*> texts = chosenSpellings(counts);
+    const std::vector<std::uint32_t> spellings = chosenSpellings(counts);
 
     WordIndex index;
     index.occurrences = std::accumulate(counts.begin(), counts.end(), std::uint64_t(0));
-    std::vector<std::uint32_t> next(texts.size(), 0); // [word]: posting count, then write position
-    for (const Posting& posting : m_postings)
-        ++next[posting.word];
+    std::vector<std::uint32_t> next(spellings.size(), 0); // [word]: count of its verses, then write position
+    for (const std::uint32_t word : m_versesWords)
+        ++next[word];
     std::uint32_t begin = 0;
     for (const std::uint32_t word : sortedWords()) {
-        index.words.push_back(*texts[word]);
+        index.words.push_back(m_spellings[spellings[word]]);
         index.firstEntry.push_back(begin);
         begin += std::exchange(next[word], begin);
     }
     index.firstEntry.push_back(begin);
-    index.verseNums.resize(m_postings.size());
-    for (const Posting& posting : m_postings)
-        index.verseNums[next[posting.word]++] = posting.verseNum;
+    index.verseNums.resize(m_versesWords.size());
+    std::uint32_t at = 0;
+    for (const Verse& verse : m_verses)
+        for (; at < verse.wordsEnd; ++at)
+            index.verseNums[next[m_versesWords[at]]++] = verse.verseNum;
     return index;
 }
 

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "numbered_texts.h"
+
 #include <tsl/robin_map.h>
 
 #include <cstdint>
+#include <deque>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -48,7 +51,7 @@ public:
     void add(std::string_view verse, unsigned int verseNum);
 
     /// How many words there are so far.
-    std::size_t count() const { return m_lastVerse.size(); }
+    std::size_t count() const { return m_words.size(); }
 
     const LongWords& longWords() const { return m_longWords; }
 
@@ -56,24 +59,21 @@ public:
     WordIndex finish();
 
 private:
-    struct Hash
-    {
-        using is_transparent = void;
-        std::size_t operator()(std::string_view text) const;
-    };
-    /// Keeps keys, values and hashes in one array: a look-up mostly touches one line of the processor's cache.
-    template <typename Value>
-    using Map = tsl::robin_map<std::string, Value, Hash, std::equal_to<>,
-                               std::allocator<std::pair<std::string, Value>>, true>;
-
-    struct Spelling
-    {
-        std::string text;
-        std::uint32_t word;
-    };
     struct ChunkWord
     {
         std::uint32_t spelling, word;
+    };
+    /// A text of 1 to 15 bytes between blanks. It is compared and hashed without a loop over its bytes, and without a
+    /// branch that depends on its length, which no processor can foresee.
+    struct ShortText
+    {
+        std::uint64_t low, high; ///< the first byte is the lowest; each ^ ' ', then zeros
+
+        bool operator==(const ShortText&) const = default;
+    };
+    struct ShortHash
+    {
+        std::size_t operator()(const ShortText& text) const;
     };
     struct Chunk ///< a text between blanks, and the words in it
     {
@@ -82,28 +82,36 @@ private:
         std::uint32_t longWordsCount;
         std::uint32_t occurrences;
     };
-    struct Posting
+    struct Verse
     {
-        std::uint32_t word;
         std::uint16_t verseNum;
+        std::uint32_t wordsEnd; ///< of its words in m_versesWords
     };
 
-    void addChunk(std::string_view chunk, unsigned int verseNum);
+    void addShort(const ShortText& key, std::string_view chunk, unsigned int verseNum);
+    void addLong(std::string_view chunk, unsigned int verseNum);
+    void addWords(Chunk& chunk, unsigned int verseNum);
     Chunk segment(std::string_view chunk, unsigned int verseNum);
     std::uint32_t spellingOf(std::string_view word);
     std::vector<std::uint32_t> spellingCounts() const;
-    std::vector<const std::string*> chosenSpellings(const std::vector<std::uint32_t>& counts) const;
+    std::vector<std::uint32_t> chosenSpellings(const std::vector<std::uint32_t>& counts) const;
     std::vector<std::uint32_t> sortedWords() const;
 
     class CBoundaries;
     std::unique_ptr<CBoundaries> m_boundaries;
-    Map<Chunk> m_chunks;
+    std::string m_padded; ///< a verse, and blanks
+    tsl::robin_map<ShortText, Chunk, ShortHash, std::equal_to<>, std::allocator<std::pair<ShortText, Chunk>>,
+                   true>
+        m_shortChunks;
+    CNumberedTexts m_longTexts;
+    std::vector<Chunk> m_longChunks; ///< [number in m_longTexts]
     std::vector<ChunkWord> m_chunkWords;
-    Map<std::uint32_t> m_spellingIds;
-    std::vector<Spelling> m_spellings;      ///< in the order of their first appearance
-    Map<std::uint32_t> m_wordIds;           ///< by the folded spelling
-    std::vector<std::uint32_t> m_lastVerse; ///< [word]: the last verse that holds it, plus 1
-    std::vector<Posting> m_postings;
+    CNumberedTexts m_spellings;
+    std::vector<std::uint32_t> m_spellingWords; ///< [spelling]: its word
+    CNumberedTexts m_words;                     ///< folded
+    std::vector<std::uint32_t> m_lastVerse;     ///< [word]: the last verse that holds it, plus 1
+    std::deque<std::uint32_t> m_versesWords;    ///< the words of all verses, each once a verse
+    std::vector<Verse> m_verses;
     LongWords m_longWords;
 };
 

@@ -192,6 +192,27 @@ TEST(WordIndex, AgreesWithASimpleOneOnGeneratedTexts)
     }
 }
 
+/// Texts of few bytes are told apart by other code than long ones: each length, beside one that differs in its last byte
+/// or is a byte shorter, with every byte in it.
+TEST(WordIndex, TellsTextsOfEveryLengthApart)
+{
+    for (std::size_t length = 1; length <= 39; ++length) {
+        const std::string word(length - 1, 'x');
+        const Verses verses = {word + 'y', word + 'z', word, word + "z " + word + 'y',
+                               ' ' + word + "y  " + word};
+        WordIndex index;
+        EXPECT_EQ(indexedWords(verses, index), plainWords(verses)) << length;
+        EXPECT_EQ(index.occurrences, length == 1 ? 5u : 7u) << length;
+    }
+    for (unsigned int byte = 0; byte < 256; ++byte)
+        for (std::size_t length = 0; length <= 17; ++length) {
+            const std::string before(length, 'x');
+            const Verses verses = {before + static_cast<char>(byte) + 'y', before + 'y', before};
+            WordIndex index;
+            EXPECT_EQ(indexedWords(verses, index), plainWords(verses)) << byte << ' ' << length;
+        }
+}
+
 TEST(WordIndex, OfNothingIsEmpty)
 {
     CWordIndexer indexer;
