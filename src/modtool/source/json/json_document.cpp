@@ -6,6 +6,7 @@
 #include "messages.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 namespace Kedrin::ModTool {
 
@@ -100,18 +101,60 @@ std::string_view lineBefore(std::string_view text)
 
 } // namespace
 
-class CJsonDocument::CBuilder : public JsonEvents
+void CJsonDocument::CBuilder::fail(std::size_t line, const std::string& what) const
+{
+    failAtLine(m_document.m_fileName, line, what);
+}
+
+std::string_view CJsonDocument::CBuilder::keep(std::string_view text, std::size_t line)
+{
+    if (text.size() > maxTextBytes)
+        fail(line, tr("a string longer than 1 MiB"));
+    std::string& texts = m_document.m_texts;
+    const std::size_t begin = texts.size();
+    if (text.size() > texts.capacity() - begin)
+        throw std::logic_error("a document is longer than it was said to be");
+    texts += text;
+    return std::string_view(texts).substr(begin);
+}
+
+void CJsonDocument::CBuilder::add(Kind kind, std::string_view text, std::size_t line)
+{
+    auto& values = m_document.m_values;
+    if (values.size() == maxValues)
+        fail(line, message("more than %s values", maxValues));
+    const auto index = static_cast<std::uint32_t>(values.size());
+    if (!m_open.empty()) {
+        Open& parent = m_open.back();
+        (parent.lastChild == 0 ? values[parent.index].firstChild : values[parent.lastChild].nextSibling) =
+            index;
+        parent.lastChild = index;
+    }
+    values.push_back({m_key, keep(text, line), static_cast<std::uint32_t>(line), 0, 0, kind, fieldOf(m_key)});
+    m_key = {};
+}
+
+void CJsonDocument::CBuilder::open(Kind kind, std::size_t line)
+{
+    if (m_open.size() == maxDepth)
+        fail(line, message("values are nested more than %s deep", maxDepth));
+    add(kind, "", line);
+    m_open.push_back({static_cast<std::uint32_t>(m_document.m_values.size() - 1), 0});
+}
+
+/// Parses JSON and gives it to a builder.
+class CJsonDocument::CParse : public JsonEvents
 {
 public:
     using Kind = JsonValue::Kind;
 
-    CBuilder(CJsonDocument& document, std::string_view utf8, std::string_view part)
-        : m_document(document),
+    CParse(CBuilder& builder, const std::string& fileName, std::string_view utf8, std::string_view part)
+        : m_builder(builder),
           m_part(part),
           m_lines(1 + static_cast<std::size_t>(std::count(utf8.begin(), part.begin(), '\n')))
     {
         if (!parseJson(part, m_lines, *this))
-            fail(m_complaint);
+            failAtLine(fileName, m_lines.line(), m_complaint);
     }
 
     bool null() { return add(Kind::null, ""); }
@@ -127,7 +170,7 @@ public:
 
     bool key(std::string& text)
     {
-        m_key = keep(text);
+        m_builder.key(text, m_lines.line());
         return true;
     }
 
@@ -141,64 +184,27 @@ public:
     }
 
 private:
-    struct Open
-    {
-        std::uint32_t index;
-        std::uint32_t lastChild; ///< 0: none
-    };
-
-    [[noreturn]] void fail(const std::string& what) const
-    {
-        failAtLine(m_document.m_fileName, m_lines.line(), what);
-    }
-
-    std::string_view keep(std::string_view text)
-    {
-        if (text.size() > maxTextBytes)
-            fail(tr("a string longer than 1 MiB"));
-        const std::size_t begin = m_document.m_texts.size();
-        m_document.m_texts += text;
-        return std::string_view(m_document.m_texts).substr(begin);
-    }
-
     bool add(Kind kind, std::string_view text)
     {
-        auto& values = m_document.m_values;
-        if (values.size() == maxValues)
-            fail(message("more than %s values", maxValues));
-        const auto index = static_cast<std::uint32_t>(values.size());
-        if (!m_open.empty()) {
-            Open& parent = m_open.back();
-            (parent.lastChild == 0 ? values[parent.index].firstChild : values[parent.lastChild].nextSibling) =
-                index;
-            parent.lastChild = index;
-        }
-        values.push_back(
-            {m_key, keep(text), static_cast<std::uint32_t>(m_lines.line()), 0, 0, kind, fieldOf(m_key)});
-        m_key = {};
+        m_builder.add(kind, text, m_lines.line());
         return true;
     }
 
     bool open(Kind kind)
     {
-        if (m_open.size() == maxDepth)
-            fail(message("values are nested more than %s deep", maxDepth));
-        add(kind, "");
-        m_open.push_back({static_cast<std::uint32_t>(m_document.m_values.size() - 1), 0});
+        m_builder.open(kind, m_lines.line());
         return true;
     }
 
     bool close()
     {
-        m_open.pop_back();
+        m_builder.close();
         return true;
     }
 
-    CJsonDocument& m_document;
+    CBuilder& m_builder;
     std::string_view m_part;
     CLineCounter m_lines;
-    std::vector<Open> m_open;
-    std::string_view m_key;
     std::string m_complaint;
 };
 
@@ -208,7 +214,17 @@ CJsonDocument::CJsonDocument(const std::string& fileName, std::string_view utf8)
     if (!part)
         failAtLine(fileName, 1, tr("not JSON: it does not start with { or ["));
     m_texts.reserve(part->size() + 1);
-    CBuilder(*this, utf8, *part);
+    CBuilder builder(*this);
+    CParse(builder, fileName, utf8, *part);
+}
+
+CJsonDocument::CJsonDocument(const std::string& fileName, std::size_t maxBytes,
+                             const std::function<void(CBuilder&)>& give)
+    : m_fileName(fileName)
+{
+    m_texts.reserve(maxBytes);
+    CBuilder builder(*this);
+    give(builder);
 }
 
 CJsonDocument::CChildren CJsonDocument::childrenOf(const JsonValue& value) const

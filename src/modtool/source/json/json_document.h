@@ -3,6 +3,7 @@
 #include "json_fields.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,8 +35,8 @@ struct JsonValue
     bool isScalar() const { return kind == Kind::string || kind == Kind::number; }
 };
 
-/// A JSON document, or the value in a JavaScript file (`var book = {...};`), as a tree of bounded size. Duplicate
-/// keys are kept, in order.
+/// A JSON document, the value in a JavaScript file (`var book = {...};`), or a document of another notation that stands for
+/// JSON, as a tree of bounded size. Duplicate keys are kept, in order.
 class CJsonDocument
 {
 public:
@@ -45,6 +46,13 @@ public:
     ///     "%s:%u: values are nested more than 100 deep"
     ///     "%s:%u: more than 1000000 values", "%s:%u: a string longer than 1 MiB"
     CJsonDocument(const std::string& fileName, std::string_view utf8);
+
+    class CBuilder;
+    /// @param maxBytes  of all keys and texts together
+    /// @param give      gives the document's parts, in order
+    /// @throws CBuildError  what `give` throws, and the errors of size as above
+    CJsonDocument(const std::string& fileName, std::size_t maxBytes,
+                  const std::function<void(CBuilder&)>& give);
     CJsonDocument(const CJsonDocument&) = delete;
     CJsonDocument& operator=(const CJsonDocument&) = delete;
 
@@ -61,11 +69,40 @@ public:
     const std::string& fileName() const { return m_fileName; }
 
 private:
-    class CBuilder;
+    class CParse;
 
     const std::string& m_fileName;
     std::vector<JsonValue> m_values;
     std::string m_texts; ///< reserved once, since values point into it
+};
+
+/// Takes the parts of a document in their order: a container is opened, what is in it is added, and it is closed; in an
+/// object a key precedes each value. The first value is the root.
+class CJsonDocument::CBuilder
+{
+public:
+    using Kind = JsonValue::Kind;
+
+    explicit CBuilder(CJsonDocument& document) : m_document(document) {}
+
+    void key(std::string_view text, std::size_t line) { m_key = keep(text, line); }
+    void add(Kind kind, std::string_view text, std::size_t line);
+    void open(Kind kind, std::size_t line);
+    void close() { m_open.pop_back(); }
+
+private:
+    struct Open
+    {
+        std::uint32_t index;
+        std::uint32_t lastChild; ///< 0: none
+    };
+
+    [[noreturn]] void fail(std::size_t line, const std::string& what) const;
+    std::string_view keep(std::string_view text, std::size_t line);
+
+    CJsonDocument& m_document;
+    std::vector<Open> m_open;
+    std::string_view m_key;
 };
 
 class CJsonDocument::CChildren

@@ -23,12 +23,18 @@ CJsonReader::~CJsonReader() = default;
 
 void CJsonReader::read(const std::string& fileName, std::string_view utf8, const std::string& shownName)
 {
+    m_impl->source.verses.setFile(shownName);
+    read(CJsonDocument(fileName, utf8),
+         [&](std::string_view taken) { return proveJsonLetters(fileName, utf8, taken); });
+}
+
+void CJsonReader::read(const CJsonDocument& document,
+                       const std::function<std::uint64_t(std::string_view taken)>& prove)
+{
     CVerseCollector& verses = m_impl->source.verses;
-    verses.setFile(shownName);
-    const CJsonDocument document(fileName, utf8);
     CJsonShapes(m_impl->source, document).read();
     verses.endVerse();
-    m_impl->letters += proveJsonLetters(fileName, utf8, verses.takeLetters());
+    m_impl->letters += prove(verses.takeLetters());
 }
 
 SourceBible CJsonReader::finish(const std::string& source)

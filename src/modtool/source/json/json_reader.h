@@ -1,7 +1,10 @@
 #pragma once
 
+#include "json_document.h"
 #include "source_bible.h"
 
+#include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -30,6 +33,12 @@ public:
     ///     "%s:%u: %s is not a chapter number", the same with "verse"
     ///     "%s:%u: a verse's text must be a string or a list of strings"
     void read(const std::string& fileName, std::string_view utf8, const std::string& shownName = "");
+
+    /// The same for a document of another notation, of which this is the first pass.
+    /// @param prove  compares the letters that were taken (see CLetterProof) with the source, in another way, and returns
+    ///               their number
+    void read(const CJsonDocument& document,
+              const std::function<std::uint64_t(std::string_view taken)>& prove);
 
     /// The collected Bible. Call once.
     /// @param source  for the error

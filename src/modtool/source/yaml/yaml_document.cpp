@@ -5,7 +5,6 @@
 #include "letters.h"
 #include "messages.h"
 
-#include <nlohmann/json.hpp>
 #include <yaml.h>
 
 #include <algorithm>
@@ -112,11 +111,16 @@ std::string withoutComments(std::string_view utf8)
     return rest;
 }
 
-class CConverter
+} // namespace
+
+/// Gives a builder the tree, and the document its texts.
+class CYamlDocument::CConverter
 {
 public:
-    CConverter(const std::string& fileName, std::string_view utf8)
-        : m_fileName(fileName),
+    CConverter(CYamlDocument& document, CJsonDocument::CBuilder& tree, std::string_view utf8)
+        : m_fileName(document.m_fileName),
+          m_document(document),
+          m_tree(tree),
           m_source(utf8),
           m_parser(&m_parserData, &yaml_parser_delete)
     {
@@ -127,7 +131,7 @@ public:
                                      utf8.size());
     }
 
-    std::string convert()
+    void convert()
     {
         for (bool isAtEnd = false; !isAtEnd;) {
             CEvent event;
@@ -138,10 +142,14 @@ public:
             isAtEnd = event.type() == YAML_STREAM_END_EVENT;
         }
         requireNoLetters(m_source.until(std::string::npos), m_line);
-        return m_json.empty() ? "[]" : std::move(m_json);
+        if (!m_hasRoot)
+            openAndClose([] {});
+        m_document.m_lastLine = m_line;
     }
 
 private:
+    using Kind = JsonValue::Kind;
+
     struct Level
     {
         bool isMapping;
@@ -170,7 +178,7 @@ private:
             break;
         case YAML_SEQUENCE_END_EVENT:
         case YAML_MAPPING_END_EVENT:
-            m_json += m_levels.back().isMapping ? '}' : ']';
+            m_tree.close();
             m_levels.pop_back();
             break;
         default:
@@ -178,38 +186,40 @@ private:
         }
     }
 
-    /// What stands before a value or key.
     void beginValue(const CEvent& event)
     {
         if (m_levels.empty())
             return moveTo(event.line());
         Level& level = m_levels.back();
-        const bool isKey = level.isMapping && level.count % 2 == 0;
-        if (isKey && event.type() != YAML_SCALAR_EVENT)
+        m_isKey = level.isMapping && level.count % 2 == 0;
+        if (m_isKey && event.type() != YAML_SCALAR_EVENT)
             failAtLine(m_fileName, event.line(), tr("a key must be a text"));
-        if (level.isMapping && !isKey)
-            m_json += ':';
-        else if (level.count > 0)
-            m_json += ',';
         ++level.count;
         if (event.type() == YAML_SCALAR_EVENT || !level.isMapping) // a container is in the line of its key
             moveTo(event.line());
     }
 
-    void moveTo(std::size_t line)
-    {
-        if (line > m_line)
-            m_json.append(line - m_line, '\n');
-        m_line = std::max(line, m_line);
-    }
+    void moveTo(std::size_t line) { m_line = std::max(line, m_line); }
 
     void open(const CEvent& event)
     {
         constexpr std::size_t deepest = 100;
         if (m_levels.size() == deepest)
             failAtLine(m_fileName, event.line(), message("values are nested more than %s deep", deepest));
-        m_levels.push_back({event.type() == YAML_MAPPING_START_EVENT});
-        m_json += m_levels.back().isMapping ? '{' : '[';
+        const bool isMapping = event.type() == YAML_MAPPING_START_EVENT;
+        m_levels.push_back({isMapping});
+        m_tree.open(isMapping ? Kind::object : Kind::array, m_line);
+        m_hasRoot = true;
+    }
+
+    /// A document without a container is a list.
+    template <typename Fill>
+    void openAndClose(Fill&& fill)
+    {
+        m_tree.open(Kind::array, m_line);
+        fill();
+        m_tree.close();
+        m_hasRoot = true;
     }
 
     void takeScalar(const CEvent& event)
@@ -226,8 +236,21 @@ private:
             proof.compare(written, event.line());
             proof.finish(event.line());
         }
-        const std::string json = event.isNull() ? "null" : nlohmann::json(text).dump();
-        m_json += m_levels.empty() ? '[' + json + ']' : json;
+        if (m_levels.empty())
+            openAndClose([&] { addValue(event, text); });
+        else if (m_isKey)
+            m_tree.key(text, m_line);
+        else
+            addValue(event, text);
+    }
+
+    void addValue(const CEvent& event, const std::string& text)
+    {
+        if (event.isNull())
+            return m_tree.add(Kind::null, "", m_line);
+        m_tree.add(Kind::string, text, m_line);
+        m_document.m_texts += text;
+        m_document.m_ends.push_back({m_document.m_texts.size(), m_line});
     }
 
     /// Whatever is outside the values is punctuation or a comment.
@@ -237,20 +260,40 @@ private:
     }
 
     const std::string& m_fileName;
+    CYamlDocument& m_document;
+    CJsonDocument::CBuilder& m_tree;
     CMarkedSource m_source;
     yaml_parser_t m_parserData{};
     Parser m_parser; ///< of m_parserData
     std::vector<Level> m_levels;
-    std::string m_json;
-    std::size_t m_line = 1; ///< of the source and of the JSON
+    std::size_t m_line = 1;
+    bool m_isKey = false;
+    bool m_hasRoot = false;
     bool m_hasDocument = false;
 };
 
+namespace {
+
+/// The longest for what is written: "\L" is a character of three bytes.
+std::size_t maxBytesOf(std::string_view utf8) { return utf8.size() / 2 * 3 + 4; }
+
 } // namespace
 
-std::string jsonOfYaml(const std::string& fileName, std::string_view utf8)
+CYamlDocument::CYamlDocument(const std::string& fileName, std::string_view utf8)
+    : m_fileName(fileName),
+      m_tree(fileName, maxBytesOf(utf8),
+             [&](CJsonDocument::CBuilder& tree) { CConverter(*this, tree, utf8).convert(); })
+{}
+
+std::uint64_t CYamlDocument::proveLetters(std::string_view taken) const
 {
-    return CConverter(fileName, utf8).convert();
+    CLetterProof proof(m_fileName, taken);
+    std::size_t begin = 0;
+    for (const auto& [end, line] : m_ends) {
+        proof.compareMarkedText(std::string_view(m_texts).substr(begin, end - begin), line);
+        begin = end;
+    }
+    return proof.finish(m_lastLine);
 }
 
 } // namespace Kedrin::ModTool

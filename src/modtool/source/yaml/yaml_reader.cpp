@@ -42,7 +42,8 @@ bool isKnownKey(const std::string& key)
 SourceBible readYaml(const std::string& fileName, std::string_view utf8)
 {
     CJsonReader reader("YAML");
-    reader.read(fileName, jsonOfYaml(fileName, utf8));
+    const CYamlDocument document(fileName, utf8);
+    reader.read(document.tree(), [&](std::string_view taken) { return document.proveLetters(taken); });
     return reader.finish(fileName);
 }
 

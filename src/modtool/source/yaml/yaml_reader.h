@@ -9,7 +9,7 @@ namespace Kedrin::ModTool {
 
 /// Reads a YAML document in any structure that is read of JSON (doc/formats/yaml.md).
 /// @param utf8  valid, without byte order mark
-/// @throws CBuildError  what jsonOfYaml() and CJsonReader throw
+/// @throws CBuildError  what CYamlDocument and CJsonReader throw
 SourceBible readYaml(const std::string& fileName, std::string_view utf8);
 
 /// Whether a text looks like YAML with a Bible in it: among its first lines are nothing but keys, values and comments,

@@ -89,6 +89,25 @@ TEST(YamlReader, EveryLetterOfTheValuesIsCounted)
     EXPECT_EQ(bible.findings.letters(ReaderRule::note), 2u);
 }
 
+/// A line separator is written with two characters and stored in three bytes.
+TEST(YamlReader, EscapesLongerThanWhatIsWrittenAreRead)
+{
+    std::string written;
+    std::string separators;
+    for (unsigned int i = 0; i < 3000; ++i) {
+        written += "\\L";
+        separators += "\u2028";
+    }
+    const std::string lines = linesIn("Gen:\n  1:\n    1: \"a" + written + "b\"\n    2: c\n");
+    EXPECT_TRUE(lines == "Gen 1:1 a" + separators + "b\nGen 1:2 c\n") << lines.size();
+}
+
+TEST(YamlReader, DocumentsWithoutContainersOrWithNullKeysHaveNoVerses)
+{
+    for (const char* yaml : {"", "# a comment\n", "\n---\n7\n", "---\nnull\n", "~: a\nnull: b\n? \n: c\n"})
+        EXPECT_EQ(errorIn(yaml), "f.yaml: contains no verses") << yaml;
+}
+
 TEST(YamlReader, LinesOfErrorsAreThoseOfTheSource)
 {
     EXPECT_EQ(errorIn("# x\n\nbooks:\n- name: |\n    Genezis\n  chapters:\n  - - a\n"),
