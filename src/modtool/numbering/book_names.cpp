@@ -6,6 +6,8 @@
 
 #include <unicode/uchar.h>
 #include <unicode/unistr.h>
+#include <unicode/utf16.h>
+#include <unicode/utf8.h>
 
 #include <algorithm>
 
@@ -104,12 +106,13 @@ std::string utf8Of(std::u16string_view text)
 /// Replaces a leading Roman numeral from I to IV, followed by a space, by a digit.
 icu::UnicodeString withDigits(const icu::UnicodeString& name)
 {
-    const int32_t blank = name.indexOf(u' ');
-    const icu::UnicodeString first = blank < 0 ? icu::UnicodeString() : name.tempSubString(0, blank);
+    const std::u16string_view units(name.getBuffer(), static_cast<std::size_t>(name.length()));
+    const std::size_t blank = units.find(u' ');
     constexpr std::array<std::u16string_view, 4> numbers = {u"i", u"ii", u"iii", u"iv"};
     for (std::size_t i = 0; i < numbers.size(); ++i)
-        if (first == icu::UnicodeString(numbers[i].data(), static_cast<int32_t>(numbers[i].size())))
-            return icu::UnicodeString(static_cast<char16_t>(u'1' + i)) + name.tempSubString(blank);
+        if (blank == numbers[i].size() && units.starts_with(numbers[i]))
+            return icu::UnicodeString(static_cast<char16_t>(u'1' + i)) +
+                   name.tempSubString(static_cast<int32_t>(blank));
     return name;
 }
 
@@ -134,15 +137,20 @@ std::string onlyBook(Accept&& accept)
 
 std::string nameKey(std::string_view utf8)
 {
-    icu::UnicodeString name = composed(utf8);
-    name = withDigits(name.foldCase());
-    icu::UnicodeString key;
-    for (int32_t i = 0; i < name.length(); i = name.moveIndex32(i, 1))
-        if (u_isalnum(name.char32At(i)))
-            key.append(name.char32At(i));
-    std::string result;
-    key.toUTF8String(result);
-    return result;
+    const icu::UnicodeString name = withDigits(composed(utf8).foldCase());
+    const char16_t* units = name.getBuffer();
+    std::string key;
+    for (int32_t i = 0; i < name.length();) {
+        UChar32 character;
+        U16_NEXT(units, i, name.length(), character);
+        if (!u_isalnum(character))
+            continue;
+        std::array<char, U8_MAX_LENGTH> bytes;
+        std::size_t count = 0;
+        U8_APPEND_UNSAFE(bytes, count, character);
+        key.append(bytes.data(), count);
+    }
+    return key;
 }
 
 std::vector<std::string> globalBookNames(unsigned int globalID)
