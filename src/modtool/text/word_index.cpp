@@ -135,7 +135,7 @@ void CWordIndexer::addShort(const ShortText& key, std::string_view text, unsigne
 {
     auto known = m_shortChunks.find(key);
     if (known == m_shortChunks.end())
-        known = m_shortChunks.emplace(key, segment(text, verseNum)).first;
+        known = m_shortChunks.emplace(key, segment(text, verseNum).chunk).first;
     addWords(known.value(), verseNum);
 }
 
@@ -144,23 +144,30 @@ void CWordIndexer::addLong(std::string_view text, unsigned int verseNum)
     const auto [number, isNew] = m_longTexts.add(text);
     if (isNew)
         m_longChunks.push_back(segment(text, verseNum));
-    addWords(m_longChunks[number], verseNum);
+    LongChunk& known = m_longChunks[number];
+    m_longWords.count += known.longWordsCount;
+    addWords(known.chunk, verseNum);
 }
 
 void CWordIndexer::addWords(Chunk& chunk, unsigned int verseNum)
 {
     ++chunk.occurrences;
-    m_longWords.count += chunk.longWordsCount;
-    for (std::uint32_t i = chunk.first; i < chunk.first + chunk.count; ++i) {
-        const std::uint32_t word = m_chunkWords[i].word;
-        if (m_lastVerse[word] == verseNum + 1)
-            continue;
-        m_lastVerse[word] = verseNum + 1;
-        m_versesWords.push_back(word);
-    }
+    if (chunk.count == 0)
+        return;
+    addWord(chunk.firstWord, verseNum);
+    for (std::uint32_t i = 1; i < chunk.count; ++i)
+        addWord(m_chunkWords[chunk.first + i].word, verseNum);
 }
 
-CWordIndexer::Chunk CWordIndexer::segment(std::string_view text, unsigned int verseNum)
+void CWordIndexer::addWord(std::uint32_t word, unsigned int verseNum)
+{
+    if (m_lastVerse[word] == verseNum + 1)
+        return;
+    m_lastVerse[word] = verseNum + 1;
+    m_versesWords.push_back(word);
+}
+
+CWordIndexer::LongChunk CWordIndexer::segment(std::string_view text, unsigned int verseNum)
 {
     const auto first = static_cast<std::uint32_t>(m_chunkWords.size());
     std::uint32_t longWordsCount = 0;
@@ -175,7 +182,8 @@ CWordIndexer::Chunk CWordIndexer::segment(std::string_view text, unsigned int ve
             m_longWords = {0, std::string(word), verseNum};
         ++longWordsCount;
     });
-    return {first, static_cast<std::uint32_t>(m_chunkWords.size()) - first, longWordsCount, 0};
+    const auto count = static_cast<std::uint32_t>(m_chunkWords.size()) - first;
+    return {{first, count, count != 0 ? m_chunkWords[first].word : 0, 0}, longWordsCount};
 }
 
 std::uint32_t CWordIndexer::spellingOf(std::string_view text)
@@ -202,8 +210,8 @@ std::vector<std::uint32_t> CWordIndexer::spellingCounts() const
     };
     for (const auto& [text, chunk] : m_shortChunks)
         count(chunk);
-    for (const Chunk& chunk : m_longChunks)
-        count(chunk);
+    for (const LongChunk& known : m_longChunks)
+        count(known.chunk);
     return counts;
 }
 

@@ -79,8 +79,13 @@ private:
     {
         std::uint32_t first; ///< in m_chunkWords
         std::uint32_t count;
-        std::uint32_t longWordsCount;
+        std::uint32_t firstWord; ///< that of the first, beside the rest as most have only one
         std::uint32_t occurrences;
+    };
+    struct LongChunk
+    {
+        Chunk chunk;
+        std::uint32_t longWordsCount;
     };
     struct Verse
     {
@@ -91,7 +96,8 @@ private:
     void addShort(const ShortText& key, std::string_view chunk, unsigned int verseNum);
     void addLong(std::string_view chunk, unsigned int verseNum);
     void addWords(Chunk& chunk, unsigned int verseNum);
-    Chunk segment(std::string_view chunk, unsigned int verseNum);
+    void addWord(std::uint32_t word, unsigned int verseNum);
+    LongChunk segment(std::string_view chunk, unsigned int verseNum);
     std::uint32_t spellingOf(std::string_view word);
     std::vector<std::uint32_t> spellingCounts() const;
     std::vector<std::uint32_t> chosenSpellings(const std::vector<std::uint32_t>& counts) const;
@@ -104,7 +110,7 @@ private:
                    true>
         m_shortChunks;
     CNumberedTexts m_longTexts;
-    std::vector<Chunk> m_longChunks; ///< [number in m_longTexts]
+    std::vector<LongChunk> m_longChunks; ///< [number in m_longTexts]
     std::vector<ChunkWord> m_chunkWords;
     CNumberedTexts m_spellings;
     std::vector<std::uint32_t> m_spellingWords; ///< [spelling]: its word
