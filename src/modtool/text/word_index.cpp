@@ -115,8 +115,7 @@ void CWordIndexer::add(std::string_view verse, unsigned int verseNum)
         const std::uint64_t low = differencesFromBlanks(padded.data() + at);
         const std::uint64_t high = differencesFromBlanks(padded.data() + at + 8);
         const std::size_t lowCount = bytesBeforeZero(low);
-        const std::size_t highCount =
-            lowCount / 8 * bytesBeforeZero(high); // none unless all eight are the text's
+        const std::size_t highCount = lowCount / 8 * bytesBeforeZero(high); // 0 after a blank
         std::size_t length = lowCount + highCount;
         if (length == windowBytes) {
             length = padded.find(' ', at + windowBytes) - at;
