@@ -11,6 +11,7 @@ namespace Kedrin::ModTool {
 void setUpProcess()
 {
     std::signal(SIGXFSZ, SIG_IGN);
+    std::signal(SIGCHLD, SIG_DFL);
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
         const int unusable = stream == STDIN_FILENO ? O_WRONLY : O_RDONLY;
         if (::fcntl(stream, F_GETFD) < 0)

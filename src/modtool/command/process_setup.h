@@ -2,9 +2,9 @@
 
 namespace Kedrin::ModTool {
 
-/// Call before anything is opened or written. Exceeding the file size limit makes a write fail instead of
-/// ending the process. A closed standard stream is opened unusable, so that no other file gets its
-/// descriptor.
+/// Call before anything is opened or written. Exceeding the file size limit makes a write fail instead of ending the
+/// process. The ends of children are waited for, even if the process that started this one ignored those of its own. A
+/// closed standard stream is opened unusable, so that no other file gets its descriptor.
 void setUpProcess();
 
 } // namespace Kedrin::ModTool

@@ -3,8 +3,10 @@
 
 #include "build_fixture.h"
 #include "get_fixture.h"
+#include "process_setup.h"
 
 #include <chrono>
+#include <csignal>
 
 namespace {
 
@@ -46,6 +48,18 @@ TEST_F(GetCommand, AddsATextOverTheNetwork)
         EXPECT_EQ(filesOf(bibles() + "/made"), filesOf(bibles() + "/other"));
         EXPECT_EQ(namesIn(texts()), std::vector<std::string>{"Made"});
     }
+}
+
+/// A process keeps ignoring what the one that started it ignored. Ends of children that are ignored cannot be waited for.
+TEST_F(GetCommand, TransfersWhereTheEndsOfChildrenWereIgnored)
+{
+    addMade();
+    const LoopbackServer server(answersFrom(repository()));
+    std::signal(SIGCHLD, SIG_IGN);
+    Kedrin::ModTool::setUpProcess();
+    const Result result = run({"get", "Made", "--repository", server.address(), "--yes"});
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(result.code, 0);
 }
 
 TEST_F(GetCommand, NamesAndPutsTheModuleFirst)
