@@ -9,7 +9,7 @@ namespace Kedrin::ModTool {
 
 namespace {
 
-/// Looks at all bytes even when one is found: the compiler examines many at once in a loop without branches.
+/// It does not stop at the first: a loop without branches is compiled to instructions that examine many bytes at once.
 template <typename Is>
 bool holdsAny(std::string_view text, Is is)
 {
@@ -23,7 +23,7 @@ bool holdsTwoBlanks(std::string_view text)
 {
     std::uint8_t found = 0;
     for (std::size_t i = 1; i < text.size(); ++i)
-        found |= static_cast<std::uint8_t>((text[i - 1] == ' ') & (text[i] == ' '));
+        found |= static_cast<std::uint8_t>(((text[i - 1] ^ ' ') | (text[i] ^ ' ')) == 0);
     return found != 0;
 }
 

@@ -16,7 +16,7 @@ struct TransferLimits
     std::uint64_t byteCount = 64 << 20;                         ///< of one file
 };
 
-/// Copies a file of a repository into a folder of ours. Over the network the SWORD library transfers it, in a program of
+/// Copies a file of a repository into a folder of ours. Over the network the SWORD library transfers it, in a process of
 /// its own, which can be stopped: the library has no way to end a transfer that takes too long or sends too much.
 /// @param address   of the repository
 /// @param name      path of the file in it; "/" between names, none of them "." or ".."

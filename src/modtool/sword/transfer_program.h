@@ -11,7 +11,8 @@ namespace Kedrin::ModTool {
 /// The program that transfers one file with the SWORD library. It lies beside the programs that execute it.
 ///
 /// kedrin-sword-transfer URL FILE BYTES MILLISECONDS PROCESS: it writes the file, of which no more than one byte above
-/// BYTES, within this time, and ends with 0 if it has the whole of it, else with 1. It ends with PROCESS, its parent.
+/// BYTES, within this time, and ends with 0 if it has the whole of it, else with 1. It ends with PROCESS, its parent. The
+/// numbers are not checked: only CTransferProgram executes it.
 constexpr const char* transferProgramName = "kedrin-sword-transfer";
 
 /// That program, running. It is stopped with this object.

@@ -32,7 +32,7 @@ protected:
     std::string refusalBy(const std::string& address) const
     {
         TransferLimits limits;
-        limits.stall = std::chrono::milliseconds(300);
+        limits.stall = std::chrono::milliseconds(800); // the start of the program included
         limits.byteCount = 1 << 20;
         CTerminalProgress progress(nullptr);
         const std::string said = test_support::messageOf<CToolError>([&] {

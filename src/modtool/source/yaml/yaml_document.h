@@ -26,7 +26,8 @@ public:
 
     const CJsonDocument& tree() const { return m_tree; }
 
-    /// The letter proof. It knows nothing of the tree: all scalars but keys and nulls are text, tags included.
+    /// The letter proof. It knows nothing of the tree: all scalars but keys and nulls are text, the markup in
+    /// them included.
     /// @param taken  see CLetterProof
     /// @throws CBuildError  what CLetterProof throws
     /// @returns the letters and digits of the text

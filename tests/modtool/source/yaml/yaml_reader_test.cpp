@@ -108,6 +108,13 @@ TEST(YamlReader, DocumentsWithoutContainersOrWithNullKeysHaveNoVerses)
         EXPECT_EQ(errorIn(yaml), "f.yaml: contains no verses") << yaml;
 }
 
+TEST(YamlReader, NullKeysBesideBooksArePassedOver)
+{
+    const SourceBible bible = read("null: abc\n~: de\n" + verses);
+    EXPECT_EQ(linesOf(bible), "Gen 1:1 В начало\nGen 1:2 А земята\n");
+    EXPECT_EQ(bible.letters.value(), read(verses).letters.value() + 5);
+}
+
 TEST(YamlReader, LinesOfErrorsAreThoseOfTheSource)
 {
     EXPECT_EQ(errorIn("# x\n\nbooks:\n- name: |\n    Genezis\n  chapters:\n  - - a\n"),
