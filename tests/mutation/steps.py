@@ -59,7 +59,7 @@ WINDOW = Folder("window")
 NEEDS_ALL_TESTS = "SourcesPage.NamesTestsThatExist"  # lists those of the whole build, and no more is built than is run
 MODTOOL = [Program(f"modtool/{name}", f"modtool_{name}_tests", NEEDS_ALL_TESTS)
            for name in ("terminal", "text", "numbering", "source", "files", "check", "install", "build", "sword", "query")]
-COMMAND = Folder("modtool/command")
+COMMAND = Folder("modtool/command", r"\.x\.|modtool\.install")  # which installs the whole build
 
 
 def steps_for(file):
