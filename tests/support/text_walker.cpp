@@ -51,8 +51,8 @@ void checkSingleVerses(const std::string& textPath, const std::string& pointPath
     }
 }
 
-void checkRun(const std::string& textPath, const std::string& pointPath,
-              const std::vector<std::string>& expected, std::size_t first, std::size_t pieceBytes)
+void checkCursor(const std::string& textPath, const std::string& pointPath,
+                 const std::vector<std::string>& expected, std::size_t first, std::size_t pieceBytes)
 {
     CBibleText text(textPath.c_str(), pointPath.c_str());
     CVerseCursor cursor(text, static_cast<unsigned int>(first),
@@ -68,6 +68,28 @@ void checkRun(const std::string& textPath, const std::string& pointPath,
         require(cursor.verseNum() == verse, "a cursor counts its verses");
     }
     require(!cursor.next(), "a cursor ends");
+}
+
+/// The same, run by run.
+void checkRuns(const std::string& textPath, const std::string& pointPath,
+               const std::vector<std::string>& expected, std::size_t pieceBytes)
+{
+    CBibleText text(textPath.c_str(), pointPath.c_str());
+    CVerseCursor cursor(text, 0, static_cast<unsigned int>(expected.size()), pieceBytes);
+    std::size_t verse = 0;
+    const std::string failure = answerOf([&] {
+        for (; cursor.nextRun(); verse += cursor.run().size()) {
+            const CVerseRun& run = cursor.run();
+            require(run.firstVerseNum() == verse && run.size() > 0 && verse + run.size() <= expected.size(),
+                    "runs follow each other");
+            for (std::size_t i = 0; i < run.size(); ++i)
+                require(expected[verse + i] == "=" + std::string(run[i]),
+                        "a run gives what single reads give");
+        }
+        return std::string();
+    });
+    require(verse == expected.size() ? isText(failure) : failure == expected[verse],
+            "runs end as single reads do");
 }
 
 } // namespace
@@ -108,9 +130,11 @@ std::string walkText(const std::string& textPath, const std::string& pointPath)
 
     checkSingleVerses(textPath, pointPath, expected);
     for (const std::size_t pieceBytes :
-         {std::size_t(1), std::size_t(7), std::size_t(64), CVerseCursor::defaultBlockBytes})
+         {std::size_t(1), std::size_t(7), std::size_t(64), CVerseCursor::defaultBlockBytes}) {
         for (std::size_t first = 0; first < expected.size(); first += 1 + first)
-            checkRun(textPath, pointPath, expected, first, pieceBytes);
+            checkCursor(textPath, pointPath, expected, first, pieceBytes);
+        checkRuns(textPath, pointPath, expected, pieceBytes);
+    }
     return {};
 }
 

@@ -127,6 +127,28 @@ TEST_F(BibleSearch, PartAcrossTwoVersesIsNotFound)
     EXPECT_EQ(exactPart(""), (Places{"4.0.0", "4.0.1"}));
 }
 
+// The part begins at the end of the first verse and goes on over the length bytes; the second verse is that part.
+TEST_F(BibleSearch, PartAcrossABorderDoesNotHideTheNextOne)
+{
+    loadVerses({"xa", std::string("a\x04\0a", 4)});
+    bible->search(std::string("a\x04\0a", 4), false, true, result);
+    EXPECT_EQ(placesOf(result), Places{"4.0.1"});
+}
+
+TEST_F(BibleSearch, RecordsMayOverlapAndStandInAnyOrder)
+{
+    ModuleFiles files = smallModule();
+    files.bytes["CompactText.bin"] = std::string("\x06\0ab\x01\0ca\x02\0bc", 12); // "ab.ca", in it "c"; "bc"
+    files.bytes["CompactPoint.bin"] = std::string("\x08\0\0\0\0\0\0\0\4\0\0\0\0\0\0\0", 16);
+    load(files);
+    bible->search("b", false, true, result);
+    EXPECT_EQ(placesOf(result), (Places{"0.0.0", "0.0.1", "1.0.0"}));
+    bible->search("ca", false, true, result);
+    EXPECT_EQ(placesOf(result), (Places{"0.0.1", "1.0.0"}));
+    bible->search("c", false, true, result);
+    EXPECT_EQ(placesOf(result), (Places{"0.0.0", "0.0.1", "0.1.0", "1.0.0"}));
+}
+
 // The bytes between two texts are the length of the second: 'A' and a zero byte for a verse of 65 bytes.
 TEST_F(BibleSearch, LengthBytesOfARecordAreNotText)
 {
@@ -146,6 +168,17 @@ TEST_F(BibleSearch, ZeroByteEndsTextAndNeedleWhereCaseIsIgnored)
     EXPECT_EQ(placesOf(result), (Places{"4.0.0", "4.0.1"}));
     bible->search(std::string("\0x", 2), false, false, result);
     EXPECT_EQ(result.size(), 2u); // an empty needle
+}
+
+TEST_F(BibleSearch, ZeroByteFarFromThePartEndsTheText)
+{
+    for (const std::size_t length : {1u, 60u, 64u, 65u, 200u, 3000u, 9000u}) {
+        const std::string filling(length, '-');
+        loadVerses({"b" + filling + '\0', '\0' + filling + "b", filling + '\0' + filling + "b" + filling,
+                    filling + "b" + filling + '\0', filling + '\0' + "b", filling + "b" + '\0'});
+        EXPECT_EQ(part("b"), (Places{"4.0.0", "4.0.3", "4.0.5"})) << length;
+        EXPECT_EQ(exactPart("b").size(), 6u) << length;
+    }
 }
 
 TEST_F(BibleSearch, ZeroByteIsACharacterWhereCaseCounts)

@@ -26,34 +26,43 @@ protected:
     TempFolder folder;
 };
 
-TEST_F(VerseCursorBlock, VersesReadTogetherShareOneBlock)
+TEST_F(VerseCursorBlock, VersesThatFollowEachOtherAreOneRun)
 {
     CBibleText verses = text(test_support::smallModule());
     CVerseCursor cursor(verses, 0, 4);
-    ASSERT_TRUE(cursor.next());
-    const unsigned int blockNum = cursor.blockNum();
-    const char* const blockEnd = cursor.blockEnd();
-    const char* lastText = cursor.text().data();
-    EXPECT_EQ(blockEnd - cursor.text().data(), 26); // all 28 bytes of the file except the first two
-    while (cursor.next()) {
-        EXPECT_EQ(cursor.blockNum(), blockNum);
-        EXPECT_EQ(cursor.blockEnd(), blockEnd);
-        EXPECT_GT(cursor.text().data(), lastText);
-        EXPECT_LE(cursor.text().data() + cursor.text().size(), blockEnd);
-        lastText = cursor.text().data();
+    std::vector<std::string> texts;
+    const char* lastEnd = nullptr;
+    while (cursor.nextRun()) {
+        const CVerseRun& run = cursor.run();
+        EXPECT_EQ(run.firstVerseNum(), texts.size());
+        for (std::size_t i = 0; i < run.size(); ++i) {
+            EXPECT_EQ(run.textOf(i), run[i].data());
+            EXPECT_EQ(run.endOf(i), run[i].data() + run[i].size());
+            EXPECT_TRUE(i == 0 || run.textOf(i) == lastEnd + 2) << "the length is between them";
+            lastEnd = run.endOf(i);
+            texts.emplace_back(run[i]);
+        }
     }
+    ASSERT_EQ(texts.size(), 4u);
+    for (int i = 0; i < 4; ++i)
+        EXPECT_EQ(texts[static_cast<std::size_t>(i)], verses[i]);
 }
 
-TEST_F(VerseCursorBlock, EachReadHasItsNumber)
+TEST_F(VerseCursorBlock, ARunGoesOnFromTheVerseThatIsNext)
 {
     CBibleText verses = text(test_support::smallModule());
-    CVerseCursor cursor(verses, 0, 4, 1); // one record per block
-    unsigned int lastBlockNum = cursor.blockNum();
-    while (cursor.next()) {
-        EXPECT_NE(cursor.blockNum(), lastBlockNum);
-        EXPECT_EQ(cursor.blockEnd(), cursor.text().data() + cursor.text().size());
-        lastBlockNum = cursor.blockNum();
-    }
+    CVerseCursor cursor(verses, 0, 4, 1); // one record a block, so each is a run
+    ASSERT_TRUE(cursor.next());
+    ASSERT_TRUE(cursor.nextRun());
+    EXPECT_EQ(cursor.run().firstVerseNum(), 1u);
+    EXPECT_EQ(cursor.run().size(), 1u);
+    ASSERT_TRUE(cursor.next());
+    EXPECT_EQ(cursor.verseNum(), 1u) << "the first of the run";
+    ASSERT_TRUE(cursor.nextRun());
+    ASSERT_TRUE(cursor.nextRun());
+    EXPECT_EQ(cursor.run().firstVerseNum(), 3u);
+    EXPECT_FALSE(cursor.nextRun());
+    EXPECT_FALSE(cursor.next());
 }
 
 TEST_F(VerseCursorBlock, CursorThatHasFailedFailsAgain)

@@ -81,19 +81,17 @@ TEST(VerseCursor, AskedAgainAfterAFailedReadOfOffsetsItFailsAgain)
                   "CFileVector::operator [](): IO error");
 }
 
-TEST(VerseCursor, TellsTheBytesThatCameTogether)
+TEST(VerseCursor, ARunEndsWhereTheNextRecordDoesNotFollow)
 {
-    VerseFiles files(record("abc") + record("de") + record("f"), {0, 5, 9});
-    CVerseCursor cursor(files.text, 0, 3, 9); // two verses, then the third
-    EXPECT_TRUE(cursor.next());
-    const unsigned int firstPiece = cursor.blockNum();
-    EXPECT_EQ(std::string(cursor.text().data(), cursor.blockEnd()), "abc\x02\0de"s);
-    EXPECT_TRUE(cursor.next());
-    EXPECT_EQ(cursor.blockNum(), firstPiece);
-    EXPECT_EQ(std::string(cursor.text().data(), cursor.blockEnd()), "de");
-    EXPECT_TRUE(cursor.next());
-    EXPECT_NE(cursor.blockNum(), firstPiece);
-    EXPECT_EQ(std::string(cursor.text().data(), cursor.blockEnd()), "f");
+    VerseFiles files(record("abc") + record("de") + "-" + record("f") + record(""), {0, 5, 10, 13});
+    CVerseCursor cursor(files.text, 0, 4);
+    std::vector<Verses> runs;
+    while (cursor.nextRun()) {
+        runs.emplace_back();
+        for (std::size_t i = 0; i < cursor.run().size(); ++i)
+            runs.back().emplace_back(cursor.run()[i]);
+    }
+    EXPECT_EQ(runs, (std::vector<Verses>{{"abc"}, {"de"}, {"f"}, {""}}));
 }
 
 TEST(VerseCursor, KeepsItsTextWhileAnotherCursorReads)

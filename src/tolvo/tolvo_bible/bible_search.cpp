@@ -8,6 +8,7 @@
 #include "tolvo_bible/text_scan.h"
 #include "tolvo_bible/word_list.h"
 
+#include <cstring>
 #include <ios>
 #include <stdexcept>
 
@@ -63,18 +64,58 @@ void CBible::searchWord(CConc& conc, const std::string& word, std::vector<CRef>&
         refs.append(verseNum, searchResult);
 }
 
+namespace {
+
+/// Whether there is a zero byte from `from` to `to`, where the scan has just found the needle. Mostly the window tells:
+/// memchr() branches on lengths, which cannot be predicted, and would take half the time of a search with many hits.
+bool hasZero(const char* from, const char* to, const CTextScan::Window& window)
+{
+    if (window.contains(from) && to <= window.end())
+        return window.nextZero(from) < to;
+    return std::memchr(from, '\0', static_cast<std::size_t>(to - from)) != nullptr;
+}
+
+/// Calls found(index) for each verse of the run whose text contains the whole needle. The run is scanned as one text; the
+/// bounds of a verse are looked at only where the needle is.
+/// @param endsAtZero  a text ends at its first zero byte, like a C string
+template <class Found>
+void searchRun(const CVerseRun& run, const CTextScan& scan, bool endsAtZero, Found found)
+{
+    const char* const runEnd = run.endOf(run.size() - 1);
+    CTextScan::Window window;
+    std::size_t index = 0;
+    const char* position = run.textOf(index);
+    while (true) {
+        const char* const hit = scan.find(position, runEnd, window);
+        if (static_cast<std::size_t>(runEnd - hit) < scan.needleSize())
+            return; // there is none
+        while (run.endOf(index) < hit)
+            ++index;
+        position = run.textOf(index);
+        if (hit < position)
+            continue; // it begins in the length bytes of this verse
+        const bool isWhole = static_cast<std::size_t>(run.endOf(index) - hit) >= scan.needleSize();
+        if (isWhole && !(endsAtZero && hasZero(position, hit, window)))
+            found(index);
+        if (++index == run.size())
+            return;
+        position = run.textOf(index);
+    }
+}
+
+} // namespace
+
 void CBible::searchPart(CBibleText& text, const std::string& part, bool caseSensitive,
                         std::vector<CRef>& searchResult) const
 {
     const CTextScan scan(part, caseSensitive ? CTextScan::Case::exact : CTextScan::Case::ignored);
-    CScanAhead needle(scan, !caseSensitive);
     CGlobalRefs::Walk refs(globalRefs());
     CVerseCursor cursor(text, 0, m_structure->totalVersesCount());
-    while (cursor.next()) {
-        if (needle.isIn(cursor.text(), cursor.blockEnd(), cursor.blockNum()))
-            refs.append(cursor.verseNum(), searchResult);
-        else
-            cursor.passBefore(needle.clearUpTo(cursor.text().data()));
+    while (cursor.nextRun()) {
+        const CVerseRun& run = cursor.run();
+        searchRun(run, scan, !caseSensitive, [&](std::size_t index) {
+            refs.append(run.firstVerseNum() + static_cast<unsigned int>(index), searchResult);
+        });
     }
 }
 

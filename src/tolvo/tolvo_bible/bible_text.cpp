@@ -44,14 +44,15 @@ CVerseCursor::CVerseCursor(CBibleText& text, unsigned int firstVerseNum, unsigne
       m_blockBytes(blockBytes)
 {}
 
-/// next() if something has to be read first.
-bool CVerseCursor::fetchNext()
+/// Makes m_run begin at m_next; false if that is the end.
+bool CVerseCursor::fetchRun()
 {
     return ut::lets_out<std::out_of_range, std::ios_base::failure>("CBibleText::operator []()", [&] {
+        m_run = {};
         if (m_next == m_end)
             return false;
         const auto verseNum = static_cast<unsigned int>(m_next);
-        const std::uint64_t offset = offsetOf(verseNum);
+        const unsigned int offset = offsetOf(verseNum);
         if (!m_text.m_failed && !holdsRecord(offset))
             loadFollowing(verseNum, offset);
         if (!m_text.m_failed && !holdsRecord(offset))
@@ -60,31 +61,46 @@ bool CVerseCursor::fetchNext()
             m_text.m_failed = true;
             throw ut::CIoFailure("CBibleText::operator [](): I/O error");
         }
-        m_verseNum = verseNum;
-        ++m_next;
+        const char* const record = &m_block[offset - m_blockOffset];
+        m_run.m_firstVerseNum = verseNum;
+        m_run.m_firstText = record + lengthBytes;
+        m_run.m_size = countOfRun(verseNum);
+        m_run.m_offsets = &m_offsets[verseNum - m_firstOffset];
+        if (m_run.m_size == 0) {
+            m_singleRecord[0] = offset;
+            m_singleRecord[1] = offset + static_cast<unsigned int>(lengthBytes + lengthAt(record));
+            m_run.m_size = 1;
+            m_run.m_offsets = m_singleRecord;
+        }
         return true;
     });
 }
 
-void CVerseCursor::passBefore(const char* position)
+/// Whether the block contains the complete record at `offset`.
+bool CVerseCursor::holdsRecord(std::uint64_t offset) const
 {
-    const auto fileOffsetOf = [this](const char* byte) {
-        return m_blockOffset + static_cast<std::uint64_t>(byte - m_block.data());
-    };
-    const std::uint64_t end = fileOffsetOf(position);
-    std::uint64_t nextStart = fileOffsetOf(m_verse.data() + m_verse.size());
-    const std::uint64_t last = std::min<std::uint64_t>(m_offsets.size(), m_end - m_firstOffset);
-    std::uint64_t index = m_next - m_firstOffset;
-    for (; index < last; ++index) {
-        const std::uint64_t start = m_offsets[index];
-        if (start != nextStart || start + lengthBytes > end)
-            break;
-        const std::uint64_t recordEnd = start + lengthBytes + lengthAt(&m_block[start - m_blockOffset]);
-        if (recordEnd >= end)
-            break;
-        nextStart = recordEnd;
+    if (offset < m_blockOffset || offset - m_blockOffset + lengthBytes > m_blockCount)
+        return false;
+    const std::uint64_t start = offset - m_blockOffset;
+    return start + lengthBytes + lengthAt(&m_block[start]) <= m_blockCount;
+}
+
+/// How many verses from this one on have complete records in the block, each of which ends at the offset of the next
+/// verse. 0 if the record of this one ends elsewhere.
+std::size_t CVerseCursor::countOfRun(unsigned int verseNum) const
+{
+    const std::size_t first = verseNum - m_firstOffset;
+    const std::size_t count = std::min<std::uint64_t>(m_offsets.size() - 1 - first, m_end - verseNum);
+    const std::uint64_t blockEnd = m_blockOffset + m_blockCount;
+    const unsigned int* const offsets = &m_offsets[first];
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::uint64_t start = offsets[i];
+        const std::uint64_t length = offsets[i + 1] - start - lengthBytes; // very large if it is negative
+        if (length > 0xFFFF || offsets[i + 1] > blockEnd ||
+            lengthAt(&m_block[start - m_blockOffset]) != length)
+            return i;
     }
-    m_next = m_firstOffset + index;
+    return count;
 }
 
 /// Start of the verse's record. Also reads the offsets of the following verses, and one more, which is the
@@ -115,14 +131,16 @@ void CVerseCursor::loadFollowing(unsigned int verseNum, std::uint64_t offset)
     const std::size_t first = verseNum - m_firstOffset;
     const std::size_t last = first + std::min<std::uint64_t>(m_end - m_next, m_offsets.size() - first);
     const std::uint64_t maxEnd = offset + std::max<std::uint64_t>(m_blockBytes, endAt(first) - offset);
-    std::uint64_t end = offset;
-    for (std::size_t i = first; i < last; ++i) {
-        const std::uint64_t recordEnd = endAt(i);
-        const std::uint64_t byteCount = recordEnd - end; // very large if the end is before the start
-        if (byteCount == 0 || byteCount > maxRecordBytes || recordEnd > maxEnd)
-            break;
-        end = recordEnd;
-    }
+    // The difference is very large if the end is not after the start.
+    const auto isRecord = [maxEnd](std::uint64_t start, std::uint64_t end) {
+        return end - start - 1 < maxRecordBytes && end <= maxEnd;
+    };
+    const unsigned int* const offsets = m_offsets.data();
+    std::size_t i = first;
+    while (i + 1 < last && isRecord(offsets[i], offsets[i + 1]))
+        ++i;
+    const std::uint64_t lastEnd = endAt(i);
+    const std::uint64_t end = isRecord(offsets[i], lastEnd) ? lastEnd : offsets[i];
     load(offset, end - offset);
 }
 
@@ -130,17 +148,18 @@ void CVerseCursor::loadAlone(std::uint64_t offset)
 {
     load(offset, lengthBytes);
     if (m_blockCount == lengthBytes)
-        load(offset, lengthBytes + lengthAt(m_block.data()));
+        load(offset, lengthBytes + lengthAt(m_block.get()));
 }
 
 void CVerseCursor::load(std::uint64_t offset, std::uint64_t byteCount)
 {
     const auto wanted = static_cast<std::size_t>(byteCount);
-    if (m_block.size() < wanted)
-        m_block.resize(wanted);
+    if (m_blockCapacity < wanted) {
+        m_block = std::make_unique_for_overwrite<char[]>(wanted);
+        m_blockCapacity = wanted;
+    }
     m_blockOffset = offset;
-    ++m_blockNum;
-    m_blockCount = m_text.m_textStream.readAt(offset, m_block.data(), wanted);
+    m_blockCount = m_text.m_textStream.readAt(offset, m_block.get(), wanted);
 }
 
 } // namespace Kedrin::Tolvo

@@ -3,6 +3,8 @@
 #include "file_vector.h"
 #include "input_file.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -52,6 +54,32 @@ private:
     bool m_failed = false; ///< a read of the text file was incomplete
 };
 
+/// Consecutive verses whose records follow each other in memory, as they do in the text file: the text of a verse, the
+/// two length bytes of the next one, its text, and so on.
+class CVerseRun
+{
+public:
+    unsigned int firstVerseNum() const { return m_firstVerseNum; }
+    std::size_t size() const { return m_size; }
+
+    /// The text of verse firstVerseNum() + index.
+    std::string_view operator[](std::size_t index) const
+    {
+        return {textOf(index), m_offsets[index + 1] - m_offsets[index] - lengthBytes};
+    }
+    const char* textOf(std::size_t index) const { return m_firstText + (m_offsets[index] - m_offsets[0]); }
+    const char* endOf(std::size_t index) const { return textOf(index + 1) - lengthBytes; }
+
+private:
+    friend class CVerseCursor;
+    static constexpr unsigned int lengthBytes = 2; ///< low byte, high byte
+
+    unsigned int m_firstVerseNum = 0;
+    std::size_t m_size = 0;
+    const char* m_firstText = nullptr;
+    const unsigned int* m_offsets = nullptr; ///< of each record in the text file, and of the last one's end
+};
+
 /// Verses of a CBibleText in ascending order of their numbers, for a chapter or a scan. Records that follow
 /// each other in the text file are read with one read, and nothing else is read: a chapter costs two system
 /// calls. Scattered or overlapping records are read one at a time.
@@ -60,7 +88,7 @@ private:
 ///     while (cursor.next())
 ///         use(cursor.verseNum(), cursor.text());
 ///
-/// The text must outlive the cursor.
+/// or, several verses at once, `while (cursor.nextRun()) use(cursor.run())`. The text must outlive the cursor.
 class CVerseCursor
 {
 public:
@@ -74,54 +102,45 @@ public:
     /// @throws as CBibleText::operator[] for that verse
     bool next()
     {
-        const std::uint64_t index = m_next - m_firstOffset;
-        if (m_next == m_end || m_text.m_failed || index >= m_offsets.size() || !holdsRecord(m_offsets[index]))
-            return fetchNext();
+        if ((m_next >= endOfRun() || m_text.m_failed) && !fetchRun())
+            return false;
+        m_verse = m_run[static_cast<std::size_t>(m_next - m_run.firstVerseNum())];
         m_verseNum = static_cast<unsigned int>(m_next++);
         return true;
     }
 
-    /// Passes over the following verses that end before `position`, without reading: as calls of next() whose texts are
-    /// not looked at, but faster. It stops early where a record does not follow the one before it. verseNum() and
-    /// text() stay as they are until next().
-    /// @param position  not before text(), and at most blockEnd()
-    void passBefore(const char* position);
-
     unsigned int verseNum() const { return m_verseNum; }
-    std::string_view text() const { return m_verse; } ///< valid until next()
+    std::string_view text() const { return m_verse; } ///< valid until the cursor moves
 
-    /// End of the bytes that were read together with text(), which include the texts of the following verses.
-    const char* blockEnd() const { return m_block.data() + m_blockCount; }
-    /// Counts the reads. While it is unchanged, text() points into the same bytes at the same addresses.
-    unsigned int blockNum() const { return m_blockNum; }
+    /// Moves to the verses after run(), before the first of them; false after the last. A record that ends elsewhere than
+    /// the next one begins is a run of its own.
+    /// @throws as CBibleText::operator[] for the first of these verses
+    bool nextRun()
+    {
+        m_next = std::max(m_next, endOfRun());
+        return fetchRun();
+    }
+
+    const CVerseRun& run() const { return m_run; } ///< its texts are valid until the cursor moves to another
 
 private:
-    static constexpr std::size_t lengthBytes = 2; ///< low byte, high byte
+    static constexpr std::size_t lengthBytes = CVerseRun::lengthBytes;
 
     static std::size_t lengthAt(const char* record)
     {
-        return static_cast<unsigned char>(record[0]) + 256u * static_cast<unsigned char>(record[1]);
+        return static_cast<unsigned char>(record[0]) |
+               static_cast<unsigned int>(static_cast<unsigned char>(record[1])) << 8;
     }
 
-    bool fetchNext();
+    std::uint64_t endOfRun() const { return std::uint64_t(m_run.m_firstVerseNum) + m_run.m_size; }
+    bool fetchRun();
     unsigned int offsetOf(unsigned int verseNum);
     std::uint64_t endAt(std::size_t index) const;
     void loadFollowing(unsigned int verseNum, std::uint64_t offset);
     void loadAlone(std::uint64_t offset);
     void load(std::uint64_t offset, std::uint64_t byteCount);
-
-    /// Whether the block contains the complete record at `offset`; if so, m_verse is its text.
-    bool holdsRecord(std::uint64_t offset)
-    {
-        if (offset < m_blockOffset || offset - m_blockOffset + lengthBytes > m_blockCount)
-            return false;
-        const std::size_t start = static_cast<std::size_t>(offset - m_blockOffset);
-        const std::size_t length = lengthAt(&m_block[start]);
-        if (start + lengthBytes + length > m_blockCount)
-            return false;
-        m_verse = std::string_view(&m_block[start] + lengthBytes, length);
-        return true;
-    }
+    bool holdsRecord(std::uint64_t offset) const;
+    std::size_t countOfRun(unsigned int verseNum) const;
 
     CBibleText& m_text;
     std::uint64_t m_next; ///< 64 bits, as the end may be beyond the last number of 32
@@ -129,13 +148,15 @@ private:
     unsigned int m_verseNum = 0;
     std::size_t m_blockBytes;
     std::string_view m_verse;
+    CVerseRun m_run;
 
     std::vector<unsigned int> m_offsets; ///< of the verses m_firstOffset, m_firstOffset + 1, ...
     unsigned int m_firstOffset = 0;
-    std::vector<char> m_block; ///< its first m_blockCount bytes are the bytes of the file at m_blockOffset
+    unsigned int m_singleRecord[2] = {}; ///< the same of a run of one verse whose end is not in m_offsets
+    std::unique_ptr<char[]> m_block; ///< its first m_blockCount bytes are those of the file at m_blockOffset
     std::uint64_t m_blockOffset = 0;
     std::size_t m_blockCount = 0;
-    unsigned int m_blockNum = 0;
+    std::size_t m_blockCapacity = 0;
 };
 
 } // namespace Kedrin::Tolvo

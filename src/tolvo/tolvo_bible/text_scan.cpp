@@ -3,7 +3,6 @@
 #include "ut_utils.h"
 
 #include <algorithm>
-#include <bit>
 #include <cstring>
 
 #if defined(__x86_64__)
@@ -11,6 +10,25 @@
 #endif
 
 namespace Kedrin::Tolvo {
+
+// Inlined, so that it uses the vectors of the function that calls it.
+template <class Ends>
+[[gnu::always_inline]] inline const char* CTextScan::Window::fill(const Ends& ends, const char* position,
+                                                                  const char* end)
+{
+    const char* const last = end - 64;
+    while (position <= last && ends.marksAt(position) == 0)
+        position += 64;
+    const std::size_t wordCount = std::min(static_cast<std::size_t>(end - position) / 64, maxWords);
+    m_begin = position;
+    m_end = position + 64 * wordCount;
+    m_marks.wordsInUse = m_zeros.wordsInUse = 0;
+    for (std::size_t word = 0; word < wordCount; ++word) {
+        m_marks.set(word, ends.marksAt(position + 64 * word));
+        m_zeros.set(word, ends.zerosAt(position + 64 * word));
+    }
+    return position;
+}
 
 namespace {
 
@@ -22,104 +40,142 @@ bool isLetter(char byte)
     return ut::cyr_chrupcase(small) == static_cast<char>(small & ~caseBit);
 }
 
-/// A needle: for each byte, 0x20 if its case is ignored, else 0, and the byte with that bit set.
-struct Needle
+/// The first and the last byte of a needle: the byte with its case bit set, and 0x20 if its case is ignored, else 0.
+struct NeedleEnds
 {
-    const char* caseBits;
-    const char* bytes;
-    std::ptrdiff_t size;
+    char firstByte, firstCaseBit;
+    char lastByte, lastCaseBit;
+    std::ptrdiff_t lastIndex;
 };
 
-bool matchesAt(const char* position, const Needle& needle)
+/// Compares 64 positions, with vectors of 16 bytes.
+class Ends16
 {
-    for (std::ptrdiff_t i = 0; i < needle.size; ++i)
-        if (static_cast<char>(position[i] | needle.caseBits[i]) != needle.bytes[i])
-            return false;
-    return true;
-}
+public:
+    explicit Ends16(const NeedleEnds& ends)
+        : m_firstByte(all(ends.firstByte)),
+          m_firstCaseBit(all(ends.firstCaseBit)),
+          m_lastByte(all(ends.lastByte)),
+          m_lastCaseBit(all(ends.lastCaseBit)),
+          m_lastIndex(ends.lastIndex)
+    {}
 
-constexpr std::ptrdiff_t windowSize = 64;
+    /// Bit i is set where both ends of the needle match at position + i.
+    std::uint64_t marksAt(const char* position) const
+    {
+        return bitsOf([&](int i) {
+            return ((bytesAt(position + i) | m_firstCaseBit) == m_firstByte) &
+                   ((bytesAt(position + i + m_lastIndex) | m_lastCaseBit) == m_lastByte);
+        });
+    }
 
-/// Marks the positions of the next window in which a needle may begin, those where its first and its last byte match;
-/// the window begins at `end` if there is none. Only whole windows are examined.
-CTextScan::Window markWith16(const char* position, const char* end, const Needle& needle)
-{
+    /// Bit i is set where the byte at position + i is zero.
+    std::uint64_t zerosAt(const char* position) const
+    {
+        return bitsOf([&](int i) { return bytesAt(position + i) == Bytes{}; });
+    }
+
+private:
     using Bytes [[gnu::vector_size(16)]] = unsigned char;
     using Words [[gnu::vector_size(16)]] = std::uint64_t;
-    struct Probe
-    {
-        Bytes caseBits, byte;
-        std::ptrdiff_t index;
 
-        Probe(const Needle& needle, std::ptrdiff_t i)
-            : caseBits(Bytes{} + static_cast<unsigned char>(needle.caseBits[i])),
-              byte(Bytes{} + static_cast<unsigned char>(needle.bytes[i])),
-              index(i)
-        {}
-        Bytes matches(const char* position) const
-        {
-            Bytes bytes;
-            std::memcpy(&bytes, position + index, sizeof bytes);
-            return (bytes | caseBits) == byte;
-        }
-    };
-    // One bit of each byte, moved together: the product's highest byte is the sum of all bytes.
-    const auto bitOfEach = [](std::uint64_t bytes) {
-        return ((bytes & 0x8040201008040201) * 0x0101010101010101) >> 56;
-    };
-    const Probe first(needle, 0);
-    const Probe last(needle, needle.size - 1);
-    for (; end - position >= windowSize; position += windowSize) {
-        Words marks[windowSize / 16];
-        Words any = {};
-        for (int i = 0; i < windowSize / 16; ++i) {
-            marks[i] =
-                reinterpret_cast<Words>(first.matches(position + 16 * i) & last.matches(position + 16 * i));
-            any |= marks[i];
-        }
-        if ((any[0] | any[1]) == 0)
-            continue;
-        std::uint64_t bits = 0;
-        for (int i = windowSize / 8 - 1; i >= 0; --i)
-            bits = bits << 8 | bitOfEach(marks[i / 2][i % 2]);
-        return {position, bits};
+    static Bytes all(char byte) { return Bytes{} + static_cast<unsigned char>(byte); }
+
+    static Bytes bytesAt(const char* position)
+    {
+        Bytes bytes;
+        std::memcpy(&bytes, position, sizeof bytes);
+        return bytes;
     }
-    return {position, 0};
+
+    /// One bit for each byte of the four vectors that vectorAt(0), vectorAt(16), ... give.
+    template <class VectorAt>
+    static std::uint64_t bitsOf(VectorAt vectorAt)
+    {
+        std::uint64_t bits = 0;
+        for (int i = 48; i >= 0; i -= 16) {
+            const auto words = reinterpret_cast<Words>(vectorAt(i));
+            bits = bits << 16 | bitOfEach(words[1]) << 8 | bitOfEach(words[0]);
+        }
+        return bits;
+    }
+
+    /// One bit of each byte, moved together: the product's highest byte is the sum of all bytes.
+    static std::uint64_t bitOfEach(std::uint64_t bytes)
+    {
+        return ((bytes & 0x8040201008040201) * 0x0101010101010101) >> 56;
+    }
+
+    Bytes m_firstByte, m_firstCaseBit, m_lastByte, m_lastCaseBit;
+    std::ptrdiff_t m_lastIndex;
+};
+
+const char* fillWith16(CTextScan::Window& window, const NeedleEnds& ends, const char* position,
+                       const char* end)
+{
+    return window.fill(Ends16(ends), position, end);
 }
 
 #if defined(__x86_64__) && !defined(KEDRIN_PORTABLE_SCAN)
 
 /// The same with AVX2.
-[[gnu::target("avx2")]] CTextScan::Window markWith32(const char* position, const char* end,
-                                                     const Needle& needle)
+class Ends32
 {
-    const __m256i firstCase = _mm256_set1_epi8(needle.caseBits[0]);
-    const __m256i firstByte = _mm256_set1_epi8(needle.bytes[0]);
-    const __m256i lastCase = _mm256_set1_epi8(needle.caseBits[needle.size - 1]);
-    const __m256i lastByte = _mm256_set1_epi8(needle.bytes[needle.size - 1]);
-    for (; end - position >= windowSize; position += windowSize) {
-        std::uint64_t bits = 0;
-        for (int i = 1; i >= 0; --i) {
-            const char* const half = position + 32 * i;
-            const __m256i atFirst = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(half));
-            const __m256i atLast =
-                _mm256_loadu_si256(reinterpret_cast<const __m256i*>(half + needle.size - 1));
-            const __m256i matches =
-                _mm256_and_si256(_mm256_cmpeq_epi8(_mm256_or_si256(atFirst, firstCase), firstByte),
-                                 _mm256_cmpeq_epi8(_mm256_or_si256(atLast, lastCase), lastByte));
-            bits = bits << 32 | static_cast<std::uint32_t>(_mm256_movemask_epi8(matches));
-        }
-        if (bits != 0)
-            return {position, bits};
+public:
+    [[gnu::target("avx2")]] explicit Ends32(const NeedleEnds& ends)
+        : m_firstByte(_mm256_set1_epi8(ends.firstByte)),
+          m_firstCaseBit(_mm256_set1_epi8(ends.firstCaseBit)),
+          m_lastByte(_mm256_set1_epi8(ends.lastByte)),
+          m_lastCaseBit(_mm256_set1_epi8(ends.lastCaseBit)),
+          m_lastIndex(ends.lastIndex)
+    {}
+
+    [[gnu::target("avx2")]] std::uint64_t marksAt(const char* position) const
+    {
+        return std::uint64_t(marksAt32(position + 32)) << 32 | marksAt32(position);
     }
-    return {position, 0};
+
+    [[gnu::target("avx2")]] std::uint64_t zerosAt(const char* position) const
+    {
+        return std::uint64_t(zerosAt32(position + 32)) << 32 | zerosAt32(position);
+    }
+
+private:
+    [[gnu::target("avx2")]] static __m256i bytesAt(const char* position)
+    {
+        return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(position));
+    }
+    [[gnu::target("avx2")]] static std::uint32_t bitsOf(__m256i bytes)
+    {
+        return static_cast<std::uint32_t>(_mm256_movemask_epi8(bytes));
+    }
+    [[gnu::target("avx2")]] std::uint32_t marksAt32(const char* position) const
+    {
+        const __m256i first = _mm256_or_si256(bytesAt(position), m_firstCaseBit);
+        const __m256i last = _mm256_or_si256(bytesAt(position + m_lastIndex), m_lastCaseBit);
+        return bitsOf(
+            _mm256_and_si256(_mm256_cmpeq_epi8(first, m_firstByte), _mm256_cmpeq_epi8(last, m_lastByte)));
+    }
+    [[gnu::target("avx2")]] std::uint32_t zerosAt32(const char* position) const
+    {
+        return bitsOf(_mm256_cmpeq_epi8(bytesAt(position), _mm256_setzero_si256()));
+    }
+
+    __m256i m_firstByte, m_firstCaseBit, m_lastByte, m_lastCaseBit;
+    std::ptrdiff_t m_lastIndex;
+};
+
+[[gnu::target("avx2")]] const char* fillWith32(CTextScan::Window& window, const NeedleEnds& ends,
+                                               const char* position, const char* end)
+{
+    return window.fill(Ends32(ends), position, end);
 }
 
 bool hasAvx2() { return __builtin_cpu_supports("avx2"); }
 
 #else
 
-constexpr auto markWith32 = markWith16;
+constexpr auto fillWith32 = fillWith16;
 bool hasAvx2() { return false; }
 
 #endif
@@ -136,55 +192,29 @@ CTextScan::CTextScan(std::string_view needle, Case letterCase)
     }
 }
 
-const char* CTextScan::find(const char* begin, const char* end, Window& window) const
+/// find() from a position that the window does not know.
+const char* CTextScan::findBeyond(const char* begin, const char* end, Window& window) const
 {
-    static const auto markNext = hasAvx2() ? markWith32 : markWith16;
+    static const auto fill = hasAvx2() ? fillWith32 : fillWith16;
     if (m_bytes.empty())
         return begin;
-    const Needle needle{m_caseBits.data(), m_bytes.data(), static_cast<std::ptrdiff_t>(m_bytes.size())};
-    const char* const positionsEnd = end - needle.size + 1;
-    if (needle.size > end - begin)
+    const auto needleSize = static_cast<std::ptrdiff_t>(m_bytes.size());
+    if (needleSize > end - begin)
         return end;
-    if (begin < window.begin || begin - window.begin >= windowSize)
-        window = markNext(begin, positionsEnd, needle);
-    else
-        window.marks &= ~std::uint64_t(0) << (begin - window.begin);
-    while (positionsEnd - window.begin >= windowSize) {
-        for (; window.marks != 0; window.marks &= window.marks - 1) {
-            const char* const position = window.begin + std::countr_zero(window.marks);
-            if (matchesAt(position, needle))
-                return position;
-        }
-        window = markNext(window.begin + windowSize, positionsEnd, needle);
+    const NeedleEnds ends{m_bytes.front(), m_caseBits.front(), m_bytes.back(), m_caseBits.back(),
+                          needleSize - 1};
+    const char* const positionsEnd = end - needleSize + 1;
+    while (positionsEnd - begin >= 64) {
+        begin = fill(window, ends, begin, positionsEnd);
+        if (findIn(window, begin))
+            return begin;
     }
-    for (const char* position = std::max(begin, window.begin); position < positionsEnd; ++position)
-        if (matchesAt(position, needle))
-            return position;
+    for (; begin < positionsEnd; ++begin)
+        if (static_cast<char>(*begin | ends.firstCaseBit) == ends.firstByte &&
+            static_cast<char>(begin[ends.lastIndex] | ends.lastCaseBit) == ends.lastByte &&
+            middleMatchesAt(begin))
+            return begin;
     return end;
-}
-
-/// isIn() if nothing is known of the text in advance.
-bool CScanAhead::scanFor(std::string_view text, const char* bufferEnd, unsigned int bufferNum)
-{
-    const char* const begin = text.data();
-    const char* const end = begin + text.size();
-    const bool sameBuffer = m_from != nullptr && bufferNum == m_bufferNum;
-    const char* hit = nullptr;
-    if (sameBuffer && begin < m_from) {
-        hit = m_scan.find(begin, end); // out of order: keep what is known
-    } else {
-        if (!sameBuffer)
-            m_window = {};
-        if (!sameBuffer || begin > m_hit) {
-            m_hit = m_scan.find(begin, bufferEnd, m_window);
-            m_from = begin;
-            m_bufferNum = bufferNum;
-        }
-        hit = m_hit;
-    }
-    if (hit > end || static_cast<std::size_t>(end - hit) < m_scan.needleSize())
-        return false;
-    return !m_endsAtZero || std::memchr(begin, '\0', static_cast<std::size_t>(hit - begin)) == nullptr;
 }
 
 } // namespace Kedrin::Tolvo

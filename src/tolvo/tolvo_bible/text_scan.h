@@ -1,5 +1,6 @@
 #pragma once
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -37,60 +38,100 @@ public:
         return find(begin, end, window);
     }
 
-    /// What a search knows of the 64 positions where it has stopped: bit i of `marks` is set where the needle's ends
-    /// match, and not yet the bytes between, at begin + i.
-    struct Window
+    /// What a search knows of the positions from begin() to end(), at which the bytes of the haystack must not change.
+    class Window
     {
-        const char* begin = nullptr; ///< null: nothing is known
-        std::uint64_t marks = 0;
+    public:
+        const char* begin() const { return m_begin; }
+        const char* end() const { return m_end; }
+        bool contains(const char* position) const { return position >= m_begin && position < m_end; }
+
+        /// The next position from this one on, which is in the window, where the needle's first and last byte match; end()
+        /// if there is none.
+        const char* nextMark(const char* position) const { return next(m_marks, position); }
+
+        /// The same for zero bytes.
+        const char* nextZero(const char* position) const { return next(m_zeros, position); }
+
+        /// Makes the window begin at the first 64 positions with a mark, from `position` on, and end before `end`: only
+        /// whole groups of 64 are examined.
+        /// @param ends  tells the marks and zero bytes of 64 positions
+        /// @param end   at least 64 positions after the first
+        /// @returns begin()
+        template <class Ends>
+        const char* fill(const Ends& ends, const char* position, const char* end);
+
+    private:
+        static constexpr std::size_t maxWords = 32;
+
+        /// A bit for each position of the window.
+        struct Bits
+        {
+            std::uint64_t words[maxWords] = {}; ///< bit i % 64 of words[i / 64] for begin() + i
+            std::uint64_t wordsInUse = 0;       ///< bit i: words[i] is not zero
+
+            void set(std::size_t word, std::uint64_t bits)
+            {
+                words[word] = bits;
+                wordsInUse |= std::uint64_t(bits != 0) << word;
+            }
+        };
+
+        const char* next(const Bits& bits, const char* position) const
+        {
+            const auto index = static_cast<std::size_t>(position - m_begin);
+            std::size_t word = index / 64;
+            if (const std::uint64_t following = bits.words[word] >> index % 64; following != 0)
+                return position + std::countr_zero(following);
+            const std::uint64_t later = bits.wordsInUse & ~std::uint64_t(1) << word;
+            if (later == 0)
+                return m_end;
+            word = static_cast<std::size_t>(std::countr_zero(later));
+            return m_begin + 64 * word + std::countr_zero(bits.words[word]);
+        }
+
+        const char* m_begin = nullptr;
+        const char* m_end = nullptr;
+        Bits m_marks;
+        Bits m_zeros;
     };
 
     /// find() for ascending positions of the same text, which must not change: what is known from the last call is not
     /// compared again.
     /// @param begin   not before the last call's
     /// @param window  as the last call has left it; initially empty
-    const char* find(const char* begin, const char* end, Window& window) const;
-
-private:
-    std::string m_caseBits; ///< for each byte of the needle: 0x20 if its case is ignored, else 0
-    std::string m_bytes;    ///< each byte of the needle with its case bit set
-};
-
-/// Whether texts in one buffer contain a needle. The bounds of a text are checked only where the needle has
-/// been found, so a buffer of many short texts is scanned as fast as one long text.
-class CScanAhead
-{
-public:
-    /// @param scan  must outlive this object
-    /// @param endsAtZero  a text ends at its first zero byte, like a C string
-    CScanAhead(const CTextScan& scan, bool endsAtZero) : m_scan(scan), m_endsAtZero(endsAtZero) {}
-
-    /// Whether `text` contains the whole needle; an occurrence that crosses the end of a text does not count.
-    /// @param bufferEnd  end of the buffer that holds `text`; what follows the text there is scanned in
-    ///                   advance, so it should be the texts passed next. Texts in descending order cost no
-    ///                   more than separate scans.
-    /// @param bufferNum  a number that differs from the previous call's means that the bytes of the buffer
-    ///                   have changed
-    bool isIn(std::string_view text, const char* bufferEnd, unsigned int bufferNum)
+    const char* find(const char* begin, const char* end, Window& window) const
     {
-        const bool isBeforeHit =
-            bufferNum == m_bufferNum && text.data() >= m_from && text.data() + text.size() < m_hit;
-        return !isBeforeHit && scanFor(text, bufferEnd, bufferNum);
+        return findIn(window, begin) ? begin : findBeyond(begin, end, window);
     }
 
-    /// After isIn() of a text in the same buffer that begins at `from`: no text that begins there or later and ends
-    /// before the returned position contains the needle. `from` if nothing more is known.
-    const char* clearUpTo(const char* from) const { return from < m_from ? from : m_hit; }
-
 private:
-    bool scanFor(std::string_view text, const char* bufferEnd, unsigned int bufferNum);
+    /// Moves `position` to the first occurrence that the window knows; false, and to the end of what it knows, if there is
+    /// none.
+    bool findIn(const Window& window, const char*& position) const
+    {
+        for (; window.contains(position); ++position) {
+            position = window.nextMark(position);
+            if (position == window.end())
+                return false;
+            if (middleMatchesAt(position))
+                return true;
+        }
+        return false;
+    }
 
-    const CTextScan& m_scan;
-    bool m_endsAtZero;
-    CTextScan::Window m_window;
-    unsigned int m_bufferNum = 0;
-    const char* m_from = nullptr; ///< the first occurrence after this position is at m_hit; null: not known
-    const char* m_hit = nullptr;
+    bool middleMatchesAt(const char* position) const
+    {
+        for (std::size_t i = 1; i + 1 < m_bytes.size(); ++i)
+            if (static_cast<char>(position[i] | m_caseBits[i]) != m_bytes[i])
+                return false;
+        return true;
+    }
+
+    const char* findBeyond(const char* begin, const char* end, Window& window) const;
+
+    std::string m_caseBits; ///< for each byte of the needle: 0x20 if its case is ignored, else 0
+    std::string m_bytes;    ///< each byte of the needle with its case bit set
 };
 
 } // namespace Kedrin::Tolvo
