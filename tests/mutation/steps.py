@@ -61,6 +61,8 @@ MODTOOL = [Program(f"modtool/{name}", f"modtool_{name}_tests", NEEDS_ALL_TESTS)
            for name in ("terminal", "text", "numbering", "source", "files", "check", "install", "build", "sword", "query")]
 COMMAND = Folder("modtool/command", r"\.x\.|modtool\.install")  # which installs the whole build
 
+ADD = Folder("add", r"\.x\.|add\.sword_part")  # which needs the programs
+
 
 def steps_for(file):
     """@param file  below the project's folder, for example src/qt3/text.cpp"""
@@ -69,4 +71,4 @@ def steps_for(file):
         own = [step for step in MODTOOL if step.folder == f"modtool/{parts[2]}"]
         return own + [step for step in MODTOOL if step not in own] + [COMMAND]
     return {"base": [BASE, READERS, ENGINE], "tolvo": [READERS, ENGINE, Folder("tolvo")], "qt3": [QT3, WINDOW],
-            "window": [WINDOW], "add": [Folder("add")]}[parts[1]]
+            "window": [WINDOW], "add": [ADD]}[parts[1]]

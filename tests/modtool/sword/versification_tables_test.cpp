@@ -58,6 +58,18 @@ std::vector<unsigned int> verseCounts(const Book& book)
     return counts;
 }
 
+TEST(VersificationTables, GlobalBooksHaveTheVersesOfKjvAndTheOthersThoseOfSynodal)
+{
+    for (unsigned int globalID = 0; globalID < globalBooksCount; ++globalID) {
+        const GlobalBook& global = globalBooks()[globalID];
+        const Book* book = bookOf(*systemOf(isDeuterocanonical(globalID) ? "Synodal" : "KJV"), globalID);
+        ASSERT_NE(book, nullptr) << global.osis;
+        EXPECT_EQ(std::vector<unsigned int>(global.verseCounts.begin(), global.verseCounts.end()),
+                  verseCounts(*book))
+            << global.osis;
+    }
+}
+
 TEST(VersificationTables, NameTheSystemsOfTheLibrary)
 {
     std::vector<std::string> names = CVersification::names();

@@ -37,6 +37,17 @@ TEST(PlainTables, HeadersInAnyOrderWithFurtherColumns)
               "left out      3 fields of further columns, first at Gen 1:1\n");
 }
 
+// A text may have a line that looks like a record; a table has mostly such lines.
+TEST(PlainTables, HalfOfTheFirstLinesAreRecords)
+{
+    const std::string record = "Genesis|1|1|one\n", other = "Genesis 1:2 two\n";
+    EXPECT_EQ(versesOf(record + other + "Genesis 1:3 three\n"), "Gen 1:2 two\nGen 1:3 three\n");
+    EXPECT_NE(messageOf<CBuildError>([&] {
+                  versesOf(record + other);
+              }).find("line 2: has 1 field, the table has 4"),
+              std::string::npos);
+}
+
 TEST(PlainTables, QuotedFieldsOfCommasAndSemicolons)
 {
     EXPECT_EQ(versesOf("Gen,1,1,\"a, \"\"b\"\"\nc\"\r\nGen,1,\"2\", \"d\" \n"),

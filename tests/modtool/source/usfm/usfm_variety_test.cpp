@@ -89,6 +89,13 @@ TEST(UsfmVariety, HeadingsOfEveryFormAreLeftOut)
                                      "left out      2 texts outside the verses, first at line 11\n");
 }
 
+TEST(UsfmVariety, PsalmTitleEndsWithItsParagraph)
+{
+    const SourceBible bible = read("\\id PSA\n\\c 3\n\\d A psalm.\n\\q1\nOf whom?\n\\v 1 Lord\n");
+    EXPECT_EQ(linesOf(bible), "Ps 3:1 A psalm. Lord\n");
+    EXPECT_NE(bible.findings.text().find("Of whom?"), std::string::npos) << bible.findings.text();
+}
+
 TEST(UsfmVariety, SelahAndSongsOfThePsalmsAreText)
 {
     const SourceBible bible =
