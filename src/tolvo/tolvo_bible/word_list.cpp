@@ -12,6 +12,7 @@ namespace Kedrin::Tolvo {
 namespace {
 
 constexpr std::size_t maxLineBytes = 40; // including the CR
+constexpr unsigned int groupSize = 16;   // words
 
 constexpr const char* loading = "CWordList::CWordList()";
 
@@ -41,17 +42,19 @@ void CWordList::load(const char* wordListPath)
     constexpr std::size_t usualLineBytes = 9;
     m_content = ut::text_of_file(loading, wordListPath);
     endWordsAtZeroBytes();
-    m_starts.reserve(m_content.size() / usualLineBytes);
+    m_lineBytes.reserve(m_content.size() / usualLineBytes);
     const std::size_t size = m_content.size();
     for (std::size_t start = 0, end = 0; start < size; start = end + 1) {
         end = std::min(m_content.find('\n', start), size);
         if (end - start > maxLineBytes)
             break;
-        m_starts.push_back(static_cast<std::uint32_t>(start));
+        if (m_lineBytes.size() % groupSize == 0)
+            m_groupStarts.push_back(static_cast<std::uint32_t>(start));
+        m_lineBytes.push_back(static_cast<std::uint8_t>(end + 1 - start));
         const bool hasReturn = end > start && m_content[end - 1] == '\r';
         m_content[hasReturn ? end - 1 : end] = '\0';
     }
-    m_count = static_cast<unsigned int>(m_starts.size());
+    m_count = static_cast<unsigned int>(m_lineBytes.size());
     m_loaded = true;
 }
 
@@ -78,7 +81,7 @@ std::string CWordList::operator[](unsigned int wordIndex) const
     return ut::lets_out<std::out_of_range, std::ios_base::failure>("CWordList::operator []()", [&] {
         if (wordIndex >= m_count)
             throw std::out_of_range("CWordList::operator [](): wordIndex out of range");
-        return std::string(wordAt(m_starts[wordIndex]));
+        return std::string(wordAt(wordIndex));
     });
 }
 
@@ -86,12 +89,23 @@ int CWordList::indexOf(const std::string& word) const
 {
     if (!m_loaded)
         return -1;
-    const auto isBefore = [this](std::uint32_t start, const std::string& wanted) {
-        return ut::cyr_stricmp(wordAt(start), wanted.c_str()) < 0;
-    };
-    const auto found = std::lower_bound(m_starts.begin(), m_starts.end(), word, isBefore);
-    const bool present = found != m_starts.end() && ut::cyr_stricmp(wordAt(*found), word.c_str()) == 0;
-    return present ? static_cast<int>(found - m_starts.begin()) : -1;
+    unsigned int first = 0;
+    for (unsigned int count = m_count; count > 0;) {
+        const unsigned int half = count / 2;
+        const bool isBefore = ut::cyr_stricmp(wordAt(first + half), word.c_str()) < 0;
+        first += isBefore ? half + 1 : 0;
+        count = isBefore ? count - half - 1 : half;
+    }
+    const bool present = first < m_count && ut::cyr_stricmp(wordAt(first), word.c_str()) == 0;
+    return present ? static_cast<int>(first) : -1;
+}
+
+const char* CWordList::wordAt(unsigned int wordIndex) const
+{
+    std::uint32_t start = m_groupStarts[wordIndex / groupSize];
+    for (unsigned int i = wordIndex / groupSize * groupSize; i < wordIndex; ++i)
+        start += m_lineBytes[i];
+    return m_content.data() + start;
 }
 
 } // namespace Kedrin::Tolvo

@@ -46,13 +46,14 @@ public:
 private:
     void load(const char* wordListPath);
     void endWordsAtZeroBytes();
-    const char* wordAt(std::uint32_t start) const { return m_content.data() + start; }
+    const char* wordAt(unsigned int wordIndex) const;
 
     unsigned int m_count = 0;
     bool m_loaded = false;
     std::unique_ptr<ut::CFileVector<unsigned int>> m_wordPoint; ///< null: memory mode
-    std::string m_content;               ///< the file, with a zero byte after each word
-    std::vector<std::uint32_t> m_starts; ///< of the words in m_content
+    std::string m_content;                 ///< the file, with a zero byte after each word
+    std::vector<std::uint8_t> m_lineBytes; ///< of each word with its line end: a quarter of the words' starts
+    std::vector<std::uint32_t> m_groupStarts; ///< in m_content, of each sixteenth word
 };
 
 } // namespace Kedrin::Tolvo
