@@ -9,7 +9,7 @@ source scripts/build.sh
 explain_failures
 export LC_ALL=C.UTF-8
 unset LANGUAGE
-need_packages "${build_packages[@]}" "${test_packages[@]}" gcovr
+need_packages "${build_packages[@]}" "${test_packages[@]}"
 
 out=build/coverage
 targets=() tests=() note="All tests ran but those that the test preset \`coverage\` leaves out."
@@ -19,17 +19,18 @@ for folder in "$@"; do
 done
 cmake --preset coverage >/dev/null
 cmake --build --preset coverage "${targets[@]}"
-find $out -name '*.gcda' -delete
+rm -rf $out/profiles
 if [ $# -eq 0 ]; then
     ctest --preset coverage -j "$(nproc)"
 else
     note="The tests of these folders ran: \`$*\`."
+    export LLVM_PROFILE_FILE=$PWD/$out/profiles/%2m.profraw
     for folder in "${tests[@]}"; do
-        GCOV_ERROR_FILE=/dev/null ctest --test-dir "$out/tests/$folder" -j "$(nproc)" -E '\.x\.' --output-on-failure
+        ctest --test-dir "$out/tests/$folder" -j "$(nproc)" -E '\.x\.' --output-on-failure
     done
 fi
-# One source is compiled a second time for processors without SSE2, with other functions, which gcovr cannot merge.
-gcovr -r . --object-directory $out -f src/ --exclude-directories '.*portable_scan.*' --exclude-throw-branches \
-    --exclude-unreachable-branches --json \
-    -o $out/coverage.json $out
-tests/coverage/report.py $out/coverage.json "$note" "$@"
+llvm-profdata merge -sparse -o $out/coverage.profdata $out/profiles/*.profraw
+mapfile -t programs < <(find $out -type f -perm -u+x -exec sh -c 'head -c 4 "$1" | grep -q ELF' sh {} \; -print | sort)
+llvm-cov export -format=lcov -instr-profile=$out/coverage.profdata -ignore-filename-regex='/(build|tests|fuzz)/|^/usr/' \
+    "${programs[0]}" "${programs[@]/#/-object=}" >$out/coverage.lcov
+tests/coverage/report.py $out/coverage.lcov "$note" "$@"

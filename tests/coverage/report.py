@@ -1,17 +1,16 @@
 #!/usr/bin/env python3
 """The section of doc/quality.md on coverage.
 
-    tests/coverage/report.py GCOVR.json NOTE [FOLDER...]
+    tests/coverage/report.py COUNTED.lcov NOTE [FOLDER...]
 
-prints the lines that no test reached, and writes doc/quality/coverage.md from what gcovr counted in the FOLDERs of src. NOTE
-says which tests ran. Rows of explained.tsv (a file, a line without its indentation, the reason) stand for one line each that
-cannot be counted; with " {}" after it for the function that begins with the line, and with * instead for the whole file.
-They are left out of the comparison with the goals. Ends with 1 if there is no such line that was not reached, or if a goal
-is missed.
+prints the lines that no test reached, and writes doc/quality/coverage.md from what llvm-cov counted in the FOLDERs of src.
+NOTE says which tests ran. Rows of explained.tsv (a file, a line without its indentation, the reason) stand for one line
+each that cannot be counted; with " {}" after it for the function that begins with the line, and with * instead for the whole
+file. They are left out of the comparison with the goals, and so are the branches of such a file. Ends with 1 if there is no
+such line that was not reached, or if a goal is missed.
 """
 
 import collections
-import json
 import pathlib
 import sys
 
@@ -21,9 +20,10 @@ EXPLAINED = pathlib.Path(__file__).with_name("explained.tsv")
 GOALS = {"base": (98, 90), "tolvo": (98, 90), "qt3": (98, 90), "window": (98, 90), "modtool": (95, None), "add": (None, None)}
 HEADING = """## Coverage
 
-`scripts/coverage.sh` builds without optimisation and with counters, runs the tests, and lets gcovr count. A branch is one
-that the source has: what exceptions thrown in a called function add is left out. A process that a test ends by a signal or
-by `_exit()` writes no counters, so what only it reaches counts as not reached.
+`scripts/coverage.sh` builds with the counters of clang++, runs the tests, and lets llvm-cov count. Lines and branches are
+those of the source: a branch is one way that a condition goes, each part of `&&` and `||` by itself; what the compiler adds
+for exceptions and destructors is none. A process that a test ends by a signal or by `_exit()` writes no counters, so what
+only it reaches counts as not reached.
 
 {note}
 
@@ -33,15 +33,15 @@ by `_exit()` writes no counters, so what only it reaches counts as not reached.
 
 
 def main(counted, note, folders):
-    files = {file["file"]: file for file in json.loads(pathlib.Path(counted).read_text())["files"]}
+    files = files_of(pathlib.Path(counted).read_text())
     explained = [tuple(row.split("\t")) for row in EXPLAINED.read_text().splitlines() if row and not row.startswith("#")]
     missed = {name: missed_lines(name, file) for name, file in sorted(files.items()) if name.split("/")[1] in folders}
     rows, is_green = [], True
     for folder in folders:
         own = {name: file for name, file in files.items() if name.startswith(f"src/{folder}/")}
-        lines = share([line["count"] for file in own.values() for line in lines_of(file)])
-        branches = share([branch["count"] for file in own.values() for line in lines_of(file)
-                          for branch in line.get("branches", [])])
+        lines = share([count for file in own.values() for count in file.lines.values()])
+        branches = share([count for name, file in own.items() for count in file.branches
+                          if (name, "*") not in [row[:2] for row in explained]])
         excused = sum(explained_count(explained, name, missed[name]) for name in own)
         goals = GOALS[folder]
         rows.append(f"| `{folder}` | {text_of(lines)} | {goal_text(goals[0])} | {text_of(branches)} | {goal_text(goals[1])} "
@@ -57,10 +57,32 @@ def main(counted, note, folders):
     return 0 if is_green else 1
 
 
+class File:
+    def __init__(self):
+        self.lines = {}  # number: how often it was reached
+        self.branches = []  # how often each was taken
+
+
+def files_of(lcov):
+    """@returns the files of src, by their paths in the project"""
+    files = collections.defaultdict(File)
+    for record in lcov.splitlines():
+        kind, _, value = record.partition(":")
+        if kind == "SF":
+            name = str(pathlib.Path(value).resolve().relative_to(PROJECT))
+        elif kind == "DA":
+            number, count = value.split(",")[:2]
+            files[name].lines[int(number)] = int(count)
+        elif kind == "BRDA":
+            taken = value.split(",")[3]
+            files[name].branches.append(0 if taken == "-" else int(taken))
+    return {name: file for name, file in files.items() if name.startswith("src/")}
+
+
 def missed_lines(name, file):
     """@returns number and text of each line that was not reached"""
     source = (PROJECT / name).read_text().split("\n")
-    return [(line["line_number"], source[line["line_number"] - 1].strip()) for line in lines_of(file) if line["count"] == 0]
+    return [(number, source[number - 1].strip()) for number, count in sorted(file.lines.items()) if count == 0]
 
 
 def explained_count(explained, name, lines):
@@ -89,10 +111,6 @@ def unneeded(explained, missed, folders):
         if (text == "*" and numbers) or numbers.intersection(function_lines(file, text)):
             found[file, text] += 1
     return (rows - found).elements()
-
-
-def lines_of(file):
-    return [line for line in file["lines"] if not line.get("gcovr/noncode")]
 
 
 def share(counts):

@@ -44,7 +44,7 @@ set(third_program_flags)
 if(KEDRIN_SANITIZE)
   set(third_program_flags -fsanitize=address,undefined)
 elseif(KEDRIN_COVERAGE)
-  set(third_program_flags --coverage)
+  set(third_program_flags -fprofile-instr-generate)
 endif()
 add_test(NAME third_program.LinksByAPlainCommand
   COMMAND ${CMAKE_COMMAND} -DCXX=${CMAKE_CXX_COMPILER} -DCXX_FLAGS=${third_program_flags}
