@@ -1,4 +1,5 @@
 #include "sword_fixture.h"
+#include "text_source.h"
 
 #include <QLineEdit>
 #include <QTest>
@@ -55,6 +56,7 @@ private slots:
     void closingBeforeAddingLeavesNothing();
     void anotherTextTakesThePlace();
     void addedTextThatIsNotKeptIsTold();
+    void onlyARemoteRepositoryIsOnTheNetwork();
 };
 
 void RepositoryTest::addsABibleOfThisComputer()
@@ -248,6 +250,14 @@ void RepositoryTest::addedTextThatIsNotKeptIsTold()
     QVERIFY2(said.contains(QStringLiteral("\nWhat was downloaded could not be kept: /")), qPrintable(said));
     QCOMPARE(fixture.folders(), QStringList(QStringLiteral("made")));
     QVERIFY(fs::exists(fixture.home("data/kedrin/sword/Made/older")));
+}
+
+void RepositoryTest::onlyARemoteRepositoryIsOnTheNetwork()
+{
+    using Kedrin::Add::TextSource;
+    QVERIFY(!(TextSource{"bible.usfm", std::nullopt}).usesNetwork());
+    QVERIFY(!(TextSource{"Alpha", {{"A folder", "/srv/sword"}}}).usesNetwork());
+    QVERIFY((TextSource{"Alpha", {{"A server", "https://example.org/sword"}}}).usesNetwork());
 }
 
 QTEST_MAIN(RepositoryTest)
