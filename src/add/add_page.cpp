@@ -173,10 +173,12 @@ void CAddPage::open(const TextSource& source)
                   failure(translatable("This text cannot be added: %s"), reason, translatable("Cancelled.")));
     };
     m_background.run(
-        [this, source, job, number]() -> CBackground::Use {
+        [this, source, job, number, fail]() -> CBackground::Use {
             const auto text = std::make_shared<const TextPreview>(readPreview(source, m_sword, *job));
-            return [this, text, number] {
-                if (number == m_jobNumber)
+            return [this, text, job, number, fail] {
+                if (job->isCancelled()) // after its last step
+                    fail({});
+                else if (number == m_jobNumber)
                     showPreview(text);
             };
         },
