@@ -97,6 +97,23 @@ std::size_t bytesBeforeZero(std::uint64_t bytes)
     return static_cast<std::size_t>(std::countr_zero(marks)) / 8;
 }
 
+bool isPlainLetter(char c)
+{
+    const auto byte = static_cast<unsigned char>(c);
+    const auto small = static_cast<unsigned char>(byte | 0x20);
+    return byte >= 0xC0 || (small >= 'a' && small <= 'z');
+}
+
+/// Most chunks are letters, from A to z or from А to я, and at most a few of the signs that follow words. Such letters are one
+/// word by the Unicode rules too, which need not be asked.
+/// @returns how many letters; 0 where the text is anything else
+std::size_t lettersOfPlainWord(std::string_view text)
+{
+    const auto letters =
+        static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), isPlainLetter) - text.begin());
+    return text.find_first_not_of(",.;:!?)", letters) == std::string_view::npos ? letters : 0;
+}
+
 /// @param count  0 to 8
 std::uint64_t lowestBytes(std::uint64_t bytes, std::size_t count)
 {
@@ -170,9 +187,8 @@ CWordIndexer::LongChunk CWordIndexer::segment(std::string_view text, unsigned in
 {
     const auto first = static_cast<std::uint32_t>(m_chunkWords.size());
     std::uint32_t longWordsCount = 0;
-    m_boundaries->forEachWord(text, [&](std::size_t begin, std::size_t length) {
-        const std::string_view word = text.substr(begin, length);
-        if (length <= maxWordBytes) {
+    const auto add = [&](std::string_view word) {
+        if (word.size() <= maxWordBytes) {
             const std::uint32_t spelling = spellingOf(word);
             m_chunkWords.push_back({spelling, m_spellingWords[spelling]});
             return;
@@ -180,7 +196,12 @@ CWordIndexer::LongChunk CWordIndexer::segment(std::string_view text, unsigned in
         if (m_longWords.first.empty())
             m_longWords = {0, std::string(word), verseNum};
         ++longWordsCount;
-    });
+    };
+    if (const std::size_t letters = lettersOfPlainWord(text); letters != 0)
+        add(text.substr(0, letters));
+    else
+        m_boundaries->forEachWord(
+            text, [&](std::size_t begin, std::size_t length) { add(text.substr(begin, length)); });
     const auto count = static_cast<std::uint32_t>(m_chunkWords.size()) - first;
     return {{first, count, count != 0 ? m_chunkWords[first].word : 0, 0}, longWordsCount};
 }

@@ -213,6 +213,22 @@ TEST(WordIndex, TellsTextsOfEveryLengthApart)
         }
 }
 
+/// Words of letters alone are found by other code than the rest.
+TEST(WordIndex, AgreesWithASimpleOneOnAnyTwoBytesBesideLetters)
+{
+    for (unsigned int first = 0; first < 256; ++first) {
+        Verses verses;
+        for (unsigned int second = 0; second < 256; ++second) {
+            const std::string bytes = {static_cast<char>(first), static_cast<char>(second)};
+            if (bytes != "  ")
+                verses.insert(verses.end(), {bytes, "Ab" + bytes, cp1251("Яа") + bytes, bytes + 'c',
+                                             bytes.substr(0, 1) + 'x' + bytes.substr(1)});
+        }
+        WordIndex index;
+        EXPECT_EQ(indexedWords(verses, index), plainWords(verses)) << first;
+    }
+}
+
 TEST(WordIndex, OfNothingIsEmpty)
 {
     CWordIndexer indexer;
