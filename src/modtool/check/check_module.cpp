@@ -6,12 +6,12 @@
 #include "check_text.h"
 #include "check_words.h"
 #include "errors.h"
+#include "folder_names.h"
 #include "global_books.h"
 #include "messages.h"
 #include "module_format.h"
 #include "text_reader.h"
 #include "tolvo_bible/bible_info.h"
-#include "tolvo_bible/folder_name.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -49,8 +49,7 @@ void checkFullTitles(const std::vector<std::string>& modules, CFindings& finding
     std::map<std::string, std::string> met; // title to name of the folder
     for (const std::string& folder : modules) {
         const std::string name = std::filesystem::path(folder).filename().string();
-        const Tolvo::CBibleInfo info((folder + '/' + infoFileName).c_str(),
-                                     Tolvo::folder_name(folder).c_str());
+        const Tolvo::CBibleInfo info((folder + '/' + infoFileName).c_str(), folderTitle(folder).c_str());
         const auto known = met.emplace(info.fullTitle(), name);
         if (!known.second)
             findings.add(CheckID::modulesSameTitle, shownPath(known.first->second) + ", " + shownPath(name) +

@@ -5,12 +5,12 @@
 #include "command_options.h"
 #include "errors.h"
 #include "exit_codes.h"
+#include "folder_names.h"
 #include "installed_modules.h"
 #include "language.h"
 #include "messages.h"
 #include "program.h"
 #include "progress.h"
-#include "tolvo_bible/folder_name.h"
 #include "usage_message.h"
 
 #include <algorithm>
@@ -175,7 +175,7 @@ CheckReport CCheckCommand::check(IProgress& progress) const
         return report;
     }
     std::vector<std::string> folders;
-    for (const std::string& name : Tolvo::sub_folders(path))
+    for (const std::string& name : subFolders(path))
         folders.push_back(std::string(path).append(1, '/').append(name));
     if (folders.empty()) {
         report.unchecked.push_back(

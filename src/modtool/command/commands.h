@@ -18,11 +18,11 @@ namespace Kedrin::ModTool {
 std::unique_ptr<ICommand> makeBuildCommand(CLI::App& program, const ISword& sword);
 std::unique_ptr<ICommand> makeAddCommand(CLI::App& program, const ISword& sword);
 std::unique_ptr<ICommand> makeGetCommand(CLI::App& program, const ISword& sword);
-std::unique_ptr<ICommand> makeCheckCommand(CLI::App& program);
-std::unique_ptr<ICommand> makeExportCommand(CLI::App& program);
 
 // These only read modules, or are as short. The program that users call is linked with them alone.
 
+std::unique_ptr<ICommand> makeCheckCommand(CLI::App& program);
+std::unique_ptr<ICommand> makeExportCommand(CLI::App& program);
 std::unique_ptr<ICommand> makeShowCommand(CLI::App& program);
 /// @param makeRegex  null in a program that is never asked for expressions
 std::unique_ptr<ICommand> makeSearchCommand(CLI::App& program, RegexMaker makeRegex);

@@ -2,6 +2,7 @@
 #include "command_options.h"
 #include "commands.h"
 #include "exit_codes.h"
+#include "folder_names.h"
 #include "installed_modules.h"
 #include "language.h"
 #include "messages.h"

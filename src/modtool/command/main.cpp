@@ -3,6 +3,8 @@
 #include "process_setup.h"
 #include "query_program.h"
 
+#include <unistd.h>
+
 #include <iostream>
 
 int main(int argc, char* argv[])
@@ -13,5 +15,5 @@ int main(int argc, char* argv[])
         return execFullProgram(argv);
     chooseLanguage();
     std::ios::sync_with_stdio(false);
-    return runQueryProgram(argc, argv, std::cout, std::cerr);
+    return runQueryProgram(argc, argv, std::cout, std::cerr, ::isatty(STDERR_FILENO) ? &std::cerr : nullptr);
 }

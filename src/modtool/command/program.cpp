@@ -21,8 +21,6 @@ try {
     std::vector<std::unique_ptr<ICommand>> commands;
     for (const auto make : {makeBuildCommand, makeAddCommand, makeGetCommand})
         commands.push_back(make(*parser, sword));
-    for (const auto make : {makeCheckCommand, makeExportCommand})
-        commands.push_back(make(*parser));
     for (auto& command : makeQueryCommands(*parser, makeRegexMatcher))
         commands.push_back(std::move(command));
     return runCommandLine(*parser, commands, argc, argv, {out, err, terminal});

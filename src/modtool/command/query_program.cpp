@@ -12,8 +12,8 @@ namespace Kedrin::ModTool {
 
 bool isQuery(int argc, const char* const* argv)
 {
-    constexpr std::array<std::string_view, 7> names = {"show", "search", "info",  "words",
-                                                       "diff", "list",   "remove"};
+    constexpr std::array<std::string_view, 9> names = {"check", "export", "show", "search", "info",
+                                                       "words", "diff",   "list", "remove"};
     return argc > 1 && std::find(names.begin(), names.end(), argv[1]) != names.end() &&
            std::none_of(argv + 1, argv + argc, [](std::string_view word) { return word == "--regex"; });
 }
@@ -21,6 +21,8 @@ bool isQuery(int argc, const char* const* argv)
 std::vector<std::unique_ptr<ICommand>> makeQueryCommands(CLI::App& program, RegexMaker makeRegex)
 {
     std::vector<std::unique_ptr<ICommand>> commands;
+    commands.push_back(makeCheckCommand(program));
+    commands.push_back(makeExportCommand(program));
     commands.push_back(makeShowCommand(program));
     commands.push_back(makeSearchCommand(program, makeRegex));
     for (const auto make :
@@ -29,11 +31,12 @@ std::vector<std::unique_ptr<ICommand>> makeQueryCommands(CLI::App& program, Rege
     return commands;
 }
 
-int runQueryProgram(int argc, const char* const* argv, std::ostream& out, std::ostream& err)
+int runQueryProgram(int argc, const char* const* argv, std::ostream& out, std::ostream& err,
+                    std::ostream* terminal)
 try {
     const ProgramParser parser = makeProgramParser();
     const auto commands = makeQueryCommands(*parser, nullptr);
-    return runCommandLine(*parser, commands, argc, argv, {out, err, nullptr});
+    return runCommandLine(*parser, commands, argc, argv, {out, err, terminal});
 } catch (const std::bad_alloc& ex) {
     sayFailure(err, ex);
     return exitTrouble;

@@ -1,10 +1,12 @@
 #include "installed_modules.h"
 
 #include "errors.h"
+#include "folder_names.h"
 #include "messages.h"
 #include "module_format.h"
 #include "spelling.h"
 
+#include <unicode/locid.h>
 #include <unicode/uchar.h>
 #include <unicode/unistr.h>
 
@@ -25,12 +27,6 @@ constexpr char firstSign = '!';
 
 /// Relative to the folder of the program's file: in the build folder and beside kedrin-module-all, and as installed.
 constexpr const char* systemModules[] = {"modules/bibles", KEDRIN_PRIVATE_DIR "/modules/bibles"};
-
-icu::UnicodeString fromUtf8(std::string_view utf8)
-{
-    return icu::UnicodeString::fromUTF8(
-        icu::StringPiece(utf8.data(), static_cast<std::int32_t>(utf8.size())));
-}
 
 std::string absoluteValueOf(const char* variable)
 {
@@ -83,13 +79,6 @@ void addModules(const fs::path& parent, bool isOwn, std::vector<InstalledModule>
     }
 }
 
-/// As the reader sorts its folders: without regard to case, then byte by byte.
-std::pair<icu::UnicodeString, std::string> sortingKey(const InstalledModule& module)
-{
-    std::string name = fs::path(module.folder).filename().string();
-    return {fromUtf8(name).toLower(), std::move(name)};
-}
-
 /// Renames a module's folder. A link of the new name, to a module of the system, makes way for it.
 void renameFolder(const fs::path& folder, const fs::path& newName)
 {
@@ -130,8 +119,11 @@ std::vector<InstalledModule> installedModules()
         addModules(ownModulesFolder(), true, modules);
     for (const fs::path& folder : systemFolders())
         addModules(folder, false, modules);
+    const auto sortingKey = [](const InstalledModule& module) {
+        return folderSortingKey(fs::path(module.folder).filename().string());
+    };
     std::sort(modules.begin(), modules.end(),
-              [](const auto& a, const auto& b) { return sortingKey(a) < sortingKey(b); });
+              [&](const auto& a, const auto& b) { return sortingKey(a) < sortingKey(b); });
     return modules;
 }
 
@@ -171,7 +163,9 @@ std::string makeFirst(const std::string& name)
 
 std::string moduleNameFrom(std::string_view utf8)
 {
-    const icu::UnicodeString text = fromUtf8(utf8).toLower();
+    const icu::UnicodeString text =
+        icu::UnicodeString::fromUTF8(icu::StringPiece(utf8.data(), static_cast<std::int32_t>(utf8.size())))
+            .toLower(icu::Locale::getRoot());
     icu::UnicodeString name;
     for (std::int32_t i = 0; i < text.length(); i = text.moveIndex32(i, 1)) {
         const UChar32 codePoint = text.char32At(i);

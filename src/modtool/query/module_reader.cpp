@@ -1,15 +1,13 @@
 #include "module_reader.h"
 
-#include "cp1251.h"
 #include "errors.h"
+#include "folder_names.h"
 #include "global_books.h"
 #include "input_file.h"
 #include "messages.h"
 #include "module_data.h"
 #include "module_format.h"
 #include "stored_markup.h"
-
-#include <unicode/unistr.h>
 
 #include <cerrno>
 #include <filesystem>
@@ -30,16 +28,6 @@ std::string withoutSlashes(std::string folder)
 int asSigned(unsigned int number) { return static_cast<int>(number); }
 
 } // namespace
-
-std::string folderTitle(const std::string& folder)
-{
-    std::error_code ignored;
-    std::string name = std::filesystem::path(folder).filename().string();
-    if (name.empty() || name == "." || name == "..")
-        name = std::filesystem::canonical(folder, ignored).filename().string();
-    const icu::UnicodeString text = icu::UnicodeString::fromUTF8(name);
-    return ut::to_cp1251({text.getBuffer(), static_cast<std::size_t>(text.length())});
-}
 
 CModuleReader::CModuleReader(const std::string& folder) : m_folder(withoutSlashes(folder))
 {

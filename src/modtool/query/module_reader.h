@@ -27,11 +27,6 @@ struct GlobalPosition
     auto operator<=>(const GlobalPosition&) const = default; // NOLINT(modernize-use-nullptr)
 };
 
-/// The folder's own name in Windows-1251: the title of a module without _Info_.txt. The engine's folder_name() says the
-/// same with a library that takes longer to load than a query takes.
-/// @param folder  native path, without a trailing '/'
-std::string folderTitle(const std::string& folder);
-
 /// A module opened for queries: the same readers as in Tolvo::CBible except for words and concordance, but
 /// damage is reported where CBible terminates the program. Not thread-safe. Operations throw only
 /// CModuleError.

@@ -4,6 +4,7 @@
 #include "thrown.h"
 
 #include <gtest/gtest.h>
+#include <unicode/locid.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -117,6 +118,15 @@ TEST_F(InstalledModules, NameIsMadeOfLettersAndDigits)
     EXPECT_EQ(moduleNameFrom("  ../Библия,  1940 г.! "), "библия-1940-г");
     EXPECT_EQ(moduleNameFrom("../.."), "");
     EXPECT_EQ(moduleNameFrom("!a"), "a");
+}
+
+TEST_F(InstalledModules, NameIsTheSameInEveryLanguageOfTheUser)
+{
+    const icu::Locale before = icu::Locale::getDefault();
+    UErrorCode status = U_ZERO_ERROR;
+    icu::Locale::setDefault("tr", status); // where I is no capital of i
+    EXPECT_EQ(moduleNameFrom("KJVI"), "kjvi");
+    icu::Locale::setDefault(before, status);
 }
 
 TEST_F(InstalledModules, OwnOneIsRemovedWhole)
