@@ -56,7 +56,12 @@ void ChapterView::setChapter(const QString& html)
         return;
     m_html = html;
     m_centredAt = nowhere;
+    // Otherwise the toolkit hides the scroll bar with the old text, and lays out the new one at both widths, each twice.
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setHtml(html);
+    if (verticalScrollBar()->maximum() < viewport()->height()) // it may fit at the other width
+        setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
 }
 
 int ChapterView::paragraphTop(int n) const

@@ -32,6 +32,7 @@ private slots:
     void markupInAVerseStaysInsideIt();
     void sameTextAgainChangesNothing();
     void anotherTextStartsAtItsTop();
+    void scrollBarIsThereWhereverTheTextNeedsIt();
     void centredParagraphIsInTheMiddle();
     void centringKeepsToTheText();
     void centringWhileHiddenHappensWhenShown();
@@ -94,6 +95,37 @@ void ChapterViewTest::anotherTextStartsAtItsTop()
     m_view->verticalScrollBar()->setValue(500);
     m_view->setChapter(chapter(99));
     QCOMPARE(scrolled(), 0);
+}
+
+/// And nowhere else, whatever was shown before. Among the heights are those at which a text fits only as long as there is no
+/// scroll bar.
+void ChapterViewTest::scrollBarIsThereWhereverTheTextNeedsIt()
+{
+    QTextBrowser plain;
+    plain.show();
+    int fitting = 0;
+    int scrolling = 0;
+    for (const int verses : {1, 3, 12}) {
+        QString text;
+        for (int words = 10; words < 10 + verses; ++words)
+            text += u"<p>"_s + u"дума "_s.repeated(words) + u"</p>\n"_s;
+        for (int height = 60; height < 800; height += 3) {
+            m_window->resize(500, height);
+            plain.resize(m_view->size());
+            for (const QString& before : {longChapter(), QString()}) {
+                m_view->setChapter(before);
+                m_view->setChapter(text);
+                plain.setHtml(text);
+                const bool isNeeded = plain.verticalScrollBar()->isVisible();
+                QCOMPARE(m_view->verticalScrollBar()->isVisible(), isNeeded);
+                QCOMPARE(m_view->verticalScrollBar()->maximum(), plain.verticalScrollBar()->maximum());
+                QCOMPARE(m_view->viewport()->width(), plain.viewport()->width());
+                QCOMPARE(scrolled(), 0);
+                ++(isNeeded ? scrolling : fitting);
+            }
+        }
+    }
+    QVERIFY(fitting > 100 && scrolling > 100);
 }
 
 void ChapterViewTest::centredParagraphIsInTheMiddle()
