@@ -19,7 +19,6 @@ CDetails::CDetails(const char* objectName)
     m_report->setAccessibleName(translated("Report"));
     m_report->setReadOnly(true);
     m_report->setTabChangesFocus(true);
-    m_report->setAcceptDrops(false);
     m_report->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     m_report->setLineWrapMode(QPlainTextEdit::NoWrap);
     QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);

@@ -21,12 +21,6 @@ namespace add_test {
 
 using namespace Kedrin;
 
-namespace {
-
-constexpr int longestWait = 30000; ///< milliseconds, on a machine that does much else
-
-} // namespace
-
 AddFixture::AddFixture() { ::setenv("XDG_DATA_HOME", m_home.file("data").c_str(), 1); }
 
 AddFixture::~AddFixture()
@@ -45,7 +39,7 @@ Add::CAddWindow& AddFixture::openWith(const ModTool::ISword& sword)
     return *m_window;
 }
 
-void AddFixture::drop(const QStringList& paths) const
+void AddFixture::dropOn(QWidget& target, const QStringList& paths) const
 {
     QMimeData data;
     QList<QUrl> urls;
@@ -53,11 +47,11 @@ void AddFixture::drop(const QStringList& paths) const
         urls.append(QUrl::fromLocalFile(path));
     data.setUrls(urls);
     QDragEnterEvent enter(QPoint(9, 9), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(m_window.get(), &enter);
+    QCoreApplication::sendEvent(&target, &enter);
     if (!enter.isAccepted())
         return;
     QDropEvent drop(QPointF(9, 9), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(m_window.get(), &drop);
+    QCoreApplication::sendEvent(&target, &drop);
 }
 
 void AddFixture::dropAndWait(const std::string& path) const

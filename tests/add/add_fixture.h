@@ -16,6 +16,8 @@ namespace add_test {
 /// A file of one verse, "Бог".
 inline constexpr const char* oneVerse = "Gen\t1\t1\tБог\n";
 
+inline constexpr int longestWait = 30000; ///< milliseconds, on a machine that does much else
+
 /// One window in a home of its own, with what people do to it and see of it. Only what a test installs is there.
 class AddFixture
 {
@@ -42,7 +44,8 @@ public:
     }
 
     /// Drops files or folders on the window.
-    void drop(const QStringList& paths) const;
+    void drop(const QStringList& paths) const { dropOn(*m_window, paths); }
+    void dropOn(QWidget& target, const QStringList& paths) const;
     /// The same for one, and waits until it has been read.
     void dropAndWait(const std::string& path) const;
     void click(const char* button) const;

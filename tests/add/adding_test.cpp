@@ -35,11 +35,13 @@ private slots:
     void whatIsLeftOutOrReplacedIsTold();
     void chosenFileIsRead();
     void droppedFolderIsRead();
+    void textDroppedOnAnyPartIsRead();
     void textThatIsNoneIsRefused();
     void twoFilesAreRefused();
     void markupIsShownAsItIs();
     void addsByKeyboard();
     void addsFirst();
+    void titleAndNameAreReachedByKeyboard();
     void editedTitleIsStored();
     void badNameIsToldAtTheField_data();
     void badNameIsToldAtTheField();
@@ -120,6 +122,22 @@ void AddingTest::droppedFolderIsRead()
     QCOMPARE(fixture.part<QLineEdit>("name")->text(), QStringLiteral("folder"));
 }
 
+void AddingTest::textDroppedOnAnyPartIsRead()
+{
+    AddFixture fixture;
+    fixture.open();
+    fixture.dropAndWait(fixture.file("changed.usfm", changedText));
+    fixture.click("details");
+    const auto* report = fixture.part<QPlainTextEdit>("detailsReport");
+    for (QWidget* part : {report->viewport(), fixture.part("title"), fixture.part("details")}) {
+        const std::string name = "beta-" + part->objectName().toStdString();
+        fixture.dropOn(*part, {QString::fromStdString(fixture.file(name + ".vpl"))});
+        QTRY_VERIFY_WITH_TIMEOUT(!fixture.isWorking(), longestWait);
+        QCOMPARE(fixture.part<QLineEdit>("title")->text(), QString::fromStdString(name));
+        fixture.dropAndWait(fixture.file("changed.usfm", changedText));
+    }
+}
+
 void AddingTest::textThatIsNoneIsRefused()
 {
     AddFixture fixture;
@@ -189,6 +207,17 @@ void AddingTest::addsFirst()
     QVERIFY(fixture.textOf("message").endsWith(QStringLiteral("it opens this translation.")));
 }
 
+void AddingTest::titleAndNameAreReachedByKeyboard()
+{
+    AddFixture fixture;
+    fixture.open();
+    fixture.dropAndWait(fixture.file("alpha.vpl"));
+    QTest::keyClick(&fixture.window(), Qt::Key_N, Qt::AltModifier);
+    QCOMPARE(fixture.window().focusWidget(), fixture.part("name"));
+    QTest::keyClick(&fixture.window(), Qt::Key_E, Qt::AltModifier);
+    QCOMPARE(fixture.window().focusWidget(), fixture.part("title"));
+}
+
 void AddingTest::editedTitleIsStored()
 {
     AddFixture fixture;
@@ -198,6 +227,8 @@ void AddingTest::editedTitleIsStored()
     QCOMPARE(fixture.textOf("titleNote"),
              QStringLiteral("Enter a title; the menu of Kedrin lists the translation by it."));
     QVERIFY(!fixture.part("add")->isEnabled());
+    fixture.typeInto("title", QString(255, u'я'));
+    QVERIFY(!fixture.isSeen("titleNote"));
     fixture.typeInto("title", QString(256, u'я'));
     QCOMPARE(fixture.textOf("titleNote"), QStringLiteral("The title is too long."));
     fixture.typeInto("title", QStringLiteral("Нов <i>превод</i> & друго"));

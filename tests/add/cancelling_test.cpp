@@ -12,8 +12,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int longestWait = 30000; ///< milliseconds, on a machine that does much else
-
 } // namespace
 
 /// What is being read or added is ended before it is complete.

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # no_texts_test.sh KEDRIN-ADD PICTURES: the box that the launcher has shown where there is no text: closed, the program ends;
-# accepted, it opens its window.
+# accepted, it opens its window; and without the box the window opens at once.
 set -euo pipefail
 kedrin_add=$1 pictures=$2
 source "$(dirname "$(readlink -f "$0")")/../window/smoke/smoke_lib.sh"
@@ -36,8 +36,16 @@ answer() {
 answer Escape
 ends 255
 answer Return
-window=$(timeout 60 xdotool search --all --sync --onlyvisible --pid "$pid" --name 'Текстове за Kedrin' | head -n 1)
-[ -n "$window" ] || fail "no window"
-xdotool windowfocus "$window"
-key ctrl+q
-ends 0
+closes_the_window() {
+    local window
+    window=$(timeout 60 xdotool search --all --sync --onlyvisible --pid "$pid" --name 'Текстове за Kedrin' | head -n 1)
+    [ -n "$window" ] || fail "no window"
+    xdotool windowfocus "$window"
+    key ctrl+q
+    ends 0
+}
+closes_the_window
+
+"$kedrin_add" &
+pid=$!
+closes_the_window

@@ -15,8 +15,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int longestWait = 30000; ///< milliseconds, on a machine that does much else
-
 /// The names in the folder of downloaded texts, hidden ones too.
 QStringList texts(const SwordFixture& fixture)
 {

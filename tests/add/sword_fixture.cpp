@@ -11,12 +11,6 @@ namespace add_test {
 
 namespace fs = std::filesystem;
 
-namespace {
-
-constexpr int longestWait = 30000; ///< milliseconds, on a machine that does much else
-
-} // namespace
-
 SwordFixture::SwordFixture() { offer("Made", "Description=Направена\nLang=bg\nInstallSize=4200000\n"); }
 
 void SwordFixture::offer(const std::string& name, const std::string& configuration) const
