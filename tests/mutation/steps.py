@@ -33,6 +33,7 @@ class Folder:
 
     folder: str  # below tests
     without: str = r"\.x\."
+    programs: tuple = ()  # which its tests run
 
     @property
     def name(self):
@@ -40,7 +41,7 @@ class Folder:
 
     @property
     def targets(self):
-        return [f"tests/{self.folder}/all"]
+        return [f"tests/{self.folder}/all", *self.programs]
 
     def command(self, build, limit):
         return ["ctest", "--test-dir", f"{build}/tests/{self.folder}", "-j", "2", "--stop-on-failure", "--timeout",
@@ -61,7 +62,7 @@ MODTOOL = [Program(f"modtool/{name}", f"modtool_{name}_tests", NEEDS_ALL_TESTS)
            for name in ("terminal", "text", "numbering", "source", "files", "check", "install", "build", "sword", "query")]
 COMMAND = Folder("modtool/command", r"\.x\.|modtool\.install")  # which installs the whole build
 
-ADD = Folder("add", r"\.x\.|add\.sword_part")  # which needs the programs
+ADD = Folder("add", programs=("kedrin-add", "kedrin-add-sword"))
 
 
 def steps_for(file):
