@@ -2,6 +2,7 @@
 #include "word_model.h"
 
 #include <QAbstractItemView>
+#include <QScrollBar>
 #include <QStringListModel>
 
 using namespace Qt::StringLiterals;
@@ -37,6 +38,7 @@ private slots:
     void sizeHintDoesNotWalkTheList();
     void openingALongListCostsLittle();
     void openListIsAsWideAsItsWords();
+    void openLongListHasRoomForItsWordsBesideTheScrollBar();
     void noListLeavesTheText();
     void destroyedListLeavesTheText();
     void itemsAfterAListShowThemselves();
@@ -159,6 +161,22 @@ void ComboListTest::openListIsAsWideAsItsWords()
     QVERIFY(QTest::qWaitForWindowExposed(list->window()));
     QCOMPARE(list->window()->width(), m->box->width());
     m->box->hidePopup();
+}
+
+void ComboListTest::openLongListHasRoomForItsWordsBesideTheScrollBar()
+{
+    const QString longWord(40, u'щ');
+    QStringListModel words(QStringList(100, longWord));
+    m->box->setListModel(&words);
+    m->box->showPopup();
+    auto* list = m->box->view();
+    QVERIFY(QTest::qWaitForWindowExposed(list->window()));
+    QVERIFY(list->verticalScrollBar()->isVisible());
+    const QRect row = list->visualRect(words.index(0, 0));
+    const auto picture = [&] { return list->viewport()->grab(row).toImage(); };
+    const QImage open = picture();
+    list->setTextElideMode(Qt::ElideNone); // if nothing has been left out, this changes nothing
+    QCOMPARE(picture(), open);
 }
 
 void ComboListTest::noListLeavesTheText()

@@ -44,6 +44,7 @@ private slots:
     void hintGoesRoundTheChildren();
     void emptyPanelIsAsLargeAsItsTitle();
     void titleShrinksToFitAboveTheChildren();
+    void titleIsPaintedAsInAPanelOfTheReducedFont();
     void panelKeepsItsWidthInAGrid();
     void framelessBoxPaintsNothing();
     void fontThatFitsStays();
@@ -100,6 +101,21 @@ void PanelTest::titleShrinksToFitAboveTheChildren()
                 lowest = y;
     QVERIFY(lowest > 3);
     QVERIFY(lowest < 20);
+}
+
+void PanelTest::titleIsPaintedAsInAPanelOfTheReducedFont()
+{
+    Panel panel;
+    QFont large = panel.font();
+    large.setPointSize(24);
+    panel.setFont(large);
+    panel.setTitle(u"Търсене"_s);
+    panel.resize(181, 575);
+    Panel reduced;
+    reduced.setFont(panel.paintedFont());
+    reduced.setTitle(panel.title());
+    reduced.resize(panel.size());
+    QCOMPARE(painted(panel), painted(reduced));
 }
 
 void PanelTest::panelKeepsItsWidthInAGrid()
