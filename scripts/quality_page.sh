@@ -3,7 +3,7 @@
 # or script that measures it has written. doc.quality compares the page with them.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
-sections=(coverage mutation static damage endurance failing-calls hostile-sources speed)
+sections=(coverage mutation static damage endurance failing-calls hostile-sources speed speed-history)
 
 print_page() {
     cat <<'END'
