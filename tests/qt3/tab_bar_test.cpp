@@ -1,6 +1,22 @@
 #include "tab_bar_fixture.h"
 
+#include <QProxyStyle>
+
 using namespace Qt::StringLiterals;
+
+namespace {
+
+class StyleWithoutArrows : public QProxyStyle
+{
+public:
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* returned) const override
+    {
+        return hint == SH_TabBar_PreferNoArrows ? 1 : QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+};
+
+} // namespace
 
 class TabBarTest : public QObject, private TabBarFixture
 {
@@ -28,6 +44,7 @@ private slots:
     void labelStaysAsGiven();
     void deletingTheBarEmitsNothing();
     void tabsAreAsWideAsTheirLabels();
+    void arrowsAreThereInStylesWithoutThem();
 };
 
 void TabBarTest::identifiersCountFromZeroAndAreNeverReused()
@@ -213,6 +230,15 @@ void TabBarTest::tabsAreAsWideAsTheirLabels()
     addThree();
     m_bar->resize(1000, 40);
     QVERIFY(m_bar->tabRect(2).right() < 500);
+}
+
+/// Without them the bar would make the window as wide as all tabs.
+void TabBarTest::arrowsAreThereInStylesWithoutThem()
+{
+    StyleWithoutArrows style;
+    m_bar->setStyle(&style);
+    QVERIFY(m_bar->usesScrollButtons());
+    m_bar->setStyle(nullptr);
 }
 
 QTEST_MAIN(TabBarTest)
