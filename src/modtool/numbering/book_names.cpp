@@ -1,15 +1,17 @@
 #include "book_names.h"
 
+#include "ascii.h"
 #include "global_books.h"
 #include "text_columns.h"
 #include "text_encoder.h"
 
 #include <unicode/uchar.h>
 #include <unicode/unistr.h>
-#include <unicode/utf16.h>
 #include <unicode/utf8.h>
 
 #include <algorithm>
+#include <optional>
+#include <utility>
 
 namespace Kedrin::ModTool {
 
@@ -104,16 +106,48 @@ std::string utf8Of(std::u16string_view text)
 }
 
 /// Replaces a leading Roman numeral from I to IV, followed by a space, by a digit.
-icu::UnicodeString withDigits(const icu::UnicodeString& name)
+std::string withDigit(std::string_view name)
 {
-    const std::u16string_view units(name.getBuffer(), static_cast<std::size_t>(name.length()));
-    const std::size_t blank = units.find(u' ');
-    constexpr std::array<std::u16string_view, 4> numbers = {u"i", u"ii", u"iii", u"iv"};
+    constexpr std::array<std::string_view, 4> numbers = {"i ", "ii ", "iii ", "iv "};
     for (std::size_t i = 0; i < numbers.size(); ++i)
-        if (blank == numbers[i].size() && units.starts_with(numbers[i]))
-            return icu::UnicodeString(static_cast<char16_t>(u'1' + i)) +
-                   name.tempSubString(static_cast<int32_t>(blank));
-    return name;
+        if (lower(name.substr(0, numbers[i].size())) == numbers[i])
+            return static_cast<char>('1' + i) + std::string(name.substr(numbers[i].size()));
+    return std::string(name);
+}
+
+/// The key of a text of ASCII and the letters from А to я, which are composed already: nearly every name is one.
+/// @returns nothing for any other text
+std::optional<std::string> plainKey(std::string_view utf8)
+{
+    const auto* const bytes = reinterpret_cast<const std::uint8_t*>(utf8.data());
+    std::string key(utf8.size(), '\0'); // a small letter has as many bytes as its capital
+    std::size_t keySize = 0;
+    for (std::size_t i = 0; i < utf8.size();) {
+        UChar32 decoded; // negative for invalid bytes
+        U8_NEXT(bytes, i, utf8.size(), decoded);
+        auto character = static_cast<char32_t>(decoded);
+        if ((character >= U'A' && character <= U'Z') || (character >= U'А' && character <= U'Я'))
+            character += 0x20;
+        if ((character >= U'a' && character <= U'z') || (character >= U'а' && character <= U'я') ||
+            (character >= U'0' && character <= U'9'))
+            U8_APPEND_UNSAFE(key, keySize, character);
+        else if (character >= 0x80)
+            return std::nullopt;
+    }
+    key.resize(keySize);
+    return key;
+}
+
+/// The key of any text.
+std::string unicodeKey(std::string_view utf8)
+{
+    const icu::UnicodeString name = composed(utf8).foldCase();
+    icu::UnicodeString letters;
+    for (std::int32_t i = 0; i < name.length(); i = name.moveIndex32(i, 1))
+        if (const UChar32 character = name.char32At(i); u_isalnum(character))
+            letters.append(character);
+    std::string key;
+    return letters.toUTF8String(key);
 }
 
 /// The only book with a name whose key `accept` accepts; "" for none or several.
@@ -137,20 +171,9 @@ std::string onlyBook(Accept&& accept)
 
 std::string nameKey(std::string_view utf8)
 {
-    const icu::UnicodeString name = withDigits(composed(utf8).foldCase());
-    const char16_t* units = name.getBuffer();
-    std::string key;
-    for (int32_t i = 0; i < name.length();) {
-        UChar32 character;
-        U16_NEXT(units, i, name.length(), character);
-        if (!u_isalnum(character))
-            continue;
-        std::array<char, U8_MAX_LENGTH> bytes;
-        std::size_t count = 0;
-        U8_APPEND_UNSAFE(bytes, count, character);
-        key.append(bytes.data(), count);
-    }
-    return key;
+    const std::string name = withDigit(utf8);
+    std::optional<std::string> key = plainKey(name);
+    return key ? *std::move(key) : unicodeKey(name);
 }
 
 std::vector<std::string> globalBookNames(unsigned int globalID)

@@ -3,6 +3,9 @@
 #include "book_names.h"
 
 #include <gtest/gtest.h>
+#include <unicode/unistr.h>
+
+#include <string>
 
 namespace {
 
@@ -37,6 +40,23 @@ TEST(BookNames, KeysOfEqualTextsAreEqual)
     EXPECT_EQ(nameKey("STRASSE"), nameKey("straße")) << "folded to more letters";
     EXPECT_EQ(nameKey("\U00010400x"), "\U00010428x") << "beyond 16 bits";
     EXPECT_EQ(nameKey("\U0001F4D6 Рут"), "рут") << "a symbol beyond 16 bits";
+}
+
+// Names of plain letters are folded without the Unicode library; a letter of another alphabet makes it fold all of them.
+TEST(BookNames, KeysOfPlainLettersAreThoseOfTheUnicodeLibrary)
+{
+    for (UChar32 character = 1; character < 0x600; ++character) {
+        std::string name = "Ж";
+        icu::UnicodeString(character).toUTF8String(name);
+        name += "I ъ";
+        EXPECT_EQ("é" + nameKey(name), nameKey("é" + name)) << "U+" << std::hex << character;
+    }
+}
+
+TEST(BookNames, InvalidBytesAreNoLetters)
+{
+    EXPECT_EQ(nameKey("Из\xFFх"), "изх");
+    EXPECT_EQ(nameKey("Gen\xD0"), "gen");
 }
 
 } // namespace
