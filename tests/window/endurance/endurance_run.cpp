@@ -3,12 +3,12 @@
 
 #include "application.h"
 #include "damaged_reading.h"
-#include "forked.h"
 #include "sanitized.h"
 #include "user.h"
 
 #include <QTest>
 
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <unistd.h>
@@ -31,17 +31,28 @@ double residentMemory()
     return static_cast<double>(resident) * static_cast<double>(::sysconf(_SC_PAGESIZE)) / (1 << 20);
 }
 
+/// The files that are open. Other descriptors come and go with the threads in which the toolkit paints.
+QStringList openFiles()
+{
+    QStringList files;
+    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
+        std::error_code closedMeanwhile;
+        const std::filesystem::path file = std::filesystem::read_symlink(entry.path(), closedMeanwhile);
+        if (file.is_absolute() && !file.string().ends_with("/fd")) // not the listing itself
+            files.append(QString::fromStdString(file.string()));
+    }
+    return files;
+}
+
 /// The highest values of a part of the session.
 struct Level
 {
     qsizetype objects = 0;
-    int files = 0;
     double memory = 0;
 
     void measure(const BibleForm& form)
     {
         objects = std::max(objects, form.findChildren<QObject*>().size() + QApplication::allWidgets().size());
-        files = std::max(files, test_support::openDescriptors());
         memory = std::max(memory, residentMemory());
     }
 };
@@ -55,16 +66,19 @@ struct Session
 };
 
 /// What is wrong after an action; empty if nothing is.
-QString defectAfter(User& user, const Model& model, int filesBefore)
+QString defectAfter(User& user, const Model& model, qsizetype filesBefore)
 {
     if (const QString exception = window_test::DamagedReading::slotException(); !exception.isEmpty())
         return QStringLiteral("exception out of a slot: ") + exception;
     if (const QString difference = user.seen().differenceFrom(model.seen()); !difference.isEmpty())
         return difference;
-    const int files = test_support::openDescriptors() - filesBefore;
-    const int expected = filesOfATranslation * model.tabCount();
-    if (files != expected)
-        return QStringLiteral("%1 files are open, expected %2").arg(files).arg(expected);
+    const QStringList files = openFiles();
+    if (const qsizetype expected = filesBefore + filesOfATranslation * model.tabCount();
+        files.size() != expected)
+        return QStringLiteral("%1 files are open, expected %2: %3")
+            .arg(files.size())
+            .arg(expected)
+            .arg(files.join(u' '));
     return {};
 }
 
@@ -89,7 +103,7 @@ void useWindow(window_test::FormFixture& window, Session& session, unsigned int 
     for (int n = 0; n < translations().size(); ++n)
         window.install(std::to_string(n), translations()[n].files());
     const BibleForm& form = window.open();
-    const int filesBefore = test_support::openDescriptors() - filesOfATranslation; // the toolkit's own
+    const qsizetype filesBefore = openFiles().size() - filesOfATranslation; // the toolkit's own
     User user(window, model, random);
     model.chooseInMenu(0);
     model.chooseBook(0);
@@ -108,7 +122,7 @@ void useWindow(window_test::FormFixture& window, Session& session, unsigned int 
     if (session.defect.isEmpty())
         checkLevels(session);
     window.closeForm();
-    if (session.defect.isEmpty() && test_support::openDescriptors() != filesBefore)
+    if (session.defect.isEmpty() && openFiles().size() != filesBefore)
         session.defect = QStringLiteral("files stay open after the window was closed");
 }
 
