@@ -19,6 +19,8 @@ if(KEDRIN_SANITIZE)
 endif()
 if(KEDRIN_COVERAGE)
   add_compile_options(-fprofile-instr-generate -fcoverage-mapping -fprofile-update=atomic)
+  # the counters are kept in the file itself, so that a process that a signal or _exit() ends is counted too
+  add_compile_options("SHELL:-mllvm -runtime-counter-relocation=true")
   add_link_options(-fprofile-instr-generate)
 endif()
 if(KEDRIN_LIBFUZZER)

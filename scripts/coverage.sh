@@ -24,7 +24,7 @@ if [ $# -eq 0 ]; then
     ctest --preset coverage -j "$(nproc)"
 else
     note="The tests of these folders ran: \`$*\`."
-    export LLVM_PROFILE_FILE=$PWD/$out/profiles/%2m.profraw
+    export LLVM_PROFILE_FILE=$PWD/$out/profiles/%c%m.profraw
     for folder in "${tests[@]}"; do
         ctest --test-dir "$out/tests/$folder" -j "$(nproc)" -E '\.x\.' --output-on-failure
     done

@@ -22,8 +22,8 @@ HEADING = """## Coverage
 
 `scripts/coverage.sh` builds with the counters of clang++, runs the tests, and lets llvm-cov count. Lines and branches are
 those of the source: a branch is one way that a condition goes, each part of `&&` and `||` by itself; what the compiler adds
-for exceptions and destructors is none. A process that a test ends by a signal or by `_exit()` writes no counters, so what
-only it reaches counts as not reached.
+for exceptions and destructors is none. The counters are kept in their file while a process runs, so that what it reached is
+counted also if a test ends it by a signal.
 
 {note}
 
