@@ -5,8 +5,8 @@
 
 prints the lines that no test reached, and writes doc/quality/coverage.md from what llvm-cov counted in the FOLDERs of src.
 NOTE says which tests ran. Rows of explained.tsv (a file, a line without its indentation, the reason) stand for one line
-each that cannot be counted; with " {}" after it for the function that begins with the line, and with * instead for the whole
-file. They are left out of the comparison with the goals, and so are the branches of such a file. Ends with 1 if there is no
+each that cannot be counted; with " {}" after it for the function that begins with the line. They are left out of the comparison
+with the goals. A row with * instead of a line leaves out the branches of the file. Ends with 1 if there is no
 such line that was not reached, or if a goal is missed.
 """
 
@@ -50,7 +50,7 @@ def main(counted, note, folders):
     for name, lines in missed.items():
         for number, text in lines:
             print(f"{name}:{number}: {text}")
-    for file, text in unneeded(explained, missed, folders):
+    for file, text in unneeded(explained, missed, files, folders):
         print(f"explained.tsv: {file} has no line {text} that was not reached, or fewer than rows")
         is_green = False
     write(HEADING.format(note=note) + "".join(rows) + table(explained))
@@ -90,7 +90,7 @@ def explained_count(explained, name, lines):
     rows = collections.Counter(text for file, text, _ in explained if file == name)
     numbers = {number for text in rows for number in function_lines(name, text)}
     outside = collections.Counter(text for number, text in lines if number not in numbers)
-    return len(lines) if rows["*"] else len(lines) - (outside - rows).total()
+    return len(lines) - (outside - rows).total()
 
 
 def function_lines(name, text):
@@ -102,13 +102,13 @@ def function_lines(name, text):
     return range(first + 1, source.index("}", first) + 2)
 
 
-def unneeded(explained, missed, folders):
-    """@returns file and line of the rows whose line was reached"""
+def unneeded(explained, missed, files, folders):
+    """@returns file and line of the rows whose line was reached, or whose branches were all taken"""
     rows = collections.Counter((file, text) for file, text, _ in explained if file.split("/")[1] in folders)
     found = collections.Counter((name, text) for name, lines in missed.items() for _, text in lines)
     for file, text in rows:
         numbers = {number for number, _ in missed.get(file, [])}
-        if (text == "*" and numbers) or numbers.intersection(function_lines(file, text)):
+        if (text == "*" and 0 in files[file].branches) or numbers.intersection(function_lines(file, text)):
             found[file, text] += 1
     return (rows - found).elements()
 
