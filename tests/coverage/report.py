@@ -5,9 +5,8 @@
 
 prints the lines that no test reached, and writes doc/quality/coverage.md from what llvm-cov counted in the FOLDERs of src.
 NOTE says which tests ran. Rows of explained.tsv (a file, a line without its indentation, the reason) stand for one line
-each that cannot be counted; with " {}" after it for the function that begins with the line. They are left out of the comparison
-with the goals. A row with * instead of a line leaves out the branches of the file. Ends with 1 if there is no
-such line that was not reached, or if a goal is missed.
+each that cannot be reached. They are left out of the comparison with the goals. A row with * instead of a line leaves out the
+branches of the file. Ends with 1 if there is no such line that was not reached, or if a goal is missed.
 """
 
 import collections
@@ -88,18 +87,7 @@ def missed_lines(name, file):
 def explained_count(explained, name, lines):
     """@returns how many of the lines that were not reached have a row"""
     rows = collections.Counter(text for file, text, _ in explained if file == name)
-    numbers = {number for text in rows for number in function_lines(name, text)}
-    outside = collections.Counter(text for number, text in lines if number not in numbers)
-    return len(lines) - (outside - rows).total()
-
-
-def function_lines(name, text):
-    """@returns the numbers of the lines of the function that begins with the line `text`, which " {}" follows"""
-    source = (PROJECT / name).read_text().split("\n")
-    if not text.endswith(" {}") or text.removesuffix(" {}") not in source:
-        return range(0)
-    first = source.index(text.removesuffix(" {}"))
-    return range(first + 1, source.index("}", first) + 2)
+    return len(lines) - (collections.Counter(text for _, text in lines) - rows).total()
 
 
 def unneeded(explained, missed, files, folders):
@@ -107,8 +95,7 @@ def unneeded(explained, missed, files, folders):
     rows = collections.Counter((file, text) for file, text, _ in explained if file.split("/")[1] in folders)
     found = collections.Counter((name, text) for name, lines in missed.items() for _, text in lines)
     for file, text in rows:
-        numbers = {number for number, _ in missed.get(file, [])}
-        if (text == "*" and 0 in files[file].branches) or numbers.intersection(function_lines(file, text)):
+        if text == "*" and 0 in files[file].branches:
             found[file, text] += 1
     return (rows - found).elements()
 
