@@ -9,6 +9,7 @@
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QStringListModel>
+#include <QStyleOptionComboBox>
 
 #include <algorithm>
 #include <limits>
@@ -37,8 +38,6 @@ ComboBox::ComboBox(QWidget* parent) : QComboBox(parent)
     setLineEdit(edit);
     setCompleter(nullptr);
     setInsertPolicy(NoInsert);
-    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
-    setMinimumContentsLength(shortestContents);
 
     // Qt looks the text up on Return and when the focus is lost, and reports a choice if it is an item.
     disconnect(edit, &QLineEdit::editingFinished, this, nullptr);
@@ -51,9 +50,6 @@ ComboBox::ComboBox(QWidget* parent) : QComboBox(parent)
 
     m_items = new QStringListModel(edit);
     exchangeModel(m_items);
-    if (auto* list = qobject_cast<QListView*>(view()))
-        list->setUniformItemSizes(true);
-    view()->setTextElideMode(Qt::ElideRight);
 }
 
 ComboBox::~ComboBox() { disconnect(m_modelGone); }
@@ -112,8 +108,27 @@ void ComboBox::setCurrentText(const QString& text)
         lineEdit()->setText(text);
 }
 
+QSize ComboBox::sizeHint() const
+{
+    // As with the policy AdjustToMinimumContentsLengthWithIcon of the toolkit, but setting that creates the list.
+    constexpr int iconGap = 4;
+    constexpr int lineGap = 2;
+    const QFontMetrics metrics = fontMetrics();
+    const QSize icon = iconSize();
+    const int width = shortestContents * metrics.horizontalAdvance(u'X') + icon.width() + iconGap;
+    const int height = std::max(metrics.height(), icon.height()) + lineGap;
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    return style()->sizeFromContents(QStyle::CT_ComboBox, &option, QSize(width, height), this);
+}
+
+QSize ComboBox::minimumSizeHint() const { return sizeHint(); }
+
 void ComboBox::showPopup()
 {
+    if (auto* list = qobject_cast<QListView*>(view()))
+        list->setUniformItemSizes(true);
+    view()->setTextElideMode(Qt::ElideRight);
     const QString text = currentText();
     const bool isCurrent = text.isEmpty() || text == itemText(currentIndex());
     const int item = isCurrent ? -1 : findItem(text, Qt::MatchStartsWith);
@@ -157,7 +172,11 @@ void ComboBox::focusOutEvent(QFocusEvent* event)
 
 void ComboBox::changeEvent(QEvent* event)
 {
-    QComboBox::changeEvent(event);
+    // The toolkit would create the list to give it the font, which it has from the box anyway.
+    if (event->type() == QEvent::FontChange)
+        QWidget::changeEvent(event);
+    else
+        QComboBox::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
         fitText();
 }
@@ -212,12 +231,16 @@ void ComboBox::exchangeModel(QAbstractItemModel* model)
     disconnect(m_modelGone);
     if (model != m_items)
         m_modelGone = connect(model, &QObject::destroyed, this, [this] { setListModel(nullptr); });
-    const QItemSelectionModel* selection = view()->selectionModel();
+    const QAbstractItemView* list = createdList();
+    const QItemSelectionModel* selection = list ? list->selectionModel() : nullptr;
     setModel(model);
-    if (view()->selectionModel() != selection)
+    if (list && list->selectionModel() != selection)
         delete selection; // the view does not delete it, and its parent is the model, which may live on
     setCurrentItem(0);
 }
+
+/// Null before the list is opened for the first time; view() would create it, which takes time at the start.
+QAbstractItemView* ComboBox::createdList() const { return findChild<QAbstractItemView*>(); }
 
 /// The first item that matches, from `start` on; -1 when there is none.
 int ComboBox::findItem(const QString& text, Qt::MatchFlags flags, int start) const

@@ -24,7 +24,8 @@ namespace qt3 {
 /// unchanged.
 ///
 /// The list opens at the first item that begins with the text in the box, wider than the box if the items
-/// around that one need it. Neither replacing the list nor sizeHint() reads all items.
+/// around that one need it; it is created then. Neither replacing the list nor sizeHint(), which has room for
+/// seven letters, reads all items.
 class ComboBox : public QComboBox
 {
     Q_OBJECT
@@ -80,6 +81,8 @@ public:
     /// changes. Emits neither activatedItem() nor activatedText().
     void setCurrentText(const QString& text);
 
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
     void showPopup() override;
 
 signals:
@@ -102,6 +105,7 @@ private:
     void fitText();
     int listWidth(int item) const;
     void exchangeModel(QAbstractItemModel* model);
+    QAbstractItemView* createdList() const;
     int findItem(const QString& text, Qt::MatchFlags flags, int start = 0) const;
     int shownItem() const;
 

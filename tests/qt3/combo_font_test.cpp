@@ -25,15 +25,44 @@ public:
 
 } // namespace
 
-/// The font of the text in a box that is too low for its font.
+/// The size hint of a box for its font, and the font of the text in a box that is too low for it.
 class ComboFontTest : public QObject
 {
     Q_OBJECT
 
 private slots:
+    void hintIsThatOfTheToolkit_data();
+    void hintIsThatOfTheToolkit();
     void textOfALowBoxShrinksAndTheBoxKeepsItsFont();
     void anotherStyleAloneFitsTheTextAnew();
 };
+
+void ComboFontTest::hintIsThatOfTheToolkit_data()
+{
+    QTest::addColumn<QFont>("font");
+    QTest::newRow("lower than an icon") << QFont(u"DejaVu Sans"_s, 5);
+    QTest::newRow("usual") << QFont(u"DejaVu Sans"_s, 10);
+    QTest::newRow("large") << QFont(u"DejaVu Serif"_s, 31);
+}
+
+/// Compares with a box of the toolkit that has room for seven letters.
+void ComboFontTest::hintIsThatOfTheToolkit()
+{
+    QFETCH(QFont, font);
+    QComboBox toolkits;
+    toolkits.setEditable(true);
+    toolkits.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    toolkits.setMinimumContentsLength(7);
+    qt3::ComboBox box;
+    box.setItems({u"Втора книга Паралипоменон"_s});
+    for (QComboBox* each : {&toolkits, static_cast<QComboBox*>(&box)})
+        each->setFont(font);
+    QCOMPARE(box.sizeHint(), toolkits.sizeHint());
+    QCOMPARE(box.minimumSizeHint(), toolkits.minimumSizeHint());
+    toolkits.setIconSize({40, 60});
+    box.setIconSize({40, 60});
+    QCOMPARE(box.sizeHint(), toolkits.sizeHint());
+}
 
 void ComboFontTest::textOfALowBoxShrinksAndTheBoxKeepsItsFont()
 {

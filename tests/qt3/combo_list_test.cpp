@@ -2,7 +2,6 @@
 #include "word_model.h"
 
 #include <QAbstractItemView>
-#include <QScrollBar>
 #include <QStringListModel>
 
 using namespace Qt::StringLiterals;
@@ -36,14 +35,9 @@ private slots:
     void exchangeOfAnEmptyTextStaysEmpty();
     void exchangeCostsNothing();
     void sizeHintDoesNotWalkTheList();
-    void openingALongListCostsLittle();
-    void openListIsAsWideAsItsWords();
-    void openLongListHasRoomForItsWordsBesideTheScrollBar();
     void noListLeavesTheText();
     void destroyedListLeavesTheText();
     void itemsAfterAListShowThemselves();
-    void listOpensAtTheTextInTheBox();
-    void listOpensAtTheFirstItem();
     void textSetKeepsItsCaseInACaselessList();
     void callerKeepsTheList();
     void boxMayDieBeforeOrAfterTheList();
@@ -134,51 +128,6 @@ void ComboListTest::sizeHintDoesNotWalkTheList()
     QVERIFY(m_words.takeAsked() < 50);
 }
 
-void ComboListTest::openingALongListCostsLittle()
-{
-    m->box->setEditText({});
-    m->box->setListModel(&m_words);
-    m->box->showPopup();
-    QVERIFY(QTest::qWaitForWindowExposed(m->box->view()->window()));
-    const int asked = m_words.takeAsked();
-    QVERIFY2(asked < 2000, qPrintable(QString::number(asked)));
-    m->box->hidePopup();
-}
-
-void ComboListTest::openListIsAsWideAsItsWords()
-{
-    const QString longWord(40, u'щ');
-    QStringListModel words({u"ад"_s, longWord});
-    m->box->setListModel(&words);
-    m->box->showPopup();
-    const QAbstractItemView* list = m->box->view();
-    QVERIFY(QTest::qWaitForWindowExposed(list->window()));
-    QVERIFY(list->viewport()->width() > list->fontMetrics().horizontalAdvance(longWord));
-    m->box->hidePopup();
-
-    words.setStringList({u"ад"_s});
-    m->box->showPopup();
-    QVERIFY(QTest::qWaitForWindowExposed(list->window()));
-    QCOMPARE(list->window()->width(), m->box->width());
-    m->box->hidePopup();
-}
-
-void ComboListTest::openLongListHasRoomForItsWordsBesideTheScrollBar()
-{
-    const QString longWord(40, u'щ');
-    QStringListModel words(QStringList(100, longWord));
-    m->box->setListModel(&words);
-    m->box->showPopup();
-    auto* list = m->box->view();
-    QVERIFY(QTest::qWaitForWindowExposed(list->window()));
-    QVERIFY(list->verticalScrollBar()->isVisible());
-    const QRect row = list->visualRect(words.index(0, 0));
-    const auto picture = [&] { return list->viewport()->grab(row).toImage(); };
-    const QImage open = picture();
-    list->setTextElideMode(Qt::ElideNone); // if nothing has been left out, this changes nothing
-    QCOMPARE(picture(), open);
-}
-
 void ComboListTest::noListLeavesTheText()
 {
     m->box->setListModel(&m_words);
@@ -217,29 +166,6 @@ void ComboListTest::itemsAfterAListShowThemselves()
     m->box->clearItems();
     QCOMPARE(m->box->count(), 0);
     QCOMPARE(m->text(), QString());
-}
-
-void ComboListTest::listOpensAtTheTextInTheBox()
-{
-    m->box->setListModel(&m_words);
-    m->box->setEditText(u"Дума 4321"_s);
-    m->box->showPopup();
-    QVERIFY(QTest::qWaitForWindowExposed(m->box->view()->window()));
-    QCOMPARE(m->box->view()->currentIndex().row(), 4321);
-    QTest::keyClick(m->box->view(), Qt::Key_Escape);
-    QCOMPARE(m->box->currentItem(), 0);
-    QCOMPARE(m->text(), u"Дума 4321"_s);
-    QCOMPARE(m->takeTold(), QStringList());
-}
-
-void ComboListTest::listOpensAtTheFirstItem()
-{
-    m->box->setListModel(&m_words);
-    m->box->setCurrentItem(4321);
-    m->box->setEditText(u"Дума 0"_s);
-    m->box->showPopup();
-    QVERIFY(QTest::qWaitForWindowExposed(m->box->view()->window()));
-    QCOMPARE(m->box->view()->currentIndex().row(), 0);
 }
 
 void ComboListTest::textSetKeepsItsCaseInACaselessList()
