@@ -58,10 +58,7 @@ void CBible::searchWord(CConc& conc, const std::string& word, std::vector<CRef>&
         return;
     std::vector<unsigned int> verseNums;
     conc.readVersesFor(static_cast<unsigned int>(wordIndex), verseNums);
-    searchResult.reserve(verseNums.size());
-    CGlobalRefs::Walk refs(globalRefs());
-    for (const unsigned int verseNum : verseNums)
-        refs.append(verseNum, searchResult);
+    CGlobalRefs::Walk(globalRefs()).append(verseNums, searchResult);
 }
 
 namespace {

@@ -19,6 +19,20 @@ CGlobalRefs::CGlobalRefs(const CBible& bible, const CBibleStructure& structure) 
     m_runs.push_back({.firstNum = total});
 }
 
+void CGlobalRefs::Walk::append(const std::vector<unsigned int>& localVerseNums, std::vector<CRef>& list)
+{
+    list.reserve(list.size() + localVerseNums.size());
+    for (auto num = localVerseNums.begin(); num != localVerseNums.end();) {
+        if (*num < m_run.firstNum || *num >= m_runEnd)
+            find(*num);
+        const Run run = m_run; // a copy, as the compiler must assume that writing to the list changes m_run
+        const unsigned int versesCount = m_runEnd - run.firstNum;
+        do
+            list.emplace_back(run.bookID, run.chapter, run.firstVerse + (*num - run.firstNum), true);
+        while (++num != localVerseNums.end() && *num - run.firstNum < versesCount);
+    }
+}
+
 void CGlobalRefs::Walk::find(unsigned int localVerseNum)
 {
     constexpr std::size_t nearRuns = 16;

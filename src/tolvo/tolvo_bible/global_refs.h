@@ -33,6 +33,9 @@ public:
                               m_run.firstVerse + (localVerseNum - m_run.firstNum), true);
         }
 
+        /// The same for each of the numbers.
+        void append(const std::vector<unsigned int>& localVerseNums, std::vector<CRef>& list);
+
     private:
         friend class CGlobalRefs;
 
