@@ -18,9 +18,15 @@ import report
 
 PROGRAMS = ["kedrin_bench", "kedrin_window_bench", "kedrin_start_bench", "kedrin_tool_bench", "kedrin_format_bench",
             "kedrin_curves_bench"]
-COUNTED_IN_PROCESS = ["scan/rare", "scan/common", "scan/every_verse", "word/hits_300", "word/hits_20000", "open_module",
-                      "chapter/whole"]
-COUNTED_PROGRAMS = {"kedrin_start_bench": ".", "kedrin_tool_bench": "-mkfastmod", "kedrin_format_bench": "."}
+COUNTED_IN_PROCESS = {
+    "kedrin_bench": ["scan/rare", "scan/common", "scan/every_verse", "word/hits_300", "word/hits_20000", "open_module",
+                     "chapter/whole"],
+    "kedrin_window_bench": ["switch_translation/verses_26", "switch_translation/verses_176", "page_only/verses_26",
+                            "page_only/verses_176"],
+}
+# filters of the benchmarks that run programs; the slowest would take callgrind minutes
+COUNTED_PROGRAMS = {"kedrin_bench": "^ripgrep", "kedrin_start_bench": ".", "kedrin_tool_bench": "-mkfastmod_marked_up",
+                    "kedrin_format_bench": "."}
 
 
 def load_of_machine() -> dict:
@@ -64,12 +70,13 @@ def keep_least(measured: dict, program: str, benchmarks: list[dict]) -> None:
 def count_instructions(folder: Path, measured: dict) -> None:
     """Adds what callgrind counts, which does not depend on the load of the machine."""
     once = ["--benchmark_min_time=0.001"]
-    for name in COUNTED_IN_PROCESS:
-        done = subprocess.run(["valgrind", "--tool=callgrind", "--instr-atstart=no", "--callgrind-out-file=/dev/null",
-                               folder / "bench" / "kedrin_bench", f"--benchmark_filter=^{name}$", *once],
-                              capture_output=True, text=True, check=True)
-        count = done.stderr.split("Collected : ")[1].split()[0]
-        measured.setdefault(name, {})["instructions"] = int(count)
+    for program, names in COUNTED_IN_PROCESS.items():
+        for name in names:
+            done = subprocess.run(["valgrind", "--tool=callgrind", "--instr-atstart=no", "--callgrind-out-file=/dev/null",
+                                   folder / "bench" / program, f"--benchmark_filter=^{name}$", *once],
+                                  capture_output=True, text=True, check=True)
+            count = done.stderr.split("Collected : ")[1].split()[0]
+            measured.setdefault(name, {})["instructions"] = int(count)
     for program, chosen in COUNTED_PROGRAMS.items():
         counted: dict = {}
         keep_least(counted, program, run(folder, program, [f"--benchmark_filter={chosen}", *once],

@@ -10,12 +10,12 @@
 
 namespace {
 
-/// What callgrind counts in one run of a program.
+/// What callgrind counts in one run of a program; if it goes over to another (exec), in that one.
 double instructionsOf(std::vector<std::string> command)
 {
     const test_support::TempFolder folder;
     const std::string report = folder.file("report");
-    const std::vector<std::string> counter = {"valgrind", "--tool=callgrind",
+    const std::vector<std::string> counter = {"valgrind", "--tool=callgrind", "--trace-children=yes",
                                               "--callgrind-out-file=/dev/null", "--log-file=" + report};
     command.insert(command.begin(), counter.begin(), counter.end());
     runProcess(command);

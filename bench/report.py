@@ -31,19 +31,35 @@ def goal_of(row: Row) -> str:
     return f"{'at least' if row.is_least else 'at most'} {row.goal:g}{unit}"
 
 
+def is_met(row: Row, figure: float) -> bool:
+    return figure >= row.goal if row.is_least else figure <= row.goal
+
+
 def line_of(row: Row, measured: dict) -> list[str]:
     ours, peer = measured[row.ours], measured.get(row.peer, {})
     figure = figure_of(row, ours, peer)
-    met = "" if row.goal is None else "yes" if (figure >= row.goal if row.is_least else figure <= row.goal) else "no"
+    met = "" if row.goal is None else "yes" if is_met(row, figure) else "no"
     unit = " us" if row.shared_by else ""
     return [row.what, amount(row, ours), amount(row, peer) if peer else "", row.peer_name,
             f"{figure:.3g}{unit}" if row.peer else "", goal_of(row), met]
 
 
-def lines_of(result: dict) -> list[list[str]]:
+def measured_rows(result: dict) -> list[Row]:
     measured = result["benchmarks"]
-    return [line_of(row, measured) for row in rows()
-            if row.ours in measured and (not row.peer or row.peer in measured)]
+    return [row for row in rows() if row.ours in measured and (not row.peer or row.peer in measured)]
+
+
+def lines_of(result: dict) -> list[list[str]]:
+    return [line_of(row, result["benchmarks"]) for row in measured_rows(result)]
+
+
+def reasons_of(result: dict) -> str:
+    """One line for each row whose goal is not met."""
+    measured = result["benchmarks"]
+    missed = [row for row in measured_rows(result) if row.goal is not None
+              and not is_met(row, figure_of(row, measured[row.ours], measured.get(row.peer, {})))]
+    lines = [f"- {row.what}: {row.reason or 'the reason is not known.'}" for row in missed]
+    return "\n".join(["Not met:", "", *lines, "", ""]) if lines else ""
 
 
 def load_of(result: dict) -> str:
@@ -64,14 +80,33 @@ def as_text(result: dict) -> str:
     return aligned([HEADER, *lines_of(result)]) + "\n" + load_of(result) + instructions_text(result)
 
 
-def instructions_text(result: dict) -> str:
-    lines = [["benchmark", "million instructions"], *instruction_lines(result)]
-    return "\n\n" + aligned(lines) if len(lines) > 1 else ""
+INSTRUCTIONS_HEADER = ["what, in million instructions", "ours", "floor or peer", "", "ratio"]
 
 
 def instruction_lines(result: dict) -> list[list[str]]:
-    return [[name, f"{figures['instructions'] / 1e6:,.2f}"] for name, figures in sorted(result["benchmarks"].items())
-            if "instructions" in figures]
+    """The rows whose instructions are counted: ours, and the peer's unless it only reads, which is the kernel's work."""
+    lines = []
+    for row in rows():
+        ours, peer = (result["benchmarks"].get(name, {}).get("instructions") for name in (row.ours, row.peer))
+        if row.figure != "time" or ours is None:
+            continue
+        if peer is None:
+            if not any(line[0] == row.what for line in lines):
+                lines.append([row.what, millions(ours), "", "", ""])
+            continue
+        ratio = peer / ours if row.is_least else ours / peer
+        lines.append([row.what, millions(ours), millions(peer), row.peer_name,
+                      f"{millions((ours - peer) / row.shared_by)} each" if row.shared_by else f"{ratio:.3g}"])
+    return lines
+
+
+def millions(count: float) -> str:
+    return f"{count / 1e6:,.0f}" if count >= 1e9 else f"{count / 1e6:.3g}"
+
+
+def instructions_text(result: dict) -> str:
+    lines = instruction_lines(result)
+    return "\n\n" + aligned([INSTRUCTIONS_HEADER, *lines]) if lines else ""
 
 
 def as_table(lines: list[list[str]]) -> str:
@@ -89,14 +124,15 @@ checked before it is timed. Times are processor times, including the start of pr
 
 {as_table([HEADER, *lines_of(result)])}
 
-{load_of(result)}
+{reasons_of(result)}{load_of(result)}
 """
     counted = instruction_lines(result)
     if counted:
         text += f"""
-`bench/run --instructions` also counts instructions with callgrind; they do not depend on the load of the machine.
+`bench/run --instructions` also counts instructions with callgrind, which do not depend on the load of the machine. Those of
+the kernel are not counted, and so none of reading alone; nor are those of the launcher `kedrin-module`.
 
-{as_table([["benchmark", "million instructions"], *counted])}
+{as_table([INSTRUCTIONS_HEADER, *counted])}
 """
     header = ["cost of, by", *(f"{factor}×" for factor in curves.FACTORS), "order", "should be", "met"]
     return text + f"""

@@ -9,6 +9,7 @@
 #include "combo_box.h"
 #include "fit_check_box.h"
 #include "list_box.h"
+#include "measured.h"
 #include "paint_watch.h"
 #include "tab_bar.h"
 #include "temp_folder.h"
@@ -70,8 +71,7 @@ void switch_translation(benchmark::State& state, unsigned int book, int versesCo
                     !form().textBrowser->toPlainText().contains(u'.'),
                 "switch_translation");
     int tabIndex = 1;
-    for (auto _ : state)
-        switchTo(tabIndex = 1 - tabIndex);
+    measure(state, [&] { switchTo(tabIndex = 1 - tabIndex); });
 }
 BENCHMARK_CAPTURE(switch_translation, verses_26, 0, 26)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(switch_translation, verses_176, CBenchModule::longChapterBook, 176)
@@ -89,10 +89,10 @@ void page_only(benchmark::State& state, unsigned int book, int versesCount)
     watch().showPainted(view, view.viewport());
     checkAnswer(view.document()->blockCount() == versesCount, "page_only");
     int page = 1;
-    for (auto _ : state) {
+    measure(state, [&] {
         view.setHtml(pages[page = 1 - page]);
         watch().awaitPaint(view.viewport());
-    }
+    });
 }
 BENCHMARK_CAPTURE(page_only, verses_26, 0, 26)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(page_only, verses_176, CBenchModule::longChapterBook, 176)->Unit(benchmark::kMillisecond);
