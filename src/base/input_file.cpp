@@ -73,6 +73,7 @@ bool read_text_file(const char* fileName, std::string& content)
         return false;
     }
     content.resize(static_cast<std::size_t>(file.size()));
+    errno = 0; // a file that is shorter than the system said is no error of the system
     return file.readAt(0, content.data(), content.size()) == content.size();
 }
 

@@ -4,6 +4,7 @@
 #include "forked.h"
 #include "read_watch.h"
 #include "spoiled.h"
+#include "thrown.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -15,6 +16,7 @@
 
 namespace {
 
+using test_support::messageOf;
 using test_support::ReadWatch;
 using test_support::TempFolder;
 
@@ -185,6 +187,20 @@ TEST(TextFile, ThatCannotBeReadToItsEndIsRefused)
     ReadWatch watch;
     watch.breakDisk();
     EXPECT_FALSE(ut::read_text_file(path.c_str(), content));
+    EXPECT_EQ(errno, EIO);
+}
+
+TEST(TextFile, ThatEndsBeforeItsLengthIsNotCalledTooLong)
+{
+    const TempFolder folder;
+    const std::string path = folder.write("f", "0123456789");
+    const std::string text = "CTitles::CTitles(): error opening file " + path;
+    ReadWatch watch;
+    watch.giveAtMost(0);
+    errno = EFBIG;
+    EXPECT_EQ(
+        messageOf<std::ios_base::failure>([&] { ut::text_of_file("CTitles::CTitles()", path.c_str()); }),
+        text);
 }
 
 // The files here are sparse: they have the length but no data.

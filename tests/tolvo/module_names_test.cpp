@@ -48,6 +48,13 @@ protected:
     TempFolder folder;
 };
 
+TEST_F(ModuleNames, KeepAByteOrderMark)
+{
+    add("\xEF\xBB\xBF"
+        "a");
+    EXPECT_EQ(titles(), std::vector<std::string>{"?a"});
+}
+
 TEST_F(ModuleNames, ThatAreNoUtf8AreListedOpenedAndTakenForWindows1251)
 {
     add(cp1251("Библия"));

@@ -51,6 +51,16 @@ TEST(ProofMemory, HugeCountsOfTheTitlesTakeNone)
         EXPECT_LT(memoryOfProof("BibleTitles.txt", count + rest, false), enough) << count;
 }
 
+/// A book takes five bytes at least.
+TEST(ProofMemory, ManyBooksOfTheTitlesTakeWhatTheFileSupports)
+{
+    constexpr std::size_t fileBytes = 1u << 20;
+    const std::string zeros(fileBytes, '\0');
+    EXPECT_LT(memoryOfProof("BibleTitles.txt", std::to_string(fileBytes - 1) + zeros, false),
+              2 * enough + fileBytes);
+    EXPECT_LT(memoryOfProof("BibleTitles.txt", std::to_string(fileBytes / 5) + zeros, false), 24 * fileBytes);
+}
+
 TEST(ProofMemory, ChaptersWithoutVersesTakeWhatTheFileSupports)
 {
     std::string structure = "2 2 1\r\n100000";

@@ -1,6 +1,7 @@
 #include "tolvo_bible/word_list.h"
 
 #include "bad_file.h"
+#include "read_watch.h"
 #include "ut_utils.h"
 
 #include <gmock/gmock.h>
@@ -158,10 +159,21 @@ TEST(WordListFile, ThatCannotBeOpenedIsNamed)
     }
 }
 
-TEST(WordListFile, IsValidatedWithoutBeingRead)
+TEST(WordListFile, WithoutAWordIsValid)
 {
     const TempFolder folder;
     EXPECT_NO_THROW(CWordList::ValidateFile(folder.write("f", std::string(41, 'x')).c_str()));
+}
+
+TEST(WordListFile, ThatCannotBeReadToItsEndIsRefusedByTheProofToo)
+{
+    const TempFolder folder;
+    const std::string path = folder.write("f", "a\r\n");
+    const std::string text = "CWordList::CWordList(): error opening file " + path;
+    test_support::ReadWatch watch;
+    watch.breakDisk();
+    EXPECT_EQ(messageOf<std::ios_base::failure>([&] { CWordList list(path.c_str(), "", true); }), text);
+    EXPECT_EQ(messageOf<std::ios_base::failure>([&] { CWordList::ValidateFile(path.c_str()); }), text);
 }
 
 TEST(WordListFile, ThePointFileIsNotOpened)

@@ -44,8 +44,8 @@ public:
     ///     "CBibleSructure::CBibleSructure(): error reading file %s": there is a further complete book, or
     ///     there are more verses than CompactPoint.bin has records
     ///     the exceptions of chapterVerses(0, 0)
-    /// Releases everything in either case. The word list is opened but not read: its content cannot make the
-    /// loading fail.
+    /// Releases everything in either case. The word list is only read: its content cannot make the loading
+    /// fail.
     static void Validate(const std::string& bibleFolder);
 
     /// The same verse in local numbers; the argument is treated as global regardless of its type. Not

@@ -81,8 +81,9 @@ private:
 };
 
 /// Verses of a CBibleText in ascending order of their numbers, for a chapter or a scan. Records that follow
-/// each other in the text file are read with one read, and nothing else is read: a chapter costs two system
-/// calls. Scattered or overlapping records are read one at a time.
+/// each other in the text file are read with one read: a chapter costs two system calls. Bytes between two records are
+/// read with them if the second begins less than 64 KiB after the first; otherwise nothing else is read. Scattered or
+/// overlapping records are read one at a time.
 ///
 ///     CVerseCursor cursor(text, firstVerseNum, verseCount);
 ///     while (cursor.next())

@@ -15,7 +15,9 @@ namespace {
 /// UTF-8; each byte that is not valid UTF-8 is decoded as Windows-1251.
 QString decoded(const std::string& native)
 {
-    auto text = QString::fromUtf8(native.c_str());
+    QStringDecoder utf8(QStringConverter::Utf8, // a byte order mark is a character of the name
+                        QStringConverter::Flag::Stateless | QStringConverter::Flag::ConvertInitialBom);
+    const QString text = utf8.decode(native.c_str());
     if (!text.contains(QChar::ReplacementCharacter))
         return text;
     QString legible;

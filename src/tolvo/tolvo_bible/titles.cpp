@@ -11,7 +11,8 @@ namespace Kedrin::Tolvo {
 
 namespace {
 
-constexpr std::size_t fewBooks = 256; // so many take little memory even if none of them is in the file
+constexpr std::size_t fewBooks = 256;   // so many take little memory even if none of them is in the file
+constexpr std::size_t bytesPerBook = 5; // at least: a number with its separator and three line ends
 constexpr unsigned int noGlobalBookID = 0xFFFFFFFF;
 
 } // namespace
@@ -32,7 +33,7 @@ std::string_view CTitles::readNumbers(std::string_view content)
 {
     ut::CNumberReader numbers(content);
     const auto booksCount = numbers.nextUnsigned();
-    m_isWhole = booksCount && *booksCount <= std::max(fewBooks, numbers.rest().size());
+    m_isWhole = booksCount && *booksCount <= std::max(fewBooks, numbers.rest().size() / bytesPerBook);
     m_globalBookIDs.assign(m_isWhole ? *booksCount : 0, noGlobalBookID);
     std::string_view rest = numbers.rest();
     for (unsigned int book = 0; book < m_globalBookIDs.size(); ++book) {

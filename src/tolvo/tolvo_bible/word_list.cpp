@@ -69,11 +69,8 @@ void CWordList::endWordsAtZeroBytes()
 
 void CWordList::ValidateFile(const char* wordListPath)
 {
-    ut::lets_out<std::ios_base::failure>("CWordList::ValidateFile()", [&] {
-        const ut::CInputFile file(wordListPath);
-        if (!file.isOpen() || file.size() > ut::maxTextFileBytes)
-            ut::text_of_file(loading, wordListPath); // refuses it
-    });
+    ut::lets_out<std::ios_base::failure>("CWordList::ValidateFile()",
+                                         [&] { ut::text_of_file(loading, wordListPath); });
 }
 
 std::string CWordList::operator[](unsigned int wordIndex) const

@@ -31,7 +31,7 @@ public:
     CWordList(const CWordList&) = delete;
     CWordList& operator=(const CWordList&) = delete;
 
-    /// Throws what the constructor would throw for this file, without reading it.
+    /// Throws what the constructor would throw for this file, without making a list of its words.
     static void ValidateFile(const char* wordListPath);
 
     unsigned int count() const { return m_count; }
