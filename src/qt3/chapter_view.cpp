@@ -120,7 +120,14 @@ void ChapterView::resizeEvent(QResizeEvent* event)
 
 void ChapterView::changeEvent(QEvent* event)
 {
-    keepCentred([&] { QTextBrowser::changeEvent(event); });
+    keepCentred([&] {
+        QTextBrowser::changeEvent(event);
+        if (event->type() != QEvent::PaletteChange || m_html.isEmpty())
+            return;
+        const int scrolled = verticalScrollBar()->value();
+        setHtml(m_html); // links keep the colour of the palette in which the text was read
+        verticalScrollBar()->setValue(scrolled);
+    });
 }
 
 void ChapterView::emitAnchorClicked()

@@ -6,10 +6,12 @@
 #include <QFocusEvent>
 #include <QItemSelectionModel>
 #include <QListView>
+#include <QScreen>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QStringListModel>
 #include <QStyleOptionComboBox>
+#include <QtMath>
 
 #include <algorithm>
 #include <limits>
@@ -20,7 +22,10 @@ namespace qt3 {
 namespace {
 
 /// Wide enough for "Псалтир" and narrow enough for a narrow tool bar.
-constexpr int shortestContents = 7;
+constexpr int usualLetters = 7;
+
+/// Enough for a number. Where even that has no room, a tool bar hides the box, and the keyboard does not reach it.
+constexpr int fewestLetters = 3;
 
 /// On both sides of the item at which the list opens.
 constexpr int measuredItems = 100;
@@ -108,24 +113,26 @@ void ComboBox::setCurrentText(const QString& text)
         lineEdit()->setText(text);
 }
 
-QSize ComboBox::sizeHint() const
+QSize ComboBox::sizeHint() const { return sizeFor(usualLetters); }
+
+QSize ComboBox::minimumSizeHint() const { return sizeFor(fewestLetters); }
+
+QSize ComboBox::sizeFor(int letters) const
 {
     // As with the policy AdjustToMinimumContentsLengthWithIcon of the toolkit, but setting that creates the list.
     constexpr int iconGap = 4;
     constexpr int lineGap = 2;
-    const QFontMetrics metrics = fontMetrics();
     const QSize icon = iconSize();
-    const int width = shortestContents * metrics.horizontalAdvance(u'X') + icon.width() + iconGap;
-    const int height = std::max(metrics.height(), icon.height()) + lineGap;
+    const int width = letters * fontMetrics().horizontalAdvance(u'X') + icon.width() + iconGap;
+    const int height = std::max(qCeil(QFontMetricsF(font()).height()), icon.height()) + lineGap;
     QStyleOptionComboBox option;
     initStyleOption(&option);
     return style()->sizeFromContents(QStyle::CT_ComboBox, &option, QSize(width, height), this);
 }
 
-QSize ComboBox::minimumSizeHint() const { return sizeHint(); }
-
 void ComboBox::showPopup()
 {
+    view()->setAccessibleName(accessibleName());
     if (auto* list = qobject_cast<QListView*>(view()))
         list->setUniformItemSizes(true);
     view()->setTextElideMode(Qt::ElideRight);
@@ -149,8 +156,9 @@ int ComboBox::listWidth(int item) const
     for (int i = std::max(item - measuredItems, 0); i < std::min(item + measuredItems, count()); ++i)
         widest = std::max(widest, metrics.horizontalAdvance(itemText(i)));
     const int textMargin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, view()) + 1;
-    return widest + 2 * textMargin + 2 * view()->frameWidth() +
-           view()->verticalScrollBar()->sizeHint().width();
+    const int width =
+        widest + 2 * textMargin + 2 * view()->frameWidth() + view()->verticalScrollBar()->sizeHint().width();
+    return std::min(width, screen()->availableGeometry().width());
 }
 
 void ComboBox::keyPressEvent(QKeyEvent* event)
@@ -165,8 +173,11 @@ void ComboBox::keyPressEvent(QKeyEvent* event)
 void ComboBox::focusOutEvent(QFocusEvent* event)
 {
     QComboBox::focusOutEvent(event);
+    const QAbstractItemView* list = createdList(); // its first opening is told for another reason once more
+    const bool comesBack = event->reason() == Qt::PopupFocusReason ||
+                           event->reason() == Qt::MenuBarFocusReason || (list && list->isVisible());
     const QString text = itemText(currentIndex());
-    if (m_return == Return::goesToItem && event->reason() != Qt::PopupFocusReason && currentText() != text)
+    if (m_return == Return::goesToItem && !comesBack && currentText() != text)
         lineEdit()->setText(text);
 }
 

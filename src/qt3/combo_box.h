@@ -24,8 +24,8 @@ namespace qt3 {
 /// unchanged.
 ///
 /// The list opens at the first item that begins with the text in the box, wider than the box if the items
-/// around that one need it; it is created then. Neither replacing the list nor sizeHint(), which has room for
-/// seven letters, reads all items.
+/// around that one need it, but not wider than the screen; it is created then. Neither replacing the list nor
+/// sizeHint(), which has room for seven letters, reads all items. minimumSizeHint() has room for three.
 class ComboBox : public QComboBox
 {
     Q_OBJECT
@@ -36,7 +36,7 @@ public:
     {
         /// Text that is an item (ignoring case, typed or completed) is a choice of that item; other text does
         /// nothing. When the focus is lost, the box shows its current item again, so that an unconfirmed text
-        /// does not stay (an open pop-up menu or list does not count as a loss of focus).
+        /// does not stay (a menu bar, an open pop-up menu or list does not count as a loss of focus).
         goesToItem,
         /// Emits activatedText() with the text as it is, whether it is an item or not, even if empty. The
         /// current item is unchanged, and so is the text when the focus is lost.
@@ -103,6 +103,7 @@ private:
     void complete();
     void confirmText();
     void fitText();
+    QSize sizeFor(int letters) const;
     int listWidth(int item) const;
     void exchangeModel(QAbstractItemModel* model);
     QAbstractItemView* createdList() const;

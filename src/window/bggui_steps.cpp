@@ -135,16 +135,21 @@ void BibleForm::offerWordsAndBooks()
     m_boxesStale = true;
 }
 
-/// The current position in the translation that has just become current; its beginning if it lacks the book.
+/// The current position in the translation that has just become current; its beginning if it lacks the book. The boxes offer
+/// what this translation has also if the view is locked.
 void BibleForm::showPlace()
 {
-    const CRef beginning(0, 0, 0);
-    if (m_currentRef.isNull())
-        return goToRef(beginning);
+    CRef place(0, 0, 0);
     try {
-        goToRef(m_currentBible->toLocal(m_currentRef));
+        if (!m_currentRef.isNull())
+            place = m_currentBible->toLocal(m_currentRef);
     } catch (...) {
-        goToRef(beginning);
+        // it lacks the book
+    }
+    goToRef(place);
+    if (std::exchange(m_boxesStale, false)) {
+        comboBook->setCurrentItem(static_cast<int>(place.bookID()));
+        comboBook_activated(comboBook->currentItem());
     }
 }
 

@@ -107,5 +107,7 @@ void BibleForm::nameControls()
     nameBox(comboChapter, tr("Глава"));
     nameBox(comboVerse, tr("Стих"));
     toolbarLocation->setAccessibleName(tr("Място в текста"));
+    if (auto* extension = toolbarLocation->findChild<QWidget*>(QStringLiteral("qt_toolbar_ext_button")))
+        extension->setAccessibleName(tr("Още полета")); // the toolkit shows it if the bar is too narrow
     menubar->setAccessibleName(tr("Меню"));
 }

@@ -40,6 +40,7 @@ private slots:
     void centredParagraphStaysThroughAnotherWidth();
     void centredParagraphStaysThroughAnotherFont();
     void readerWhoHasScrolledIsLeftAlone();
+    void linksHaveTheColourOfThePalette();
 };
 
 void ChapterViewTest::oneParagraphAVerse()
@@ -223,6 +224,25 @@ void ChapterViewTest::readerWhoHasScrolledIsLeftAlone()
     m_view->setChapter(chapter(100)); // another text is shown from its top
     m_window->resize(500, 400);
     QCOMPARE(scrolled(), 0);
+}
+
+void ChapterViewTest::linksHaveTheColourOfThePalette()
+{
+    const auto linkColour = [&] {
+        return m_view->document()->firstBlock().begin().fragment().charFormat().foreground().color();
+    };
+    m_view->setChapter(u"<p><a href='1'>глава</a></p>"_s + longChapter());
+    m_view->verticalScrollBar()->setValue(70);
+    const QPalette before = QApplication::palette();
+    for (const QColor colour : {QColor(110, 170, 255), QColor(0, 0, 160)}) {
+        QPalette palette = before;
+        palette.setColor(QPalette::Link, colour);
+        QApplication::setPalette(palette);
+        QCoreApplication::processEvents();
+        QCOMPARE(linkColour(), colour);
+        QCOMPARE(m_view->verticalScrollBar()->value(), 70);
+    }
+    QApplication::setPalette(before);
 }
 
 QTEST_MAIN(ChapterViewTest)

@@ -2,6 +2,7 @@
 #include "word_model.h"
 
 #include <QAbstractItemView>
+#include <QScreen>
 #include <QScrollBar>
 #include <QStringListModel>
 
@@ -23,7 +24,9 @@ private slots:
     void cleanup() { m.reset(); }
 
     void nothingButOpeningCreatesTheList();
-    void listHasTheFontOfTheBox();
+    void listHasTheFontAndTheNameOfTheBox();
+    void openingKeepsTheTypedText();
+    void openListIsNotWiderThanTheScreen();
     void openingALongListCostsLittle();
     void openListIsAsWideAsItsWords();
     void openLongListHasRoomForItsWordsBesideTheScrollBar();
@@ -49,13 +52,15 @@ void ComboOpenListTest::nothingButOpeningCreatesTheList()
     QVERIFY(m->box->findChild<QAbstractItemView*>());
 }
 
-void ComboOpenListTest::listHasTheFontOfTheBox()
+void ComboOpenListTest::listHasTheFontAndTheNameOfTheBox()
 {
+    m->box->setAccessibleName(u"Глава"_s);
     const QFont beforeOpening(u"DejaVu Sans"_s, 17);
     const QFont afterOpening(u"DejaVu Sans"_s, 13);
     m->box->setFont(beforeOpening);
     m->box->showPopup();
     QCOMPARE(m->box->view()->font(), beforeOpening);
+    QCOMPARE(m->box->view()->accessibleName(), u"Глава"_s);
     m->box->hidePopup();
     m->box->setFont(afterOpening);
     m->box->showPopup();
@@ -128,6 +133,31 @@ void ComboOpenListTest::listOpensAtTheFirstItem()
     m->box->showPopup();
     QVERIFY(QTest::qWaitForWindowExposed(m->box->view()->window()));
     QCOMPARE(m->box->view()->currentIndex().row(), 0);
+}
+
+/// The system tells of the first opening twice.
+void ComboOpenListTest::openingKeepsTheTypedText()
+{
+    m->box->setReturn(qt3::ComboBox::Return::goesToItem);
+    m->box->setItems({u"Битие"_s, u"Псалтир"_s});
+    for (int opening = 1; opening <= 2; ++opening) {
+        m->box->lineEdit()->selectAll();
+        m->type(u"Псал"_s);
+        m->box->showPopup();
+        QVERIFY(QTest::qWaitForWindowExposed(m->box->view()->window()));
+        QTest::qWait(1);
+        QTest::keyClick(m->box->view(), Qt::Key_Escape);
+        QTest::qWait(1);
+        QCOMPARE(m->text(), u"Псалтир"_s);
+    }
+}
+
+void ComboOpenListTest::openListIsNotWiderThanTheScreen()
+{
+    m->box->setItems({QString(1000, u'щ')});
+    m->box->showPopup();
+    QVERIFY(QTest::qWaitForWindowExposed(m->box->view()->window()));
+    QVERIFY(m->box->view()->width() <= m->box->screen()->availableGeometry().width());
 }
 
 QTEST_MAIN(ComboOpenListTest)

@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QTest>
+#include <QWheelEvent>
 
 using namespace window_test;
 
@@ -59,6 +60,8 @@ private slots:
     void cancelledFontDialogChangesNothing();
     void fontDialogStartsWithTheApplicationsFont();
     void acceptedFontReachesWhatHasNoneOfItsOwn();
+    void zoomedPageHasTheAcceptedFontToo();
+    void largeFontLeavesTheLocationBoxesInSight();
     void largeFontKeepsThePanelsPlaces();
     void largeFontLeavesTheHitsApart();
     void largeFontLeavesTheSearchTextWhole();
@@ -129,6 +132,43 @@ void FontTest::acceptedFontReachesWhatHasNoneOfItsOwn()
     QCOMPARE(QApplication::font().pointSize(), 22);
     QVERIFY(form.textBrowser->document()->size().height() > heightBefore * 1.3);
     QCOMPARE(window.red(), QStringLiteral("[16] Битие 1:16"));
+}
+
+void FontTest::zoomedPageHasTheAcceptedFontToo()
+{
+    const FontKeeper keeper;
+    FormFixture window;
+    openOn(window);
+    QWidget* page = window.form().textBrowser->viewport();
+    const QPoint up(0, 120);
+    QWheelEvent notch(page->rect().center(), page->mapToGlobal(page->rect().center()), {}, up, Qt::NoButton,
+                      Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(page, &notch);
+    QCOMPARE(window.form().textBrowser->font().pointSize(), 13);
+    QVERIFY(inFontDialog(window, [](QFontDialog& dialog) {
+        dialog.setCurrentFont(QFont(QStringLiteral("DejaVu Sans"), 22));
+        dialog.accept();
+    }));
+    QCOMPARE(window.form().textBrowser->font().family(), QStringLiteral("DejaVu Sans"));
+    QCOMPARE(window.form().textBrowser->font().pointSize(), 22);
+}
+
+/// What a tool bar hides, the keyboard does not reach.
+void FontTest::largeFontLeavesTheLocationBoxesInSight()
+{
+    const FontKeeper keeper;
+    FormFixture window;
+    openOn(window);
+    BibleForm& form = window.form();
+    for (const int size : {12, 24, 36, 48}) {
+        QFont font = form.font();
+        font.setPointSize(size);
+        form.setFont(font);
+        QCoreApplication::processEvents();
+        QVERIFY2(form.comboBook->isVisible() && form.comboChapter->isVisible() &&
+                     form.comboVerse->isVisible(),
+                 qPrintable(QString::number(size)));
+    }
 }
 
 void FontTest::largeFontKeepsThePanelsPlaces()

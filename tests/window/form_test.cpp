@@ -170,6 +170,8 @@ void FormTest::everyControlHasAnAccessibleName()
             widget->focusPolicy() != Qt::NoFocus &&
             widget->parentWidget()->objectName() != widget->objectName())
             QVERIFY2(!widget->accessibleName().isEmpty(), qPrintable(widget->objectName()));
+    const auto* extension = window.form().findChild<QWidget*>(QStringLiteral("qt_toolbar_ext_button"));
+    QVERIFY(extension && !extension->accessibleName().isEmpty());
 }
 
 /// The accessible name of an editable box is its text; its line edit has the name.

@@ -12,10 +12,11 @@ using test_support::plainBook;
 
 namespace {
 
-/// Two chapters of five verses; the text ends inside the last one.
-ModuleFiles cutModule()
+/// Chapters of five verses; the text ends inside the last one.
+ModuleFiles cutModule(std::size_t chapters = 2)
 {
-    ModuleFiles files = makeModule("Отрязан", {plainBook(0, "Битие", {5, 5})});
+    ModuleFiles files =
+        makeModule("Отрязан", {plainBook(0, "Битие", std::vector<unsigned int>(chapters, 5))});
     std::string& text = files.bytes["CompactText.bin"];
     text.resize(text.size() - 3);
     return files;
@@ -73,6 +74,8 @@ private slots:
     void bookWithoutChapters();
     void chapterThatTheOtherTranslationLacks();
     void hitInABookThatTheOtherTranslationLacks();
+    void boxesOfferWhatTheNewTranslationHas();
+    void boxesOfferWhatEachTranslationHas();
     void exceptionOfAnotherKind();
     void otherWindowsAreLockedToo();
 };
@@ -148,6 +151,42 @@ void LockTest::hitInABookThatTheOtherTranslationLacks()
     QVERIFY(window.takeBoxes().isEmpty());
     window.clickHit(3);
     expectErrorBox(window, QStringLiteral("CTitles::localID() called for non existing book"));
+    expectLocked(window);
+}
+
+void LockTest::boxesOfferWhatTheNewTranslationHas()
+{
+    FormFixture window;
+    window.install("а", cutModule(50));
+    window.install("б", makeModule("Б", {plainBook(0, "Битие", {4, 3, 2})}));
+    const BibleForm& form = window.open();
+    window.pick(form.comboChapter, 49);
+    expectErrorBox(window, {});
+    window.chooseTranslation(1);
+    QCOMPARE(form.comboChapter->count(), 3);
+    QCOMPARE(form.comboChapter->currentItem(), 2);
+    QCOMPARE(form.comboVerse->count(), 2);
+    window.pick(form.comboChapter, 0);
+    QCOMPARE(form.comboVerse->count(), 4);
+    expectLocked(window);
+}
+
+void LockTest::boxesOfferWhatEachTranslationHas()
+{
+    FormFixture window;
+    window.install("а", alphaModule());
+    window.install("б", betaModule());
+    const BibleForm& form = window.open();
+    window.pick(form.comboChapter, 29);
+    window.chooseTranslation(1);
+    expectErrorBox(window, {});
+    const int chaptersOfBeta = form.comboChapter->count();
+    window.clickTab(0);
+    QCOMPARE(form.comboChapter->count(), 50);
+    window.pick(form.comboChapter, 39);
+    window.clickTab(1);
+    QCOMPARE(form.comboChapter->count(), chaptersOfBeta);
+    window.pick(form.comboChapter, chaptersOfBeta - 1);
     expectLocked(window);
 }
 
