@@ -152,13 +152,37 @@ const std::string& CTextEncoder::replace(const icu::UnicodeString& text, std::in
     return kind.to;
 }
 
+namespace {
+
+/// The text in pieces that end where a letter has this many marks: to order the marks of one letter takes the square of
+/// their number.
+icu::UnicodeString composedInPieces(const icu::UnicodeString& text, const icu::Normalizer2& nfc,
+                                    UErrorCode& status)
+{
+    constexpr int longestRun = 200;
+    icu::UnicodeString result;
+    int marks = 0;
+    std::int32_t begin = 0;
+    for (std::int32_t i = 0; i < text.length(); i = text.moveIndex32(i, 1)) {
+        marks = nfc.getCombiningClass(text.char32At(i)) == 0 ? 0 : marks + 1;
+        if (marks < longestRun)
+            continue;
+        result += nfc.normalize(text.tempSubStringBetween(begin, i), status);
+        begin = i;
+        marks = 0;
+    }
+    return result += nfc.normalize(text.tempSubString(begin), status);
+}
+
+} // namespace
+
 icu::UnicodeString composed(std::string_view utf8)
 {
     UErrorCode status = U_ZERO_ERROR;
     const icu::Normalizer2* nfc = icu::Normalizer2::getNFCInstance(status);
     const icu::UnicodeString text =
         icu::UnicodeString::fromUTF8(icu::StringPiece(utf8.data(), static_cast<int32_t>(utf8.size())));
-    icu::UnicodeString result = U_SUCCESS(status) ? nfc->normalize(text, status) : text;
+    icu::UnicodeString result = U_SUCCESS(status) ? composedInPieces(text, *nfc, status) : text;
     if (U_FAILURE(status))
         throw CBuildError(message("the Unicode library failed: %s", u_errorName(status)));
     return result;

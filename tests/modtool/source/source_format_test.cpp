@@ -135,6 +135,12 @@ TEST(TextInput, Utf8WithAndWithoutMark)
     EXPECT_EQ(messageOf<CBuildError>([] { decodedText("a\nb\xFF", "f", ""); }), "f:2: not valid UTF-8");
 }
 
+TEST(TextInput, CarriageReturnsAreLineEndsWhereThereAreNoOthers)
+{
+    EXPECT_EQ(decodedText("a\rb\r\rc", "f", ""), "a\nb\n\nc");
+    EXPECT_EQ(decodedText("a\rb\r\nc", "f", ""), "a\rb\r\nc");
+}
+
 TEST(TextInput, Utf16WithMarkInBothOrders)
 {
     const std::u16string text = u"\uFEFF" + std::u16string(20000, u'Б') + u"\U0001D11E";

@@ -131,6 +131,20 @@ TEST_F(Letters, StressMarksAreRemovedWithSubstituteAndCounted)
     EXPECT_EQ(replacedLines(result), "U+0301 COMBINING ACUTE ACCENT removed, 2 times, first at Gen 1:1\n");
 }
 
+/// To order all marks of a letter at once would take hours.
+TEST_F(Letters, OneLetterMayHaveAnyNumberOfMarks)
+{
+    constexpr std::size_t pairs = 1u << 20;
+    std::string text = "а";
+    for (std::size_t i = 0; i < pairs; ++i)
+        text += "\u0301\u0323";
+    const Result result = buildText(text + " б", {"--substitute"});
+    EXPECT_EQ(verse(0, 0, 0), "а б");
+    EXPECT_NE(replacedLines(result).find("U+0301 COMBINING ACUTE ACCENT removed, 1048576 times"),
+              std::string::npos)
+        << replacedLines(result);
+}
+
 TEST_F(Letters, AreComposedFirst)
 {
     const Result result = buildText("и\u0306 е\u0308 і\u0308 г\u0301 к\u0301 у\u0306", {});

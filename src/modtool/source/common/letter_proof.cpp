@@ -19,14 +19,16 @@ std::string resolved(std::string_view text)
     constexpr std::size_t longest = 12;
     std::string characters;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        const std::size_t end = text[i] == '&' ? text.find(';', i) : std::string_view::npos;
-        const auto character =
-            end < i + longest ? referencedCharacter(text.substr(i + 1, end - i - 1)) : std::nullopt;
+        const std::size_t length =
+            text[i] == '&' ? text.substr(i, longest).find(';') : std::string_view::npos;
+        const auto character = length != std::string_view::npos
+                                   ? referencedCharacter(text.substr(i + 1, length - 1))
+                                   : std::nullopt;
         if (character)
             icu::UnicodeString(static_cast<UChar32>(*character)).toUTF8String(characters);
         else
             characters += text[i];
-        i = character ? end : i;
+        i += character ? length : 0;
     }
     return characters;
 }

@@ -226,6 +226,8 @@ std::string decodedText(std::string content, const std::string& fileName, const 
         requireUtf8(content, fileName);
     while (content.starts_with(byteOrderMark)) // concatenated files have several
         content.erase(0, byteOrderMark.size());
+    if (content.find('\n') == std::string::npos)
+        std::replace(content.begin(), content.end(), '\r', '\n'); // each line ends with CR alone
     return content;
 }
 

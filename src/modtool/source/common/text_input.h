@@ -9,7 +9,7 @@ namespace Kedrin::ModTool {
 /// The file name that stands for standard input.
 inline constexpr const char* standardInput = "-";
 
-/// A source file as text: UTF-8, without a byte order mark. The encoding is the first of these that applies:
+/// A source file as text: UTF-8, without a byte order mark; in a file without LF each CR becomes one. The encoding is the first of these that applies:
 ///  1. `encoding`, when not empty: any name that the Unicode library knows ("windows-1251", "UTF-16LE");
 ///  2. a byte order mark: UTF-8 or UTF-16;
 ///  3. the XML declaration, or USFM's line \ide;

@@ -31,6 +31,13 @@ TEST_F(VerseLinesVariety, TrailingTabsSpacesAndEmptyRowsAreIgnored)
     EXPECT_EQ(made("BibleStructure.csv"), "1 2\n");
 }
 
+TEST_F(VerseLinesVariety, CarriageReturnsAloneEndLines)
+{
+    ASSERT_EQ(build("Gen\t1\t1\tБог\rGen\t1\t2\tрече\r").code, 0);
+    EXPECT_EQ(verse(0, 0, 0), "Бог");
+    EXPECT_EQ(verse(0, 0, 1), "рече");
+}
+
 TEST_F(VerseLinesVariety, Utf16OfBothOrdersIsRead)
 {
     for (const bool bigEndian : {false, true}) {
