@@ -31,6 +31,7 @@ public:
     ///     "%s:%u: a verse without a book", "%s:%u: a verse without a chapter", "%s:%u: a chapter without a book"
     ///     "%s:%u: a book without a name or number", "%s:%u: %s was given before, in line %s"
     ///     "%s:%u: %s is not a chapter number", the same with "verse"
+    ///     "%s:%u: %s is not a verse reference, such as Gen.1.1"
     ///     "%s:%u: a verse's text must be a string or a list of strings"
     void read(const std::string& fileName, std::string_view utf8, const std::string& shownName = "");
 

@@ -1,6 +1,8 @@
 #include "json_references.h"
 
 #include "ascii.h"
+#include "book_finder.h"
+#include "global_books.h"
 #include "module_format.h"
 
 #include <algorithm>
@@ -24,6 +26,48 @@ std::optional<JsonReference> referenceOfDigits(std::string_view text)
     return JsonReference{text.substr(0, bookBytes), *chapter, *verse};
 }
 
+bool hasOneChapter(std::string_view book)
+{
+    const auto global = globalIDOf(bookFinder().find(book));
+    return global && globalBooks()[*global].verseCounts.size() == 1;
+}
+
+/// @param signs  those that may stand before the verse
+std::optional<JsonReference> referenceWithChapter(std::string_view text, std::string_view signs)
+{
+    const std::size_t beforeVerse = text.find_last_of(signs);
+    if (beforeVerse == std::string_view::npos)
+        return std::nullopt;
+    const std::string_view head = trimmed(text.substr(0, beforeVerse));
+    const std::size_t beforeChapter = head.find_last_of(" :.");
+    if (beforeChapter == std::string_view::npos || beforeChapter == 0)
+        return std::nullopt;
+    const auto chapter = parseJsonNumber(head.substr(beforeChapter + 1));
+    const auto verse = parseVerseNumber(text.substr(beforeVerse + 1));
+    if (!chapter || !verse)
+        return std::nullopt;
+    return JsonReference{trimmed(head.substr(0, beforeChapter)), *chapter, *verse};
+}
+
+/// Reads "Jn 3,16"; in "Jude 2,3" both numbers are verses.
+std::optional<JsonReference> referenceWithComma(std::string_view text)
+{
+    const auto reference = referenceWithChapter(text, ",");
+    return reference && reference->chapter != 1 && hasOneChapter(reference->book) ? std::nullopt : reference;
+}
+
+std::optional<JsonReference> referenceInBookOfOneChapter(std::string_view text)
+{
+    const std::size_t beforeVerse = text.find_last_of(" :.");
+    if (beforeVerse == std::string_view::npos)
+        return std::nullopt;
+    const std::string_view book = trimmed(text.substr(0, beforeVerse));
+    const auto verse = parseVerseNumber(text.substr(beforeVerse + 1));
+    if (!verse || !hasOneChapter(book))
+        return std::nullopt;
+    return JsonReference{book, 1, *verse};
+}
+
 } // namespace
 
 std::optional<unsigned int> parseJsonNumber(std::string_view text)
@@ -38,23 +82,22 @@ std::optional<unsigned int> parseJsonNumber(std::string_view text)
 
 std::optional<JsonReference> parseJsonReference(std::string_view text)
 {
-    text = trimmed(text);
+    text = trimmedEnd(trimmed(text), ".,:; \t\r\n");
     if (text.empty() || text.size() > longestReference)
         return std::nullopt;
     if (std::all_of(text.begin(), text.end(), isAsciiDigit))
-        return text.size() == 7 || text.size() == 8 ? referenceOfDigits(text) : std::nullopt;
-    const std::size_t beforeVerse = text.find_last_of(":.");
-    if (beforeVerse == std::string_view::npos)
-        return std::nullopt;
-    const std::string_view head = text.substr(0, beforeVerse);
-    const std::size_t beforeChapter = head.find_last_of(" :.");
-    if (beforeChapter == std::string_view::npos || beforeChapter == 0)
-        return std::nullopt;
-    const auto chapter = parseJsonNumber(head.substr(beforeChapter + 1));
-    const auto verse = parseVerseNumber(text.substr(beforeVerse + 1));
-    if (!chapter || !verse)
-        return std::nullopt;
-    return JsonReference{trimmed(head.substr(0, beforeChapter)), *chapter, *verse};
+        return text.size() >= 7 && text.size() <= 9 ? referenceOfDigits(text) : std::nullopt;
+    auto reference = referenceWithChapter(text, ":.");
+    if (!reference)
+        reference = referenceWithComma(text);
+    return reference ? reference : referenceInBookOfOneChapter(text);
+}
+
+bool isLikeReference(std::string_view key)
+{
+    key = trimmed(key);
+    return std::any_of(key.begin(), key.end(), isAsciiDigit) &&
+           (isAsciiDigit(key.front()) || key.find_first_of(" :.,") != std::string_view::npos);
 }
 
 } // namespace Kedrin::ModTool

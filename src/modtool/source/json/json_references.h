@@ -15,8 +15,11 @@ struct JsonReference
     VerseNumber verse;
 };
 
-/// Reads "Gen 1:1", "1:1:1", "GEN.1.1", "1 Cor 1:1-2", and 1001001 or 66022021.
+/// Reads "Gen 1:1", "1:1:1", "GEN.1.1", "Gen 1,1", "1 Cor 1:1-2", "Jude 5", and 1001001, 66022021 or 066022021.
 std::optional<JsonReference> parseJsonReference(std::string_view text);
+
+/// Whether a key seems to name a verse, readable or not: "Ps 3:title", "43", but not "iso639".
+bool isLikeReference(std::string_view key);
 
 /// A number from 0 to 65534; nullopt for any other text.
 std::optional<unsigned int> parseJsonNumber(std::string_view text);

@@ -97,31 +97,60 @@ void CJsonShapes::readItem(const JsonValue& item, unsigned int position)
 
 void CJsonShapes::readMap(const JsonValue& map)
 {
+    bool hasReferences = false;
     for (const JsonValue& member : m_document.childrenOf(map))
-        readMember(member);
+        hasReferences = hasReferences || parseJsonReference(member.key);
+    for (const JsonValue& member : m_document.childrenOf(map))
+        if (const auto reference = parseJsonReference(member.key))
+            readReferenced(member, *reference);
+        else if (member.isContainer())
+            readMember(member);
+        else
+            readOther(member, hasReferences);
 }
 
-/// A member of an object whose keys are references, or names or numbers of books.
+/// A member whose key is a reference.
+void CJsonShapes::readReferenced(const JsonValue& member, const JsonReference& reference)
+{
+    if (member.kind == Kind::null)
+        return;
+    if (member.kind == Kind::object && !m_document.find(member, Field::text))
+        fail(member, tr("unknown JSON structure: neither books with chapters nor numbered verses"));
+    m_source.shapes.insert(keysShape);
+    BookClues clues;
+    (parseJsonNumber(reference.book) ? clues.number : clues.names.emplace_back()) = reference.book;
+    beginReferencedVerse(reference, clues, member);
+    if (member.kind == Kind::object)
+        giveParts(member);
+    else
+        giveText(member);
+    m_verses.endVerse();
+}
+
+/// A string, number or the like whose key is no reference.
+void CJsonShapes::readOther(const JsonValue& member, bool besideReferences)
+{
+    if (member.kind != Kind::null && isLikeReference(member.key))
+        fail(member, message("%s is not a verse reference, such as Gen.1.1", inQuotes(member.key)));
+    if (besideReferences && member.field == Field::none)
+        leaveOut(member, ReaderRule::outside);
+    else
+        takeInfo(member);
+}
+
+/// A book, or an object that describes the source.
 void CJsonShapes::readMember(const JsonValue& member)
 {
-    if (!member.isContainer()) {
-        const auto reference = parseJsonReference(member.key);
-        if (!reference || !member.isString())
-            return takeInfo(member);
-        m_source.shapes.insert(keysShape);
-        BookClues clues;
-        (parseJsonNumber(reference->book) ? clues.number : clues.names.emplace_back()) = reference->book;
-        beginReferencedVerse(*reference, clues, member);
-        giveText(member);
-        return m_verses.endVerse();
-    }
-    bool isFlat =
-        member.kind == Kind::object && !parseJsonNumber(member.key) && bookFinder().find(member.key).empty();
-    for (const JsonValue& child : m_document.childrenOf(member))
-        isFlat = isFlat && !child.isContainer();
     BookClues clues;
     clues.line = member.line;
-    (parseJsonNumber(member.key) ? clues.number : clues.names.emplace_back()) = member.key;
+    const bool isNumber = parseJsonNumber(member.key).has_value();
+    const bool isKnown = isNumber || !bookFinder().find(member.key).empty();
+    if (!isKnown && isLikeReference(member.key))
+        fail(member, message("%s is not a verse reference, such as Gen.1.1", inQuotes(member.key)));
+    (isNumber ? clues.number : clues.names.emplace_back()) = member.key;
+    bool isFlat = member.kind == Kind::object && !isKnown;
+    for (const JsonValue& child : m_document.childrenOf(member))
+        isFlat = isFlat && !child.isContainer();
     if (isFlat)
         return takeInfo(member);
     readBook(member, clues);

@@ -47,6 +47,8 @@ private:
     void readList(const JsonValue& list);
     void readItem(const JsonValue& item, unsigned int position);
     void readMap(const JsonValue& map);
+    void readReferenced(const JsonValue& member, const JsonReference& reference);
+    void readOther(const JsonValue& member, bool besideReferences);
     void readMember(const JsonValue& member);
     void readBook(const JsonValue& book, BookClues clues);
     void readChapters(const JsonValue& chapters);

@@ -45,6 +45,24 @@ TEST(JsonReader, OtherJsonIsRefused)
     EXPECT_EQ(errorIn(R"({"a":"\ud800"})"), "f.json:1: not valid JSON: \"{\"a\":\"\\ud800\"\"");
 }
 
+TEST(JsonReader, KeysThatAreNoReferenceAreRefusedOrCounted)
+{
+    const auto with = [](const std::string& member) { return R"({"John 3:16":"a",)" + member + "}"; };
+    for (const std::string key : {"John 3:18-4:2", "John 3:22 (KJV)", "Ps 3:title", "John 3"})
+        for (const std::string value : {R"("b")", R"({"name":"b"})", R"({"text":"b"})", R"(["b"])", "5"})
+            EXPECT_EQ(errorIn(with('"' + key + "\":" + value)),
+                      "f.json:1: \"" + key + "\" is not a verse reference, such as Gen.1.1")
+                << value;
+    EXPECT_EQ(errorIn(R"x({"John 3:22 (KJV)":"b","Genesis":{"1":{"1":"a"}}})x"),
+              "f.json:1: \"John 3:22 (KJV)\" is not a verse reference, such as Gen.1.1");
+    EXPECT_EQ(errorIn(with(R"("John 3:17":{"1":"b"})")), "f.json:1: " + unknownShape);
+    EXPECT_EQ(errorIn(with(R"("John 3:17":5)")),
+              "f.json:1: a verse's text must be a string or a list of strings");
+    EXPECT_EQ(read(with(R"("one":"b","iso639":"bul","name":"T")")).findings.text(),
+              source + "JSON, verses by reference\n" +
+                  "left out      2 texts outside the verses, first at line 1\n");
+}
+
 TEST(JsonReader, SizesAreBounded)
 {
     EXPECT_EQ(errorIn("\n" + std::string(101, '[')), "f.json:2: values are nested more than 100 deep");

@@ -128,6 +128,24 @@ TEST(JsonReader, KeysAreReferences)
     EXPECT_EQ(bible.info.fullTitle, "T");
 }
 
+TEST(JsonReader, ReferencesInSeveralSpellings)
+{
+    EXPECT_EQ(linesIn(R"({"Jn 3,19":"a","Jn. 3, 20":"b","John 3 : 23":"c","043004002":"d","John 4:3.":"e",
+                          "2. Peter 3,4":"f","2 Pet 3:5,6":"g","3 John 5":"h","Jude 2":"i","JUD.3":"j","Jude 4-5":"k",
+                          "Jude 1:6":"l","Jude 1,7":"m","Jude 8,9":"n"})"),
+              "John 3:19 a\nJohn 3:20 b\nJohn 3:23 c\nJohn 4:2 d\nJohn 4:3 e\n2Pet 3:4 f\n2Pet 3:5 g\n"
+              "3John 1:5 h\nJude 1:2 i\nJude 1:3 j\nJude 1:4 k\nJude 1:6 l\nJude 1:7 m\nJude 1:8 n\n");
+}
+
+TEST(JsonReader, VersesByReferenceMayBeObjectsOrLists)
+{
+    const SourceBible bible = read(R"({"John 3:16":{"text":"a","note":"n"},"John 3:17":["b","c"],
+                                       "John 3:18":null})");
+    EXPECT_EQ(linesOf(bible), "John 3:16 a\nJohn 3:17 b c\n");
+    EXPECT_EQ(bible.findings.text(),
+              source + "JSON, verses by reference\n" + "left out      1 note, first at John 3:16\n");
+}
+
 TEST(JsonReader, BooksByTheirNames)
 {
     const SourceBible bible =
