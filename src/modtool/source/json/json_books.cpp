@@ -61,6 +61,12 @@ bool contradict(const std::string& a, const std::string& b)
     return !a.empty() && !b.empty() && a != b && !(isOfKings(a) && isOfKings(b));
 }
 
+bool isNamedBy(std::string_view name, const BookClues& clues)
+{
+    return std::find(clues.names.begin(), clues.names.end(), name) != clues.names.end() ||
+           std::find(clues.codes.begin(), clues.codes.end(), name) != clues.codes.end();
+}
+
 /// The name of a book that nobody knows.
 std::string unknownBook(const CJsonDocument& document, BookClues& clues)
 {
@@ -99,6 +105,22 @@ BookClues cluesOfPart(const CJsonDocument& document, const JsonValue& object)
     take(document.find(object, Field::book), clues, clues.names);
     take(document.find(object, Field::bookCode), clues, clues.codes);
     return clues;
+}
+
+bool isSaidBy(const BookClues& clues, const BookClues& other)
+{
+    const auto isNamed = [&](std::string_view name) { return isNamedBy(name, other); };
+    return (clues.number.empty() || clues.number == other.number) &&
+           std::all_of(clues.names.begin(), clues.names.end(), isNamed) &&
+           std::all_of(clues.codes.begin(), clues.codes.end(), isNamed);
+}
+
+bool haveClueInCommon(const BookClues& clues, const BookClues& other)
+{
+    const auto isNamed = [&](std::string_view name) { return isNamedBy(name, other); };
+    return (!clues.number.empty() && clues.number == other.number) ||
+           std::any_of(clues.names.begin(), clues.names.end(), isNamed) ||
+           std::any_of(clues.codes.begin(), clues.codes.end(), isNamed);
 }
 
 std::string bookOf(const CJsonDocument& document, BookClues& clues)

@@ -27,6 +27,12 @@ BookClues cluesOfBook(const CJsonDocument& document, const JsonValue& object);
 /// Of a chapter or verse object.
 BookClues cluesOfPart(const CJsonDocument& document, const JsonValue& object);
 
+/// Whether the other says all of this too.
+bool isSaidBy(const BookClues& clues, const BookClues& other);
+
+/// Whether both say the same of the book in at least one way.
+bool haveClueInCommon(const BookClues& clues, const BookClues& other);
+
 /// The OSIS id: by a number from 1 to 66 (Protestant order), or else by a name, the position, the file's name,
 /// an abbreviation, or a truncated name.
 /// @returns "" if there is no clue at all; the name as given for a book that nobody knows, of which `clues.unknown` says

@@ -20,6 +20,12 @@ constexpr const char* keysShape = translatable("%s, verses by reference");
 
 VerseNumber verseOf(unsigned int number) { return {number, number, false}; }
 
+/// @param value  may be nullptr
+std::optional<unsigned int> numberIn(const JsonValue* value)
+{
+    return value && value->isScalar() ? parseJsonNumber(value->text) : std::nullopt;
+}
+
 } // namespace
 
 void CJsonShapes::fail(const JsonValue& value, const std::string& what) const
@@ -177,8 +183,12 @@ void CJsonShapes::readChapters(const JsonValue& chapters)
     const auto children = m_document.childrenOf(chapters);
     const bool isList = chapters.kind == Kind::array;
     unsigned int index = isList && !children.empty() && (*children.begin()).kind == Kind::null ? 0 : 1;
+    const JsonPosition book{m_book, m_clues, std::nullopt};
     for (const JsonValue& chapter : children) {
         if (chapter.isContainer()) {
+            JsonPosition position = book;
+            takeBook(cluesOfPart(m_document, chapter), position);
+            moveTo(position, chapter);
             const JsonValue* own = m_document.find(chapter, Field::chapter);
             own = own ? own : m_document.find(chapter, Field::number);
             const bool isOwn = container(chapter, Field::verses) && own && own->isScalar();
@@ -192,6 +202,7 @@ void CJsonShapes::readChapters(const JsonValue& chapters)
         }
         ++index;
     }
+    moveTo(book, chapters);
 }
 
 /// @param number  nullopt if the stated one is not a number
@@ -201,17 +212,21 @@ void CJsonShapes::readChapter(const JsonValue& chapter, const std::optional<unsi
     m_verses.beginChapter(m_chapter);
     if (!number)
         m_verses.found(ReaderRule::chapterWithoutNumber, chapter.line);
+    const JsonPosition here{m_book, m_clues, m_chapter};
     const JsonValue* verses = container(chapter, Field::verses);
     if (!verses)
-        return readVerses(chapter);
-    readInside(chapter, verses, false, [&] { readVerses(*verses); });
+        return readVerses(chapter, here);
+    readInside(chapter, verses, false, [&] { readVerses(*verses, here); });
     m_verses.endVerse();
 }
 
-/// A chapter that states its book.
+/// A chapter that states its book, or a book whose verses state their chapters.
 void CJsonShapes::readPart(const JsonValue& chapter)
 {
+    const bool isBook = statesChapters(chapter);
     BookClues clues = cluesOfPart(m_document, chapter);
+    if (isBook && isSaidBy(clues, {}))
+        clues = cluesOfBook(m_document, chapter);
     clues.file = bookOfFile(m_document.fileName());
     std::string osis = bookOf(m_document, clues);
     osis = osis.empty() ? clues.file : osis;
@@ -219,12 +234,17 @@ void CJsonShapes::readPart(const JsonValue& chapter)
         fail(chapter, tr("a chapter without a book"));
     m_source.shapes.insert(partShape);
     beginBook(osis, clues, chapter, false);
+    if (isBook) {
+        const JsonValue* verses = container(chapter, Field::verses);
+        return readInside(chapter, verses, false, [&] { readVerses(*verses, {osis, clues, std::nullopt}); });
+    }
     const JsonValue* number = m_document.find(chapter, Field::chapter);
     number = number ? number : m_document.find(chapter, Field::number);
     readChapter(chapter, number ? parseJsonNumber(number->text) : std::nullopt);
 }
 
-void CJsonShapes::readVerses(const JsonValue& verses)
+/// @param around  the verses' position unless they state their own; without a chapter, they have to
+void CJsonShapes::readVerses(const JsonValue& verses, const JsonPosition& around)
 {
     const auto children = m_document.childrenOf(verses);
     const bool isList = verses.kind == Kind::array;
@@ -236,21 +256,30 @@ void CJsonShapes::readVerses(const JsonValue& verses)
         else if (!number)
             fail(verse, message("%s is not a verse number", inQuotes(verse.key)));
         else if (verse.kind != Kind::null)
-            readVerse(verse, *number);
+            readVerse(verse, *number, around);
     }
+    moveTo(around, verses);
 }
 
 /// @param number  used if the verse does not state its own
-void CJsonShapes::readVerse(const JsonValue& verse, const VerseNumber& number)
+void CJsonShapes::readVerse(const JsonValue& verse, const VerseNumber& number, const JsonPosition& around)
 {
+    JsonPosition position = around;
+    takeBook(cluesOfPart(m_document, verse), position);
+    if (const auto chapter = numberIn(m_document.find(verse, Field::chapter)))
+        position.chapter = chapter;
     const JsonValue* own = m_document.find(verse, Field::verse);
     own = own ? own : m_document.find(verse, Field::number);
-    const auto said = own && own->isScalar() ? parseVerseNumber(own->text) : std::optional(number);
-    const unsigned int chapter = m_chapter;
+    auto said = own && own->isScalar() ? parseVerseNumber(own->text) : std::optional(number);
+    if (const auto byReference = own ? std::nullopt : numberByReference(verse, position))
+        said = byReference;
+    if (!position.chapter)
+        fail(verse, tr("a verse without a chapter"));
+    moveTo(position, verse);
     if (said)
-        m_verses.beginVerse(chapter, *said, verse.line);
+        m_verses.beginVerse(m_chapter, *said, verse.line);
     else
-        m_verses.beginVerseWithoutNumber(std::max(chapter, 1u), verse.line);
+        m_verses.beginVerseWithoutNumber(std::max(m_chapter, 1u), verse.line);
     if (verse.kind == Kind::object)
         giveParts(verse);
     else

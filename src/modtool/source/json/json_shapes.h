@@ -20,6 +20,14 @@ struct JsonSource
     bool hasBooksByPosition = false;
 };
 
+/// A book and a chapter.
+struct JsonPosition
+{
+    std::string book; ///< OSIS id
+    BookClues clues;  ///< what identified the book
+    std::optional<unsigned int> chapter;
+};
+
 /// Reads one document of any structure (doc/formats/json.md) into a source. All strings are passed to the collector
 /// in document order.
 class CJsonShapes
@@ -54,8 +62,12 @@ private:
     void readChapters(const JsonValue& chapters);
     void readChapter(const JsonValue& chapter, const std::optional<unsigned int>& number);
     void readPart(const JsonValue& chapter);
-    void readVerses(const JsonValue& verses);
-    void readVerse(const JsonValue& verse, const VerseNumber& number);
+    void readVerses(const JsonValue& verses, const JsonPosition& around);
+    void readVerse(const JsonValue& verse, const VerseNumber& number, const JsonPosition& around);
+    std::optional<VerseNumber> numberByReference(const JsonValue& verse, JsonPosition& position) const;
+    bool statesChapters(const JsonValue& part) const;
+    void takeBook(BookClues clues, JsonPosition& position) const;
+    void moveTo(const JsonPosition& position, const JsonValue& value);
     void readRecord(const JsonValue& record);
     void readRow(const JsonValue& row);
 
@@ -73,6 +85,7 @@ private:
     CVerseCollector& m_verses;
     const CJsonDocument& m_document;
     std::string m_book;         ///< OSIS id of the current book
+    BookClues m_clues;          ///< what identified it
     unsigned int m_chapter = 0; ///< the current one; 0: none yet
 };
 

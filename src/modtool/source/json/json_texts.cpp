@@ -45,12 +45,70 @@ void CJsonShapes::beginBook(const std::string& osis, const BookClues& clues, con
     if (osis == m_book && !isWhole)
         return;
     m_book = osis;
+    m_clues = clues;
     m_chapter = 0;
     if (clues.unknown.empty())
         m_verses.beginBook(osis);
     else
         m_verses.beginUnknownBook(osis, clues.unknown);
     m_verses.beginChapter();
+}
+
+/// Continues the book and chapter unless they are the current ones.
+/// @param value  for the line
+void CJsonShapes::moveTo(const JsonPosition& position, const JsonValue& value)
+{
+    beginBook(position.book, position.clues, value, false);
+    if (position.chapter && *position.chapter != m_chapter)
+        m_verses.beginChapter(m_chapter = *position.chapter);
+}
+
+/// Changes the position to the stated book, if this is another one; then the chapter is not known.
+void CJsonShapes::takeBook(BookClues clues, JsonPosition& position) const
+{
+    if (isSaidBy(clues, position.clues))
+        return;
+    std::string osis = bookOf(m_document, clues);
+    const bool isSame = !clues.unknown.empty() && haveClueInCommon(clues, position.clues);
+    if (!osis.empty() && osis != position.book && !isSame)
+        position = {std::move(osis), std::move(clues), std::nullopt};
+}
+
+/// The number in a verse's reference, which also gives the position; an id counts only if it is of this position.
+std::optional<VerseNumber> CJsonShapes::numberByReference(const JsonValue& verse,
+                                                          JsonPosition& position) const
+{
+    for (const Field field : {Field::reference, Field::id}) {
+        const JsonValue* value = m_document.find(verse, field);
+        const auto reference = value ? parseJsonReference(value->text) : std::nullopt;
+        if (!reference)
+            continue;
+        JsonPosition own = position;
+        BookClues clues;
+        clues.line = verse.line;
+        (parseJsonNumber(reference->book) ? clues.number : clues.names.emplace_back()) = reference->book;
+        takeBook(clues, own);
+        own.chapter = reference->chapter;
+        const bool isHere =
+            own.book == position.book && (!position.chapter || own.chapter == position.chapter);
+        if (field == Field::id && !isHere)
+            continue;
+        position = own;
+        return reference->verse;
+    }
+    return std::nullopt;
+}
+
+/// Whether a part has no number as a chapter, but verses that have.
+bool CJsonShapes::statesChapters(const JsonValue& part) const
+{
+    const bool hasBook = !isSaidBy(cluesOfPart(m_document, part), {});
+    if (m_document.find(part, Field::chapter) || (hasBook && m_document.find(part, Field::number)))
+        return false;
+    for (const JsonValue& verse : m_document.childrenOf(*container(part, Field::verses)))
+        if (const JsonValue* chapter = m_document.find(verse, Field::chapter))
+            return parseJsonNumber(chapter->text).has_value();
+    return false;
 }
 
 /// @param value  for the line

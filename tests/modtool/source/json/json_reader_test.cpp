@@ -94,6 +94,63 @@ TEST(JsonReader, OneChapterPerFile)
     EXPECT_EQ(errorIn(R"({"chapter":3,"verses":["a"]})"), "f.json:1: a chapter without a book");
 }
 
+TEST(JsonReader, VersesOfABookStateTheirChapters)
+{
+    const std::string verses =
+        R"("verses":[{"chapter":1,"verse":1,"text":"a"},{"chapter":2,"verse":1,"text":"b"}]})";
+    const SourceBible bible = read(R"([{"book":"Genesis",)" + verses + "]");
+    EXPECT_EQ(linesOf(bible), "Gen 1:1 a\nGen 2:1 b\n");
+    EXPECT_EQ(bible.findings.text(), source + "JSON, chapters with verses\n");
+    EXPECT_EQ(
+        linesIn(R"({"books":[{"name":"Genesis",)" + verses + R"(,{"nr":43,)" + verses + "]}", "Exodus.json"),
+        "Gen 1:1 a\nGen 2:1 b\nJohn 1:1 a\nJohn 2:1 b\n");
+    EXPECT_EQ(
+        linesIn(
+            R"([{"book":"John","number":3,"verses":[{"chapter":3,"verse":1,"text":"a"},{"verse":2,"text":"b"}]}])"),
+        "John 3:1 a\nJohn 3:2 b\n");
+    EXPECT_EQ(errorIn(R"([{"book":1,"verses":[{"chapter":1,"verse":1,"text":"a"},{"verse":2,"text":"b"}]}])"),
+              "f.json:1: a verse without a chapter");
+}
+
+TEST(JsonReader, VerseIsPutInItsOwnBookAndChapter)
+{
+    const std::string verses = R"("chapter":3,"verses":[{"verse":16,"text":"a"},
+        {"chapter":4,"verse":1,"text":"b"},{"book":"Mark","chapter":5,"verse":2,"text":"c"},{"verse":17,"text":"d"}]})";
+    const std::string lines = "John 3:16 a\nJohn 3:17 d\nJohn 4:1 b\nMark 5:2 c\n";
+    EXPECT_EQ(linesIn(R"({"book":"John",)" + verses), lines);
+    EXPECT_EQ(linesIn(R"({"books":[{"name":"John","chapters":[{)" + verses +
+                      R"(,{"chapter":5,"verses":["e"]}]}]})"),
+              "John 3:16 a\nJohn 3:17 d\nJohn 4:1 b\nJohn 5:1 e\nMark 5:2 c\n");
+    EXPECT_EQ(errorIn(R"({"book":"John","chapter":3,"verses":[{"book":"Mark","verse":1,"text":"a"}]})"),
+              "f.json:1: a verse without a chapter");
+    EXPECT_EQ(
+        errorIn(R"({"book":"John","chapter":3,"verses":[{"book":"Qwe","chapter":3,"verse":1,"text":"a"}]})"),
+        "f.json:1: \"Qwe\" is not a known book: " + whatToWrite);
+}
+
+TEST(JsonReader, ChapterIsPutInItsOwnBook)
+{
+    EXPECT_EQ(linesIn(R"([{"name":"John","chapters":[{"chapter":3,"verses":["a"]},
+                          {"book":"Mark","chapter":4,"verses":["b"]},{"chapter":5,"verses":["c"]}]}])"),
+              "John 3:1 a\nJohn 5:1 c\nMark 4:1 b\n");
+}
+
+TEST(JsonReader, BookOfAVerseMayBeWrittenAsThatAroundIt)
+{
+    EXPECT_EQ(linesIn(R"([{"nr":470,"name":"1Cor","chapters":[{"book_nr":470,"chapter":2,"verses":[
+                          {"book_nr":470,"book":"I Коринтяни","chapter":2,"verse":3,"text":"a"},{"book":470,"verse":4,"text":"b"}]}]},
+                         {"nr":11,"name":"1 Samuel","chapters":[{"chapter":1,"verses":[
+                          {"book":"1 Samuel","verse":1,"text":"c"}]}]}])"),
+              "1Cor 2:3 a\n1Cor 2:4 b\n1Kgs 1:1 c\n");
+}
+
+TEST(JsonReader, VerseOfAChapterMayStateItsReference)
+{
+    EXPECT_EQ(linesIn(R"({"book":"John","chapter":3,"verses":[{"reference":"Jn 3:16","text":"a"},
+                          {"id":"JHN.3.17","text":"b"},{"reference":"Mark 4:1","text":"c"}]})"),
+              "John 3:16 a\nJohn 3:17 b\nMark 4:1 c\n");
+}
+
 TEST(JsonReader, FlatListOfVerses)
 {
     const SourceBible bible = read(R"([{"book":1,"chapter":1,"verse":1,"text":"a"},
