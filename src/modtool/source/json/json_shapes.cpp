@@ -18,14 +18,6 @@ constexpr const char* booksShape = translatable("%s, books with chapters of vers
 constexpr const char* partShape = translatable("%s, chapters with verses");
 constexpr const char* keysShape = translatable("%s, verses by reference");
 
-VerseNumber verseOf(unsigned int number) { return {number, number, false}; }
-
-/// @param value  may be nullptr
-std::optional<unsigned int> numberIn(const JsonValue* value)
-{
-    return value && value->isScalar() ? parseJsonNumber(value->text) : std::nullopt;
-}
-
 } // namespace
 
 void CJsonShapes::fail(const JsonValue& value, const std::string& what) const
@@ -39,7 +31,7 @@ const JsonValue* CJsonShapes::container(const JsonValue& object, Field field) co
     return found && found->isContainer() ? found : nullptr;
 }
 
-/// Reads `inner` and leaves out the other members of its object.
+/// Reads `inner` and leaves out the other members of its object, except lists of books beside it in the root.
 template <typename Read>
 void CJsonShapes::readInside(const JsonValue& object, const JsonValue* inner, bool isRoot, Read&& read)
 {
@@ -47,9 +39,9 @@ void CJsonShapes::readInside(const JsonValue& object, const JsonValue* inner, bo
         if (&child == inner)
             read();
         else if (isRoot)
-            takeInfo(child);
+            readBeside(child);
         else
-            leaveOut(child, ruleOf(child.field));
+            leaveOut(child, ruleOf(child));
 }
 
 void CJsonShapes::readRoot(const JsonValue& root)
@@ -154,7 +146,8 @@ void CJsonShapes::readMember(const JsonValue& member)
     if (!isKnown && isLikeReference(member.key))
         fail(member, message("%s is not a verse reference, such as Gen.1.1", inQuotes(member.key)));
     (isNumber ? clues.number : clues.names.emplace_back()) = member.key;
-    bool isFlat = member.kind == Kind::object && !isKnown;
+    bool isFlat =
+        member.kind == Kind::object && !isKnown && (member.field != Field::none || isDescription(member));
     for (const JsonValue& child : m_document.childrenOf(member))
         isFlat = isFlat && !child.isContainer();
     if (isFlat)
@@ -198,7 +191,7 @@ void CJsonShapes::readChapters(const JsonValue& chapters)
                                  : isList ? std::optional(index)
                                           : parseJsonNumber(chapter.key));
         } else {
-            leaveOut(chapter, ruleOf(chapter.field));
+            leaveOut(chapter, ruleOf(chapter));
         }
         ++index;
     }
@@ -241,50 +234,6 @@ void CJsonShapes::readPart(const JsonValue& chapter)
     const JsonValue* number = m_document.find(chapter, Field::chapter);
     number = number ? number : m_document.find(chapter, Field::number);
     readChapter(chapter, number ? parseJsonNumber(number->text) : std::nullopt);
-}
-
-/// @param around  the verses' position unless they state their own; without a chapter, they have to
-void CJsonShapes::readVerses(const JsonValue& verses, const JsonPosition& around)
-{
-    const auto children = m_document.childrenOf(verses);
-    const bool isList = verses.kind == Kind::array;
-    unsigned int index = isList && !children.empty() && (*children.begin()).kind == Kind::null ? 0 : 1;
-    for (const JsonValue& verse : children) {
-        const auto number = isList ? std::optional(verseOf(index++)) : parseVerseNumber(verse.key);
-        if (!number && !verse.isContainer())
-            leaveOut(verse, ruleOf(verse.field));
-        else if (!number)
-            fail(verse, message("%s is not a verse number", inQuotes(verse.key)));
-        else if (verse.kind != Kind::null)
-            readVerse(verse, *number, around);
-    }
-    moveTo(around, verses);
-}
-
-/// @param number  used if the verse does not state its own
-void CJsonShapes::readVerse(const JsonValue& verse, const VerseNumber& number, const JsonPosition& around)
-{
-    JsonPosition position = around;
-    takeBook(cluesOfPart(m_document, verse), position);
-    if (const auto chapter = numberIn(m_document.find(verse, Field::chapter)))
-        position.chapter = chapter;
-    const JsonValue* own = m_document.find(verse, Field::verse);
-    own = own ? own : m_document.find(verse, Field::number);
-    auto said = own && own->isScalar() ? parseVerseNumber(own->text) : std::optional(number);
-    if (const auto byReference = own ? std::nullopt : numberByReference(verse, position))
-        said = byReference;
-    if (!position.chapter)
-        fail(verse, tr("a verse without a chapter"));
-    moveTo(position, verse);
-    if (said)
-        m_verses.beginVerse(m_chapter, *said, verse.line);
-    else
-        m_verses.beginVerseWithoutNumber(std::max(m_chapter, 1u), verse.line);
-    if (verse.kind == Kind::object)
-        giveParts(verse);
-    else
-        giveText(verse);
-    m_verses.endVerse();
 }
 
 } // namespace Kedrin::ModTool

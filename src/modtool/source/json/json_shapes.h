@@ -46,8 +46,10 @@ public:
 private:
     using Kind = JsonValue::Kind;
 
-    /// The rule for a string in a book, chapter or verse that is not verse text.
-    static ReaderRule ruleOf(Field field);
+    /// The rule for a value in a book, chapter or verse that is not verse text.
+    ReaderRule ruleOf(const JsonValue& value) const;
+    /// Whether a value beside the books or verses can have no verse in it.
+    bool isDescription(const JsonValue& value, bool isInList = false) const;
     [[noreturn]] void fail(const JsonValue& value, const std::string& what) const;
     const JsonValue* container(const JsonValue& object, Field field) const;
 
@@ -80,6 +82,8 @@ private:
     void giveText(const JsonValue& text);
     void leaveOut(const JsonValue& value, ReaderRule rule);
     void takeInfo(const JsonValue& value);
+    void readBeside(const JsonValue& value);
+    bool isListOfBooks(const JsonValue& value) const;
 
     JsonSource& m_source;
     CVerseCollector& m_verses;

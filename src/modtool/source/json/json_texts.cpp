@@ -1,4 +1,4 @@
-// Texts of a JSON document, and verses that state their reference.
+// Texts of a JSON document, and what is beside its books and verses.
 
 #include "ascii.h"
 #include "errors.h"
@@ -7,19 +7,13 @@
 #include "messages.h"
 
 #include <algorithm>
-#include <vector>
+#include <initializer_list>
 
 namespace Kedrin::ModTool {
 
-namespace {
-
-constexpr const char* versesShape = translatable("%s, verses with book, chapter and verse");
-
-} // namespace
-
-ReaderRule CJsonShapes::ruleOf(Field field)
+ReaderRule CJsonShapes::ruleOf(const JsonValue& value) const
 {
-    switch (field) {
+    switch (value.field) {
     case Field::heading:
         return ReaderRule::title;
     case Field::note:
@@ -28,8 +22,26 @@ ReaderRule CJsonShapes::ruleOf(Field field)
     case Field::text:
         return ReaderRule::outside;
     default:
-        return ReaderRule::metadata;
+        return isDescription(value) ? ReaderRule::metadata : ReaderRule::outside;
     }
+}
+
+bool CJsonShapes::isDescription(const JsonValue& value, bool isInList) const
+{
+    const auto isOneOf = [&](std::initializer_list<Field> fields) {
+        return std::find(fields.begin(), fields.end(), value.field) != fields.end();
+    };
+    if (!value.isContainer())
+        return value.field != Field::text;
+    if (isOneOf({Field::books, Field::chapters, Field::verses, Field::rows, Field::row, Field::text}))
+        return false;
+    const bool isList = value.kind == Kind::array;
+    if (isList && !isInList && isOneOf({Field::none, Field::book, Field::chapter, Field::verse}))
+        return false;
+    for (const JsonValue& child : m_document.childrenOf(value))
+        if ((!isList && parseJsonNumber(child.key)) || !isDescription(child, isList))
+            return false;
+    return true;
 }
 
 /// @param isWhole  the whole book is here, so it may not be given again
@@ -54,133 +66,6 @@ void CJsonShapes::beginBook(const std::string& osis, const BookClues& clues, con
     m_verses.beginChapter();
 }
 
-/// Continues the book and chapter unless they are the current ones.
-/// @param value  for the line
-void CJsonShapes::moveTo(const JsonPosition& position, const JsonValue& value)
-{
-    beginBook(position.book, position.clues, value, false);
-    if (position.chapter && *position.chapter != m_chapter)
-        m_verses.beginChapter(m_chapter = *position.chapter);
-}
-
-/// Changes the position to the stated book, if this is another one; then the chapter is not known.
-void CJsonShapes::takeBook(BookClues clues, JsonPosition& position) const
-{
-    if (isSaidBy(clues, position.clues))
-        return;
-    std::string osis = bookOf(m_document, clues);
-    const bool isSame = !clues.unknown.empty() && haveClueInCommon(clues, position.clues);
-    if (!osis.empty() && osis != position.book && !isSame)
-        position = {std::move(osis), std::move(clues), std::nullopt};
-}
-
-/// The number in a verse's reference, which also gives the position; an id counts only if it is of this position.
-std::optional<VerseNumber> CJsonShapes::numberByReference(const JsonValue& verse,
-                                                          JsonPosition& position) const
-{
-    for (const Field field : {Field::reference, Field::id}) {
-        const JsonValue* value = m_document.find(verse, field);
-        const auto reference = value ? parseJsonReference(value->text) : std::nullopt;
-        if (!reference)
-            continue;
-        JsonPosition own = position;
-        BookClues clues;
-        clues.line = verse.line;
-        (parseJsonNumber(reference->book) ? clues.number : clues.names.emplace_back()) = reference->book;
-        takeBook(clues, own);
-        own.chapter = reference->chapter;
-        const bool isHere =
-            own.book == position.book && (!position.chapter || own.chapter == position.chapter);
-        if (field == Field::id && !isHere)
-            continue;
-        position = own;
-        return reference->verse;
-    }
-    return std::nullopt;
-}
-
-/// Whether a part has no number as a chapter, but verses that have.
-bool CJsonShapes::statesChapters(const JsonValue& part) const
-{
-    const bool hasBook = !isSaidBy(cluesOfPart(m_document, part), {});
-    if (m_document.find(part, Field::chapter) || (hasBook && m_document.find(part, Field::number)))
-        return false;
-    for (const JsonValue& verse : m_document.childrenOf(*container(part, Field::verses)))
-        if (const JsonValue* chapter = m_document.find(verse, Field::chapter))
-            return parseJsonNumber(chapter->text).has_value();
-    return false;
-}
-
-/// @param value  for the line
-void CJsonShapes::beginReferencedVerse(const JsonReference& reference, BookClues clues,
-                                       const JsonValue& value)
-{
-    clues.line = value.line;
-    const std::string osis = bookOf(m_document, clues);
-    if (osis.empty())
-        fail(value, tr("a verse without a book"));
-    beginBook(osis, clues, value, false);
-    if (reference.chapter != m_chapter)
-        m_verses.beginChapter(m_chapter = reference.chapter);
-    m_verses.beginVerse(reference.chapter, reference.verse, value.line);
-}
-
-/// A verse object that states its book, chapter and number.
-void CJsonShapes::readRecord(const JsonValue& record)
-{
-    m_source.shapes.insert(versesShape);
-    BookClues clues = cluesOfPart(m_document, record);
-    const JsonValue* chapter = m_document.find(record, Field::chapter);
-    const JsonValue* verse = m_document.find(record, Field::verse);
-    std::optional<JsonReference> reference;
-    for (const Field field : {Field::reference, Field::id}) {
-        const JsonValue* whole = chapter || reference ? nullptr : m_document.find(record, field);
-        reference = whole ? parseJsonReference(whole->text) : reference;
-    }
-    if (reference && clues.number.empty() && clues.names.empty() && clues.codes.empty())
-        (parseJsonNumber(reference->book) ? clues.number : clues.names.emplace_back()) = reference->book;
-    if (!reference) {
-        const auto number = chapter ? parseJsonNumber(chapter->text) : std::nullopt;
-        if (!number)
-            fail(record, tr("a verse without a chapter"));
-        const auto verseNumber = verse ? parseVerseNumber(verse->text) : std::nullopt;
-        if (!verseNumber)
-            fail(record, tr("a verse without a number"));
-        reference = JsonReference{"", *number, *verseNumber};
-    }
-    beginReferencedVerse(*reference, clues, record);
-    giveParts(record);
-    m_verses.endVerse();
-}
-
-/// A verse without keys: id and text, or book, chapter, verse and text, perhaps after an id.
-void CJsonShapes::readRow(const JsonValue& row)
-{
-    m_source.shapes.insert(versesShape);
-    std::vector<const JsonValue*> values;
-    for (const JsonValue& value : m_document.childrenOf(row))
-        values.push_back(&value);
-    if (values.size() < 2 || !std::all_of(values.begin(), values.end(),
-                                          [](const JsonValue* value) { return !value->isContainer(); }))
-        fail(row, tr("unknown JSON structure: neither books with chapters nor numbered verses"));
-    const std::size_t last = values.size() - 1;
-    std::optional<JsonReference> reference;
-    if (values.size() < 4)
-        reference = parseJsonReference(values[0]->text);
-    else if (const auto chapter = parseJsonNumber(values[last - 2]->text))
-        if (const auto verse = parseVerseNumber(values[last - 1]->text))
-            reference = JsonReference{values[last - 3]->text, *chapter, *verse};
-    if (!reference)
-        fail(row, tr("a verse without a chapter"));
-    BookClues clues;
-    (parseJsonNumber(reference->book) ? clues.number : clues.names.emplace_back()) = reference->book;
-    beginReferencedVerse(*reference, clues, row);
-    for (std::size_t i = 0; i < last; ++i)
-        leaveOut(*values[i], ReaderRule::metadata);
-    giveText(*values[last]);
-    m_verses.endVerse();
-}
-
 /// The members of the open verse's object.
 void CJsonShapes::giveParts(const JsonValue& verse)
 {
@@ -189,7 +74,7 @@ void CJsonShapes::giveParts(const JsonValue& verse)
         if (&child == text)
             giveText(child);
         else
-            leaveOut(child, ruleOf(child.field));
+            leaveOut(child, ruleOf(child));
 }
 
 void CJsonShapes::giveText(const JsonValue& text)
@@ -215,6 +100,35 @@ void CJsonShapes::leaveOut(const JsonValue& value, ReaderRule rule)
     }
     for (const JsonValue& child : m_document.childrenOf(value))
         leaveOut(child, rule);
+}
+
+/// A member of the root beside the list or object that was found to have the books or verses.
+void CJsonShapes::readBeside(const JsonValue& value)
+{
+    const ReaderRule rule = ruleOf(value);
+    if (isListOfBooks(value))
+        readList(value);
+    else if (value.isContainer() && (rule == ReaderRule::note || rule == ReaderRule::title))
+        leaveOut(value, rule);
+    else if (value.isContainer() && !isDescription(value))
+        leaveOut(value, ReaderRule::outside);
+    else
+        takeInfo(value);
+}
+
+/// Whether all have chapters, and a book among them is known.
+bool CJsonShapes::isListOfBooks(const JsonValue& value) const
+{
+    if (value.kind != Kind::array)
+        return false;
+    bool isAnyKnown = false;
+    for (const JsonValue& item : m_document.childrenOf(value)) {
+        if (!container(item, Field::chapters))
+            return false;
+        BookClues clues = cluesOfBook(m_document, item);
+        isAnyKnown = isAnyKnown || (!bookOf(m_document, clues).empty() && clues.unknown.empty());
+    }
+    return isAnyKnown;
 }
 
 /// A member of the outermost object, which describes the source.

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+
 using namespace Kedrin::ModTool;
 using namespace json_test;
 using test_support::linesOf;
@@ -203,12 +205,60 @@ TEST(JsonReader, VersesByReferenceMayBeObjectsOrLists)
               source + "JSON, verses by reference\n" + "left out      1 note, first at John 3:16\n");
 }
 
+TEST(JsonReader, SecondListOfBooksIsRead)
+{
+    const SourceBible bible = read(R"({"books":[{"name":"Genesis","chapters":[["a"]]}],
+                                       "apocrypha":[{"name":"Tobit","chapters":[["b"]]}]})");
+    EXPECT_EQ(linesOf(bible), "Gen 1:1 a\nTob 1:1 b\n");
+    EXPECT_EQ(bible.findings.text(), books);
+    EXPECT_EQ(errorIn("{\"books\":[{\"name\":\"Genesis\",\"chapters\":[[\"a\"]]}],\n\"apocrypha\":["
+                      "{\"name\":\"Tobit\",\"chapters\":[[\"b\"]]},\n{\"name\":\"Qwertyuiop\",\"chapters\":[["
+                      "\"b\"]]}]}"),
+              "f.json:3: \"Qwertyuiop\" is not a known book: " + whatToWrite);
+}
+
+TEST(JsonReader, OtherListsBesideTheBooksAreCounted)
+{
+    const std::string verses = R"([{"book":1,"chapter":1,"verse":1,"text":"a"}])";
+    const std::string others = R"([{"book":1,"chapter":1,"verse":2,"text":"b"}])";
+    const std::string counted = "left out      1 text outside the verses, first at line 1\n";
+    for (const auto& [first, second] : std::map<std::string, std::string>{
+             {"verses", "verses2"}, {"data", "extra"}, {"rows", "verse"}, {"books", "verses"}}) {
+        const SourceBible bible =
+            read("{\"" + first + "\":" + verses + ",\"" + second + "\":" + others + "}");
+        EXPECT_EQ(linesOf(bible), "Gen 1:1 a\n") << first;
+        EXPECT_EQ(bible.findings.text(), records + counted) << first;
+    }
+    const auto beside = [&](const std::string& member) {
+        return read("{\"verses\":" + verses + ',' + member + "}").findings.text();
+    };
+    EXPECT_EQ(beside(R"("more":{"Tobit":{"1":{"1":"b"}}})"), records + counted);
+    EXPECT_EQ(beside(R"("more":{"1":"b"})"), records + counted);
+    EXPECT_EQ(beside(R"("topics":[{"verses":["b"]}])"), records + counted);
+    EXPECT_EQ(beside(R"("notes":["b"])"), records + "left out      1 note, first at line 1\n");
+    EXPECT_EQ(beside(R"("metadata":{"lang":{"code":"bg"}},"title":["b"])"), records);
+}
+
+TEST(JsonReader, OtherListsWithinABookOrVerseAreCounted)
+{
+    const std::string counted = "left out      1 text outside the verses, first at ";
+    EXPECT_EQ(read(R"([{"name":"Genesis","chapters":[["a"]],"verses":["b"],"title":["c"]}])").findings.text(),
+              books + counted + "line 1\n");
+    EXPECT_EQ(
+        read(
+            R"([{"name":"Genesis","chapters":[[{"verse":1,"text":"a","verses":{"2":"b"},"book_name":["c"]}]]}])")
+            .findings.text(),
+        books + counted + "Gen 1:1\n");
+}
+
 TEST(JsonReader, BooksByTheirNames)
 {
     const SourceBible bible =
         read(R"({"metadata":{"name":"T"},"Genesis":{"1":{"1":"a"}},"Изход":{"2":["b","c"]},"40":[["d"]]})");
     EXPECT_EQ(linesOf(bible), "Gen 1:1 a\nExod 2:1 b\nExod 2:2 c\nMatt 1:1 d\n");
     EXPECT_EQ(bible.findings.text(), books);
+    EXPECT_EQ(read(R"({"Genesis":{"1":{"1":"a"}},"Qwertyuiop":{"1":"b"}})").findings.text(),
+              books + "left out      1 text outside the verses, first at line 1\n");
 }
 
 TEST(JsonReader, ListsThatStartWithNullAreNumberedFromZero)
