@@ -4,11 +4,11 @@
 #include "book_finder.h"
 #include "book_ids.h"
 #include "errors.h"
+#include "json_references.h"
 #include "letters.h"
 #include "messages.h"
 
 #include <algorithm>
-#include <charconv>
 #include <filesystem>
 
 namespace Kedrin::ModTool {
@@ -27,7 +27,7 @@ void take(const JsonValue* value, BookClues& clues, std::vector<std::string_view
 {
     if (!value || !value->isScalar() || isBlank(value->text))
         return;
-    if (const std::string_view text = trimmed(value->text); !isDigits(text))
+    if (const std::string_view text = wholeNumber(value->text); !isDigits(text))
         texts.push_back(text);
     else if (clues.number.empty())
         clues.number = text;
@@ -36,10 +36,8 @@ void take(const JsonValue* value, BookClues& clues, std::vector<std::string_view
 /// The OSIS id of a number from 1 to 66, otherwise "".
 std::string bookOfNumber(std::string_view digits)
 {
-    unsigned int number = 0;
-    const auto [stop, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-    const bool isNumber = error == std::errc() && stop == digits.data() + digits.size();
-    return isNumber && number >= 1 && number <= protestantBooks ? osisOfZefania(number) : "";
+    const unsigned int number = parseJsonNumber(digits).value_or(0);
+    return number >= 1 && number <= protestantBooks ? osisOfZefania(number) : "";
 }
 
 std::string firstKnown(const std::vector<std::string_view>& names)

@@ -70,10 +70,25 @@ std::optional<JsonReference> referenceInBookOfOneChapter(std::string_view text)
 
 } // namespace
 
+std::string_view wholeNumber(std::string_view text)
+{
+    text = trimmed(text);
+    const std::size_t point = std::min(text.find('.'), text.size());
+    const bool isWhole = point > 0 && point + 1 < text.size() &&
+                         std::all_of(text.begin(), text.begin() + point, isAsciiDigit) &&
+                         text.find_first_not_of('0', point + 1) == std::string_view::npos;
+    return isWhole ? text.substr(0, point) : text;
+}
+
+std::optional<VerseNumber> parseJsonVerse(std::string_view text)
+{
+    return parseVerseNumber(wholeNumber(text));
+}
+
 std::optional<unsigned int> parseJsonNumber(std::string_view text)
 {
     unsigned int value = 0;
-    text = trimmed(text);
+    text = wholeNumber(text);
     const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (error != std::errc() || stop != text.data() + text.size() || value > maxSourceNumber)
         return std::nullopt;
@@ -82,7 +97,7 @@ std::optional<unsigned int> parseJsonNumber(std::string_view text)
 
 std::optional<JsonReference> parseJsonReference(std::string_view text)
 {
-    text = trimmedEnd(trimmed(text), ".,:; \t\r\n");
+    text = trimmedEnd(wholeNumber(text), ".,:; \t\r\n");
     if (text.empty() || text.size() > longestReference)
         return std::nullopt;
     if (std::all_of(text.begin(), text.end(), isAsciiDigit))

@@ -21,7 +21,13 @@ std::optional<JsonReference> parseJsonReference(std::string_view text);
 /// Whether a key seems to name a verse, readable or not: "Ps 3:title", "43", but not "iso639".
 bool isLikeReference(std::string_view key);
 
-/// A number from 0 to 65534; nullopt for any other text.
+/// A number from 0 to 65534, perhaps with ".0"; nullopt for any other text.
 std::optional<unsigned int> parseJsonNumber(std::string_view text);
+
+/// What parseVerseNumber() reads, or a whole number with ".0".
+std::optional<VerseNumber> parseJsonVerse(std::string_view text);
+
+/// The text without blanks at its ends; "3" of "3.0".
+std::string_view wholeNumber(std::string_view text);
 
 } // namespace Kedrin::ModTool

@@ -65,7 +65,8 @@ private:
     void readChapter(const JsonValue& chapter, const std::optional<unsigned int>& number);
     void readPart(const JsonValue& chapter);
     void readVerses(const JsonValue& verses, const JsonPosition& around);
-    void readVerse(const JsonValue& verse, const VerseNumber& number, const JsonPosition& around);
+    void readVerse(const JsonValue& verse, const std::optional<VerseNumber>& number,
+                   const JsonPosition& around);
     std::optional<VerseNumber> numberByReference(const JsonValue& verse, JsonPosition& position) const;
     bool statesChapters(const JsonValue& part) const;
     void takeBook(BookClues clues, JsonPosition& position) const;

@@ -1,5 +1,6 @@
 // Verses of a JSON document, and the positions that they state.
 
+#include "ascii.h"
 #include "errors.h"
 #include "json_shapes.h"
 #include "messages.h"
@@ -87,19 +88,23 @@ void CJsonShapes::readVerses(const JsonValue& verses, const JsonPosition& around
     const bool isList = verses.kind == Kind::array;
     unsigned int index = isList && !children.empty() && (*children.begin()).kind == Kind::null ? 0 : 1;
     for (const JsonValue& verse : children) {
-        const auto number = isList ? std::optional(verseOf(index++)) : parseVerseNumber(verse.key);
-        if (!number && !verse.isContainer())
+        const auto number = isList ? std::optional(verseOf(index++)) : parseJsonVerse(verse.key);
+        const bool isLikeNumber = !verse.key.empty() && isAsciiDigit(verse.key.front());
+        if (!number && isLikeNumber && verse.kind != Kind::null && verse.kind != Kind::object)
+            readVerse(verse, number, around);
+        else if (!number && !verse.isContainer())
             leaveOut(verse, ruleOf(verse));
         else if (!number)
             fail(verse, message("%s is not a verse number", inQuotes(verse.key)));
         else if (verse.kind != Kind::null)
-            readVerse(verse, *number, around);
+            readVerse(verse, number, around);
     }
     moveTo(around, verses);
 }
 
-/// @param number  used if the verse does not state its own
-void CJsonShapes::readVerse(const JsonValue& verse, const VerseNumber& number, const JsonPosition& around)
+/// @param number  used if the verse does not state its own; nullopt if it cannot be read
+void CJsonShapes::readVerse(const JsonValue& verse, const std::optional<VerseNumber>& number,
+                            const JsonPosition& around)
 {
     JsonPosition position = around;
     takeBook(cluesOfPart(m_document, verse), position);
@@ -107,7 +112,7 @@ void CJsonShapes::readVerse(const JsonValue& verse, const VerseNumber& number, c
         position.chapter = chapter;
     const JsonValue* own = m_document.find(verse, Field::verse);
     own = own ? own : m_document.find(verse, Field::number);
-    auto said = own && own->isScalar() ? parseVerseNumber(own->text) : std::optional(number);
+    auto said = own && own->isScalar() ? parseJsonVerse(own->text) : number;
     if (const auto byReference = own ? std::nullopt : numberByReference(verse, position))
         said = byReference;
     if (!position.chapter)
@@ -156,7 +161,7 @@ void CJsonShapes::readRecord(const JsonValue& record)
         const auto number = chapter ? parseJsonNumber(chapter->text) : std::nullopt;
         if (!number)
             fail(record, tr("a verse without a chapter"));
-        const auto verseNumber = verse ? parseVerseNumber(verse->text) : std::nullopt;
+        const auto verseNumber = verse ? parseJsonVerse(verse->text) : std::nullopt;
         if (!verseNumber)
             fail(record, tr("a verse without a number"));
         reference = JsonReference{"", *number, *verseNumber};
@@ -181,7 +186,7 @@ void CJsonShapes::readRow(const JsonValue& row)
     if (values.size() < 4)
         reference = parseJsonReference(values[0]->text);
     else if (const auto chapter = parseJsonNumber(values[last - 2]->text))
-        if (const auto verse = parseVerseNumber(values[last - 1]->text))
+        if (const auto verse = parseJsonVerse(values[last - 1]->text))
             reference = JsonReference{values[last - 3]->text, *chapter, *verse};
     if (!reference)
         fail(row, tr("a verse without a chapter"));

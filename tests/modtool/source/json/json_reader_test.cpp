@@ -338,6 +338,31 @@ TEST(JsonReader, VerseZeroPartsAndInvalidNumbers)
                       "interpreted   1 chapter without a number as the next one, first at line 2\n");
 }
 
+TEST(JsonReader, KeyThatStartsWithADigitButIsNoNumberIsAVerseWithoutANumber)
+{
+    const SourceBible bible = read(
+        R"({"Genesis":{"1":{"1":"one","2":"two","2A":"three","3-1":"four","1, 2":["five"],"3.5":null}}})");
+    EXPECT_EQ(linesOf(bible), "Gen 1:1 one\nGen 1:2 two three four five\n");
+    EXPECT_EQ(bible.findings.text(),
+              books +
+                  "joined        3 verses without a number, with the verses before them, first at Gen 1:2\n");
+}
+
+TEST(JsonReader, WholeNumbersMayHaveADecimalPoint)
+{
+    EXPECT_EQ(
+        linesIn(
+            R"([{"book":1.0,"chapter":1.00,"verse":1.0,"text":"a"},{"book":1,"chapter":"2.0","verse":3.0,"text":"b"},
+                          {"id":1002004.0,"text":"c"}])"),
+        "Gen 1:1 a\nGen 2:3 b\nGen 2:4 c\n");
+    EXPECT_EQ(
+        linesIn(R"([{"name":"?","nr":43.0,"chapters":[{"chapter":3.0,"verses":[{"verse":16.0,"text":"a"},
+                          {"verse":17.5,"text":"b"}]}]}])"),
+        "John 3:16 a b\n");
+    EXPECT_EQ(linesIn(R"([[43.0,3.0,16.0,"a"],[43003017.0,"b"]])"), "John 3:16 a\nJohn 3:17 b\n");
+    EXPECT_EQ(linesIn(R"({"John":{"3.0":{"16.0":"a","17":"b"}}})"), "John 3:16 a\nJohn 3:17 b\n");
+}
+
 TEST(JsonReader, ChapterAfterTheLastNumberStaysInRange)
 {
     EXPECT_EQ(linesIn(R"([{"name":"Gen","chapters":[{"chapter":65534,"verses":[]},{"chapter":"x","verses":[]},
