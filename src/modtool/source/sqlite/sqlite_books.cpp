@@ -4,7 +4,7 @@
 #include "book_ids.h"
 #include "errors.h"
 #include "messages.h"
-#include "verse_number.h"
+#include "sqlite_columns.h"
 
 namespace Kedrin::ModTool {
 
@@ -39,19 +39,128 @@ bool isOfKings(std::string_view osis)
     return osis == "1Sam" || osis == "2Sam" || osis == "1Kgs" || osis == "2Kgs";
 }
 
+/// "" for a number that no book has.
+std::string ofSpacedNumber(unsigned int number)
+{
+    for (const SpacedBook& book : spacedBooks)
+        if (book.number == number)
+            return std::string(book.osis);
+    return "";
+}
+
+std::string ofProtestantNumber(unsigned int number)
+{
+    return number >= 1 && number <= protestantBooksCount ? osisOfProtestant(number) : "";
+}
+
+/// How much speaks for each numbering.
+struct Votes
+{
+    unsigned int spaced = 0;
+    unsigned int protestant = 0;
+    bool isAboveProtestant = false; ///< a number above 66
+
+    void addNumber(unsigned int number)
+    {
+        spaced += !ofSpacedNumber(number).empty();
+        protestant += !ofProtestantNumber(number).empty();
+        isAboveProtestant = isAboveProtestant || number > protestantBooksCount;
+    }
+
+    void addName(unsigned int number, const std::string& osis)
+    {
+        const std::string ofProtestant = ofProtestantNumber(number);
+        spaced += ofSpacedNumber(number) == osis;
+        protestant += ofProtestant == osis || (isOfKings(ofProtestant) && isOfKings(osis));
+    }
+
+    /// Whether books are numbered in tens; nothing for a tie.
+    std::optional<bool> areForSpaced() const
+    {
+        return spaced != protestant ? std::optional(spaced > protestant)
+               : isAboveProtestant  ? std::optional(true)
+                                    : std::nullopt;
+    }
+};
+
+/// Chapters of the books 10, 20, 30, 40, 50 and 60 of the order from 1 to 66. The books with these numbers in tens, Genesis
+/// to Joshua, have more.
+constexpr unsigned int protestantChapters[] = {24, 31, 9, 28, 4, 5};
+
+/// Whether books from 10 to 60 are numbered in tens, by their chapters; nothing if these leave it open.
+std::optional<bool> areChaptersOfSpaced(const CSqliteBooks::LastChapters& lastChapters)
+{
+    bool areWhole = true;
+    for (const auto& [number, last] : lastChapters) {
+        if (number == 0)
+            continue;
+        const unsigned int chapters = protestantChapters[number / 10 - 1];
+        if (last > chapters)
+            return true;
+        areWhole = areWhole && last == chapters;
+    }
+    return areWhole ? std::optional(false) : std::nullopt;
+}
+
+/// Whether the numbers are 10 and 20, or go on from there without a gap.
+bool areFirstInTens(const CSqliteBooks::LastChapters& lastChapters)
+{
+    unsigned int next = 10;
+    for (const auto& [number, last] : lastChapters)
+        next += number == next ? 10 : 0;
+    return next > 20 && lastChapters.rbegin()->first == next - 10;
+}
+
 } // namespace
+
+/// Whether books are numbered in tens, by the names in the table of books or, if these are unknown, by its numbers.
+std::optional<bool> CSqliteBooks::areTitlesInTens() const
+{
+    Votes names, numbers;
+    for (const auto& [text, book] : m_books) {
+        const auto number = numberOf(text);
+        if (!number)
+            continue;
+        numbers.addNumber(number->first);
+        std::string osis = bookFinder().find(book.longName);
+        if (osis.empty())
+            osis = bookFinder().find(book.shortName);
+        if (!osis.empty())
+            names.addName(number->first, osis);
+    }
+    const auto byNames = names.areForSpaced();
+    return byNames ? byNames : numbers.areForSpaced();
+}
+
+std::string CSqliteBooks::findNumbering(const LastChapters& lastChapters)
+{
+    Votes numbers;
+    for (const auto& [number, last] : lastChapters)
+        numbers.addNumber(number);
+    std::optional<bool> isSpaced = numbers.areForSpaced();
+    if (!isSpaced && numbers.spaced != 0)
+        isSpaced = areTitlesInTens();
+    if (isSpaced || numbers.spaced == 0) {
+        m_isSpaced = isSpaced.value_or(false);
+        return "";
+    }
+    isSpaced = areChaptersOfSpaced(lastChapters);
+    if (!isSpaced && !areFirstInTens(lastChapters))
+        throw CBuildError(
+            message("%s: the numbers of books may be in tens (10 for Gen) or from 1 to 66 (10 for 2Sam): add "
+                    "a table of books with their names",
+                    m_fileName));
+    m_isSpaced = isSpaced.value_or(true);
+    return m_isSpaced ? tr("numbers of books in tens, 10 for Gen")
+                      : tr("numbers of books from 1 to 66, 10 for 2Sam");
+}
 
 std::string CSqliteBooks::ofNumber(std::string_view text) const
 {
     const auto number = parseVerseNumber(text);
     if (!number || number->first == 0 || number->first != number->last || number->isPart)
         return "";
-    if (!m_isSpaced)
-        return number->first <= protestantBooksCount ? osisOfProtestant(number->first) : "";
-    for (const SpacedBook& book : spacedBooks)
-        if (book.number == number->first)
-            return std::string(book.osis);
-    return "";
+    return m_isSpaced ? ofSpacedNumber(number->first) : ofProtestantNumber(number->first);
 }
 
 CSqliteBooks::Book CSqliteBooks::titlesOf(std::string_view number) const

@@ -3,6 +3,7 @@
 #include "sqlite_database.h"
 
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -18,13 +19,19 @@ public:
         std::string shortName;
     };
 
-    /// @param isSpaced  books are numbered from 10 to 790 in tens, not from 1 to 66
-    explicit CSqliteBooks(const CSqliteDatabase& database, bool isSpaced)
-        : m_fileName(database.fileName()),
-          m_isSpaced(isSpaced)
-    {}
+    using LastChapters =
+        std::map<unsigned int, unsigned int>; ///< of the verses, by the numbers of their books
+
+    explicit CSqliteBooks(const CSqliteDatabase& database) : m_fileName(database.fileName()) {}
 
     void add(const std::string& number, const Book& book) { m_books[number] = book; }
+
+    /// Finds whether books are numbered from 1 to 66 or from 10 to 790 in tens. Call after add() and before osisOf().
+    /// @returns for the report, how the numbers were interpreted; "" if numbers or names left no doubt
+    /// @throws CBuildError
+    ///     "%s: the numbers of books may be in tens (10 for Gen) or from 1 to 66 (10 for 2Sam): add a table of books
+    ///     with their names"
+    std::string findNumbering(const LastChapters& lastChapters);
 
     /// The OSIS id of a book, by number or name; "" for one that nobody knows.
     /// @param row  for the error
@@ -39,10 +46,11 @@ public:
     Book titlesOf(std::string_view number) const;
 
 private:
+    std::optional<bool> areTitlesInTens() const;
     std::string ofNumber(std::string_view number) const;
 
     const std::string& m_fileName;
-    bool m_isSpaced;
+    bool m_isSpaced = false; ///< numbered in tens
     std::map<std::string, Book, std::less<>> m_books;
 };
 

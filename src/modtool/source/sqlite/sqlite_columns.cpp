@@ -4,6 +4,8 @@
 #include "errors.h"
 #include "messages.h"
 
+#include <algorithm>
+
 namespace Kedrin::ModTool {
 
 std::string columnOf(const CSqliteDatabase::Table& table, std::initializer_list<std::string_view> names)
@@ -47,6 +49,24 @@ VerseColumns verseColumnsOf(const std::vector<CSqliteDatabase::Table>& tables, c
             return columns;
     throw CBuildError(
         message("%s: several tables contain verses: %s", fileName, joined(names, ", ").substr(0, 200)));
+}
+
+std::optional<VerseNumber> numberOf(std::string_view text)
+{
+    if (text.ends_with(".0"))
+        text.remove_suffix(2);
+    return parseVerseNumber(text);
+}
+
+std::optional<VerseId> splitVerseId(std::string_view id)
+{
+    constexpr std::size_t digits = 3;
+    if (id.size() < 1 + 2 * digits || !std::all_of(id.begin(), id.end(), isAsciiDigit))
+        return std::nullopt;
+    std::string_view book = id.substr(0, id.size() - 2 * digits);
+    book.remove_prefix(std::min(book.find_first_not_of('0'), book.size()));
+    return VerseId{std::string(book), std::string(id.substr(id.size() - 2 * digits, digits)),
+                   std::string(id.substr(id.size() - digits))};
 }
 
 } // namespace Kedrin::ModTool

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "sqlite_database.h"
+#include "verse_number.h"
 
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,5 +33,18 @@ VerseColumns verseColumnsOf(const CSqliteDatabase::Table& table);
 ///     "%s: contains no table of verses, with columns such as book, chapter, verse and text"
 ///     "%s: several tables contain verses: %s"
 VerseColumns verseColumnsOf(const std::vector<CSqliteDatabase::Table>& tables, const std::string& fileName);
+
+/// A number, which may be text or 1.0.
+std::optional<VerseNumber> numberOf(std::string_view text);
+
+/// The parts of an id, as text.
+struct VerseId
+{
+    std::string book, chapter, verse;
+};
+
+/// 1001002 is book 1, chapter 1, verse 2.
+/// @returns nothing for any other text
+std::optional<VerseId> splitVerseId(std::string_view id);
 
 } // namespace Kedrin::ModTool

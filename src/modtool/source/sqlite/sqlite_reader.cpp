@@ -25,14 +25,6 @@ constexpr std::size_t maxTextBytes = 1u << 20;
 
 using Table = CSqliteDatabase::Table;
 
-/// A number, which may be text or 1.0.
-std::optional<VerseNumber> numberOf(std::string_view text)
-{
-    if (text.ends_with(".0"))
-        text.remove_suffix(2);
-    return parseVerseNumber(text);
-}
-
 class CSqliteReader
 {
 public:
@@ -49,11 +41,12 @@ public:
         const std::vector<Table> tables = m_database.tables();
         m_columns = verseColumnsOf(tables, m_fileName);
         findRtf();
-        CSqliteBooks books(m_database, hasSpacedNumbers());
+        CSqliteBooks books(m_database);
         std::vector<std::string> others;
         for (const Table& table : tables)
             if (table.name != m_columns.table && !readBooks(table, books) && !readInfo(table))
                 others.push_back(table.name);
+        const std::string numbering = books.findNumbering(lastChapters());
         readVerses(books);
         SourceBible bible = m_verses.finish(m_fileName);
         bible.letters = proveLetters();
@@ -61,6 +54,8 @@ public:
                            message("SQLite, verses of the table %s", inQuotes(m_columns.table)));
         if (m_rtf)
             bible.findings.say(translatable("texts"), message("in RTF, %s", m_rtf->codePage()));
+        if (!numbering.empty())
+            bible.findings.say(translatable("interpreted"), numbering);
         if (!others.empty())
             bible.findings.say(translatable("left out"),
                                message("tables without verses: %s", joined(others, ", ").substr(0, 200)));
@@ -96,16 +91,19 @@ private:
             m_rtf.emplace(escaped);
     }
 
-    /// Whether books are numbered in tens: one has a number above 66.
-    bool hasSpacedNumbers() const
+    /// The last chapter of each book that has a number.
+    CSqliteBooks::LastChapters lastChapters() const
     {
-        if (m_columns.book.empty())
-            return false;
-        auto rows = m_database.rows(m_columns.table, {m_columns.book});
-        for (std::size_t row = 0; row < maxRows && rows.next(); ++row)
-            if (const auto number = numberOf(rows.text(0)); number && number->first > 66)
-                return true;
-        return false;
+        CSqliteBooks::LastChapters last;
+        auto rows = m_database.rows(m_columns.table, columns());
+        for (std::size_t row = 0; row < maxRows && rows.next(); ++row) {
+            const auto id = m_columns.id.empty() ? std::nullopt : splitVerseId(rows.text(0));
+            const auto book = numberOf(id ? id->book : rows.text(0));
+            const auto chapter = numberOf(id ? id->chapter : rows.text(1));
+            if (book)
+                last[book->first] = std::max(last[book->first], chapter ? chapter->first : 0);
+        }
+        return last;
     }
 
     /// @returns whether it is a table of books
@@ -179,8 +177,12 @@ private:
             if (m_columns.id.empty()) {
                 chapter = rows.text(1);
                 verse = rows.text(2);
+            } else if (const auto id = splitVerseId(book)) {
+                book = id->book;
+                chapter = id->chapter;
+                verse = id->verse;
             } else {
-                splitId(book, chapter, verse, row);
+                failAtLine(m_fileName, row, message("%s is not a verse number", inQuotes(book)));
             }
             byteCount += rows.text(text).size();
             if (byteCount > maxSourceBytes) // rows of a damaged database may share their pages
@@ -197,18 +199,6 @@ private:
             m_rtf->addTo(m_verses, text, row);
         else
             addMarkedText(m_verses, text, row);
-    }
-
-    /// 1001002 is book 1, chapter 1, verse 2.
-    void splitId(std::string& book, std::string& chapter, std::string& verse, std::size_t row) const
-    {
-        constexpr std::size_t digits = 3;
-        if (book.size() < 1 + 2 * digits || !std::all_of(book.begin(), book.end(), isAsciiDigit))
-            failAtLine(m_fileName, row, message("%s is not a verse number", inQuotes(book)));
-        verse = book.substr(book.size() - digits);
-        chapter = book.substr(book.size() - 2 * digits, digits);
-        book.resize(book.size() - 2 * digits);
-        book.erase(0, std::min(book.find_first_not_of('0'), book.size()));
     }
 
     void beginBook(const CSqliteBooks& books, const std::string& number, std::size_t row)

@@ -4,7 +4,10 @@
 #include "read_source.h"
 #include "sqlite_file.h"
 
+#include <array>
 #include <fstream>
+#include <utility>
+#include <vector>
 
 using namespace Kedrin::ModTool;
 using namespace sqlite_test;
@@ -54,6 +57,83 @@ TEST_F(SqliteReader, BooksInTensWithTheirNames)
     EXPECT_EQ(bible.findings.text(), fromVerses);
     EXPECT_EQ(bible.bookTitles[1].fullTitle, "Битие");
     EXPECT_EQ(bible.bookTitles[1].abbreviatedTitle, "Бит");
+}
+
+/// Verse 1 of these chapters.
+std::string versesOf(const std::vector<std::pair<unsigned int, unsigned int>>& chapters)
+{
+    std::string statements = versesTable;
+    for (const auto& [book, chapter] : chapters)
+        statements += "INSERT INTO verses VALUES(" + std::to_string(book) + ", " + std::to_string(chapter) +
+                      ", 1, 'a');";
+    return statements;
+}
+
+TEST_F(SqliteReader, BooksUpToJoshuaAreInTensIfTheirNamesSaySo)
+{
+    const SourceBible bible =
+        read(versesOf({{10, 1}, {20, 1}, {60, 1}}) + booksTable +
+             "INSERT INTO books VALUES(10, 'Бит', 'Битие'), (20, 'Изх', 'Изход'), (60, 'Qwe', 'Qwerty')");
+    EXPECT_EQ(linesOf(bible), "Gen 1:1 a\nExod 1:1 a\nJosh 1:1 a\n");
+    EXPECT_EQ(bible.findings.text(), fromVerses);
+    EXPECT_EQ(linesIn(versesOf({{10, 1}}) + booksTable + "INSERT INTO books VALUES(10, 'Gen', 'Qwerty')"),
+              "Gen 1:1 a\n");
+    EXPECT_EQ(linesIn(versesOf({{10, 1}, {20, 1}}) + booksTable +
+                      "INSERT INTO books VALUES(10, '2Цар', '2 Царства'), (20, 'Притч', 'Притчи')"),
+              "2Sam 1:1 a\nProv 1:1 a\n");
+    EXPECT_EQ(errorIn(versesOf({{10, 1}, {20, 1}, {30, 1}}) + booksTable +
+                      "INSERT INTO books VALUES(10, '', 'Битие'), (20, '', 'Притчи'), (30, '', 'Левит')"),
+              ":2: the book is Exod by its number, but Prov by its name: correct one of them");
+}
+
+TEST_F(SqliteReader, BooksUpToJoshuaAreNumberedAsInTheTableOfBooks)
+{
+    EXPECT_EQ(linesIn(versesOf({{40, 1}}) + booksTable +
+                      "INSERT INTO books VALUES(40, '', 'Qwerty'), (470, '', 'Asdf')"),
+              "Num 1:1 a\n");
+    EXPECT_EQ(linesIn(versesOf({{40, 1}}) + booksTable +
+                      "INSERT INTO books VALUES(40, '', 'Qwerty'), (41, '', 'Asdf')"),
+              "Matt 1:1 a\n");
+}
+
+TEST_F(SqliteReader, BooksUpToJoshuaWithoutNamesAreNumberedByTheirChapters)
+{
+    const std::string inTens = "interpreted   numbers of books in tens, 10 for Gen\n";
+    const std::string inOrder = "interpreted   numbers of books from 1 to 66, 10 for 2Sam\n";
+    for (const auto& [statements, lines, said] : std::vector<std::array<std::string, 3>>{
+             {versesOf({{40, 29}}), "Num 29:1 a\n", inTens},
+             {versesOf({{40, 28}}), "Matt 28:1 a\n", inOrder},
+             {versesOf({{10, 24}, {50, 4}}), "2Sam 24:1 a\nPhil 4:1 a\n", inOrder},
+             {versesOf({{10, 24}, {50, 5}}), "Gen 24:1 a\nDeut 5:1 a\n", inTens},
+             {versesOf({{10, 1}, {20, 1}, {30, 1}}), "Gen 1:1 a\nExod 1:1 a\nLev 1:1 a\n", inTens},
+             {"CREATE TABLE verses(id INTEGER PRIMARY KEY, text TEXT);"
+              "INSERT INTO verses VALUES(10050026, 'a')",
+              "Gen 50:26 a\n", inTens}}) {
+        const SourceBible bible = read(statements);
+        EXPECT_EQ(linesOf(bible), lines);
+        EXPECT_EQ(bible.findings.text(), fromVerses + said);
+    }
+}
+
+TEST_F(SqliteReader, RefusesNumbersOfBooksWithTwoMeanings)
+{
+    for (const auto& chapters : std::vector<std::vector<std::pair<unsigned int, unsigned int>>>{
+             {{10, 1}}, {{40, 1}, {40, 27}}, {{20, 1}, {30, 1}}, {{10, 1}, {30, 1}}})
+        EXPECT_EQ(errorIn(versesOf(chapters)),
+                  ": the numbers of books may be in tens (10 for Gen) or from 1 to 66 (10 for 2Sam): add a "
+                  "table of books with their names");
+}
+
+TEST_F(SqliteReader, MostNumbersOfBooksDecide)
+{
+    EXPECT_EQ(linesIn(versesOf({{1, 1}, {10, 1}})), "Gen 1:1 a\n2Sam 1:1 a\n");
+    EXPECT_EQ(linesIn(versesOf({{10, 1}, {60, 1}, {70, 1}})), "Gen 1:1 a\nJosh 1:1 a\nJudg 1:1 a\n");
+    EXPECT_EQ(linesIn(versesOf({{1, 1}, {2, 1}, {10, 1}, {67, 1}}) + booksTable +
+                      "INSERT INTO books VALUES(67, 'Тов', 'Товит')"),
+              "Gen 1:1 a\nExod 1:1 a\n2Sam 1:1 a\nTob 1:1 a\n");
+    EXPECT_EQ(linesIn("CREATE TABLE verses(id INTEGER PRIMARY KEY, text TEXT);"
+                      "INSERT INTO verses VALUES(10001001, 'a'), (730022021, 'b')"),
+              "Gen 1:1 a\nRev 22:21 b\n");
 }
 
 TEST_F(SqliteReader, TableBibleWithDetails)
