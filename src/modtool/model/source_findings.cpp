@@ -63,6 +63,7 @@ constexpr std::array<Wording, static_cast<std::size_t>(ReaderRule::count)> wordi
             "notes without an end, at the end of their paragraphs"),
     wording(translatable("interpreted"), "book by the name of its file", "books by the names of their files"),
     wording(translatable("left out"), "field of a further column", "fields of further columns"),
+    wording(translatable("left out"), "text of another table", "texts of other tables"),
     Wording{"", "", ""}, // attributes, tags, metadata and positions have no line
     Wording{"", "", ""},
     Wording{"", "", ""},

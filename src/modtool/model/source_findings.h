@@ -48,6 +48,7 @@ enum class ReaderRule
     unfinishedNote,       ///< an unclosed note: closed at the end of its paragraph
     bookByFileName,       ///< a file that does not state its book, identified by its name
     furtherColumn,        ///< of a table, beside book, chapter, verse and text: left out
+    otherTable,           ///< a text in a further table of verses of a database, left out
     attribute,            ///< of a marker: no line in the report
     tag,                  ///< in a text of a format without elements: no line in the report
     metadata,             ///< metadata and book titles of the source: no line in the report

@@ -51,6 +51,18 @@ VerseColumns verseColumnsOf(const std::vector<CSqliteDatabase::Table>& tables, c
         message("%s: several tables contain verses: %s", fileName, joined(names, ", ").substr(0, 200)));
 }
 
+bool hasVerses(const CSqliteDatabase& database, const VerseColumns& columns)
+{
+    if (!columns.areComplete())
+        return false;
+    auto rows = database.rows(columns.table, columns.ofPosition());
+    while (rows.next())
+        if (columns.id.empty() ? numberOf(rows.text(1)) && numberOf(rows.text(2))
+                               : splitVerseId(rows.text(0)).has_value())
+            return true;
+    return false;
+}
+
 std::optional<VerseNumber> numberOf(std::string_view text)
 {
     if (text.ends_with(".0"))

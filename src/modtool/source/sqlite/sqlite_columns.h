@@ -23,6 +23,12 @@ struct VerseColumns
     {
         return !text.empty() && (!id.empty() || (!book.empty() && !chapter.empty() && !verse.empty()));
     }
+
+    /// The id, or book, chapter and verse.
+    std::vector<std::string> ofPosition() const
+    {
+        return id.empty() ? std::vector{book, chapter, verse} : std::vector{id};
+    }
 };
 
 /// Those that a table has, by the names that databases give them.
@@ -33,6 +39,9 @@ VerseColumns verseColumnsOf(const CSqliteDatabase::Table& table);
 ///     "%s: contains no table of verses, with columns such as book, chapter, verse and text"
 ///     "%s: several tables contain verses: %s"
 VerseColumns verseColumnsOf(const std::vector<CSqliteDatabase::Table>& tables, const std::string& fileName);
+
+/// Whether a row of a table of verses is one, by its numbers: other tables may have columns with the same names.
+bool hasVerses(const CSqliteDatabase& database, const VerseColumns& columns);
 
 /// A number, which may be text or 1.0.
 std::optional<VerseNumber> numberOf(std::string_view text);

@@ -42,12 +42,20 @@ public:
         m_columns = verseColumnsOf(tables, m_fileName);
         findRtf();
         CSqliteBooks books(m_database);
-        std::vector<std::string> others;
-        for (const Table& table : tables)
-            if (table.name != m_columns.table && !readBooks(table, books) && !readInfo(table))
+        std::vector<std::string> withVerses, others;
+        for (const Table& table : tables) {
+            if (table.name == m_columns.table)
+                continue;
+            if (const VerseColumns further = verseColumnsOf(table); hasVerses(m_database, further)) {
+                m_furtherTables.push_back(further);
+                withVerses.push_back(table.name);
+            } else if (!readBooks(table, books) && !readInfo(table)) {
                 others.push_back(table.name);
+            }
+        }
         const std::string numbering = books.findNumbering(lastChapters());
         readVerses(books);
+        leaveOutFurtherTables();
         SourceBible bible = m_verses.finish(m_fileName);
         bible.letters = proveLetters();
         bible.findings.say(translatable("source"),
@@ -56,6 +64,9 @@ public:
             bible.findings.say(translatable("texts"), message("in RTF, %s", m_rtf->codePage()));
         if (!numbering.empty())
             bible.findings.say(translatable("interpreted"), numbering);
+        if (!withVerses.empty())
+            bible.findings.say(translatable("left out"), message("other tables with verses: %s",
+                                                                 joined(withVerses, ", ").substr(0, 200)));
         if (!others.empty())
             bible.findings.say(translatable("left out"),
                                message("tables without verses: %s", joined(others, ", ").substr(0, 200)));
@@ -95,7 +106,7 @@ private:
     CSqliteBooks::LastChapters lastChapters() const
     {
         CSqliteBooks::LastChapters last;
-        auto rows = m_database.rows(m_columns.table, columns());
+        auto rows = m_database.rows(m_columns.table, m_columns.ofPosition());
         for (std::size_t row = 0; row < maxRows && rows.next(); ++row) {
             const auto id = m_columns.id.empty() ? std::nullopt : splitVerseId(rows.text(0));
             const auto book = numberOf(id ? id->book : rows.text(0));
@@ -158,21 +169,25 @@ private:
             info.copyright.push_back(text);
     }
 
-    std::vector<std::string> columns() const
+    /// Checks the limits on rows and on all their texts.
+    /// @param row  of its table, from 1
+    void countRow(std::size_t row, std::size_t byteCount)
     {
-        if (!m_columns.id.empty())
-            return {m_columns.id, m_columns.text};
-        return {m_columns.book, m_columns.chapter, m_columns.verse, m_columns.text};
+        if (row > maxRows)
+            failAtLine(m_fileName, row, message("more than %s rows", maxRows));
+        m_byteCount += byteCount;
+        if (m_byteCount > maxSourceBytes) // rows of a damaged database may share their pages
+            throw CBuildError(message("%s: contains more than 64 MiB", m_fileName));
     }
 
     void readVerses(const CSqliteBooks& books)
     {
-        auto rows = m_database.rows(m_columns.table, columns());
-        const int text = m_columns.id.empty() ? 3 : 1;
-        std::uint64_t byteCount = 0;
+        std::vector<std::string> columns = m_columns.ofPosition();
+        const int text = static_cast<int>(columns.size());
+        columns.push_back(m_columns.text);
+        auto rows = m_database.rows(m_columns.table, columns);
         for (std::size_t row = 1; rows.next(); ++row) {
-            if (row > maxRows)
-                failAtLine(m_fileName, row, message("more than %s rows", maxRows));
+            countRow(row, rows.text(text).size());
             std::string book(rows.text(0)), chapter, verse;
             if (m_columns.id.empty()) {
                 chapter = rows.text(1);
@@ -184,12 +199,21 @@ private:
             } else {
                 failAtLine(m_fileName, row, message("%s is not a verse number", inQuotes(book)));
             }
-            byteCount += rows.text(text).size();
-            if (byteCount > maxSourceBytes) // rows of a damaged database may share their pages
-                throw CBuildError(message("%s: contains more than 64 MiB", m_fileName));
             beginVerse(books, book, chapter, verse, row);
             addText(valid(rows.text(text), row), row);
             m_verses.endVerse();
+        }
+    }
+
+    void leaveOutFurtherTables()
+    {
+        for (const VerseColumns& columns : m_furtherTables) {
+            auto rows = m_database.rows(columns.table, {columns.text});
+            for (std::size_t row = 1; rows.next(); ++row) {
+                countRow(row, rows.text(0).size());
+                m_verses.found(ReaderRule::otherTable, row);
+                m_verses.leaveOut(ReaderRule::otherTable, rows.text(0));
+            }
         }
     }
 
@@ -249,13 +273,20 @@ private:
                 proof.compare(m_rtf->withCharacters(rows.text(0)), row);
             else
                 proof.compareMarkedText(rows.text(0), row);
+        for (const VerseColumns& columns : m_furtherTables) {
+            auto further = m_database.rows(columns.table, {columns.text});
+            for (row = 0; further.next();)
+                proof.compare(further.text(0), ++row);
+        }
         return proof.finish(row);
     }
 
     const std::string& m_fileName;
     CSqliteDatabase m_database;
     VerseColumns m_columns;
-    std::optional<CRtfText> m_rtf; ///< of texts in RTF
+    std::vector<VerseColumns> m_furtherTables; ///< of verses too; left out
+    std::uint64_t m_byteCount = 0;             ///< of all texts so far
+    std::optional<CRtfText> m_rtf;             ///< of texts in RTF
     CVerseCollector m_verses;
     std::string m_book; ///< as named in the verses
 };

@@ -177,6 +177,35 @@ TEST_F(SqliteReader, InfoAndOtherTables)
     EXPECT_EQ(bible.findings.text(), fromVerses + "left out      tables without verses: stories, x\n");
 }
 
+TEST_F(SqliteReader, OtherTablesWithVersesAreLeftOutAndCounted)
+{
+    const SourceBible bible =
+        read(versesTable +
+             "INSERT INTO verses VALUES(10, 1, 1, 'ab'), (730, 1, 1, 'c');"
+             "CREATE TABLE verses_apocrypha(book_number, book_name, chapter, verse, text);"
+             "INSERT INTO verses_apocrypha VALUES(170, 'Товит', 1, 1, 'Книга на <i>Товит</i>'), "
+             "(170, 'Товит', 1, 2, 'д');"
+             "CREATE TABLE flat(id INTEGER PRIMARY KEY, text TEXT); INSERT INTO flat VALUES(1001001, 'efg');"
+             "CREATE TABLE stories(id INTEGER PRIMARY KEY, text TEXT); INSERT INTO stories VALUES(1, 'h');"
+             "CREATE TABLE none(book, chapter, verse, text);");
+    EXPECT_EQ(linesOf(bible), "Gen 1:1 ab\nRev 1:1 c\n");
+    EXPECT_EQ(bible.findings.text(), fromVerses +
+                                         "left out      other tables with verses: verses_apocrypha, flat\n"
+                                         "left out      tables without verses: stories, none\n"
+                                         "left out      3 texts of other tables, first at line 1\n");
+    EXPECT_EQ(bible.findings.letters(ReaderRule::otherTable), 18u);
+    EXPECT_EQ(bible.letters, 21u);
+}
+
+TEST_F(SqliteReader, OtherTablesAreCountedInRtfToo)
+{
+    const SourceBible bible = read(versesTable + "INSERT INTO verses VALUES(1, 1, 1, '\\par \\cf6 ab');"
+                                                 "CREATE TABLE b(book, chapter, verse, text);"
+                                                 "INSERT INTO b VALUES(1, 1, 1, '\\par \\u1041?')");
+    EXPECT_EQ(linesOf(bible), "Gen 1:1 ab\n");
+    EXPECT_EQ(bible.findings.letters(ReaderRule::otherTable), 8u);
+}
+
 TEST_F(SqliteReader, TagsAreRemovedAndCounted)
 {
     const SourceBible bible =
