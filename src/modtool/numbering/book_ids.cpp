@@ -90,6 +90,13 @@ bool startsWithLetter(std::string_view utf8)
     return codePoint >= 0 && u_isalpha(codePoint);
 }
 
+bool isOfKings(std::string_view osis)
+{
+    return osis == "1Sam" || osis == "2Sam" || osis == "1Kgs" || osis == "2Kgs";
+}
+
+bool isOfEsdras(std::string_view osis) { return osis == "1Esd" || osis == "2Esd"; }
+
 bool isCodeByte(char c) { return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'); }
 
 } // namespace
@@ -147,6 +154,14 @@ std::string osisOfBook(std::string_view utf8)
         if (nameKey(book.osis) == wanted || nameKey(book.code) == wanted)
             return std::string(book.osis);
     return "";
+}
+
+bool contradict(std::string_view byNumber, std::string_view byName)
+{
+    if (byNumber.empty() || byName.empty() || byNumber == byName)
+        return false;
+    const bool mayBeEsdras = byNumber == "Ezra" || byNumber == "Neh";
+    return !(isOfKings(byNumber) && isOfKings(byName)) && !(mayBeEsdras && isOfEsdras(byName));
 }
 
 std::vector<std::pair<std::string_view, std::string_view>> knownBookCodes()

@@ -34,6 +34,10 @@ std::string osisOfProtestant(unsigned int number);
 /// last two also of books that the global numbering lacks. "" for none.
 std::string osisOfBook(std::string_view utf8);
 
+/// Whether the number and the name of a book are of different ones, by their OSIS ids; "" contradicts none. Some editions call
+/// the books of Samuel 1 and 2 Kings, or Ezra and Nehemiah 1 and 2 Esdras, so these names contradict no number of theirs.
+bool contradict(std::string_view byNumber, std::string_view byName);
+
 /// The USFM code and the OSIS id of every book that this program knows; "" where a book has no code.
 std::vector<std::pair<std::string_view, std::string_view>> knownBookCodes();
 

@@ -1,6 +1,7 @@
 #include "beblia_reader.h"
 
 #include "ascii.h"
+#include "book_finder.h"
 #include "book_ids.h"
 #include "book_names.h"
 #include "messages.h"
@@ -63,7 +64,12 @@ private:
             beginBook(named);
             m_verses.found(ReaderRule::bookByName, m_xml.line());
         } else if (isNumbered) {
-            beginBook(osisOfProtestant(value->first));
+            const std::string osis = osisOfProtestant(value->first);
+            const std::string known = value->first <= protestantBooksCount ? bookFinder().find(name) : "";
+            if (contradict(osis, known))
+                m_xml.fail(message("the book is %s by its number, but %s by its name: correct one of them",
+                                   osis, known));
+            beginBook(osis);
         } else {
             beginUnknownBook(name.empty() ? number : name,
                              message("%s is not a book number: write one in number, such as 1 for Genesis",

@@ -48,17 +48,6 @@ std::string firstKnown(const std::vector<std::string_view>& names)
     return "";
 }
 
-/// Some editions call the books of Samuel 1 and 2 Kings, so these names are ambiguous.
-bool isOfKings(std::string_view osis)
-{
-    return osis == "1Sam" || osis == "2Sam" || osis == "1Kgs" || osis == "2Kgs";
-}
-
-bool contradict(const std::string& a, const std::string& b)
-{
-    return !a.empty() && !b.empty() && a != b && !(isOfKings(a) && isOfKings(b));
-}
-
 bool isNamedBy(std::string_view name, const BookClues& clues)
 {
     return std::find(clues.names.begin(), clues.names.end(), name) != clues.names.end() ||

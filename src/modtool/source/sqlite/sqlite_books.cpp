@@ -33,12 +33,6 @@ constexpr SpacedBook spacedBooks[] = {
 };
 // clang-format on
 
-/// Some editions call the books of Samuel 1 and 2 Kings, so these names are ambiguous.
-bool isOfKings(std::string_view osis)
-{
-    return osis == "1Sam" || osis == "2Sam" || osis == "1Kgs" || osis == "2Kgs";
-}
-
 /// "" for a number that no book has.
 std::string ofSpacedNumber(unsigned int number)
 {
@@ -69,9 +63,9 @@ struct Votes
 
     void addName(unsigned int number, const std::string& osis)
     {
-        const std::string ofProtestant = ofProtestantNumber(number);
-        spaced += ofSpacedNumber(number) == osis;
-        protestant += ofProtestant == osis || (isOfKings(ofProtestant) && isOfKings(osis));
+        const std::string ofSpaced = ofSpacedNumber(number), ofProtestant = ofProtestantNumber(number);
+        spaced += !ofSpaced.empty() && !contradict(ofSpaced, osis);
+        protestant += !ofProtestant.empty() && !contradict(ofProtestant, osis);
     }
 
     /// Whether books are numbered in tens; nothing for a tie.
@@ -176,8 +170,7 @@ std::string CSqliteBooks::osisOf(std::string_view number, std::size_t row) const
     for (const std::string_view name : {std::string_view(titles.shortName), number})
         byName = byName.empty() ? bookFinder().find(name) : byName;
     const std::string byNumber = ofNumber(number);
-    if (!byNumber.empty() && !byName.empty() && byNumber != byName &&
-        !(isOfKings(byNumber) && isOfKings(byName)))
+    if (contradict(byNumber, byName))
         failAtLine(m_fileName, row,
                    message("the book is %s by its number, but %s by its name: correct one of them", byNumber,
                            byName));

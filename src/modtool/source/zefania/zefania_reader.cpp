@@ -1,6 +1,7 @@
 #include "zefania_reader.h"
 
 #include "ascii.h"
+#include "book_finder.h"
 #include "book_ids.h"
 #include "book_names.h"
 #include "errors.h"
@@ -100,7 +101,7 @@ private:
     {
         const std::string number = attribute("bnumber");
         if (const auto value = parseVerseNumber(number); value && value->first != 0)
-            return m_verses.beginBook(osisOfZefania(value->first));
+            return beginNumberedBook(value->first, name);
         std::string osis;
         for (const std::string& text : {name, brief, number})
             if (osis.empty())
@@ -115,6 +116,21 @@ private:
         }
         m_verses.found(ReaderRule::bookByName, m_xml.line());
         m_verses.beginBook(osis);
+    }
+
+    /// By the number. Above 66 numbers differ from file to file, and a known name decides.
+    void beginNumberedBook(unsigned int number, const std::string& name)
+    {
+        const std::string byNumber = osisOfZefania(number);
+        const std::string byName = bookFinder().find(name);
+        const bool isAddition = byNumber == "Add" + byName; // to Daniel or to Esther
+        if (isAddition || !contradict(byNumber, byName))
+            return m_verses.beginBook(byNumber);
+        if (number <= protestantBooksCount)
+            m_xml.fail(message("the book is %s by its number, but %s by its name: correct one of them",
+                               byNumber, byName));
+        m_verses.found(ReaderRule::bookByName, m_xml.line());
+        m_verses.beginBook(byName);
     }
 
     void startChapter()

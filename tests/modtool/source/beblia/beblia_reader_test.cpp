@@ -9,6 +9,10 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <utility>
+#include <vector>
+
 using namespace Kedrin::ModTool;
 using test_support::linesOf;
 using test_support::messageOf;
@@ -147,6 +151,22 @@ TEST(BebliaReader, BooksBeyondTheProtestantOnesAreTakenByTheirNameOrHaveNoPlace)
     EXPECT_EQ(bible.bookTitles[0].fullTitle, "Tobit");
     EXPECT_EQ(bible.findings.text(),
               "interpreted   1 book without a number or code by its name, first at line 1\n");
+}
+
+TEST(BebliaReader, RefusesANumberAndANameOfDifferentBooks)
+{
+    EXPECT_EQ(errorIn("<book number=\"2\" name=\"Битие\">" + verse),
+              "f.xml:1: the book is Exod by its number, but Gen by its name: correct one of them");
+    for (const auto& [book, line] : std::vector<std::pair<std::string, std::string>>{
+             {"number=\"9\" name=\"1 Царства\"", "1Sam 1:1 a\n"},
+             {"number=\"9\" name=\"1 Kings\"", "1Sam 1:1 a\n"},
+             {"number=\"15\" name=\"1 Esdras\"", "Ezra 1:1 a\n"},
+             {"number=\"2\" name=\"The Second Book of Moses\"", "Exod 1:1 a\n"},
+             {"number=\"2\" name=\"Изход\"", "Exod 1:1 a\n"}}) {
+        const SourceBible bible = read("<book " + book + ">" + verse);
+        EXPECT_EQ(linesOf(bible), line);
+        EXPECT_EQ(bible.findings.text(), "");
+    }
 }
 
 TEST(BebliaReader, BookWithoutANumberIsTakenByItsName)

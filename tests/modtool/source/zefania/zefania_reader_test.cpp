@@ -6,6 +6,10 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <utility>
+#include <vector>
+
 using namespace Kedrin::ModTool;
 using test_support::linesOf;
 using test_support::messageOf;
@@ -109,6 +113,50 @@ TEST(ZefaniaReader, BookWithoutANumberIsTakenByItsName)
     EXPECT_EQ(linesOf(read("<BIBLEBOOK bnumber='0' bname='Preface'>Words</BIBLEBOOK><BIBLEBOOK bnumber='1'>" +
                            verse)),
               "Gen 1:1 a\n");
+}
+
+TEST(ZefaniaReader, RefusesANumberAndANameOfDifferentBooks)
+{
+    const std::string verse = "<CHAPTER cnumber='1'><VERS vnumber='1'>a</VERS></CHAPTER></BIBLEBOOK>";
+    EXPECT_EQ(errorIn("<BIBLEBOOK bnumber='1' bname='Битие'>" + verse +
+                      "\n<BIBLEBOOK bnumber='3' bname='Изход'>" + verse),
+              "f.xml:2: the book is Lev by its number, but Exod by its name: correct one of them");
+    for (const auto& [book, line] : std::vector<std::pair<std::string, std::string>>{
+             {"bnumber='9' bname='1 Царства'", "1Sam 1:1 a\n"},
+             {"bnumber='9' bname='1 Kings'", "1Sam 1:1 a\n"},
+             {"bnumber='11' bname='3 Царе'", "1Kgs 1:1 a\n"},
+             {"bnumber='15' bname='1 Esdras'", "Ezra 1:1 a\n"},
+             {"bnumber='16' bname='2 Esdras'", "Neh 1:1 a\n"},
+             {"bnumber='7' bname='Das Buch der Richter' bsname='Jud'", "Judg 1:1 a\n"},
+             {"bnumber='2' bname='The Second Book of Moses'", "Exod 1:1 a\n"}}) {
+        const SourceBible bible = read("<BIBLEBOOK " + book + ">" + verse);
+        EXPECT_EQ(linesOf(bible), line);
+        EXPECT_EQ(bible.findings.text(), "");
+    }
+}
+
+TEST(ZefaniaReader, KnownNameDecidesForANumberAbove66)
+{
+    const std::string verse = "<CHAPTER cnumber='1'><VERS vnumber='1'>a</VERS></CHAPTER></BIBLEBOOK>";
+    for (const auto& [book, line] :
+         std::vector<std::pair<std::string, std::string>>{{"bnumber='67' bname='Товит'", "Tob 1:1 a\n"},
+                                                          {"bnumber='80' bname='2 Esdras'", "2Esd 1:1 a\n"},
+                                                          {"bnumber='99' bname='Tobit'", "Tob 1:1 a\n"}}) {
+        const SourceBible bible = read("<BIBLEBOOK " + book + ">" + verse);
+        EXPECT_EQ(linesOf(bible), line);
+        EXPECT_EQ(bible.findings.text(),
+                  "interpreted   1 book without a number or code by its name, first at line 1\n");
+    }
+    for (const auto& [book, line] : std::vector<std::pair<std::string, std::string>>{
+             {"bnumber='69' bname='Товит'", "Tob 1:1 a\n"},
+             {"bnumber='67' bname='Judit' bsname='Jud'", "Jdt 1:1 a\n"},
+             {"bnumber='74' bname='Daniel'", "AddDan 1:1 a\n"},
+             {"bnumber='75' bname='Естир'", "AddEsth 1:1 a\n"},
+             {"bnumber='81' bname='Qwerty'", "2Esd 1:1 a\n"}}) {
+        const SourceBible bible = read("<BIBLEBOOK " + book + ">" + verse);
+        EXPECT_EQ(linesOf(bible), line);
+        EXPECT_EQ(bible.findings.text(), "");
+    }
 }
 
 TEST(ZefaniaReader, InvalidNumbersAreTolerated)
