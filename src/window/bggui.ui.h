@@ -223,7 +223,7 @@ void BibleForm::viewFont_activated()
     if (!accepted)
         return;
     QApplication::setFont(chosen);
-    textBrowser->setFont(QFont()); // Ctrl and the wheel have given it a font of its own
+    textBrowser->setFont(QFont()); // Ctrl and the wheel may have given it a font of its own
     setFont(chosen);
     repaint();
 }

@@ -47,6 +47,16 @@ void expectErrorBox(FormFixture& window, const QString& text)
     QVERIFY(!boxes.first().text.isEmpty());
 }
 
+/// From a chapter of Alpha that Beta lacks.
+void lockInBeta(FormFixture& window)
+{
+    window.install("а", alphaModule());
+    window.install("б", betaModule());
+    window.pick(window.open().comboChapter, 29);
+    window.chooseTranslation(1);
+    expectErrorBox(window, {});
+}
+
 /// User actions no longer change the page, and no second message box opens.
 void expectLocked(FormFixture& window)
 {
@@ -127,12 +137,7 @@ void LockTest::bookWithoutChapters()
 void LockTest::chapterThatTheOtherTranslationLacks()
 {
     FormFixture window;
-    window.install("а", alphaModule());
-    window.install("б", betaModule());
-    const BibleForm& form = window.open();
-    window.pick(form.comboChapter, 29);
-    window.chooseTranslation(1);
-    expectErrorBox(window, {});
+    lockInBeta(window);
     QCOMPARE(window.red(), QStringLiteral("[1] Битие 30:1"));
     QCOMPARE(window.tabs(), (QStringList{QStringLiteral("Алфа"), QStringLiteral("[Бета]")}));
     expectLocked(window);
@@ -174,12 +179,8 @@ void LockTest::boxesOfferWhatTheNewTranslationHas()
 void LockTest::boxesOfferWhatEachTranslationHas()
 {
     FormFixture window;
-    window.install("а", alphaModule());
-    window.install("б", betaModule());
-    const BibleForm& form = window.open();
-    window.pick(form.comboChapter, 29);
-    window.chooseTranslation(1);
-    expectErrorBox(window, {});
+    lockInBeta(window);
+    const BibleForm& form = window.form();
     const int chaptersOfBeta = form.comboChapter->count();
     window.clickTab(0);
     QCOMPARE(form.comboChapter->count(), 50);

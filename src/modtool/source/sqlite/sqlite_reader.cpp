@@ -10,7 +10,7 @@
 #include "sqlite_books.h"
 #include "sqlite_columns.h"
 #include "sqlite_database.h"
-#include "text_input.h"
+#include "sqlite_info.h"
 #include "verse_collector.h"
 
 #include <algorithm>
@@ -21,7 +21,6 @@ namespace Kedrin::ModTool {
 namespace {
 
 constexpr std::size_t maxRows = 1000000;
-constexpr std::size_t maxTextBytes = 1u << 20;
 
 using Table = CSqliteDatabase::Table;
 
@@ -49,7 +48,7 @@ public:
             if (const VerseColumns further = verseColumnsOf(table); hasVerses(m_database, further)) {
                 m_furtherTables.push_back(further);
                 withVerses.push_back(table.name);
-            } else if (!readBooks(table, books) && !readInfo(table)) {
+            } else if (!readBooks(table, books) && !readSqliteInfo(m_database, table, m_verses.info())) {
                 others.push_back(table.name);
             }
         }
@@ -76,11 +75,7 @@ public:
 private:
     std::string valid(std::string_view text, std::size_t row) const
     {
-        if (!isUtf8(text))
-            failAtLine(m_fileName, row, message("not valid %s", "UTF-8"));
-        if (text.size() > maxTextBytes)
-            failAtLine(m_fileName, row, tr("a string longer than 1 MiB"));
-        return std::string(text);
+        return validSqliteText(m_fileName, text, row);
     }
 
     /// Sets m_rtf if a text is in RTF.
@@ -131,42 +126,6 @@ private:
         for (std::size_t row = 1; row < maxSourceBooks && rows.next(); ++row)
             books.add(valid(rows.text(0), row), {valid(rows.text(1), row), valid(rows.text(2), row)});
         return true;
-    }
-
-    /// @returns whether the table describes the source: by names with values, or by the columns of one row
-    bool readInfo(const Table& table)
-    {
-        const std::string name = columnOf(table, {"name", "key"});
-        const std::string value = columnOf(table, {"value"});
-        constexpr std::size_t maxFacts = 100;
-        if (!name.empty() && !value.empty() && table.columns.size() == 2) {
-            auto rows = m_database.rows(table.name, {name, value});
-            for (std::size_t row = 1; row <= maxFacts && rows.next(); ++row)
-                takeFact(lower(rows.text(0)), valid(rows.text(1), row));
-            return true;
-        }
-        if (lower(table.name) != "details" && lower(table.name) != "info")
-            return false;
-        auto rows = m_database.rows(table.name, table.columns);
-        if (rows.next())
-            for (std::size_t i = 0; i < table.columns.size(); ++i)
-                takeFact(lower(table.columns[i]), valid(rows.text(static_cast<int>(i)), 1));
-        return true;
-    }
-
-    void takeFact(const std::string& name, const std::string& value)
-    {
-        SourceInfo& info = m_verses.info();
-        const std::string text(trimmed(isRtf(value) ? CRtfText::plainOf(value) : withoutTags(value)));
-        if (text.empty())
-            return;
-        if ((name == "description" || name == "title" || name == "name") && info.fullTitle.empty())
-            info.fullTitle = text;
-        else if (name == "abbreviation" || name == "short_title" || name == "short_name")
-            info.shortTitle = info.abbreviatedTitle = text;
-        else if (name == "copyright" || name == "rights" || name == "detailed_info" || name == "comments" ||
-                 name == "publisher" || name == "license")
-            info.copyright.push_back(text);
     }
 
     /// Checks the limits on rows and on all their texts.
